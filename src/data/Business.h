@@ -1,0 +1,91 @@
+#pragma once
+
+#include <QString>
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+#include "base/ports/Outside.h"
+#include "data/Holidays.h"
+#include "data/SharedValues.h"
+#include "data/store/Recordset.h"
+#include "data/store/Sql.h"
+#include "data/store/StorageFailure.h"
+
+namespace quillary {
+
+class Connection;
+
+/// A statement that was not done, and why.
+struct RefusedStatement {
+  QString statement;
+  QString reason;
+};
+
+/// One open business: its database file, the values loaded from it at start, and the outside world
+/// that its rules may turn to. The first parameter of every rule.
+class Business {
+ public:
+  Business(const Outside& outside, const QString& databaseFile);
+  ~Business();
+  Business(const Business&) = delete;
+  Business& operator=(const Business&) = delete;
+
+  /// Opens the file when it is closed. Throws StorageFailure when it is missing, damaged, foreign
+  /// or in use by another program; the file stays as it was.
+  void ConnectToDatabase();
+  /// Gives the file back as one single file. The next statement opens it again.
+  void CloseConnection();
+  bool IsConnected() const;
+
+  /// Runs one statement of the dialect, opening the file first when it is closed. A statement that
+  /// is refused is not done: the recordset is not open, and the listener hears why. Throws
+  /// StorageFailure, for which nothing makes up.
+  Recordset RunSQL(const QString& statement);
+  Recordset RunSQL(const Sql& statement);
+  /// The first field of the first row of a table, `name` having the form "table.field". Throws
+  /// NoRecordset or NoCurrentRecord when there is none.
+  Value LookupField(const QString& name);
+  /// The first field of the first row; null when there is no row. Throws NoRecordset.
+  Value FirstField(const Sql& statement);
+
+  /// Hears of every refused statement. Tests fail on one that they did not announce.
+  void OnRefusedStatement(std::function<void(const RefusedStatement&)> listener);
+
+  const QString& DatabaseFile() const { return databaseFile_; }
+  QString DatabaseFolder() const;
+  Connection& StoreConnection() { return *connection_; }
+
+  DateTime Now() const { return outside_.clock.Now(); }
+  QDate Today() const { return outside_.clock.Today(); }
+  const Outside& World() const { return outside_; }
+
+  SharedValues values;
+  HolidayList holidays;
+
+ private:
+  Outside outside_;
+  QString databaseFile_;
+  std::unique_ptr<Connection> connection_;
+  std::function<void(const RefusedStatement&)> listener_;
+};
+
+/// Long work as one piece: everything between construction and Commit() happens whole or not at
+/// all. Inside another transaction it is part of that one. Without Commit() all is undone.
+class Transaction {
+ public:
+  explicit Transaction(Business& business);
+  ~Transaction();
+  Transaction(const Transaction&) = delete;
+  Transaction& operator=(const Transaction&) = delete;
+  /// Throws StorageFailure when the transaction no longer stands, for example after a full disk.
+  void Commit();
+
+ private:
+  Connection& connection_;
+  bool outermost_;
+  bool open_ = true;
+};
+
+}  // namespace quillary

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+namespace quillary {
+
+class Business;
+
+inline constexpr int kSchemaVersion = 57;
+
+/// The names of all tables of a business file, in the order of their making.
+const QStringList& BusinessTables();
+
+/// Writes the delivered empty business to `path`: all tables and indexes of the current version,
+/// with the one-row tables filled and the seed rows in place. Throws StorageFailure, also when the
+/// file exists already; a failure leaves no file behind.
+void CreateEmptyBusiness(const QString& path);
+
+/// Makes the store's own indexes, which no statement names but every roll and balance needs.
+/// Indexes that exist already are left alone.
+void EnsureStoreIndexes(Business& business);
+
+}  // namespace quillary

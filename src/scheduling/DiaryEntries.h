@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QDate>
+#include <QString>
+
+#include "base/Money.h"
+#include "data/Business.h"
+
+/// The three routines through which a diary entry comes to be, and what follows from its lines.
+namespace quillary {
+
+/// Whether any line of the service stands in the client's diary on that day, in whatever status: a
+/// cancelled visit counts too, which is what keeps it cancelled through every roll. False for an
+/// invalid date.
+bool IsServiceScheduledForTheDay(Business& business, qint64 clientId, qint64 serviceId,
+                                 QDate scheduleDate);
+
+/// The entry of the client on that day for that employee in that status, made when there is none:
+/// empty, priced 0, last in the sequence of the whole day. Writes Diary; returns Diary_ID.
+qint64 SetUpDiaryEntryGetDiaryID(Business& business, qint64 clientId, qint64 employeeId,
+                                 const QString& status, QDate scheduleDate);
+
+/// Adds a line to an entry: inserts into Diary_Services with the tax inside the price, joins the
+/// code to the entry's description and the notes to its notes, and adds to its totals. The line is
+/// inserted even when the entry does not exist. `price` includes tax.
+void SetUpDiaryServiceEntry(Business& business, qint64 diaryId, qint64 serviceId,
+                            const QString& serviceCode, Money price, const QString& notes,
+                            int frequency);
+
+/// Recomputes the tax of all lines of an entry at the stored rate cut to two decimals, the lines
+/// unrounded, and writes their sum to the entry. A failure is told to the user and passed over.
+void RecalculateDiaryEntryGST(Business& business, qint64 diaryId);
+
+}  // namespace quillary

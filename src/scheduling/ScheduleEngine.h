@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QDate>
+
+#include <optional>
+
+#include "data/Business.h"
+
+/// The roller: turns the services of clients into dated diary entries, a set number of days ahead.
+namespace quillary {
+
+/// What a roll wrote. Entries that were deleted and built again count in both.
+struct RollCount {
+  int entriesDeleted = 0;
+  int entriesMade = 0;
+};
+
+/// Rolls the diary of all clients forward to today plus Days_To_Advance_Schedule and stores the new
+/// end in infSystem.Last_Schedule_Ending. Does nothing when the diary reaches that far already.
+/// Clients that are cancelled or transferred lose what lies in their future. Happens whole or not
+/// at all. A failure is told to the user and leaves the diary as it was.
+RollCount AdvanceScheduleGlobally(Business& business);
+
+struct AdvanceOptions {
+  std::optional<QDate> startDate;   // today when missing
+  std::optional<QDate> endDate;     // startDate + Days_To_Advance_Schedule when missing
+  bool deleteExisting = true;
+  std::optional<QDate> deleteFrom;  // startDate when missing
+};
+
+/// Rebuilds one client's open diary: deletes the 'J' and 'Q' entries from `deleteFrom` on, without
+/// upper bound, and makes them again from the client's services. Of a client that is neither active
+/// nor quote only it just deletes. Rolls Client_Services.Next_Visit of repeating services to today
+/// or later.
+RollCount AdvanceScheduleForClient(Business& business, qint64 clientId,
+                                   const AdvanceOptions& options = {});
+
+}  // namespace quillary
