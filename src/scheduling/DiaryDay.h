@@ -1,13 +1,13 @@
 #pragma once
 
+#include "base/Money.h"
+#include "data/Business.h"
+
 #include <QDate>
 #include <QString>
 
 #include <optional>
 #include <vector>
-
-#include "base/Money.h"
-#include "data/Business.h"
 
 /// The list behind the diary screen.
 namespace quillary {

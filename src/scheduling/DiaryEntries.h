@@ -1,10 +1,12 @@
 #pragma once
 
+#include "base/Money.h"
+#include "data/Business.h"
+
 #include <QDate>
 #include <QString>
 
-#include "base/Money.h"
-#include "data/Business.h"
+#include <optional>
 
 /// The three routines through which a diary entry comes to be, and what follows from its lines.
 namespace quillary {
@@ -26,6 +28,20 @@ qint64 SetUpDiaryEntryGetDiaryID(Business& business, qint64 clientId, qint64 emp
 void SetUpDiaryServiceEntry(Business& business, qint64 diaryId, qint64 serviceId,
                             const QString& serviceCode, Money price, const QString& notes,
                             int frequency);
+
+/// The first entry of the client on that day for that employee in that status, the oldest of
+/// several; nothing when there is none.
+std::optional<qint64> FindDiaryEntry(Business& business, qint64 clientId, qint64 employeeId,
+                                     const QString& status, QDate scheduleDate);
+
+/// The highest Sequence of the day over all employees and clients; 0 for an empty day.
+int HighestSequence(Business& business, QDate scheduleDate);
+
+/// An entry's description with one more service code: "LM" and "HT" give "LM, HT".
+QString JoinDescription(const QString& description, const QString& serviceCode);
+/// An entry's notes with those of one more line. The old notes alone decide on the " /// " between,
+/// so a line without notes leaves it standing at the end.
+QString JoinNotes(const QString& notes, const QString& more);
 
 /// Recomputes the tax of all lines of an entry at the stored rate cut to two decimals, the lines
 /// unrounded, and writes their sum to the entry. A failure is told to the user and passed over.

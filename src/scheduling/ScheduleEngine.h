@@ -1,10 +1,10 @@
 #pragma once
 
+#include "data/Business.h"
+
 #include <QDate>
 
 #include <optional>
-
-#include "data/Business.h"
 
 /// The roller: turns the services of clients into dated diary entries, a set number of days ahead.
 namespace quillary {
@@ -22,8 +22,8 @@ struct RollCount {
 RollCount AdvanceScheduleGlobally(Business& business);
 
 struct AdvanceOptions {
-  std::optional<QDate> startDate;   // today when missing
-  std::optional<QDate> endDate;     // startDate + Days_To_Advance_Schedule when missing
+  std::optional<QDate> startDate;  // today when missing
+  std::optional<QDate> endDate;    // startDate + Days_To_Advance_Schedule when missing
   bool deleteExisting = true;
   std::optional<QDate> deleteFrom;  // startDate when missing
 };

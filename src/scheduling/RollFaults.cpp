@@ -1,0 +1,40 @@
+#include "scheduling/RollFaults.h"
+
+#include <QCoreApplication>
+
+namespace quillary {
+
+// Once declined, the question is not put again for every further row of the same roll.
+bool RollFaults::MayGoOnAfter(const StorageFailure& failure) {
+  if (failure.Fault() != StorageFault::Damaged) return false;
+  if (declinedRepair_) return true;
+  const Answer answer = business_.World().prompter.Ask(
+      QStringLiteral("The system has detected a database corruption. The database needs to be "
+                     "repaired.\n\nDo you want to run the program that can fix the problem?"));
+  if (answer == Answer::Yes) throw RepairWanted();
+  declinedRepair_ = true;
+  return true;
+}
+
+void RollFaults::Report(const std::exception& error) {
+  business_.World().errors.ReportError(QStringLiteral("Crunchers"), ErrorLine(error),
+                                       QStringLiteral("AdvanceScheduleForClient"));
+}
+
+void HandOverToRepair(Business& business) {
+  constexpr int kExitForRepair = 1;
+  const Outside& world = business.World();
+  const bool started = world.desktop.StartProgram(QStringLiteral("CompactDB.EXE")) ||
+                       world.desktop.StartProgram(QStringLiteral("CompactDB"));
+  if (!started) {
+    world.prompter.Tell(
+        Tone::Exclamation,
+        QStringLiteral("The program CompactDB.EXE was not found in %1. Please search the file in "
+                       "other drives or folders and run independently.")
+            .arg(QCoreApplication::applicationDirPath()));
+  }
+  business.CloseConnection();
+  world.desktop.EndProcess(kExitForRepair);
+}
+
+}  // namespace quillary

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "data/Business.h"
+
+namespace quillary {
+
+/// The user wants the damaged file repaired. Thrown through the roll, so that it is undone before
+/// the repair program gets the file.
+struct RepairWanted {};
+
+/// What happens to the failures of a roll: an unexpected one is reported and the roll goes on with
+/// its next step; a damaged file leads to the question whether to repair it; any other failure of
+/// the store ends the roll.
+class RollFaults {
+ public:
+  explicit RollFaults(Business& business) : business_(business) {}
+
+  /// Throws RepairWanted, or the StorageFailure that ends the roll.
+  template <typename Step>
+  void Guard(Step&& step) {
+    try {
+      step();
+    } catch (const StorageFailure& failure) {
+      if (!MayGoOnAfter(failure)) throw;
+    } catch (const std::exception& error) {
+      Report(error);
+    }
+  }
+
+ private:
+  bool MayGoOnAfter(const StorageFailure& failure);
+  void Report(const std::exception& error);
+
+  Business& business_;
+  bool declinedRepair_ = false;
+};
+
+/// Gives the file to the repair program that lies beside ours and ends the process; tells the user
+/// when there is no such program. Returns only where ending the process does.
+void HandOverToRepair(Business& business);
+
+}  // namespace quillary

@@ -1,0 +1,98 @@
+#pragma once
+
+#include "base/Money.h"
+#include "data/Business.h"
+
+#include <QDate>
+#include <QHash>
+#include <QSet>
+#include <QString>
+
+#include <optional>
+#include <utility>
+#include <vector>
+
+namespace quillary {
+
+/// The highest Sequence of each day, remembered for the length of a roll, so that numbering an
+/// entry does not ask the file for every visit.
+class DaySequences {
+ public:
+  explicit DaySequences(Business& business) : business_(business) {}
+  /// The number of the next entry of the day.
+  int Next(QDate day);
+  /// An entry of the day went away, or others wrote there: the file is asked again.
+  void Forget(QDate day) { highest_.remove(day.toJulianDay()); }
+  void ForgetAll() { highest_.clear(); }
+  /// As Forget(), but only when the entry that went away was the last of its day.
+  void EntryDeleted(QDate day, int sequence);
+
+ private:
+  Business& business_;
+  QHash<qint64, int> highest_;  // by Julian day
+};
+
+/// One service done on a visit.
+struct VisitLine {
+  qint64 serviceId = 0;
+  QString serviceCode;
+  Money price;  // includes tax
+  QString notes;
+  int frequency = 0;
+};
+
+/// Collects the visits of one client and writes them in one go. The rows are those that
+/// SetUpDiaryEntryGetDiaryID and SetUpDiaryServiceEntry would give, called visit by visit, down to
+/// keys, sequence and order of lines; but each entry is written once, and what already stands in
+/// the client's diary is read once.
+class VisitWriter {
+ public:
+  /// Visits before `from` are neither looked at nor made.
+  VisitWriter(Business& business, DaySequences& sequences, qint64 clientId, QDate from);
+
+  /// Whether a line of the service stands on that day, in the file or among the visits collected.
+  bool IsScheduled(qint64 serviceId, QDate day) const;
+  /// Adds a line to the client's open job of that day and employee, collecting a new job when there
+  /// is none.
+  void AddVisit(qint64 employeeId, QDate day, const VisitLine& line);
+  /// Writes Diary and Diary_Services; returns how many entries are new.
+  int Write();
+
+ private:
+  using Place = std::pair<qint64, qint64>;  // service or employee, Julian day
+
+  struct Entry {
+    qint64 diaryId = 0;  // 0 until it is written
+    qint64 employeeId = 0;
+    QDate day;
+    int sequence = 0;
+    QString description;
+    QString notes;
+    Money price;  // what the collected lines add
+    Money gst;
+    bool isNew = false;
+    bool isChanged = false;
+  };
+  struct Line {
+    size_t entry = 0;
+    qint64 serviceId = 0;
+    Money price;
+    Money gst;
+    int frequency = 0;
+  };
+
+  void LoadDiary(QDate from);
+  int InsertNewEntries();
+  void UpdateOldEntries();
+  void InsertLines();
+
+  Business& business_;
+  DaySequences& sequences_;
+  qint64 clientId_;
+  QSet<Place> scheduled_;
+  QHash<Place, size_t> openJobs_;
+  std::vector<Entry> entries_;
+  std::vector<Line> lines_;
+};
+
+}  // namespace quillary
