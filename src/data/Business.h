@@ -53,6 +53,9 @@ class Business {
   /// Hears of every refused statement. Tests fail on one that they did not announce.
   void OnRefusedStatement(std::function<void(const RefusedStatement&)> listener);
 
+  /// Folds what was committed into the file; for moments when the user does nothing.
+  void CheckpointWhenIdle();
+
   const QString& DatabaseFile() const { return databaseFile_; }
   QString DatabaseFolder() const;
   Connection& StoreConnection() { return *connection_; }
@@ -65,6 +68,9 @@ class Business {
   HolidayList holidays;
 
  private:
+  template <typename Text>
+  Recordset RunHeard(const Text& statement, const auto& run);
+
   Outside outside_;
   QString databaseFile_;
   std::unique_ptr<Connection> connection_;
@@ -72,7 +78,7 @@ class Business {
 };
 
 /// Long work as one piece: everything between construction and Commit() happens whole or not at
-/// all. Inside another transaction it is part of that one. Without Commit() all is undone.
+/// all. Without Commit() it is undone. One inside another is a part that can be undone by itself.
 class Transaction {
  public:
   explicit Transaction(Business& business);
@@ -84,7 +90,6 @@ class Transaction {
 
  private:
   Connection& connection_;
-  bool outermost_;
   bool open_ = true;
 };
 

@@ -5,7 +5,7 @@
 
 namespace quillary {
 
-class Business;
+class Connection;
 
 inline constexpr int kSchemaVersion = 57;
 
@@ -18,7 +18,8 @@ const QStringList& BusinessTables();
 void CreateEmptyBusiness(const QString& path);
 
 /// Makes the store's own indexes, which no statement names but every roll and balance needs.
-/// Indexes that exist already are left alone.
-void EnsureStoreIndexes(Business& business);
+/// Indexes that exist already, and tables or columns
+/// that an old file lacks, are left alone.
+void EnsureStoreIndexes(Connection& file);
 
 }  // namespace quillary

@@ -1,0 +1,305 @@
+#include "data/store/Connection.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include "data/store/IntoTable.h"
+#include "data/store/SqlFunctions.h"
+
+namespace quillary {
+namespace {
+
+// A start, a roll and an hour at the desk use some 200 shapes of statements.
+constexpr size_t kCacheLimit = 512;
+
+bool IsAccessFile(const QString& path) {
+  QFile file(path);
+  constexpr int kMagicStart = 4;
+  if (!file.open(QIODevice::ReadOnly)) return false;
+  const QByteArray head = file.read(20).mid(kMagicStart);
+  return head.startsWith("Standard Jet DB") || head.startsWith("Standard ACE DB");
+}
+
+/// The failure in the words of somebody who wants to open a file.
+StorageFailure Reworded(const StorageFailure& failure, const QString& file) {
+  const auto with = [&](const char* words) {
+    return StorageFailure(failure.Fault(), QString::fromUtf8(words).arg(file));
+  };
+  switch (failure.Fault()) {
+    case StorageFault::NotADatabase:
+      if (IsAccessFile(file)) {
+        return with("%1 is a genuine Access file; it has to be converted into a business first");
+      }
+      return with("%1 is no business file; it was left as it is");
+    case StorageFault::InUse:
+      return with("%1 is in use by another program, perhaps a second Quillary");
+    case StorageFault::Damaged:
+      return with("%1 is damaged; it was left as it is");
+    case StorageFault::ReadOnly:
+      return with("%1 may only be read, or its folder may not be written to");
+    default:
+      return StorageFailure(failure.Fault(),
+                            QStringLiteral("%1: %2").arg(file, QString::fromUtf8(failure.what())));
+  }
+}
+
+std::string SavepointName(int depth) { return "\"part" + std::to_string(depth) + "\""; }
+
+}  // namespace
+
+Connection::~Connection() {
+  try {
+    Close();
+  } catch (const std::exception&) {
+    // The log beside the file holds what could not be folded back; the next opening finds it.
+  }
+}
+
+void Connection::OpenHandle(OpenMode mode) {
+  const QFileInfo info(file_);
+  if (mode == OpenMode::Create && info.exists()) {
+    throw StorageFailure(StorageFault::CannotOpen, QStringLiteral("%1 exists already").arg(file_));
+  }
+  if (mode == OpenMode::Existing && !info.isFile()) {
+    throw StorageFailure(StorageFault::CannotOpen, QStringLiteral("%1 was not found").arg(file_));
+  }
+  if (mode == OpenMode::Existing && info.size() == 0) {
+    throw StorageFailure(StorageFault::NotADatabase, QStringLiteral("file is empty"));
+  }
+  sqlite3* handle = nullptr;
+  const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_EXRESCODE |
+                    (mode == OpenMode::Create ? SQLITE_OPEN_CREATE : 0);
+  const int code = sqlite3_open_v2(file_.toUtf8().constData(), &handle, flags, nullptr);
+  database_.reset(handle);
+  if (code != SQLITE_OK) ThrowFailure(handle, code);
+  if (sqlite3_db_readonly(handle, "main") == 1) {
+    throw StorageFailure(StorageFault::ReadOnly, QStringLiteral("read-only"));
+  }
+}
+
+void Connection::Configure() {
+  sqlite3* database = database_.get();
+  sqlite3_db_config(database, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
+  sqlite3_db_config(database, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
+  sqlite3_db_config(database, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
+  sqlite3_db_config(database, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
+  Execute(database, "PRAGMA locking_mode = EXCLUSIVE; PRAGMA temp_store = MEMORY;"
+                    "PRAGMA cache_size = -16000");
+  RegisterSqlFunctions(database);
+}
+
+void Connection::Open(OpenMode mode, const std::function<void(const jet::Catalogue&)>& check) {
+  try {
+    OpenHandle(mode);
+    Configure();
+    // The lock comes first and the look at the tables second; only then may the file change.
+    Execute(database_.get(), "BEGIN EXCLUSIVE");
+    catalogue_.Load(database_.get());
+    if (check) check(catalogue_);
+    Execute(database_.get(), "COMMIT");
+    Execute(database_.get(), "PRAGMA journal_mode = WAL; PRAGMA synchronous = FULL");
+  } catch (const StorageFailure& failure) {
+    database_.reset();
+    throw Reworded(failure, file_);
+  } catch (const StatementRefused& refused) {
+    database_.reset();
+    throw StorageFailure(StorageFault::CannotOpen, QString::fromUtf8(refused.what()));
+  }
+}
+
+void Connection::Close() {
+  if (!IsOpen()) return;
+  while (depth_ > 0) Rollback();
+  cache_.clear();
+  const auto handle = std::move(database_);
+  Execute(handle.get(), "PRAGMA journal_mode = DELETE");
+}
+
+void Connection::Checkpoint() {
+  if (IsOpen() && depth_ == 0) {
+    sqlite3_wal_checkpoint_v2(database_.get(), nullptr, SQLITE_CHECKPOINT_PASSIVE, nullptr,
+                              nullptr);
+  }
+}
+
+Recordset Connection::Run(std::string_view statement) {
+  try {
+    return RunCut(jet::CutLiterals(statement));
+  } catch (const jet::StatementError& error) {
+    throw StatementRefused(error.what());
+  }
+}
+
+Recordset Connection::Run(const Sql& statement) {
+  try {
+    return RunCut(jet::CutLiterals(statement.Text(), statement.Arguments()));
+  } catch (const jet::StatementError& error) {
+    throw StatementRefused(error.what());
+  }
+}
+
+Recordset Connection::RunCut(const jet::CutStatement& cut) {
+  RequireTransaction();
+  const auto cached = cache_.find(cut.shape);
+  if (cached != cache_.end()) return RunPrepared(cached->second, cut.literals);
+  return RunTranslation(jet::Translate(cut, catalogue_), cut);
+}
+
+Recordset Connection::RunTranslation(const jet::Translation& translation,
+                                     const jet::CutStatement& cut) {
+  if (translation.into) {
+    RunInto(translation, cut);
+    return {std::make_shared<ResultColumns>(), {}};
+  }
+  if (translation.changesSchema) {
+    RunSchemaChange(translation);
+    return {std::make_shared<ResultColumns>(), {}};
+  }
+  CachedStatement prepared = Prepare(translation);
+  Recordset recordset = RunPrepared(prepared, cut.literals);
+  if (translation.mayBeCached) Keep(cut.shape, std::move(prepared));
+  return recordset;
+}
+
+Connection::CachedStatement Connection::Prepare(const jet::Translation& translation) const {
+  return {Statement(database_.get(), translation.statements.front()), translation.parameters,
+          std::make_shared<ResultColumns>(translation.columns)};
+}
+
+Recordset Connection::RunPrepared(CachedStatement& cached, const std::vector<Value>& literals) {
+  cached.lastUse = ++uses_;
+  int number = 0;
+  for (const jet::Parameter& parameter : cached.parameters) {
+    const Value& literal = literals[static_cast<size_t>(parameter.literal)];
+    ++number;
+    if (!parameter.convertTo) {
+      cached.statement.Bind(number, literal);
+    } else if (const auto converted = jet::Convert(literal, *parameter.convertTo)) {
+      cached.statement.Bind(number, *converted);
+    } else {
+      throw StatementRefused("\"" + literal.ToText().left(40).toStdString() +
+                             "\" does not go with the type of its column");
+    }
+  }
+  const ResetAtEnd reset(cached.statement);
+  std::vector<Value> cells;
+  const ResultColumns& columns = *cached.columns;
+  while (cached.statement.Step()) {
+    for (size_t column = 0; column < columns.size(); ++column) {
+      cells.push_back(cached.statement.Column(static_cast<int>(column), columns[column].type));
+    }
+  }
+  return {cached.columns, std::move(cells)};
+}
+
+void Connection::Keep(const std::string& shape, CachedStatement statement) {
+  if (cache_.size() >= kCacheLimit) {
+    auto oldest = cache_.begin();
+    for (auto at = cache_.begin(); at != cache_.end(); ++at) {
+      if (at->second.lastUse < oldest->second.lastUse) oldest = at;
+    }
+    cache_.erase(oldest);
+  }
+  cache_.emplace(shape, std::move(statement));
+}
+
+void Connection::RunSchemaChange(const jet::Translation& translation) {
+  cache_.clear();
+  Begin();
+  try {
+    for (const std::string& statement : translation.statements) {
+      Execute(database_.get(), statement.c_str());
+    }
+    catalogue_.Load(database_.get());
+  } catch (const std::exception&) {
+    Rollback();
+    throw;
+  }
+  schemaChangedInTransaction_ = true;
+  Commit();
+}
+
+void Connection::RunInto(const jet::Translation& translation, const jet::CutStatement& cut) {
+  CachedStatement select = Prepare(translation);
+  const Recordset rows = RunPrepared(select, cut.literals);
+  if (translation.into->file) {
+    MakeTableInFile(*translation.into, rows);
+    return;
+  }
+  cache_.clear();
+  Begin();
+  try {
+    MakeTable(database_.get(), *translation.into, rows);
+    catalogue_.Load(database_.get());
+  } catch (const std::exception&) {
+    Rollback();
+    throw;
+  }
+  schemaChangedInTransaction_ = true;
+  Commit();
+}
+
+void Connection::EnsureIndex(const char* name, const char* table,
+                             const std::vector<const char*>& columns) {
+  if (catalogue_.HasIndex(QString::fromLatin1(name))) return;
+  std::string statement = std::string("CREATE INDEX \"") + name + "\" ON \"" + table + "\" (";
+  for (size_t index = 0; index < columns.size(); ++index) {
+    statement += std::string(index > 0 ? ", \"" : "\"") + columns[index] + "\"";
+  }
+  Execute(database_.get(), (statement + ")").c_str());
+  catalogue_.Load(database_.get());
+}
+
+void Connection::Begin() {
+  RequireTransaction();
+  const std::string start =
+      depth_ == 0 ? std::string("BEGIN IMMEDIATE") : "SAVEPOINT " + SavepointName(depth_);
+  Execute(database_.get(), start.c_str());
+  ++depth_;
+}
+
+void Connection::Commit() {
+  RequireTransaction();
+  const std::string end =
+      depth_ == 1 ? std::string("COMMIT") : "RELEASE " + SavepointName(depth_ - 1);
+  Execute(database_.get(), end.c_str());
+  if (--depth_ == 0) schemaChangedInTransaction_ = false;
+}
+
+void Connection::Rollback() noexcept {
+  if (depth_ == 0) return;
+  --depth_;
+  sqlite3* database = database_.get();
+  if (database == nullptr || sqlite3_get_autocommit(database) != 0) return;
+  if (depth_ == 0) {
+    sqlite3_exec(database, "ROLLBACK", nullptr, nullptr, nullptr);
+  } else {
+    const std::string name = SavepointName(depth_);
+    sqlite3_exec(database, ("ROLLBACK TO " + name + "; RELEASE " + name).c_str(), nullptr, nullptr,
+                 nullptr);
+  }
+  if (schemaChangedInTransaction_) ForgetSchema();
+}
+
+void Connection::ForgetSchema() {
+  cache_.clear();
+  try {
+    catalogue_.Load(database_.get());
+  } catch (const std::exception&) {
+    // The next statement meets the same failure and reports it.
+  }
+}
+
+void Connection::RequireTransaction() const {
+  if (!IsOpen()) {
+    throw StorageFailure(StorageFault::CannotOpen, QStringLiteral("%1 is closed").arg(file_));
+  }
+  // SQLite undoes a whole transaction by itself after some failures. Whatever followed would then
+  // be kept piece by piece.
+  if (depth_ > 0 && sqlite3_get_autocommit(database_.get()) != 0) {
+    throw StorageFailure(StorageFault::InputOutput,
+                         QStringLiteral("The work was undone after a failure of the disk"));
+  }
+}
+
+}  // namespace quillary

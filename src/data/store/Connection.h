@@ -1,0 +1,95 @@
+#pragma once
+
+#include <sqlite3.h>
+
+#include <QString>
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+
+#include "data/store/Recordset.h"
+#include "data/store/SchemaCatalogue.h"
+#include "data/store/Sql.h"
+#include "data/store/Statement.h"
+
+namespace quillary {
+
+enum class OpenMode {
+  Existing,  // the file must be there
+  Create,    // the file must not be there
+};
+
+/// The open database file, reached in the Access dialect and in no other way. The file is held
+/// against every other program for as long as the connection is open.
+class Connection {
+ public:
+  explicit Connection(const QString& file) : file_(file) {}
+  ~Connection();
+  Connection(const Connection&) = delete;
+  Connection& operator=(const Connection&) = delete;
+
+  /// Opens and locks the file. `check` may look at the tables before anything of the file is
+  /// changed, and throw to leave it as it was. Throws StorageFailure.
+  void Open(OpenMode mode, const std::function<void(const jet::Catalogue&)>& check = nullptr);
+  /// Folds the write-ahead log back, so that the business is one single file again.
+  void Close();
+  bool IsOpen() const { return database_ != nullptr; }
+
+  /// Throws StatementRefused or StorageFailure.
+  Recordset Run(std::string_view statement);
+  Recordset Run(const Sql& statement);
+
+  /// Starts a transaction, or a part of the one under way.
+  void Begin();
+  /// Throws StorageFailure when the transaction fell, as it does by itself on a full disk.
+  void Commit();
+  /// Undoes what was done since the matching Begin().
+  void Rollback() noexcept;
+  int TransactionDepth() const { return depth_; }
+
+  /// Folds what was committed into the file; for moments when nothing else is to be done.
+  void Checkpoint();
+
+  /// Makes an index of the store's own, unless there is one of that name.
+  void EnsureIndex(const char* name, const char* table, const std::vector<const char*>& columns);
+
+  const jet::Catalogue& Schema() const { return catalogue_; }
+  /// SQLite's own handle, for benchmarks and file safety only.
+  sqlite3* Handle() const { return database_.get(); }
+
+ private:
+  struct CloseDatabase {
+    void operator()(sqlite3* database) const { sqlite3_close_v2(database); }
+  };
+  struct CachedStatement {
+    Statement statement;
+    std::vector<jet::Parameter> parameters;
+    std::shared_ptr<const ResultColumns> columns;
+    quint64 lastUse = 0;
+  };
+
+  void OpenHandle(OpenMode mode);
+  void Configure();
+  Recordset RunCut(const jet::CutStatement& cut);
+  Recordset RunTranslation(const jet::Translation& translation, const jet::CutStatement& cut);
+  Recordset RunPrepared(CachedStatement& cached, const std::vector<Value>& literals);
+  void RunSchemaChange(const jet::Translation& translation);
+  void RunInto(const jet::Translation& translation, const jet::CutStatement& cut);
+  CachedStatement Prepare(const jet::Translation& translation) const;
+  void Keep(const std::string& shape, CachedStatement statement);
+  void ForgetSchema();
+  void RequireTransaction() const;
+
+  QString file_;
+  std::unique_ptr<sqlite3, CloseDatabase> database_;
+  SchemaCatalogue catalogue_;
+  std::unordered_map<std::string, CachedStatement> cache_;
+  quint64 uses_ = 0;
+  int depth_ = 0;
+  bool schemaChangedInTransaction_ = false;
+};
+
+}  // namespace quillary

@@ -1,0 +1,78 @@
+#include "data/store/IntoTable.h"
+
+#include <QFileInfo>
+
+#include "data/jet/Declarations.h"
+#include "data/store/Statement.h"
+
+namespace quillary {
+namespace {
+
+std::string Quoted(QString name) {
+  name.replace(u'"', QStringLiteral("\"\""));
+  return (u'"' + name + u'"').toStdString();
+}
+
+std::string CreateStatement(const jet::IntoTarget& target) {
+  std::string statement = "CREATE TABLE " + Quoted(target.table) + " (";
+  for (size_t index = 0; index < target.columns.size(); ++index) {
+    jet::Column column = target.columns[index];
+    if (column.type == jet::ColumnType::Counter) column.type = jet::ColumnType::Long;
+    if (index > 0) statement += ", ";
+    statement += Quoted(column.name) + " " + jet::DeclarationOf(column).toStdString();
+  }
+  return statement + ")";
+}
+
+std::string InsertStatement(const jet::IntoTarget& target) {
+  std::string places;
+  for (size_t index = 0; index < target.columns.size(); ++index) {
+    places += index == 0 ? "?" : ", ?";
+  }
+  return "INSERT INTO " + Quoted(target.table) + " VALUES (" + places + ")";
+}
+
+/// A second file, open for as long as this lives.
+class OtherFile {
+ public:
+  explicit OtherFile(const QString& path) {
+    if (!QFileInfo(path).isFile()) {
+      throw StatementRefused("The file " + path.toStdString() + " was not found");
+    }
+    const int code = sqlite3_open_v2(path.toUtf8().constData(), &database_,
+                                     SQLITE_OPEN_READWRITE | SQLITE_OPEN_EXRESCODE, nullptr);
+    if (code == SQLITE_OK) return;
+    sqlite3_close_v2(database_);
+    ThrowFailure(nullptr, code);
+  }
+  ~OtherFile() { sqlite3_close_v2(database_); }
+  OtherFile(const OtherFile&) = delete;
+  OtherFile& operator=(const OtherFile&) = delete;
+  sqlite3* Handle() const { return database_; }
+
+ private:
+  sqlite3* database_ = nullptr;
+};
+
+}  // namespace
+
+void MakeTable(sqlite3* database, const jet::IntoTarget& target, const Recordset& rows) {
+  Execute(database, CreateStatement(target).c_str());
+  Statement insert(database, InsertStatement(target));
+  for (const Record row : rows) {
+    for (size_t column = 0; column < row.Size(); ++column) {
+      insert.Bind(static_cast<int>(column) + 1, row[column]);
+    }
+    insert.Step();
+    insert.Reset();
+  }
+}
+
+void MakeTableInFile(const jet::IntoTarget& target, const Recordset& rows) {
+  const OtherFile other(*target.file);
+  Execute(other.Handle(), "BEGIN IMMEDIATE");
+  MakeTable(other.Handle(), target, rows);
+  Execute(other.Handle(), "COMMIT");
+}
+
+}  // namespace quillary

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <sqlite3.h>
+
+#include "data/store/Recordset.h"
+
+namespace quillary {
+
+/// Makes the table of a SELECT ... INTO and fills it. A counter becomes a plain whole number, and
+/// there are no indexes, as in the dialect. Throws StatementRefused when the table exists already,
+/// and StorageFailure.
+void MakeTable(sqlite3* database, const jet::IntoTarget& target, const Recordset& rows);
+
+/// The same in another business file, which must exist, as one transaction there. Two files can't
+/// share a transaction, so that what is written there stays when the work here is undone.
+void MakeTableInFile(const jet::IntoTarget& target, const Recordset& rows);
+
+}  // namespace quillary

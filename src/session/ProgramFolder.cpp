@@ -1,0 +1,22 @@
+#include "session/ProgramFolder.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QStandardPaths>
+
+namespace quillary {
+
+QString ProgramFolder() {
+  const QString beside = QCoreApplication::applicationDirPath();
+  if (QFile::exists(QDir(beside).filePath(QStringLiteral("qy.ini")))) return beside;
+  QString folder = qEnvironmentVariable("QUILLARY_HOME");
+  if (folder.isEmpty()) {
+    folder = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
+             QStringLiteral("/quillary");
+  }
+  QDir().mkpath(folder);
+  return folder;
+}
+
+}  // namespace quillary

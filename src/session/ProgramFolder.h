@@ -1,0 +1,12 @@
+#pragma once
+
+#include <QString>
+
+namespace quillary {
+
+/// The folder that holds the installation's files: qy.ini, DATA.MDB, Archive, Log.txt. It is the
+/// folder of the running program when a qy.ini lies there (a portable installation); otherwise
+/// $QUILLARY_HOME, or the quillary folder below the platform's data folder. Made when missing.
+QString ProgramFolder();
+
+}  // namespace quillary
