@@ -1,0 +1,65 @@
+#include "data/access/FileInTheMaking.h"
+
+#include "data/store/StorageFailure.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QRandomGenerator>
+
+#include <errno.h>
+#include <fcntl.h>
+#include <stdio.h>
+#include <unistd.h>
+
+#include <cstring>
+
+namespace quillary {
+namespace {
+
+StorageFailure Exists(const QString& target) {
+  return StorageFailure(StorageFault::CannotOpen,
+                        QStringLiteral("%1 exists already and is not overwritten").arg(target));
+}
+
+/// A name counts only once its folder is on the disk too.
+void SyncFolderOf(const QString& file) {
+  const QByteArray folder = QFile::encodeName(QFileInfo(file).absolutePath());
+  const int handle = open(folder.constData(), O_RDONLY | O_CLOEXEC);
+  if (handle < 0) return;
+  fsync(handle);
+  close(handle);
+}
+
+}  // namespace
+
+FileInTheMaking::FileInTheMaking(const QString& target)
+    : target_(target),
+      path_(QStringLiteral("%1.making-%2")
+                .arg(target)
+                .arg(QRandomGenerator::global()->generate(), 8, 16, QLatin1Char('0'))) {
+  if (QFileInfo::exists(target)) throw Exists(target);
+}
+
+FileInTheMaking::~FileInTheMaking() {
+  for (const char* suffix : {"", "-wal", "-shm", "-journal"}) {
+    QFile::remove(path_ + QLatin1String(suffix));
+  }
+}
+
+void FileInTheMaking::TakeItsPlace() {
+  const QByteArray from = QFile::encodeName(path_);
+  const QByteArray to = QFile::encodeName(target_);
+  if (renameat2(AT_FDCWD, from.constData(), AT_FDCWD, to.constData(), RENAME_NOREPLACE) != 0) {
+    const int error = errno;
+    if (error == EEXIST) throw Exists(target_);
+    // Not every file system can refuse by itself; QFile looks before it renames.
+    if (!QFile::rename(path_, target_)) {
+      throw StorageFailure(StorageFault::CannotOpen,
+                           QStringLiteral("%1 cannot be made: %2")
+                               .arg(target_, QString::fromLocal8Bit(std::strerror(error))));
+    }
+  }
+  SyncFolderOf(target_);
+}
+
+}  // namespace quillary
