@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QComboBox>
+
+namespace quillary {
+
+/// A list that is picked from by typing the first letters: the first entry that begins with what
+/// was typed shows whole, with the rest selected. Without a match the text stays as typed and
+/// nothing is picked.
+class ComboSearch : public QComboBox {
+  Q_OBJECT
+
+ public:
+  explicit ComboSearch(QWidget* parent = nullptr);
+
+  /// Picks the entry whose data equals the value; none when there is none.
+  void SelectComboItem(const QVariant& value);
+
+ signals:
+  /// The user picked an entry, or left the field without a match (-1).
+  void picked(int index);
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
+
+ private:
+  void Search(const QString& typed);
+  void Settle();
+
+  int settled_ = -1;
+};
+
+}  // namespace quillary

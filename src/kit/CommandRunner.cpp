@@ -1,0 +1,61 @@
+#include "kit/CommandRunner.h"
+
+#include "base/Errors.h"
+
+#include <new>
+
+namespace quillary {
+
+bool CommandRunner::Run(const QString& form, const QString& procedure,
+                        const std::function<void()>& command) {
+  try {
+    command();
+    return true;
+  } catch (const std::exception& error) {
+    errors_.ReportError(form, ErrorLine(error), procedure);
+  } catch (...) {
+    const ProgramError unknown(5, QStringLiteral("A failure without a name"));
+    errors_.ReportError(form, ErrorLine(unknown), procedure);
+  }
+  return false;
+}
+
+bool CommandRunner::RunBusy(const QString& form, const QString& procedure,
+                            const std::function<void()>& command) {
+  // The pointer is given back before the error screen shows.
+  return Run(form, procedure, [&] {
+    const BusyWhile busy(busy_);
+    command();
+  });
+}
+
+void CommandRunner::OnClick(QAbstractButton* button, const QString& form,
+                            std::function<void()> command) {
+  QObject::connect(button, &QAbstractButton::clicked, button,
+                   [this, form, name = button->objectName(), command = std::move(command)] {
+                     Run(form, name + QStringLiteral("_Click"), command);
+                   });
+}
+
+void ReportMemoryOrCrash(Prompter& prompter, const std::exception& error) {
+  const auto* numbered = dynamic_cast<const ProgramError*>(&error);
+  const bool memory = dynamic_cast<const std::bad_alloc*>(&error) != nullptr ||
+                      (numbered != nullptr && numbered->Number() == 7);
+  if (memory) {
+    prompter.Tell(
+        Tone::Stop,
+        QStringLiteral(
+            "Your computer is running VERY low on memory - Please close some programs so that "
+            "Quillary "
+            "can continue running. (If this continues to be a problem, you may want to consider "
+            "upgrading your RAM)"));
+    return;
+  }
+  prompter.Tell(Tone::Stop, QStringLiteral("Attention! An error that would have crashed the system "
+                                           "has been caught, to save you from "
+                                           "losing anything.\n\nPlease contact one of the IT guys "
+                                           "straight away, with the details of the "
+                                           "error. (these will be displayed when you click OK)"));
+}
+
+}  // namespace quillary

@@ -1,0 +1,84 @@
+#include "kit/Controls.h"
+
+#include <QIcon>
+#include <QShortcut>
+
+namespace quillary {
+
+namespace {
+
+QString NameOf(LabelRole role) {
+  switch (role) {
+    case LabelRole::Muted:
+      return QStringLiteral("muted");
+    case LabelRole::Hint:
+      return QStringLiteral("hint");
+    case LabelRole::Title:
+      return QStringLiteral("title");
+    case LabelRole::Figure:
+      return QStringLiteral("figure");
+    case LabelRole::Warning:
+      return QStringLiteral("warning");
+    default:
+      return {};
+  }
+}
+
+}  // namespace
+
+QString PlainCaption(const QString& caption) {
+  QString plain;
+  for (qsizetype at = 0; at < caption.size(); ++at) {
+    if (caption[at] == u'&' && at + 1 < caption.size()) ++at;  // "&&" is one "&", "&x" is "x"
+    plain += caption[at];
+  }
+  while (plain.endsWith(u'.') || plain.endsWith(u'…')) plain.chop(1);
+  return plain.trimmed();
+}
+
+QPushButton* MakeButton(const char* name, const QString& caption, ButtonKind kind,
+                        const QString& iconName) {
+  auto* button = new QPushButton(caption);
+  button->setObjectName(QLatin1StringView(name));
+  button->setAccessibleName(PlainCaption(caption));
+  button->setAutoDefault(false);
+  if (kind == ButtonKind::Main) button->setProperty("kind", QStringLiteral("main"));
+  if (kind == ButtonKind::Danger) button->setProperty("kind", QStringLiteral("danger"));
+  if (kind == ButtonKind::Link) button->setProperty("kind", QStringLiteral("link"));
+  if (!iconName.isEmpty()) button->setIcon(QIcon::fromTheme(iconName));
+  return button;
+}
+
+QLabel* MakeLabel(const char* name, const QString& text, LabelRole role) {
+  auto* label = new QLabel(text);
+  label->setObjectName(QLatin1StringView(name));
+  label->setTextFormat(Qt::PlainText);
+  label->setProperty("role", NameOf(role));
+  return label;
+}
+
+QLabel* MakeLabelFor(QWidget* control, const QString& text, LabelRole role) {
+  QLabel* label = MakeLabel("", text, role);
+  label->setBuddy(control);
+  control->setAccessibleName(PlainCaption(text));
+  return label;
+}
+
+QLineEdit* MakeFilterBox(QWidget* screen, const char* name) {
+  auto* box = new QLineEdit;
+  box->setObjectName(QLatin1StringView(name));
+  box->setPlaceholderText(QObject::tr("Filter this list"));
+  box->setAccessibleName(QObject::tr("Filter this list"));
+  box->setToolTip(QObject::tr("Shows the rows that hold all the words typed (Ctrl+F)"));
+  box->setClearButtonEnabled(true);
+  box->setProperty("kind", QStringLiteral("search"));
+  auto* find = new QShortcut(QKeySequence::Find, screen);
+  find->setContext(Qt::WidgetWithChildrenShortcut);
+  QObject::connect(find, &QShortcut::activated, box, [box] {
+    box->setFocus(Qt::ShortcutFocusReason);
+    box->selectAll();
+  });
+  return box;
+}
+
+}  // namespace quillary

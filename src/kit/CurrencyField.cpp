@@ -1,0 +1,26 @@
+#include "kit/CurrencyField.h"
+
+#include "kit/Keys.h"
+
+namespace quillary {
+
+CurrencyField::CurrencyField(QWidget* parent) : QLineEdit(parent) {
+  setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  SelectAllText(this);
+  SetAmount({});
+  connect(this, &QLineEdit::editingFinished, this, &CurrencyField::TakeTyped);
+}
+
+void CurrencyField::SetAmount(Money amount) {
+  amount_ = amount;
+  setText(amount.ToCurrencyText());
+}
+
+void CurrencyField::TakeTyped() {
+  const Money before = amount_;
+  const QString typed = text().trimmed();
+  SetAmount(typed.isEmpty() ? Money() : Money::Parse(typed).value_or(before));
+  if (amount_ != before) emit amountChosen();
+}
+
+}  // namespace quillary

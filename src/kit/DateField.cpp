@@ -1,0 +1,105 @@
+#include "kit/DateField.h"
+
+#include "base/DateTime.h"
+#include "kit/Keys.h"
+
+#include <QAction>
+#include <QCalendarWidget>
+#include <QKeyEvent>
+#include <QLocale>
+#include <QMenu>
+#include <QRegularExpression>
+#include <QTextCharFormat>
+#include <QWidgetAction>
+
+namespace quillary {
+
+namespace {
+
+QString ShownDate(QDate date) {
+  return QLocale(QLocale::English).toString(date, QStringLiteral("ddd d MMM yyyy"));
+}
+
+/// The field itself shows the day of the week, so an edited text may still begin with one.
+QString WithoutWeekday(const QString& typed) {
+  static const QRegularExpression weekday(QStringLiteral("^\\s*[A-Za-z]{3,9},?\\s+(?=\\d)"));
+  return QString(typed).remove(weekday);
+}
+
+}  // namespace
+
+DateField::DateField(QDate today, QWidget* parent) : QLineEdit(parent), today_(today) {
+  SelectAllText(this);
+  setMinimumWidth(150);
+  QAction* picker =
+      addAction(QIcon::fromTheme(QStringLiteral("view-calendar")), QLineEdit::TrailingPosition);
+  picker->setToolTip(tr("Pick a day (F4)"));
+  connect(picker, &QAction::triggered, this, &DateField::ShowPicker);
+  connect(this, &QLineEdit::editingFinished, this, &DateField::TakeTyped);
+}
+
+void DateField::SetDate(QDate date) {
+  date_ = date;
+  setText(ShownDate(date));
+  setCursorPosition(0);
+}
+
+void DateField::Choose(QDate date) {
+  if (!date.isValid() || date == date_) return;
+  SetDate(date);
+  emit dateChosen(date);
+}
+
+void DateField::TakeTyped() {
+  const auto typed = ParseTypedDate(WithoutWeekday(text()), today_);
+  if (typed && *typed != date_)
+    Choose(*typed);
+  else
+    SetDate(date_);
+}
+
+void DateField::ShowPicker() {
+  // What is typed but not yet taken belongs to the day that the calendar opens on.
+  TakeTyped();
+  auto* menu = new QMenu(this);
+  menu->setAttribute(Qt::WA_DeleteOnClose);
+  auto* calendar = new QCalendarWidget(menu);
+  calendar->setObjectName(QStringLiteral("calendar"));
+  calendar->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
+  calendar->setFirstDayOfWeek(Qt::Monday);
+  calendar->setSelectedDate(date_);
+  QTextCharFormat marked;
+  marked.setFontWeight(QFont::Bold);
+  calendar->setDateTextFormat(today_, marked);
+  auto* holder = new QWidgetAction(menu);
+  holder->setDefaultWidget(calendar);
+  menu->addAction(holder);
+  const auto take = [this, menu](QDate date) {
+    menu->close();
+    Choose(date);
+  };
+  connect(calendar, &QCalendarWidget::clicked, this, take);
+  connect(calendar, &QCalendarWidget::activated, this, take);
+  menu->popup(mapToGlobal(QPoint(0, height() + 2)));
+  calendar->setFocus();
+}
+
+void DateField::keyPressEvent(QKeyEvent* event) {
+  const bool alt = event->modifiers() == Qt::AltModifier;
+  switch (event->key()) {
+    case Qt::Key_F4:
+      return ShowPicker();
+    case Qt::Key_Down:
+      return alt ? ShowPicker() : Choose(date_.addDays(-1));
+    case Qt::Key_Up:
+      return Choose(date_.addDays(1));
+    case Qt::Key_PageDown:
+      return Choose(date_.addMonths(-1));
+    case Qt::Key_PageUp:
+      return Choose(date_.addMonths(1));
+    default:
+      QLineEdit::keyPressEvent(event);
+  }
+}
+
+}  // namespace quillary

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QDate>
+#include <QLineEdit>
+
+namespace quillary {
+
+/// A day, typed as an owner types it ("2/11", "2 Nov 26", "2026-11-02") or picked from a calendar
+/// (the arrow, Alt+Down or F4). Up and Down move by a day, Page Up and Page Down by a month. What
+/// is no date falls back to the day that stood there.
+class DateField : public QLineEdit {
+  Q_OBJECT
+
+ public:
+  /// `today` is the day whose year completes "2/11" and which the calendar marks.
+  explicit DateField(QDate today, QWidget* parent = nullptr);
+
+  QDate Date() const { return date_; }
+  void SetDate(QDate date);
+
+ signals:
+  /// The user chose another day.
+  void dateChosen(QDate date);
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  void TakeTyped();
+  void Choose(QDate date);
+  void ShowPicker();
+
+  QDate today_;
+  QDate date_;
+};
+
+}  // namespace quillary

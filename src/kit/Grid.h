@@ -1,0 +1,95 @@
+#pragma once
+
+#include "kit/GridModel.h"
+
+#include <QTableView>
+
+#include <optional>
+
+class QLineEdit;
+
+namespace quillary {
+
+class SettingsStore;
+
+/// The table of every screen. Rows are numbered as they were loaded, whatever the user sorted or
+/// filtered. Widths and sort are remembered per user.
+class Grid : public QTableView {
+  Q_OBJECT
+
+ public:
+  explicit Grid(const QString& name, QWidget* parent = nullptr);
+
+  void SetColumns(std::vector<GridColumn> columns);
+  /// The list that a Chip or Choice column is edited from.
+  void SetChoices(int column, std::vector<GridChoice> choices);
+  void SetRows(std::vector<GridRow> rows);
+  /// What an empty list says: what it is, and what to do next.
+  void SetEmptyText(const QString& what, const QString& next);
+  /// Rows may be dragged to another place, or moved by Alt+Up and Alt+Down. Off while the list is
+  /// sorted or filtered by the user, because a place would then mean nothing.
+  void AllowReordering();
+  /// Filters as one types into the box.
+  void FilterBy(QLineEdit* box);
+  /// Widths and sort come from the settings and go back there when the user changes them.
+  void RememberIn(SettingsStore& settings);
+
+  /// The row the user has selected, as loaded.
+  std::optional<int> SelectedRow() const;
+  /// The key of a row: its first HiddenId cell.
+  qint64 Key(int row) const;
+  /// The keys of all rows in their present order.
+  std::vector<qint64> Keys() const;
+  /// Selects the row of that key; false when it is not listed.
+  bool SelectKey(qint64 key);
+  void SelectFirst();
+  /// Takes the selection away but leaves the cursor at its place, so that the arrow keys go on from
+  /// there.
+  void ClearSelectionAt(int row);
+  const std::vector<GridRow>& Rows() const { return model_->Rows(); }
+  /// Where a row shows, in the viewport; empty when it is filtered out.
+  QRect RowRect(int row) const;
+
+ signals:
+  void edited(int row, int column, const quillary::Value& value);
+  void selectedRowChanged();
+  /// The user opened the row by a double click or by Enter.
+  void rowOpened(int row);
+  /// The user moved a row; Keys() gives the new order.
+  void reordered();
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
+
+ private:
+  bool CanReorder() const;
+  int LoadedRow(const QModelIndex& shown) const;
+  int DropRowAt(int y) const;
+  void MoveSelected(int from, int to);
+  void FitColumns();
+  void SelectLoaded(int row);
+  void RestoreLayout();
+  void StoreLayout();
+  void PaintEmpty(QPainter& painter);
+
+  GridModel* model_;
+  GridView* view_;
+  SettingsStore* settings_ = nullptr;
+  QString emptyWhat_;
+  QString emptyNext_;
+  int keyColumn_ = -1;
+  bool reordering_ = false;
+  bool ownWidths_ = false;
+  bool fitting_ = false;
+  int draggedRow_ = -1;
+  int dropRow_ = -1;
+  QPoint pressedAt_;
+};
+
+}  // namespace quillary

@@ -1,0 +1,29 @@
+#include "kit/GridColumns.h"
+
+#include <algorithm>
+
+namespace quillary {
+
+QString ShownText(const GridColumn& column, const GridCell& cell,
+                  const std::vector<GridChoice>& choices) {
+  if (!cell.words.isEmpty()) return cell.words;
+  if (cell.value.IsNull()) return {};
+  switch (column.kind) {
+    case ColumnKind::Money:
+      return cell.value.ToMoney().ToCurrencyText();
+    case ColumnKind::Date:
+      return ToShortDateText(cell.value.ToDate());
+    case ColumnKind::Tick:
+      return {};
+    case ColumnKind::Chip:
+    case ColumnKind::Choice: {
+      const auto at = std::ranges::find_if(
+          choices, [&](const GridChoice& choice) { return choice.key == cell.value; });
+      return at == choices.end() ? cell.value.ToText() : at->word;
+    }
+    default:
+      return cell.value.ToText();
+  }
+}
+
+}  // namespace quillary

@@ -1,0 +1,157 @@
+#include "kit/GridDelegate.h"
+
+#include "kit/GridModel.h"
+#include "kit/Keys.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QPainter>
+#include <QSortFilterProxyModel>
+
+namespace quillary {
+
+namespace {
+
+constexpr int kMargin = 10;
+constexpr int kChipHeight = 20;
+
+void PaintChip(QPainter* painter, const QRect& cell, const QString& word, const HueColours& hue,
+               QFont font) {
+  font.setPointSizeF(font.pointSizeF() * 0.925);
+  const QFontMetrics metrics(font);
+  const int width = qMin(metrics.horizontalAdvance(word) + 2 * kMargin, cell.width() - kMargin);
+  const QRectF chip(cell.left() + kMargin + 0.5, cell.center().y() - kChipHeight / 2 + 0.5, width,
+                    kChipHeight);
+  painter->setRenderHint(QPainter::Antialiasing);
+  painter->setPen(hue.edge);
+  painter->setBrush(hue.fill);
+  painter->drawRoundedRect(chip, kChipHeight / 2.0, kChipHeight / 2.0);
+  painter->setFont(font);
+  painter->setPen(hue.words);
+  painter->drawText(chip, Qt::AlignCenter,
+                    metrics.elidedText(word, Qt::ElideRight, width - kMargin));
+}
+
+void PaintWords(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index,
+                const QColor& colour, bool strong) {
+  QFont font = option.font;
+  if (strong) font.setWeight(QFont::DemiBold);
+  painter->setFont(font);
+  painter->setPen(colour);
+  const QRect inner = option.rect.adjusted(kMargin, 0, -kMargin, 0);
+  const QString words = QFontMetrics(font).elidedText(index.data().toString().simplified(),
+                                                      Qt::ElideRight, inner.width());
+  painter->drawText(inner, index.data(Qt::TextAlignmentRole).toInt(), words);
+}
+
+const GridModel* ModelOf(const QModelIndex& index) {
+  return qobject_cast<const GridModel*>(
+      static_cast<const QSortFilterProxyModel*>(index.model())->sourceModel());
+}
+
+}  // namespace
+
+void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                         const QModelIndex& index) const {
+  const Roles& roles = RolesOf(option.palette);
+  const HueColours& hue = roles.Of(static_cast<Hue>(index.data(kHueRole).toInt()));
+  const auto kind = static_cast<ColumnKind>(index.data(kKindRole).toInt());
+  const bool selected = option.state.testFlag(QStyle::State_Selected);
+
+  painter->save();
+  painter->fillRect(option.rect, selected ? roles.selection : hue.tint);
+  painter->setPen(roles.softLine);
+  painter->drawLine(option.rect.bottomLeft(), option.rect.bottomRight());
+  if (kind == ColumnKind::Chip) {
+    PaintChip(painter, option.rect, index.data().toString(), hue, option.font);
+  } else if (kind == ColumnKind::Tick) {
+    QStyleOptionViewItem box(option);
+    box.rect = QRect(option.rect.left() + kMargin, option.rect.center().y() - 8, 16, 16);
+    box.state &= ~QStyle::State_HasFocus;
+    box.state |= index.data(Qt::CheckStateRole).toInt() == Qt::Checked ? QStyle::State_On
+                                                                       : QStyle::State_Off;
+    option.widget->style()->drawPrimitive(QStyle::PE_IndicatorItemViewItemCheck, &box, painter,
+                                          option.widget);
+  } else {
+    PaintWords(painter, option, index, roles.text, kind == ColumnKind::StrongText);
+  }
+  if (option.state.testFlag(QStyle::State_HasFocus)) {
+    painter->setRenderHint(QPainter::Antialiasing, false);
+    painter->setPen(roles.accent);
+    painter->setBrush(Qt::NoBrush);
+    painter->drawRect(option.rect.adjusted(0, 0, -1, -2));
+  }
+  painter->restore();
+}
+
+QSize GridDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const {
+  const int width = option.fontMetrics.horizontalAdvance(index.data().toString());
+  return {width + 3 * kMargin, 35};
+}
+
+QWidget* GridDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&,
+                                    const QModelIndex& index) const {
+  const std::vector<GridChoice>& choices = ModelOf(index)->Choices(index.column());
+  if (!choices.empty()) {
+    auto* combo = new QComboBox(parent);
+    combo->setObjectName(QStringLiteral("editor"));
+    for (const GridChoice& choice : choices)
+      combo->addItem(choice.word, QVariant::fromValue(choice.key));
+    // A choice is final: the list need not be left by another key.
+    connect(combo, &QComboBox::activated, this, [this, combo] {
+      auto* self = const_cast<GridDelegate*>(this);
+      emit self->commitData(combo);
+      emit self->closeEditor(combo);
+    });
+    return combo;
+  }
+  auto* line = new QLineEdit(parent);
+  line->setObjectName(QStringLiteral("editor"));
+  if (index.data(kKindRole).toInt() == static_cast<int>(ColumnKind::Number))
+    new KeyFilter(line, KeyMode::Digits);
+  return line;
+}
+
+void GridDelegate::setEditorData(QWidget* editor, const QModelIndex& index) const {
+  if (auto* combo = qobject_cast<QComboBox*>(editor)) {
+    const auto value = index.data(kValueRole).value<Value>();
+    for (int item = 0; item < combo->count(); ++item)
+      if (combo->itemData(item).value<Value>() == value) combo->setCurrentIndex(item);
+    return;
+  }
+  auto* line = qobject_cast<QLineEdit*>(editor);
+  line->setText(index.data(Qt::EditRole).toString());
+  line->selectAll();
+}
+
+void GridDelegate::setModelData(QWidget* editor, QAbstractItemModel* model,
+                                const QModelIndex& index) const {
+  const auto old = index.data(kValueRole).value<Value>();
+  if (auto* combo = qobject_cast<QComboBox*>(editor)) {
+    const auto chosen = combo->currentData().value<Value>();
+    if (!(chosen == old)) model->setData(index, QVariant::fromValue(chosen));
+    return;
+  }
+  const QString typed = qobject_cast<QLineEdit*>(editor)->text();
+  if (typed != old.ToText()) model->setData(index, typed);
+}
+
+HueHeader::HueHeader(QWidget* parent) : QHeaderView(Qt::Vertical, parent) {
+  setSectionResizeMode(QHeaderView::Fixed);
+  setDefaultSectionSize(35);
+  setMinimumSectionSize(35);
+  setFixedWidth(20);
+  setSectionsClickable(false);
+  setHighlightSections(false);
+}
+
+void HueHeader::paintSection(QPainter* painter, const QRect& rect, int row) const {
+  const Roles& roles = RolesOf(palette());
+  const Hue hue = static_cast<Hue>(model()->headerData(row, Qt::Vertical, kHueRole).toInt());
+  painter->fillRect(rect, roles.softLine);
+  const QColor bar = hue == Hue::None ? roles.surface : roles.Of(hue).bar;
+  painter->fillRect(rect.adjusted(0, 0, 0, -1), bar);
+}
+
+}  // namespace quillary

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "base/ports/Navigator.h"
+#include "kit/CommandRunner.h"
+
+#include <QWidget>
+
+namespace quillary {
+
+/// One screen, shown as a tab of the main window. Its objectName is its given name, its
+/// windowTitle the word on the tab.
+class Screen : public QWidget {
+  Q_OBJECT
+
+ public:
+  Screen(const QString& name, const QString& title) {
+    setObjectName(name);
+    setWindowTitle(title);
+  }
+  /// Shows what stands in the business now; F5 and coming back to the tab call it.
+  virtual void Reload() {}
+  /// False keeps the tab open, for example because the user wants to save first.
+  virtual bool MayClose() { return true; }
+
+ signals:
+  void closeRequested();
+};
+
+/// Where screens show.
+class ScreenHost {
+ public:
+  virtual ~ScreenHost() = default;
+  /// Shows the screen in a tab of its own and takes it over.
+  virtual void ShowScreen(Screen* screen) = 0;
+  /// Brings the open screen of that name to the front; null when none is open.
+  virtual Screen* BringToFront(const QString& name) = 0;
+};
+
+/// What every screen is given beside the business.
+struct ScreenTools {
+  Navigator& navigator;
+  ScreenHost& host;
+  CommandRunner& runner;
+};
+
+}  // namespace quillary
