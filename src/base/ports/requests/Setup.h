@@ -1,0 +1,21 @@
+#pragma once
+
+/// Requests that open the screens of setting up a business and of its lists.
+namespace quillary {
+
+struct OpenFirstTime {};
+struct OpenPersonalInformation {};
+struct OpenServices {};
+struct OpenEmployees {};
+struct OpenMiscellaneousSettings {};
+struct OpenBanks {};
+struct OpenVisitFrequencies {};
+struct OpenPaymentMethods {};
+struct OpenDivisions {};
+struct OpenCountries {};
+struct OpenHoliday {};
+struct OpenFixClientDetails {};
+struct OpenScheduleClients {};
+struct ImportFromBravantiOne {};
+
+}  // namespace quillary
