@@ -1,0 +1,119 @@
+// What a statement costs through the dialect, beside the same work prepared by hand in SQLite and
+// beside a fresh prepare of the same text. The three take turns, so that a machine that changes its
+// speed changes it for all of them; the ratios are of the medians.
+
+#include <QCoreApplication>
+#include <QTemporaryDir>
+
+#include <cstdio>
+#include <string>
+
+#include "Timing.h"
+#include "data/Schema.h"
+#include "data/store/Connection.h"
+
+namespace quillary::bench {
+namespace {
+
+constexpr int kRounds = 15;
+constexpr int kStatements = 20000;
+constexpr int kClients = 1000;
+
+struct Contest {
+  const char* name;
+  const char* before;  // the dialect's text around the number
+  const char* after;
+  const char* prepared;  // SQLite's text with one place
+  bool writes;
+};
+
+constexpr Contest kContests[] = {
+    {"read one field by key", "SELECT Display_Name FROM Clients WHERE Client_ID = ", ";",
+     "SELECT \"Display_Name\" FROM \"Clients\" WHERE \"Client_ID\" = ?1", false},
+    {"read a whole row by key", "SELECT * FROM Clients WHERE Client_ID = ", "; ",
+     "SELECT * FROM \"Clients\" WHERE \"Client_ID\" = ?1", false},
+    {"write one field by key", "UPDATE Clients SET Status = 'Active' WHERE Client_ID = ", "; ",
+     "UPDATE \"Clients\" SET \"Status\" = 'Active' WHERE \"Client_ID\" = ?1", true},
+};
+
+void Fill(Connection& file) {
+  file.Begin();
+  for (int client = 1; client <= kClients; ++client) {
+    file.Run(Sql("INSERT INTO Clients (Display_Name, Status, Surname, Suburb, Account_Balance) "
+                 "VALUES ({}, 'Active', {}, 'KEW', {})",
+                 QStringLiteral("Client %1").arg(client), client, Money::FromWhole(client)));
+  }
+  file.Commit();
+}
+
+void RunPrepared(Statement& statement, int client) {
+  statement.Bind(1, client);
+  while (statement.Step()) {
+    for (int column = 0; column < statement.ColumnCount(); ++column) {
+      volatile size_t length = statement.Column(column, jet::ColumnType::Text).ToText().size();
+      static_cast<void>(length);
+    }
+  }
+  statement.Reset();
+}
+
+struct Costs {
+  double prepared;
+  double dialect;
+  double fresh;
+};
+
+Costs Measure(Connection& file, const Contest& contest) {
+  std::vector<double> prepared;
+  std::vector<double> dialect;
+  std::vector<double> fresh;
+  const auto forEach = [&](const auto& work) {
+    if (contest.writes) file.Begin();
+    const double seconds = Seconds([&] {
+      for (int count = 0; count < kStatements; ++count) work(count % kClients + 1);
+    });
+    if (contest.writes) file.Commit();
+    return seconds / kStatements * 1e6;
+  };
+  Statement byHand(file.Handle(), contest.prepared);
+  const std::string freshText(contest.prepared);
+  for (int round = 0; round < kRounds; ++round) {
+    prepared.push_back(forEach([&](int client) { RunPrepared(byHand, client); }));
+    dialect.push_back(forEach([&](int client) {
+      file.Run(contest.before + std::to_string(client) + contest.after);
+    }));
+    fresh.push_back(forEach([&](int client) {
+      Statement statement(file.Handle(), freshText);
+      RunPrepared(statement, client);
+    }));
+  }
+  return {Median(prepared), Median(dialect), Median(fresh)};
+}
+
+void Run() {
+  QTemporaryDir folder;
+  const QString path = folder.filePath(QStringLiteral("DATA.MDB"));
+  CreateEmptyBusiness(path);
+  Connection file(path);
+  file.Open(OpenMode::Existing);
+  Fill(file);
+  std::printf("A statement text through the dialect on a warm cache (medians of %d rounds of %d)\n",
+              kRounds, kStatements);
+  std::printf("%-26s %12s %12s %12s %12s %12s\n", "", "by hand us", "dialect us", "fresh us",
+              "/ by hand", "/ fresh");
+  for (const Contest& contest : kContests) {
+    const Costs costs = Measure(file, contest);
+    std::printf("%-26s %12.2f %12.2f %12.2f %12.2f %12.2f\n", contest.name, costs.prepared,
+                costs.dialect, costs.fresh, costs.dialect / costs.prepared,
+                costs.dialect / costs.fresh);
+  }
+}
+
+}  // namespace
+}  // namespace quillary::bench
+
+int main(int argc, char** argv) {
+  const QCoreApplication application(argc, argv);
+  quillary::bench::Run();
+  return 0;
+}

@@ -1,0 +1,35 @@
+# Shared by ./run and ./test: which packages the project stands on, and how it is built. Sourced.
+
+BUILD_PACKAGES=(
+  g++ cmake ninja-build ccache pkg-config
+  qt6-base-dev libqt6svg6-dev libgl-dev
+  libsqlite3-dev mdbtools-dev libglib2.0-dev
+  fonts-urw-base35
+)
+RUN_PACKAGES=(libqt6svg6 qt6-qpa-plugins breeze-icon-theme fonts-noto-core)
+TEST_PACKAGES=(libgtest-dev python3 git clang-format qpdf poppler-utils sqlite3)
+BENCH_PACKAGES=(libhpdf-dev)
+
+# install_packages NAME...: installs those that are missing; quiet when there are none.
+install_packages() {
+  local missing=() name
+  for name in "$@"; do
+    dpkg-query -W -f '${Status}' "$name" 2>/dev/null | grep -q 'ok installed' || missing+=("$name")
+  done
+  [ ${#missing[@]} -eq 0 ] && return 0
+  local asRoot=()
+  if [ "$(id -u)" != 0 ]; then
+    command -v sudo >/dev/null || { echo "Please install: ${missing[*]}" >&2; return 1; }
+    asRoot=(sudo)
+  fi
+  echo "Installing: ${missing[*]}"
+  "${asRoot[@]}" env DEBIAN_FRONTEND=noninteractive apt-get update -qq
+  "${asRoot[@]}" env DEBIAN_FRONTEND=noninteractive \
+    apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
+}
+
+# build_preset NAME: configures once and builds.
+build_preset() {
+  [ -f "build/$1/build.ninja" ] || cmake --preset "$1" >/dev/null
+  cmake --build --preset "$1"
+}
