@@ -36,6 +36,8 @@ class Catalogue {
   virtual std::vector<QString> IndexesUsing(QStringView table, QStringView column) const = 0;
   /// CREATE INDEX statements, in SQLite's words, of all indexes of a table; for rebuilding it.
   virtual std::vector<QString> IndexStatements(QStringView table) const = 0;
+  /// The catalogue of another file, which FROM ... IN 'file' reads; null when it can't be read.
+  virtual const Catalogue* Elsewhere(const QString& /*file*/) const { return nullptr; }
 };
 
 }  // namespace quillary::jet

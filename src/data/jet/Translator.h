@@ -1,12 +1,12 @@
 #pragma once
 
+#include "base/Value.h"
+#include "data/jet/Catalogue.h"
+
 #include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
-
-#include "base/Value.h"
-#include "data/jet/Catalogue.h"
 
 /// The translator of the Access dialect: text in, SQLite text with typed parameters out. It knows
 /// no database; the store runs what it emits and supplies the functions named in Functions.h.
@@ -32,6 +32,7 @@ class StatementError : public std::runtime_error {
 struct CutStatement {
   std::string shape;            // text with a typed mark in place of each literal; the cache's key
   std::vector<Value> literals;  // in the order of the marks: whole, fraction, text or date
+  std::vector<int> ends;        // where in the text each literal ended; to tell places in errors
 };
 
 /// Cuts the literals out of a UTF-8 text in one pass. Throws StatementError on an unbalanced quote
@@ -67,13 +68,15 @@ struct Translation {
   /// SQLite texts to run in order; more than one only for schema changes, which the store then
   /// runs inside a savepoint. For SELECT ... INTO the one text is the select.
   std::vector<std::string> statements;
-  std::vector<Parameter> parameters;   // of the first statement; schema changes have none
-  std::vector<ResultColumn> columns;   // of a statement that gives rows; otherwise empty
+  std::vector<Parameter> parameters;  // of the first statement; schema changes have none
+  std::vector<ResultColumn> columns;  // of a statement that gives rows; otherwise empty
   std::optional<IntoTarget> into;
   bool givesRows = false;
   bool changesSchema = false;
   /// False when a literal shaped the emitted text, so that the text may not serve another literal.
   bool mayBeCached = true;
+  /// The other file that FROM ... IN 'file' reads from: the text is meant to run there.
+  std::optional<QString> sourceFile;
 };
 
 /// Parses, checks against the catalogue and emits. Throws StatementError.

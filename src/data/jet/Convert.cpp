@@ -1,0 +1,111 @@
+#include "data/jet/DateText.h"
+#include "data/jet/Translator.h"
+
+#include <cmath>
+
+namespace quillary::jet {
+namespace {
+
+// Dates count as days from this one wherever they meet numbers.
+QDate DayZero() {
+  return QDate(1899, 12, 30);
+}
+constexpr qint64 kSecondsPerDay = 86400;
+
+std::optional<DateTime> MomentOfNumber(double days) {
+  if (!std::isfinite(days) || std::fabs(days) > 3'000'000) return std::nullopt;
+  const double whole = std::floor(days);
+  const qint64 seconds = std::llround((days - whole) * kSecondsPerDay);
+  const QDate date = DayZero().addDays(static_cast<qint64>(whole) + seconds / kSecondsPerDay);
+  return DateTime(date, QTime(0, 0).addSecs(static_cast<int>(seconds % kSecondsPerDay)));
+}
+
+double NumberOfMoment(const DateTime& moment) {
+  return static_cast<double>(DayZero().daysTo(moment.date)) +
+         QTime(0, 0).secsTo(moment.time) / static_cast<double>(kSecondsPerDay);
+}
+
+// A moment goes into a number as its count of days; all else as it reads.
+std::optional<Value> NumberIn(const Value& value) {
+  if (const auto* moment = std::get_if<DateTime>(&value.variant())) {
+    return Value(NumberOfMoment(*moment));
+  }
+  if (std::holds_alternative<bool>(value.variant()) || value.IsNumeric()) return value;
+  return std::nullopt;
+}
+
+std::optional<Value> ToWhole(const Value& value) {
+  const auto number = NumberIn(value);
+  if (!number) return std::nullopt;
+  if (std::fabs(number->ToDouble()) > 9.2e18) return std::nullopt;
+  return Value(number->ToLong());
+}
+
+std::optional<Value> ToFraction(const Value& value) {
+  const auto number = NumberIn(value);
+  if (!number) return std::nullopt;
+  return Value(number->ToDouble());
+}
+
+std::optional<Value> ToCurrency(const Value& value) {
+  if (value.IsText()) {
+    const auto amount = Money::Parse(std::get<QString>(value.variant()));
+    if (amount) return Value(*amount);
+  }
+  const auto number = NumberIn(value);
+  // Beyond this an amount would leave the range that ten-thousandths in 64 bits can hold.
+  if (!number || std::fabs(number->ToDouble()) > 9.2e14) return std::nullopt;
+  return Value(number->ToMoney());
+}
+
+std::optional<Value> ToMoment(const Value& value) {
+  if (value.IsDate()) return value;
+  if (value.IsText()) {
+    const auto moment = ReadDateText(std::get<QString>(value.variant()));
+    if (moment) return Value(*moment);
+  }
+  if (!value.IsNumeric()) return std::nullopt;
+  return Value(MomentOfNumber(value.ToDouble()));
+}
+
+std::optional<Value> ToYesNo(const Value& value) {
+  if (value.IsText()) {
+    const QString word = std::get<QString>(value.variant()).trimmed().toLower();
+    if (word == u"true" || word == u"yes" || word == u"on") return Value(true);
+    if (word == u"false" || word == u"no" || word == u"off") return Value(false);
+  }
+  const auto number = NumberIn(value);
+  if (!number) return std::nullopt;
+  return Value(number->ToDouble() != 0);
+}
+
+Value ToText(const Value& value) {
+  if (const auto* yes = std::get_if<bool>(&value.variant())) return Value(*yes ? "-1" : "0");
+  return Value(value.ToText());
+}
+
+}  // namespace
+
+std::optional<Value> Convert(const Value& value, ColumnType type) {
+  if (value.IsNull()) return type == ColumnType::YesNo ? Value(false) : value;
+  switch (type) {
+    case ColumnType::Counter:
+    case ColumnType::Long:
+      return ToWhole(value);
+    case ColumnType::Single:
+    case ColumnType::Double:
+      return ToFraction(value);
+    case ColumnType::Currency:
+      return ToCurrency(value);
+    case ColumnType::Date:
+      return ToMoment(value);
+    case ColumnType::YesNo:
+      return ToYesNo(value);
+    case ColumnType::Text:
+    case ColumnType::Memo:
+      return ToText(value);
+  }
+  return std::nullopt;
+}
+
+}  // namespace quillary::jet

@@ -1,0 +1,286 @@
+#include "data/jet/Emitter.h"
+
+#include <algorithm>
+
+namespace quillary::jet {
+namespace {
+
+std::string NumberedName(size_t index) {
+  return "\"c" + std::to_string(index + 1) + "\"";
+}
+
+std::string Listed(const std::vector<std::string>& parts) {
+  std::string list;
+  for (const std::string& part : parts) {
+    if (!list.empty()) list += ", ";
+    list += part;
+  }
+  return list;
+}
+
+std::string OutputName(const std::vector<Output>& outputs, size_t index, Naming naming) {
+  return naming == Naming::Real ? Quoted(outputs[index].name) : NumberedName(index);
+}
+
+}  // namespace
+
+SelectText Emitter::SelectOf(const Select& select, const Scope* outer, Naming naming) {
+  ReadElsewhere(select);
+  return select.unions.empty() ? SimpleSelect(select, outer, naming)
+                               : UnionOf(select, outer, naming);
+}
+
+SelectText Emitter::SimpleSelect(const Select& select, const Scope* outer, Naming naming) {
+  Scope scope;
+  scope.outer = outer;
+  std::string body;
+  if (select.from) body += " FROM " + From(*select.from, scope);
+  if (select.where) body += " WHERE " + Condition(Expr(*select.where, scope));
+  scope.aggregatesAllowed = true;
+  body += GroupClause(select, scope);
+  SelectText text;
+  text.outputs = OutputsOf(select, scope);
+  if (select.having) {
+    const Fragment having = Expr(*select.having, scope);
+    CheckGrouped(having, scope);
+    body += " HAVING " + Condition(having);
+  }
+  // The order of a union belongs to the whole.
+  std::vector<std::string> order;
+  if (select.unions.empty()) order = OrderTerms(select, scope, text.outputs);
+  if (select.topLiteral >= 0 && !order.empty()) {
+    text.sql = WithTies(select, body, order, text.outputs, naming);
+    return text;
+  }
+  text.sql = std::string(select.distinct ? "SELECT DISTINCT " : "SELECT ") +
+             ItemList(text.outputs, naming) + body;
+  if (!order.empty()) text.sql += " ORDER BY " + Listed(order);
+  if (select.topLiteral >= 0) {
+    text.sql += " LIMIT " + Parameter(select.topLiteral, ColumnType::Long);
+  }
+  return text;
+}
+
+std::string Emitter::GroupClause(const Select& select, Scope& scope) {
+  const bool aggregates =
+      (select.having && HasAggregate(*select.having)) ||
+      std::any_of(select.items.begin(), select.items.end(), [](const SelectItem& item) {
+        return item.expression && HasAggregate(*item.expression);
+      });
+  if (!select.groupBy.empty()) grouped_ = true;
+  std::vector<std::string> groups;
+  for (const ExpressionPtr& expression : select.groupBy) {
+    const Fragment group = Expr(*expression, scope);
+    if (group.aggregate) Fail(expression->token, "rows can't be grouped by an aggregate");
+    if (group.IsLiteral()) Fail(expression->token, "rows can't be grouped by a literal");
+    groups.push_back(Text(group));
+  }
+  scope.groups = groups;
+  scope.grouped = aggregates || !groups.empty();
+  return groups.empty() ? "" : " GROUP BY " + Listed(groups);
+}
+
+void Emitter::CheckGrouped(const Fragment& fragment, const Scope& scope) const {
+  if (!scope.grouped || !fragment.ungrouped) return;
+  Fail(*fragment.ungrouped, "this column is neither grouped nor in an aggregate");
+}
+
+std::vector<Output> Emitter::OutputsOf(const Select& select, Scope& scope) {
+  std::vector<Output> outputs;
+  for (const SelectItem& item : select.items) {
+    if (item.star) {
+      if (scope.grouped) Fail(item.token, "a grouped select names its columns");
+      AddStar(item, scope, outputs);
+      continue;
+    }
+    Output output;
+    output.fragment = Expr(*item.expression, scope);
+    CheckGrouped(output.fragment, scope);
+    output.named = !item.alias.isEmpty();
+    output.name = item.alias;
+    if (output.fragment.column) {
+      if (!output.named) output.name = output.fragment.column->name;
+      output.sourceAlias =
+          scope.Find(item.expression->qualifier, item.expression->name).source->alias;
+    }
+    outputs.push_back(std::move(output));
+  }
+  NameOutputs(outputs);
+  return outputs;
+}
+
+void Emitter::AddStar(const SelectItem& item, const Scope& scope,
+                      std::vector<Output>& outputs) const {
+  bool found = false;
+  for (const VisibleSource& source : scope.sources) {
+    if (!item.starOf.isEmpty() && source.alias.compare(item.starOf, Qt::CaseInsensitive) != 0) {
+      continue;
+    }
+    found = true;
+    for (const Column& column : source.table->columns) {
+      Output output;
+      output.name = column.name;
+      output.sourceAlias = source.alias;
+      output.fragment = Piece(item.token, Quoted(source.alias) + "." + Quoted(column.name),
+                              kPrimaryPower, column.type, {});
+      output.fragment.column = &column;
+      outputs.push_back(std::move(output));
+    }
+  }
+  if (!found) Fail(item.token, "there is no such table here");
+}
+
+// Columns of one name from several tables carry the table's name; what has none is numbered.
+void Emitter::NameOutputs(std::vector<Output>& outputs) const {
+  int unnamed = 1000;
+  const std::vector<Output> before = outputs;
+  for (Output& output : outputs) {
+    if (output.name.isEmpty()) output.name = QStringLiteral("Expr%1").arg(unnamed++);
+    if (output.named || !output.fragment.column) continue;
+    const bool elsewhere = std::any_of(before.begin(), before.end(), [&](const Output& other) {
+      return !other.named && other.fragment.column && other.sourceAlias != output.sourceAlias &&
+             other.name.compare(output.name, Qt::CaseInsensitive) == 0;
+    });
+    if (elsewhere) output.name = output.sourceAlias + u'.' + output.name;
+  }
+}
+
+std::string Emitter::ItemList(const std::vector<Output>& outputs, Naming naming) {
+  std::vector<std::string> items;
+  for (size_t i = 0; i < outputs.size(); ++i) {
+    std::string item = Text(outputs[i].fragment);
+    if (naming != Naming::None) item += " AS " + OutputName(outputs, i, naming);
+    items.push_back(std::move(item));
+  }
+  return Listed(items);
+}
+
+std::vector<std::string> Emitter::OrderTerms(const Select& select, Scope& scope,
+                                             const std::vector<Output>& outputs) {
+  std::vector<std::string> terms;
+  for (const OrderItem& item : select.orderBy) {
+    const Fragment term = OrderTerm(*item.expression, scope, outputs);
+    CheckGrouped(term, scope);
+    // Yes is -1 and sorts before no.
+    const bool yesNo = FamilyOf(term.type) == Family::YesNo;
+    terms.push_back(Text(yesNo ? AsNumber(term) : term) + (item.descending ? " DESC" : ""));
+  }
+  return terms;
+}
+
+Fragment Emitter::OrderTerm(const Expression& expression, Scope& scope,
+                            const std::vector<Output>& outputs) {
+  if (expression.kind == Expression::Kind::Literal && expression.token.mark == Mark::Whole) {
+    const qint64 ordinal = LiteralOf(expression.token.literal).ToLong();
+    if (ordinal < 1 || ordinal > static_cast<qint64>(outputs.size())) {
+      Fail(expression.token, "there is no column of that number");
+    }
+    result_.mayBeCached = false;
+    return outputs[static_cast<size_t>(ordinal - 1)].fragment;
+  }
+  const bool bare = expression.kind == Expression::Kind::Column && expression.qualifier.isEmpty();
+  const Scope::Found found =
+      bare ? scope.Find(expression.qualifier, expression.name) : Scope::Found();
+  if (!bare || (found.column && !found.ambiguous && found.scope == &scope)) {
+    return Expr(expression, scope);
+  }
+  for (const Output& output : outputs) {
+    if (output.name.compare(expression.name, Qt::CaseInsensitive) == 0) return output.fragment;
+  }
+  return Expr(expression, scope);
+}
+
+// Rows that tie with the last one of TOP come too.
+std::string Emitter::WithTies(const Select& select, const std::string& body,
+                              const std::vector<std::string>& order, std::vector<Output>& outputs,
+                              Naming naming) {
+  std::string rows = "SELECT ";
+  std::string rank = "rank() OVER (ORDER BY " + Listed(order) + ") AS \"rank\"";
+  std::string picked;
+  for (size_t i = 0; i < outputs.size(); ++i) {
+    picked += (i == 0 ? "" : ", ") + NumberedName(i);
+    if (naming == Naming::Real) picked += " AS " + Quoted(outputs[i].name);
+  }
+  if (select.distinct) {
+    std::vector<std::string> byColumn;
+    for (size_t i = 0; i < select.orderBy.size(); ++i) {
+      const std::string direction = select.orderBy[i].descending ? " DESC" : "";
+      const auto output = std::find_if(outputs.begin(), outputs.end(), [&](const Output& each) {
+        const bool yesNo = FamilyOf(each.fragment.type) == Family::YesNo;
+        return Text(yesNo ? AsNumber(each.fragment) : each.fragment) + direction == order[i];
+      });
+      if (output == outputs.end()) {
+        Fail(select.orderBy[i].expression->token, "distinct rows are ordered by their columns");
+      }
+      const bool yesNo = FamilyOf(output->fragment.type) == Family::YesNo;
+      byColumn.push_back((yesNo ? "-" : "") +
+                         NumberedName(static_cast<size_t>(output - outputs.begin())) + direction);
+    }
+    rank = "rank() OVER (ORDER BY " + Listed(byColumn) + ") AS \"rank\"";
+    rows +=
+        "*, " + rank + " FROM (SELECT DISTINCT " + ItemList(outputs, Naming::Numbered) + body + ")";
+  } else {
+    rows += ItemList(outputs, Naming::Numbered) + ", " + rank + body;
+  }
+  return "SELECT " + picked + " FROM (" + rows +
+         ") WHERE \"rank\" <= " + Parameter(select.topLiteral, ColumnType::Long) +
+         " ORDER BY \"rank\"";
+}
+
+SelectText Emitter::Wrapped(SelectText inner, const std::vector<ColumnType>& types, Naming naming) {
+  std::vector<std::string> items;
+  bool converts = false;
+  for (size_t i = 0; i < inner.outputs.size(); ++i) {
+    Fragment& fragment = inner.outputs[i].fragment;
+    fragment = Piece(fragment.token, NumberedName(i), kPrimaryPower, fragment.type, {});
+    fragment = As(fragment, types[i]);
+    const std::string sql = Text(fragment);
+    converts = converts || sql != NumberedName(i);
+    items.push_back(sql +
+                    (naming == Naming::None ? "" : " AS " + OutputName(inner.outputs, i, naming)));
+  }
+  if (converts || naming == Naming::Real) {
+    inner.sql = "SELECT " + Listed(items) + " FROM (" + inner.sql + ")";
+  }
+  return inner;
+}
+
+SelectText Emitter::UnionOf(const Select& select, const Scope* outer, Naming naming) {
+  std::vector<SelectText> parts;
+  parts.push_back(SimpleSelect(select, outer, Naming::Numbered));
+  for (const Select::Union& part : select.unions) {
+    parts.push_back(SelectOf(*part.select, outer, Naming::Numbered));
+    if (parts.back().outputs.size() != parts.front().outputs.size()) {
+      Fail(part.select->token, "the selects of a union have to give as many columns");
+    }
+  }
+  std::vector<ColumnType> types;
+  for (size_t i = 0; i < parts.front().outputs.size(); ++i) {
+    std::optional<ColumnType> type;
+    for (const SelectText& part : parts) type = CommonType(type, part.outputs[i].fragment.type);
+    types.push_back(type.value_or(ColumnType::Text));
+  }
+  SelectText whole;
+  std::vector<Output> outputs = parts.front().outputs;
+  for (size_t i = 0; i < parts.size(); ++i) {
+    if (i > 0) whole.sql += select.unions[i - 1].all ? " UNION ALL " : " UNION ";
+    SelectText part = Wrapped(std::move(parts[i]), types, Naming::Numbered);
+    whole.sql += "SELECT * FROM (" + part.sql + ")";
+  }
+  for (size_t i = 0; i < outputs.size(); ++i) {
+    outputs[i].fragment = Piece(select.token, NumberedName(i), kPrimaryPower, types[i], {});
+  }
+  whole.outputs = outputs;
+  std::vector<std::string> items;
+  for (size_t i = 0; i < outputs.size(); ++i) {
+    items.push_back(NumberedName(i) +
+                    (naming == Naming::Real ? " AS " + Quoted(outputs[i].name) : ""));
+  }
+  whole.sql = "SELECT " + Listed(items) + " FROM (" + whole.sql + ")";
+  Scope scope;
+  const std::vector<std::string> order = OrderTerms(select, scope, outputs);
+  if (!order.empty()) whole.sql += " ORDER BY " + Listed(order);
+  return whole;
+}
+
+}  // namespace quillary::jet

@@ -1,0 +1,129 @@
+#pragma once
+
+#include "data/jet/Fragment.h"
+#include "data/jet/Scope.h"
+#include "data/jet/Tree.h"
+
+#include <deque>
+
+namespace quillary::jet {
+
+/// One column of a select: what it is called and what it holds.
+struct Output {
+  QString name;
+  bool named = false;   // by an alias
+  QString sourceAlias;  // where the column comes from; empty for an expression
+  Fragment fragment;
+};
+
+struct SelectText {
+  std::string sql;
+  std::vector<Output> outputs;
+};
+
+/// How the columns of an emitted select are called there: not at all, c1, c2..., or as in the
+/// dialect.
+enum class Naming { None, Numbered, Real };
+
+/// Checks names and types of a tree against the catalogue and writes SQLite's text for it.
+class Emitter {
+ public:
+  Emitter(const CutStatement& statement, const Catalogue& catalogue);
+  Translation Emit(const Statement& tree);
+
+ private:
+  [[noreturn]] void Fail(const Token& token, const std::string& what) const;
+  const Table& TableNamed(const QString& name, const Token& token) const;
+  const Column& ColumnNamed(const Table& table, const QString& name, const Token& token) const;
+
+  // Pieces of text.
+  /// Writes the fragment, in parentheses where it ties more loosely than `power`.
+  std::string Text(const Fragment& fragment, int power = 0);
+  std::string Parameter(int literal, std::optional<ColumnType> convertTo);
+  Fragment Piece(const Token& token, std::string sql, int power, std::optional<ColumnType> type,
+                 std::initializer_list<const Fragment*> parts) const;
+  const Value& LiteralOf(int literal) const;
+
+  // Conversions.
+  /// The value as an assignment into that type would store it.
+  Fragment As(const Fragment& fragment, ColumnType type);
+  Fragment ConvertedTo(const Fragment& fragment, ColumnType type);
+  /// The value as arithmetic takes it: yes is -1, a date its count of days, a text its number.
+  Fragment AsNumber(const Fragment& fragment);
+  Fragment AsText(const Fragment& fragment);
+  std::string Condition(const Fragment& fragment, int power = 0);
+  /// Brings two values that are compared to one type.
+  void Match(Fragment& left, Fragment& right, bool equality);
+  void AdaptLiteral(Fragment& literal, const Fragment& other, bool equality);
+  void MatchFamilies(Fragment& left, Fragment& right);
+
+  // Expressions.
+  Fragment Expr(const Expression& expression, Scope& scope);
+  Fragment ExprByKind(const Expression& expression, Scope& scope);
+  Fragment LiteralExpr(const Expression& expression) const;
+  Fragment ColumnExpr(const Expression& expression, Scope& scope);
+  Fragment BinaryExpr(const Expression& expression, Scope& scope);
+  Fragment Logical(const Expression& expression, const Fragment& left, const Fragment& right);
+  Fragment Comparison(const Expression& expression, Fragment left, Fragment right);
+  Fragment Like(const Expression& expression, const Fragment& left, const Fragment& right);
+  Fragment JoinTexts(const Expression& expression, const Fragment& left, const Fragment& right);
+  Fragment AddUp(const Expression& expression, const Fragment& left, const Fragment& right);
+  Fragment ShiftDate(const Expression& expression, const Fragment& left, const Fragment& right);
+  Fragment Arithmetic(const Expression& expression, const Fragment& left, const Fragment& right);
+  Fragment Negated(const Expression& expression, Scope& scope);
+  Fragment BetweenExpr(const Expression& expression, Scope& scope);
+  Fragment InListExpr(const Expression& expression, Scope& scope);
+  Fragment InSelectExpr(const Expression& expression, Scope& scope);
+  Fragment SubSelectExpr(const Expression& expression, Scope& scope);
+  Fragment CallExpr(const Expression& expression, Scope& scope);
+  Fragment SpecialCall(const Expression& expression, const std::vector<Fragment>& arguments);
+  Fragment Choice(const Expression& expression, const std::vector<Fragment>& arguments);
+  Fragment AggregateExpr(const Expression& expression, Scope& scope);
+  std::string FilledTemplate(const char* pattern, const std::vector<std::string>& arguments,
+                             const Token& token) const;
+
+  // Selects.
+  SelectText SelectOf(const Select& select, const Scope* outer, Naming naming);
+  SelectText SimpleSelect(const Select& select, const Scope* outer, Naming naming);
+  SelectText UnionOf(const Select& select, const Scope* outer, Naming naming);
+  SelectText Wrapped(SelectText inner, const std::vector<ColumnType>& types, Naming naming);
+  std::vector<Output> OutputsOf(const Select& select, Scope& scope);
+  void AddStar(const SelectItem& item, const Scope& scope, std::vector<Output>& outputs) const;
+  void NameOutputs(std::vector<Output>& outputs) const;
+  std::string ItemList(const std::vector<Output>& outputs, Naming naming);
+  std::string GroupClause(const Select& select, Scope& scope);
+  std::vector<std::string> OrderTerms(const Select& select, Scope& scope,
+                                      const std::vector<Output>& outputs);
+  Fragment OrderTerm(const Expression& expression, Scope& scope,
+                     const std::vector<Output>& outputs);
+  std::string WithTies(const Select& select, const std::string& body,
+                       const std::vector<std::string>& order, std::vector<Output>& outputs,
+                       Naming naming);
+  void CheckGrouped(const Fragment& fragment, const Scope& scope) const;
+  void ReadElsewhere(const Select& select);
+  IntoTarget IntoOf(const IntoName& into, const std::vector<Output>& outputs) const;
+
+  // Sources.
+  std::string From(const Source& source, Scope& scope);
+  std::string Leaf(const Source& source, Scope& scope);
+  std::string Joined(const Source& source, Scope& scope);
+  void Inspect(const Source& source, Scope& scope);
+
+  // Statements.
+  void EmitSelect(const Select& select);
+  void EmitInsert(const Insert& insert);
+  std::string InsertedRows(const Insert& insert, const std::vector<const Column*>& columns);
+  void EmitUpdate(const Update& update);
+  const VisibleSource& UpdateTarget(const Update& update, const Scope& scope) const;
+  void EmitDelete(const Delete& statement);
+  void EmitSchema(const Statement& tree);
+
+  const CutStatement& statement_;
+  const Catalogue& catalogue_;
+  const Catalogue* reading_;  // of the file that the sources are in
+  Translation result_;
+  std::deque<Table> derived_;  // what sub-selects in FROM look like
+  bool grouped_ = false;
+};
+
+}  // namespace quillary::jet
