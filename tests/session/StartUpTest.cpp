@@ -94,8 +94,8 @@ TEST_F(StartUpTest, MonthlyInvoicesAreRememberedOnTheDay) {
 TEST_F(StartUpTest, TemporaryFilesOfTheProgramsFolderGo) {
   QDir(folder.path()).mkdir("sub");
   for (const char* name : {"a.tmp", "b.tmp", "keep.txt", "sub/c.tmp"}) {
-    QFile file(folder.filePath(name));
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    QFile empty(folder.filePath(name));
+    ASSERT_TRUE(empty.open(QIODevice::WriteOnly));
   }
   Start();
   EXPECT_FALSE(QFile::exists(folder.filePath("a.tmp")));

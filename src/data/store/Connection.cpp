@@ -4,6 +4,7 @@
 #include <QFileInfo>
 
 #include "data/store/IntoTable.h"
+#include "data/store/OtherFile.h"
 #include "data/store/SqlFunctions.h"
 
 namespace quillary {
@@ -42,6 +43,33 @@ StorageFailure Reworded(const StorageFailure& failure, const QString& file) {
                             QStringLiteral("%1: %2").arg(file, QString::fromUtf8(failure.what())));
   }
 }
+
+/// The catalogue of the open file, which also opens the file that a FROM ... IN reads. That file
+/// stays open for as long as this lives.
+class CatalogueWithOthers : public jet::Catalogue {
+ public:
+  explicit CatalogueWithOthers(const SchemaCatalogue& own) : own_(own) {}
+
+  const jet::Table* FindTable(QStringView name) const override { return own_.FindTable(name); }
+  std::vector<QString> IndexesUsing(QStringView table, QStringView column) const override {
+    return own_.IndexesUsing(table, column);
+  }
+  std::vector<QString> IndexStatements(QStringView table) const override {
+    return own_.IndexStatements(table);
+  }
+  const jet::Catalogue* Elsewhere(const QString& file) const override {
+    other_.emplace(file);
+    RegisterSqlFunctions(other_->Handle());
+    otherCatalogue_.Load(other_->Handle());
+    return &otherCatalogue_;
+  }
+  sqlite3* OtherHandle() const { return other_->Handle(); }
+
+ private:
+  const SchemaCatalogue& own_;
+  mutable std::optional<OtherFile> other_;
+  mutable SchemaCatalogue otherCatalogue_;
+};
 
 std::string SavepointName(int depth) { return "\"part" + std::to_string(depth) + "\""; }
 
@@ -142,27 +170,31 @@ Recordset Connection::RunCut(const jet::CutStatement& cut) {
   RequireTransaction();
   const auto cached = cache_.find(cut.shape);
   if (cached != cache_.end()) return RunPrepared(cached->second, cut.literals);
-  return RunTranslation(jet::Translate(cut, catalogue_), cut);
+  const CatalogueWithOthers catalogue(catalogue_);
+  const jet::Translation translation = jet::Translate(cut, catalogue);
+  sqlite3* source = translation.sourceFile ? catalogue.OtherHandle() : database_.get();
+  return RunTranslation(translation, cut, source);
 }
 
 Recordset Connection::RunTranslation(const jet::Translation& translation,
-                                     const jet::CutStatement& cut) {
+                                     const jet::CutStatement& cut, sqlite3* source) {
   if (translation.into) {
-    RunInto(translation, cut);
+    RunInto(translation, cut, source);
     return {std::make_shared<ResultColumns>(), {}};
   }
   if (translation.changesSchema) {
     RunSchemaChange(translation);
     return {std::make_shared<ResultColumns>(), {}};
   }
-  CachedStatement prepared = Prepare(translation);
+  CachedStatement prepared = Prepare(translation, source);
   Recordset recordset = RunPrepared(prepared, cut.literals);
-  if (translation.mayBeCached) Keep(cut.shape, std::move(prepared));
+  if (translation.mayBeCached && source == database_.get()) Keep(cut.shape, std::move(prepared));
   return recordset;
 }
 
-Connection::CachedStatement Connection::Prepare(const jet::Translation& translation) const {
-  return {Statement(database_.get(), translation.statements.front()), translation.parameters,
+Connection::CachedStatement Connection::Prepare(const jet::Translation& translation,
+                                                sqlite3* source) {
+  return {Statement(source, translation.statements.front()), translation.parameters,
           std::make_shared<ResultColumns>(translation.columns)};
 }
 
@@ -219,8 +251,9 @@ void Connection::RunSchemaChange(const jet::Translation& translation) {
   Commit();
 }
 
-void Connection::RunInto(const jet::Translation& translation, const jet::CutStatement& cut) {
-  CachedStatement select = Prepare(translation);
+void Connection::RunInto(const jet::Translation& translation, const jet::CutStatement& cut,
+                         sqlite3* source) {
+  CachedStatement select = Prepare(translation, source);
   const Recordset rows = RunPrepared(select, cut.literals);
   if (translation.into->file) {
     MakeTableInFile(*translation.into, rows);

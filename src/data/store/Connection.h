@@ -74,11 +74,12 @@ class Connection {
   void OpenHandle(OpenMode mode);
   void Configure();
   Recordset RunCut(const jet::CutStatement& cut);
-  Recordset RunTranslation(const jet::Translation& translation, const jet::CutStatement& cut);
+  Recordset RunTranslation(const jet::Translation& translation, const jet::CutStatement& cut,
+                           sqlite3* source);
   Recordset RunPrepared(CachedStatement& cached, const std::vector<Value>& literals);
   void RunSchemaChange(const jet::Translation& translation);
-  void RunInto(const jet::Translation& translation, const jet::CutStatement& cut);
-  CachedStatement Prepare(const jet::Translation& translation) const;
+  void RunInto(const jet::Translation& translation, const jet::CutStatement& cut, sqlite3* source);
+  static CachedStatement Prepare(const jet::Translation& translation, sqlite3* source);
   void Keep(const std::string& shape, CachedStatement statement);
   void ForgetSchema();
   void RequireTransaction() const;

@@ -1,8 +1,7 @@
 #include "data/store/IntoTable.h"
 
-#include <QFileInfo>
-
 #include "data/jet/Declarations.h"
+#include "data/store/OtherFile.h"
 #include "data/store/Statement.h"
 
 namespace quillary {
@@ -31,28 +30,6 @@ std::string InsertStatement(const jet::IntoTarget& target) {
   }
   return "INSERT INTO " + Quoted(target.table) + " VALUES (" + places + ")";
 }
-
-/// A second file, open for as long as this lives.
-class OtherFile {
- public:
-  explicit OtherFile(const QString& path) {
-    if (!QFileInfo(path).isFile()) {
-      throw StatementRefused("The file " + path.toStdString() + " was not found");
-    }
-    const int code = sqlite3_open_v2(path.toUtf8().constData(), &database_,
-                                     SQLITE_OPEN_READWRITE | SQLITE_OPEN_EXRESCODE, nullptr);
-    if (code == SQLITE_OK) return;
-    sqlite3_close_v2(database_);
-    ThrowFailure(nullptr, code);
-  }
-  ~OtherFile() { sqlite3_close_v2(database_); }
-  OtherFile(const OtherFile&) = delete;
-  OtherFile& operator=(const OtherFile&) = delete;
-  sqlite3* Handle() const { return database_; }
-
- private:
-  sqlite3* database_ = nullptr;
-};
 
 }  // namespace
 

@@ -54,13 +54,13 @@ TEST_F(ConnectionTest, TheSameShapeServesOtherLiteralsAndTypes) {
 TEST_F(ConnectionTest, SumsOfCurrencyDoNotDrift) {
   file.Begin();
   for (int job = 0; job < 10000; ++job) file.Run("INSERT INTO Jobs (Price) VALUES (0.1)");
-  file.Commit();
   EXPECT_EQ(file.Run("SELECT SUM(Price) FROM Jobs").Field(size_t{0}),
             Value(Money::FromWhole(1000)));
   for (int job = 0; job < 1000; ++job) {
     file.Run("UPDATE Jobs SET Price = Price + 0.1 WHERE Job_ID = 1");
   }
   EXPECT_FALSE(file.Run("SELECT Job_ID FROM Jobs WHERE Price = 100.1").EndOfFile());
+  file.Commit();
 }
 
 TEST_F(ConnectionTest, CountersAreNeverHandedOutTwice) {
@@ -151,6 +151,9 @@ TEST_F(ConnectionTest, SelectIntoMakesATableHereOrInAnotherFile) {
   Connection other(otherPath);
   other.Open(OpenMode::Existing);
   EXPECT_EQ(other.Run("SELECT Name FROM Moved").Field(size_t{0}), Value("a"));
+  other.Close();
+  file.Run("SELECT * INTO Back FROM Moved IN '" + otherPath.toStdString() + "' WHERE Name = 'A'");
+  EXPECT_EQ(file.Run("SELECT Price FROM Back").Field(size_t{0}), Value(Money::FromUnits(55000)));
   EXPECT_THROW(file.Run("SELECT * INTO Moved IN '/nowhere/x.mdb' FROM Jobs"), StatementRefused);
 }
 
@@ -193,9 +196,11 @@ struct BadFile {
 };
 
 TEST_F(ConnectionTest, UnusableFilesAreToldApartAndLeftAlone) {
+  file.Begin();
   for (int job = 0; job < 2000; ++job) {
     file.Run(Sql("INSERT INTO Jobs (Name, Notes) VALUES ({}, {})", job, QString(80, u'x')));
   }
+  file.Commit();
   file.Close();
   QFile good(path);
   ASSERT_TRUE(good.open(QIODevice::ReadOnly));

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <sqlite3.h>
+
+#include <QString>
+
+namespace quillary {
+
+/// A second business file beside the open one, open for as long as this lives.
+class OtherFile {
+ public:
+  /// Throws StatementRefused when there is no such file, and StorageFailure.
+  explicit OtherFile(const QString& path);
+  ~OtherFile() { sqlite3_close_v2(database_); }
+  OtherFile(const OtherFile&) = delete;
+  OtherFile& operator=(const OtherFile&) = delete;
+
+  sqlite3* Handle() const { return database_; }
+
+ private:
+  sqlite3* database_ = nullptr;
+};
+
+}  // namespace quillary
