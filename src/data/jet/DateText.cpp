@@ -46,19 +46,22 @@ class Cursor {
 
 std::optional<QTime> TakeTime(Cursor& cursor, int hour) {
   std::array<int, 2> parts{0, 0};
+  bool isTime = false;
   for (int& part : parts) {
     if (!cursor.Take(':')) break;
     const auto number = cursor.TakeNumber();
     if (!number) return std::nullopt;
     part = *number;
+    isTime = true;
   }
   cursor.SkipBlanks();
   if (const char half = cursor.TakeHalfOfDay()) {
     if (hour < 1 || hour > 12) return std::nullopt;
     hour = hour % 12 + (half == 'P' ? 12 : 0);
+    isTime = true;
   }
   const QTime time(hour, parts[0], parts[1]);
-  if (!time.isValid()) return std::nullopt;
+  if (!isTime || !time.isValid()) return std::nullopt;
   return time;
 }
 
@@ -93,6 +96,8 @@ std::optional<DateTime> Read(std::string_view text, bool dayFirst) {
     moment.time = *time;
   }
   cursor.SkipBlanks();
+  // Stored dates have four digits for the year, so that they sort as texts.
+  if (moment.date.year() > 9999) return std::nullopt;
   if (!cursor.AtEnd() || !moment.IsValid()) return std::nullopt;
   return moment;
 }

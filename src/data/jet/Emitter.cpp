@@ -57,17 +57,20 @@ const Value& Emitter::LiteralOf(int literal) const {
 }
 
 std::string Emitter::Parameter(int literal, std::optional<ColumnType> convertTo) {
+  const auto numbered = [](size_t number) { return "?" + std::to_string(number); };
+  const auto known = numbers_.find({literal, convertTo});
+  if (known != numbers_.end()) return numbered(known->second);
   auto& parameters = result_.parameters;
-  for (size_t i = 0; i < parameters.size(); ++i) {
+  // The same expression in SELECT and GROUP BY has to be the same text.
+  for (size_t i = 0; grouped_ && i < parameters.size(); ++i) {
     if (parameters[i].convertTo != convertTo) continue;
-    const bool same = parameters[i].literal == literal;
-    // The same expression in SELECT and GROUP BY has to be the same text.
-    if (!same && !(grouped_ && LiteralOf(parameters[i].literal) == LiteralOf(literal))) continue;
-    if (!same) result_.mayBeCached = false;
-    return "?" + std::to_string(i + 1);
+    if (LiteralOf(parameters[i].literal) != LiteralOf(literal)) continue;
+    result_.mayBeCached = false;
+    return numbered(i + 1);
   }
   parameters.push_back({literal, convertTo});
-  return "?" + std::to_string(parameters.size());
+  numbers_[{literal, convertTo}] = parameters.size();
+  return numbered(parameters.size());
 }
 
 std::string Emitter::Text(const Fragment& fragment, int power) {

@@ -5,6 +5,7 @@
 #include "data/jet/Tree.h"
 
 #include <deque>
+#include <map>
 
 namespace quillary::jet {
 
@@ -123,6 +124,7 @@ class Emitter {
   const Catalogue* reading_;  // of the file that the sources are in
   Translation result_;
   std::deque<Table> derived_;  // what sub-selects in FROM look like
+  std::map<std::pair<int, std::optional<ColumnType>>, size_t> numbers_;  // of the parameters
   bool grouped_ = false;
 };
 
