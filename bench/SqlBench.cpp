@@ -6,9 +6,10 @@
 #include <QTemporaryDir>
 
 #include <cstdio>
-#include <string>
 
+#include "BenchPorts.h"
 #include "Timing.h"
+#include "data/Business.h"
 #include "data/Schema.h"
 #include "data/store/Connection.h"
 
@@ -46,15 +47,26 @@ void Fill(Connection& file) {
   file.Commit();
 }
 
-void RunPrepared(Statement& statement, int client) {
-  statement.Bind(1, client);
-  while (statement.Step()) {
-    for (int column = 0; column < statement.ColumnCount(); ++column) {
-      volatile size_t length = statement.Column(column, jet::ColumnType::Text).ToText().size();
-      static_cast<void>(length);
+/// What a program that knows its statement would write: bind, step, look at each field.
+void RunByHand(sqlite3_stmt* statement, int client) {
+  sqlite3_bind_int(statement, 1, client);
+  size_t bytes = 0;
+  while (sqlite3_step(statement) == SQLITE_ROW) {
+    const int columns = sqlite3_column_count(statement);
+    for (int column = 0; column < columns; ++column) {
+      const unsigned char* text = sqlite3_column_text(statement, column);
+      bytes += text != nullptr ? static_cast<size_t>(sqlite3_column_bytes(statement, column)) : 0;
     }
   }
-  statement.Reset();
+  volatile size_t read = bytes;
+  static_cast<void>(read);
+  sqlite3_reset(statement);
+}
+
+sqlite3_stmt* PrepareByHand(sqlite3* database, const char* text) {
+  sqlite3_stmt* statement = nullptr;
+  sqlite3_prepare_v2(database, text, -1, &statement, nullptr);
+  return statement;
 }
 
 struct Costs {
@@ -63,7 +75,11 @@ struct Costs {
   double fresh;
 };
 
-Costs Measure(Connection& file, const Contest& contest) {
+Costs Measure(Business& business, const Contest& contest) {
+  Connection& file = business.StoreConnection();
+  sqlite3* database = file.Handle();
+  const QString before = contest.before;
+  const QString after = contest.after;
   std::vector<double> prepared;
   std::vector<double> dialect;
   std::vector<double> fresh;
@@ -75,18 +91,19 @@ Costs Measure(Connection& file, const Contest& contest) {
     if (contest.writes) file.Commit();
     return seconds / kStatements * 1e6;
   };
-  Statement byHand(file.Handle(), contest.prepared);
-  const std::string freshText(contest.prepared);
+  sqlite3_stmt* byHand = PrepareByHand(database, contest.prepared);
   for (int round = 0; round < kRounds; ++round) {
-    prepared.push_back(forEach([&](int client) { RunPrepared(byHand, client); }));
+    prepared.push_back(forEach([&](int client) { RunByHand(byHand, client); }));
     dialect.push_back(forEach([&](int client) {
-      file.Run(contest.before + std::to_string(client) + contest.after);
+      business.RunSQL(before + QString::number(client) + after);
     }));
     fresh.push_back(forEach([&](int client) {
-      Statement statement(file.Handle(), freshText);
-      RunPrepared(statement, client);
+      sqlite3_stmt* statement = PrepareByHand(database, contest.prepared);
+      RunByHand(statement, client);
+      sqlite3_finalize(statement);
     }));
   }
+  sqlite3_finalize(byHand);
   return {Median(prepared), Median(dialect), Median(fresh)};
 }
 
@@ -94,15 +111,16 @@ void Run() {
   QTemporaryDir folder;
   const QString path = folder.filePath(QStringLiteral("DATA.MDB"));
   CreateEmptyBusiness(path);
-  Connection file(path);
-  file.Open(OpenMode::Existing);
-  Fill(file);
+  BenchPorts ports(QDate(2026, 11, 2));
+  Business business(ports.Ports(), path);
+  business.ConnectToDatabase();
+  Fill(business.StoreConnection());
   std::printf("A statement text through the dialect on a warm cache (medians of %d rounds of %d)\n",
               kRounds, kStatements);
   std::printf("%-26s %12s %12s %12s %12s %12s\n", "", "by hand us", "dialect us", "fresh us",
               "/ by hand", "/ fresh");
   for (const Contest& contest : kContests) {
-    const Costs costs = Measure(file, contest);
+    const Costs costs = Measure(business, contest);
     std::printf("%-26s %12.2f %12.2f %12.2f %12.2f %12.2f\n", contest.name, costs.prepared,
                 costs.dialect, costs.fresh, costs.dialect / costs.prepared,
                 costs.dialect / costs.fresh);
