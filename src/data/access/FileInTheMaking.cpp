@@ -37,7 +37,13 @@ FileInTheMaking::FileInTheMaking(const QString& target)
       path_(QStringLiteral("%1.making-%2")
                 .arg(target)
                 .arg(QRandomGenerator::global()->generate(), 8, 16, QLatin1Char('0'))) {
-  if (QFileInfo::exists(target)) throw Exists(target);
+  const QFileInfo info(target);
+  if (info.exists()) throw Exists(target);
+  if (!QFileInfo(info.absolutePath()).isDir()) {
+    throw StorageFailure(StorageFault::CannotOpen,
+                         QStringLiteral("%1 cannot be made: there is no folder %2")
+                             .arg(target, info.absolutePath()));
+  }
 }
 
 FileInTheMaking::~FileInTheMaking() {

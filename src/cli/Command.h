@@ -1,0 +1,75 @@
+#pragma once
+
+#include "cli/Ports.h"
+
+#include <QHash>
+#include <QString>
+#include <QStringList>
+#include <QTextStream>
+
+#include <optional>
+#include <stdexcept>
+#include <vector>
+
+namespace quillary {
+
+/// The command could not be done; exit code 1.
+class CommandFailure : public std::runtime_error {
+ public:
+  explicit CommandFailure(const QString& what) : std::runtime_error(what.toStdString()) {}
+};
+
+/// The command line makes no sense; exit code 2.
+class WrongUsage : public std::runtime_error {
+ public:
+  explicit WrongUsage(const QString& what) : std::runtime_error(what.toStdString()) {}
+};
+
+/// The words of a command line, sorted.
+struct Arguments {
+  QStringList positional;
+  QHash<QString, QString> options;  // without the dashes; a switch has an empty value
+
+  bool Has(const char* option) const { return options.contains(QLatin1String(option)); }
+  /// Throw CommandFailure for what is no day of the calendar, and WrongUsage for what is no whole
+  /// number in the range.
+  std::optional<QDate> Date(const char* option) const;
+  std::optional<qint64> Number(const char* option, qint64 least, qint64 most) const;
+};
+
+/// A whole number from 1 on, such as a key. Throws WrongUsage.
+qint64 ParseKey(const QString& text);
+
+/// One use of a command.
+struct Call {
+  const Arguments& arguments;
+  bool json = false;
+  CompanionWorld& world;
+  QTextStream& out;
+
+  const QString& File() const { return arguments.positional.first(); }
+};
+
+struct Option {
+  const char* name;   // without the dashes
+  const char* value;  // how help names its value; null for a switch
+  const char* help;
+};
+
+struct Command {
+  const char* name;
+  const char* usage;  // the words behind the name
+  const char* help;
+  std::vector<Option> options;
+  int fewest;  // positional arguments
+  int most;
+  void (*run)(const Call& call);
+};
+
+// Each group of commands.
+std::vector<Command> FileCommands();
+std::vector<Command> StatementCommands();
+std::vector<Command> ScheduleCommands();
+std::vector<Command> DiaryCommands();
+
+}  // namespace quillary

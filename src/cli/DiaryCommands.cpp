@@ -1,0 +1,135 @@
+#include "cli/Command.h"
+#include "cli/Printing.h"
+#include "cli/WorkingBusiness.h"
+#include "scheduling/DiaryDay.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace quillary {
+namespace {
+
+DiaryQuery QueryOf(const Arguments& arguments) {
+  const auto from = arguments.Date("from");
+  if (!from) throw WrongUsage(QStringLiteral("diary needs --from"));
+  DiaryQuery query;
+  query.from = *from;
+  query.to = arguments.Date("to").value_or(*from);
+  query.employeeId = arguments.Number("employee", 0, std::numeric_limits<qint32>::max());
+  if (query.from > query.to) throw CommandFailure(QString::fromLatin1(kInvalidDateRange));
+  return query;
+}
+
+Value IdOrNull(qint64 id) {
+  return id < 0 ? Value() : Value(id);
+}
+
+/// Everything the screen's list holds, under the names of the columns it comes from.
+ResultTable AllColumns(const DiaryList& list) {
+  ResultTable table({"Sequence", "Diary_ID", "Client_ID", "Billing_Client_ID", "Display_Name",
+                     "Address", "Phones", "Description", "Total_Price", "Status", "Status_Words",
+                     "Employee_ID", "Invoice_ID", "Schedule_Date", "Payment_ID"});
+  for (const DiaryRow& row : list.rows) {
+    table.AddRow({row.sequence, row.diaryId, row.clientId, row.billingClientId, row.displayName,
+                  row.address, row.phones, row.description, row.totalPrice, row.status,
+                  row.StatusWords(), row.employeeId, IdOrNull(row.invoiceId), row.scheduleDate,
+                  IdOrNull(row.paymentId)});
+  }
+  return table;
+}
+
+/// What a person at a terminal looks for.
+ResultTable ShortColumns(const DiaryList& list) {
+  ResultTable table({"Date", "Seq", "Diary_ID", "Client", "Address", "Description", "Price",
+                     "Status", "Employee", "Paid"});
+  for (const DiaryRow& row : list.rows) {
+    table.AddRow({row.scheduleDate.toString(Qt::ISODate), row.sequence, row.diaryId,
+                  row.displayName, row.address, row.description, row.totalPrice, row.StatusWords(),
+                  row.employeeId, row.paymentId < 0 ? QString() : QStringLiteral("paid")});
+  }
+  return table;
+}
+
+void RunDiary(const Call& call) {
+  const DiaryQuery query = QueryOf(call.arguments);
+  const auto business = OpenCurrentBusiness(call);
+  const DiaryList list = LoadDiary(*business, query);
+  business->CloseConnection();
+  if (call.json) {
+    call.out << "{\"rows\": ";
+    AllColumns(list).PrintJson(call.out);
+    call.out << ", \"Total_Amount_Of_Jobs\": " << list.totalAmountOfJobs.ToText()
+             << ", \"Total_No_Of_Jobs\": " << list.totalNoOfJobs << "}\n";
+    return;
+  }
+  ShortColumns(list).PrintAligned(call.out);
+  call.out << "total amount of jobs: " << list.totalAmountOfJobs.ToCurrencyText() << '\n'
+           << "total no of jobs:     " << list.totalNoOfJobs << '\n';
+  if (list.someHaveNoEmployee) call.out << "Some jobs have no assigned employee.\n";
+}
+
+void RequireOpenJob(Business& business, qint64 diaryId) {
+  const Recordset entry =
+      business.RunSQL(Sql("SELECT Status FROM Diary WHERE Diary_ID = {}", diaryId));
+  if (entry.EndOfFile()) throw CommandFailure(QStringLiteral("there is no entry %1").arg(diaryId));
+  const QString status = entry.Field(u"Status").ToText();
+  if (status.toUpper() == QStringLiteral("J")) return;
+  throw CommandFailure(QStringLiteral("entry %1 is no job to be done: its status is %2")
+                           .arg(diaryId)
+                           .arg(status.isEmpty() ? QStringLiteral("empty") : status));
+}
+
+std::vector<qint64> JobsOf(const QStringList& words) {
+  std::vector<qint64> jobs;
+  for (const QString& word : words) {
+    const qint64 key = ParseKey(word);
+    if (std::find(jobs.begin(), jobs.end(), key) == jobs.end()) jobs.push_back(key);
+  }
+  return jobs;
+}
+
+void RunDone(const Call& call) {
+  const std::vector<qint64> jobs = JobsOf(call.arguments.positional.mid(1));
+  const auto business = OpenCurrentBusiness(call);
+  business->OnRefusedStatement([](const RefusedStatement& refused) {
+    throw CommandFailure(QStringLiteral("refused: ") + refused.reason);
+  });
+  Transaction all(*business);
+  for (const qint64 job : jobs) RequireOpenJob(*business, job);
+  for (const qint64 job : jobs) MarkDoneUnpaid(*business, call.world.prompter, job);
+  all.Commit();
+  business->CloseConnection();
+  ResultTable table({"Diary_ID", "Status"});
+  for (const qint64 job : jobs) table.AddRow({job, "JD"});
+  if (call.json) {
+    table.PrintJson(call.out);
+    call.out << '\n';
+  } else {
+    table.PrintAligned(call.out);
+  }
+}
+
+}  // namespace
+
+std::vector<Command> DiaryCommands() {
+  return {
+      {"diary",
+       "FILE --from DATE [--to DATE] [--employee ID]",
+       "Lists the diary of a day or of several, in the order of the diary screen, with its totals.",
+       {{"from", "DATE", "the first day, YYYY-MM-DD"},
+        {"to", "DATE", "the last day; the first one when missing"},
+        {"employee", "ID", "only this employee's entries"}},
+       1,
+       1,
+       RunDiary},
+      {"done",
+       "FILE DIARY_ID...",
+       "Marks open jobs as done. Does nothing at all when one of them is no open job.",
+       {},
+       2,
+       std::numeric_limits<int>::max(),
+       RunDone},
+  };
+}
+
+}  // namespace quillary

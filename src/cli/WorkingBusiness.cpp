@@ -1,0 +1,46 @@
+#include "cli/WorkingBusiness.h"
+
+#include "data/Schema.h"
+
+namespace quillary {
+namespace {
+
+void RequireCurrentVersion(Business& business) {
+  const qint64 version =
+      business.LookupField(QStringLiteral("infSystem.Database_Version")).ToLong();
+  if (version >= kSchemaVersion) return;
+  throw CommandFailure(QStringLiteral("%1 is of version %2; it has to be brought to version %3 "
+                                      "before anything works on it")
+                           .arg(business.DatabaseFile())
+                           .arg(version)
+                           .arg(kSchemaVersion));
+}
+
+void LoadScheduleValues(Business& business) {
+  LoadHolidaysIntoArray(business);
+  SharedValues& values = business.values;
+  values.daysToAdvanceSchedule = static_cast<int>(
+      business.FirstField(Sql("SELECT Days_To_Advance_Schedule FROM infOptions")).ToLong());
+  values.gstPercentage = static_cast<float>(
+      business.FirstField(Sql("SELECT GST_Percentage FROM infOptions")).ToDouble());
+  values.defaultEmployeeId = business.FirstField(Sql("SELECT MIN(Employee_ID) FROM Employees"));
+  values.defaultServiceId =
+      business.FirstField(Sql("SELECT MIN(Service_ID) FROM Services WHERE Default = true"));
+}
+
+}  // namespace
+
+std::unique_ptr<Business> OpenAnyBusiness(const Call& call) {
+  auto business = std::make_unique<Business>(call.world.Ports(), call.File());
+  business->ConnectToDatabase();
+  return business;
+}
+
+std::unique_ptr<Business> OpenCurrentBusiness(const Call& call) {
+  auto business = OpenAnyBusiness(call);
+  RequireCurrentVersion(*business);
+  LoadScheduleValues(*business);
+  return business;
+}
+
+}  // namespace quillary
