@@ -22,10 +22,10 @@ struct RollCount {
 RollCount AdvanceScheduleGlobally(Business& business);
 
 struct AdvanceOptions {
-  std::optional<QDate> startDate;  // today when missing
-  std::optional<QDate> endDate;    // startDate + Days_To_Advance_Schedule when missing
+  std::optional<QDate> startDate = {};  // today when missing
+  std::optional<QDate> endDate = {};    // startDate + Days_To_Advance_Schedule when missing
   bool deleteExisting = true;
-  std::optional<QDate> deleteFrom;  // startDate when missing
+  std::optional<QDate> deleteFrom = {};  // startDate when missing
 };
 
 /// Rebuilds one client's open diary: deletes the 'J' and 'Q' entries from `deleteFrom` on, without

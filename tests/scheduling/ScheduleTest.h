@@ -1,0 +1,91 @@
+#pragma once
+
+#include <QStringList>
+
+#include "support/BusinessTest.h"
+
+namespace quillary {
+
+inline QDate Day(const char* iso) { return QDate::fromString(QString(iso), Qt::ISODate); }
+
+/// A service as a test thinks of it; only what the case is about differs from the default.
+struct ServiceRow {
+  int service = 1;  // 1 LM, 2 HT, 3 WC
+  const char* status = "Regular";
+  Value frequency = 7;
+  const char* nextVisit = "2026-11-02";  // null for none
+  Value employee = 1;
+  double price = 55;
+  const char* notes = "";
+  Value follows = 0;
+};
+
+/// A business with three services, ten percent of tax and a horizon of 14 days: Monday 2 November
+/// to Monday 16 November 2026.
+class ScheduleTest : public BusinessTest {
+ protected:
+  void SetUp() override {
+    BusinessTest::SetUp();
+    business().values.gstPercentage = 0.1F;
+    business().values.daysToAdvanceSchedule = 14;
+    for (const char* code : {"LM", "HT", "WC"}) {
+      Run(Sql("INSERT INTO Services (Service_Code) VALUES ({})", code));
+    }
+  }
+
+  qint64 AddClient(const char* status = "Active") {
+    Run(Sql("INSERT INTO Clients (Status, Display_Name) VALUES ({}, 'Client')", status));
+    return business().FirstField(Sql("SELECT MAX(Client_ID) FROM Clients")).ToLong();
+  }
+
+  qint64 AddService(qint64 client, const ServiceRow& row = {}) {
+    Run(Sql("INSERT INTO Client_Services (Client_ID, Service_ID, Employee_ID, Status, Price, "
+            "Frequency, Next_Visit, Notes, Other_Schedule_Client_Service_ID) "
+            "VALUES ({}, {}, {}, {}, {}, {}, {}, {}, {})",
+            client, row.service, row.employee, row.status, row.price, row.frequency,
+            row.nextVisit ? Value(Day(row.nextVisit)) : Value(), row.notes, row.follows));
+    return business().FirstField(Sql("SELECT MAX(Client_Service_ID) FROM Client_Services")).ToLong();
+  }
+
+  /// An entry made by hand, with a line for `service` unless that is 0.
+  qint64 AddEntry(qint64 client, const Value& date, const char* status, int service = 1,
+                  int sequence = 1) {
+    Run(Sql("INSERT INTO Diary (Client_ID, Employee_ID, Status, Schedule_Date, Total_Price, "
+            "Total_GST, [Sequence]) VALUES ({}, 1, {}, {}, 0, 0, {})",
+            client, status, date, sequence));
+    const qint64 entry = business().FirstField(Sql("SELECT MAX(Diary_ID) FROM Diary")).ToLong();
+    if (service != 0) {
+      Run(Sql("INSERT INTO Diary_Services (Diary_ID, Service_ID, Price, GST) VALUES ({}, {}, 0, 0)",
+              entry, service));
+    }
+    return entry;
+  }
+
+  void AddHoliday(const char* dayAndMonth, int year = 0) {
+    business().holidays.push_back({QString(dayAndMonth), year, year == 0, QString()});
+  }
+
+  /// All rows of a statement, fields joined by blanks.
+  QStringList Rows(const char* statement) {
+    QStringList rows;
+    for (const Record record : business().RunSQL(QString(statement))) {
+      QStringList fields;
+      for (size_t field = 0; field < record.Size(); ++field) {
+        const Value& value = record[field];
+        fields += value.IsDate() ? value.ToDate().toString(Qt::ISODate)
+                                 : value.ToText(QStringLiteral("-"));
+      }
+      rows += fields.join(u' ');
+    }
+    return rows;
+  }
+  QStringList Visits() {
+    return Rows("SELECT Schedule_Date, Status, Description FROM Diary "
+                "ORDER BY Schedule_Date, Diary_ID");
+  }
+  QStringList NextVisits() {
+    return Rows("SELECT Next_Visit FROM Client_Services ORDER BY Client_Service_ID");
+  }
+};
+
+}  // namespace quillary
