@@ -62,7 +62,7 @@ std::optional<QString> AccessText(QByteArrayView bytes) {
   QStringDecoder decoder(QStringDecoder::Utf16LE,
                          QStringDecoder::Flag::Stateless | QStringDecoder::Flag::ConvertInitialBom);
   const QString text = decoder(bytes);
-  if (decoder.hasError()) return std::nullopt;
+  if (decoder.hasError() || !text.isValidUtf16()) return std::nullopt;
   return text;
 }
 
