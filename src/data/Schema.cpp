@@ -3,6 +3,7 @@
 #include <QFile>
 
 #include "data/SchemaTables.h"
+#include "data/SeedRows.h"
 #include "data/store/Connection.h"
 
 namespace quillary {
@@ -48,83 +49,19 @@ const std::vector<StoreIndex>& StoreIndexes() {
   return indexes;
 }
 
-struct Country {
-  const char* name;
-  const char* registrationName;
-  const char* taxName;
-};
-
-constexpr Country kCountries[] = {
-    {"Australia", "ABN:", "GST"}, {"New Zealand", "GST:", "GST"}, {"UK", nullptr, "VAT"},
-    {"Canada", "GST:", "GST"},    {"U.S.", nullptr, nullptr},
-};
-
-struct Division {
-  int id;
-  const char* name;
-  const char* nature;
-};
-
-// The numbers are shared with head office, gaps included.
-constexpr Division kDivisions[] = {
-    {1, "Gardens", "Garden care"},
-    {2, "Lawns", "Lawn mowing"},
-    {3, "Windows", "Window cleaning"},
-    {4, "Homes", "House cleaning"},
-    {5, "Carpets", "Carpet cleaning"},
-    {6, "Pools", "Pool care"},
-    {7, "Dogs", "Dog washing"},
-    {8, "Cars", "Car detailing"},
-    {9, "Fences", "Fencing"},
-    {10, "Paving", "Paving"},
-    {11, "Painting", "Painting"},
-    {12, "Tiles", "Tile and grout care"},
-    {13, "Roofs", "Roof care"},
-    {14, "Gutters", "Gutter cleaning"},
-    {15, "Trees", "Tree care"},
-    {16, "Handyman", "Repairs around the home"},
-    {17, "Plumbing", "Plumbing"},
-    {18, "Electrical", "Electrical work"},
-    {19, "Antennas", "Antenna installation"},
-    {20, "Ovens", "Oven cleaning"},
-    {21, "Blinds", "Blind cleaning"},
-    {22, "Rubbish", "Rubbish removal"},
-    {23, "Pests", "Pest control"},
-    {24, "Security", "Home security"},
-    {26, "Computers", "Computer help"},
-    {27, "Bookkeeping", "Bookkeeping"},
-    {28, "Removals", "Removals"},
-    {29, "Couriers", "Courier services"},
-    {30, "Irrigation", "Irrigation"},
-    {31, "Solar panels", "Solar panel cleaning"},
-    {33, "Pressure washing", "Pressure washing"},
-};
-
 void FillLists(Connection& file) {
-  for (const Country& country : kCountries) {
-    file.Run(Sql("INSERT INTO Countries (Country_Name, Registration_Name, Tax_Name) "
-                 "VALUES ({}, {}, {})",
-                 country.name, country.registrationName ? country.registrationName : "",
-                 country.taxName ? country.taxName : ""));
+  for (const auto& rows : {CountryRows(), DivisionRows(), HolidayRows()}) {
+    for (const Sql& row : rows) file.Run(row);
   }
-  for (const Division& division : kDivisions) {
-    file.Run(Sql("INSERT INTO Divisions (Division_ID, Division_Name, Nature_Of_Business) "
-                 "VALUES ({}, {}, {})",
-                 division.id, division.name, division.nature));
-  }
-  const std::pair<const char*, const char*> holidays[] = {{"01/01", "New Years Day"},
-                                                          {"25/12", "Christmas Day"}};
-  for (const auto& [date, description] : holidays) {
-    file.Run(Sql("INSERT INTO Holiday (Hol_Date, Hol_Year, Hol_Recurring, Hol_Description) "
-                 "VALUES ({}, 0, True, {})",
-                 date, description));
-  }
+  file.Run("UPDATE Countries SET Tax_Name = 'GST' "
+           "WHERE Country_Name IN ('Australia', 'Canada', 'New Zealand')");
+  file.Run("UPDATE Countries SET Tax_Name = 'VAT' WHERE Country_Name = 'UK'");
 }
 
 void FillOneRowTables(Connection& file) {
   file.Run(Sql("INSERT INTO infOptions (GST_Percentage, Accounting_Method, "
                "EnableOstrel4WebServices, TermsOfTrade) VALUES (.1, 'Cash', True, {})",
-               "Please forward payment of [AMOUNT] within 7 days to:"));
+               TermsOfTradeText()));
   file.Run(Sql("INSERT INTO infPersonalDetails (FSE_Code, Division_ID, Country_ID) "
                "VALUES ('FSECODE', 1, 1)"));
   file.Run(Sql("INSERT INTO infSystem (Database_Version, Invoice_Number, Done_Initial_Setup) "

@@ -130,9 +130,18 @@ class Sequence {
     if (setUpIsDue || commandLine == QStringLiteral("-i")) screens_.ShowFirstTime(*business);
     Advance(1);
     Reached("FirstTime.ShowYourself");
-    Upgrader::Initialize(*business);
+    Upgrade();
     Advance(1);
     Reached("Upgrader.Initialize");
+  }
+
+  void Upgrade() {
+    Upgrader::Options options;
+    options.archiveFolder = QDir(settings_.Folder()).filePath(QStringLiteral("Archive"));
+    options.advanceScheduleForClient = [this](qint64 clientId) {
+      AdvanceScheduleForClient(*business, clientId);
+    };
+    Upgrader::Initialize(*business, options);
   }
 
   void LoadSharedValues() {

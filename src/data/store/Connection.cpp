@@ -150,6 +150,34 @@ void Connection::Checkpoint() {
   }
 }
 
+void Connection::CopyTo(const QString& path) {
+  const QString temporary = path + QStringLiteral(".making");
+  QFile::remove(temporary);
+  if (QFileInfo::exists(path)) {
+    throw StorageFailure(StorageFault::CannotOpen, QStringLiteral("%1 exists already").arg(path));
+  }
+  try {
+    Statement copy(database_.get(), "VACUUM INTO ?1");
+    copy.Bind(1, temporary);
+    copy.Step();
+    const OtherFile written(temporary);
+    Statement check(written.Handle(), "PRAGMA integrity_check");
+    if (!check.Step() || check.Column(0, jet::ColumnType::Text).ToText() != u"ok") {
+      throw StorageFailure(StorageFault::Damaged, QStringLiteral("the copy did not come out whole"));
+    }
+  } catch (const std::exception& error) {
+    QFile::remove(temporary);
+    throw StorageFailure(
+        StorageFault::InputOutput,
+        QStringLiteral("No copy could be made at %1: %2").arg(path, QString(error.what())));
+  }
+  if (!QFile::rename(temporary, path)) {
+    QFile::remove(temporary);
+    throw StorageFailure(StorageFault::InputOutput,
+                         QStringLiteral("No copy could be made at %1").arg(path));
+  }
+}
+
 Recordset Connection::Run(std::string_view statement) {
   try {
     return RunCut(jet::CutLiterals(statement));

@@ -53,6 +53,11 @@ class Connection {
   /// Folds what was committed into the file; for moments when nothing else is to be done.
   void Checkpoint();
 
+  /// Writes a verified copy of what is committed to a new file: first under a temporary name, then,
+  /// once it has passed SQLite's check, under its own. Throws StorageFailure and leaves nothing
+  /// behind when that fails or the file exists already.
+  void CopyTo(const QString& path);
+
   /// Makes an index of the store's own, unless there is one of that name.
   void EnsureIndex(const char* name, const char* table, const std::vector<const char*>& columns);
 

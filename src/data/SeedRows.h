@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QString>
+
+#include <vector>
+
+#include "data/store/Sql.h"
+
+/// The rows that every business begins with, as statements, for new files and for old ones whose
+/// lists are made anew.
+namespace quillary {
+
+std::vector<Sql> DivisionRows();
+/// Without the tax names, which a column of a later version holds.
+std::vector<Sql> CountryRows();
+std::vector<Sql> HolidayRows();
+/// The division of window cleaners, which joined the group later than the others.
+QString WindowDivisionName();
+/// "[AMOUNT]" stands for the amount.
+QString TermsOfTradeText();
+
+}  // namespace quillary
