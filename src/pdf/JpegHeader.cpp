@@ -39,7 +39,8 @@ class JpegReader {
   explicit JpegReader(std::string_view file) : file_(file) {}
 
   JpegHeader Read() {
-    if (NextMarker() != kStartOfImage) throw PDFError("it is no JPEG file");
+    if (!file_.StartsWith("\xFF\xD8")) throw PDFError("it is no JPEG file");
+    file_.Take(2);
     for (;;) {
       const int marker = NextMarker();
       if (marker == kEndOfImage) break;

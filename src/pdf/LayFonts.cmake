@@ -1,4 +1,5 @@
-# Run as a script: cmake -DSOURCE=<folder of the font package> -DTARGET=<folder to fill> -P LayFonts.cmake
+# Run as a script:
+#   cmake -DSOURCE=<folder of the font package> -DTARGET=<folder to fill> -P LayFonts.cmake
 #
 # Lays the metric files of the faces that the PDF writer names. The faces come from fonts that agree
 # in every width with the built-in ones of a PDF viewer. Text is written in WinAnsiEncoding, while
@@ -52,7 +53,9 @@ function(read_metrics file header characters)
 endfunction()
 
 function(write_metrics face header table count)
-  string(REPLACE "@" ";" text "${header}StartCharMetrics ${count}\n${table}EndCharMetrics\nEndFontMetrics\n")
+  string(CONCAT text "${header}" "StartCharMetrics ${count}\n" "${table}"
+    "EndCharMetrics\nEndFontMetrics\n")
+  string(REPLACE "@" ";" text "${text}")
   file(WRITE ${TARGET}/${face}.afm "${text}")
 endfunction()
 
@@ -63,7 +66,8 @@ function(lay_text_face face file)
       set(width_${CMAKE_MATCH_2} ${CMAKE_MATCH_1})
     endif()
   endforeach()
-  string(REGEX REPLACE "EncodingScheme [A-Za-z]+" "EncodingScheme WinAnsiEncoding" header "${header}")
+  string(REGEX REPLACE "EncodingScheme [A-Za-z]+" "EncodingScheme WinAnsiEncoding"
+    header "${header}")
   set(table "")
   set(code 32)
   foreach(name IN LISTS WIN_ANSI)

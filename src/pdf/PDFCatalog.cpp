@@ -157,20 +157,18 @@ int PDFWriter::WriteCatalog(int pagesObject, int outlinesObject) {
 
 void PDFWriter::WriteCrossReference(int catalogObject) {
   const std::uint64_t start = strict_ ? output_.Position() : filePosition_;
-  LineBuffer table;
-  table.AddLine("xref");
-  table.AddLine("0 ", offsets_.size() + 1);
-  table.AddLine("0000000000 65535 f");
-  for (const std::uint64_t offset : offsets_) table.AddLine(PadOffset(offset), " 00000 n");
-  table.AddLine("trailer");
-  table.AddLine("<< /Size ", offsets_.size() + (strict_ ? 1 : 0));
-  table.AddLine("/Root ", catalogObject, " 0 R");
-  table.AddLine("/Info 1 0 R");
-  table.AddLine(">>");
-  table.AddLine("startxref");
-  table.AddLine(start);
-  table.AddLine("%%EOF");
-  output_.Write(table.Text());
+  WriteLine("xref");
+  WriteLine("0 " + std::to_string(offsets_.size() + 1));
+  WriteLine("0000000000 65535 f");
+  for (const std::uint64_t offset : offsets_) WriteLine(PadOffset(offset) + " 00000 n");
+  WriteLine("trailer");
+  WriteLine("<< /Size " + std::to_string(offsets_.size() + (strict_ ? 1 : 0)));
+  WriteLine("/Root " + std::to_string(catalogObject) + " 0 R");
+  WriteLine("/Info 1 0 R");
+  WriteLine(">>");
+  WriteLine("startxref");
+  WriteLine(std::to_string(start));
+  WriteLine("%%EOF");
 }
 
 }  // namespace quillary

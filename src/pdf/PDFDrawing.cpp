@@ -117,12 +117,18 @@ void PDFWriter::PDFSetDrawColor(const PDFColor& color) {
   drawColor_ = ColorOperator(channels.value_or(FromNumber(kBlack)), "rg");
 }
 
+void PDFWriter::PrepareLineStyle() {
+  if (pageState_.lineStyle == lineStyle_) return;
+  pageContent_.AddLine(lineStyle_);
+  pageState_.lineStyle = lineStyle_;
+}
+
 /// Brings dashes and width of the page to what is set, ahead of a shape: its own width operator
 /// comes too late for the shape itself.
 void PDFWriter::PrepareLine() {
-  if (pageState_.lineStyle != lineStyle_) pageContent_.AddLine(lineStyle_);
-  pageState_.lineStyle = lineStyle_;
-  if (pageState_.lineWidth != lineWidth_) pageContent_.AddLine(Decimal(lineWidth_), " w");
+  PrepareLineStyle();
+  if (pageState_.lineWidth == lineWidth_) return;
+  pageContent_.AddLine(Decimal(lineWidth_), " w");
   pageState_.lineWidth = lineWidth_;
 }
 
@@ -152,9 +158,8 @@ void PDFWriter::CurveTo(double x1, double y1, double x2, double y2, double x3, d
 void PDFWriter::StrokedLine(std::string_view frame, double x1, double y1, double x2, double y2) {
   if (strict_) {
     PrepareLine();
-  } else if (pageState_.lineStyle != lineStyle_) {
-    pageContent_.AddLine(lineStyle_);
-    pageState_.lineStyle = lineStyle_;
+  } else {
+    PrepareLineStyle();
   }
   pageContent_.AddLine("%DEBUT_", frame, "/%");
   pageContent_.AddLine(lineColor_);

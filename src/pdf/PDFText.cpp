@@ -30,15 +30,18 @@ std::string FaceName(std::string_view font, bool bold, bool italic) {
 
 /// A page text has each backslash doubled twice, so that two of them show.
 std::string EscapePageText(std::string_view winAnsi, bool strict) {
-  if (winAnsi.find_first_of("\\()") == std::string_view::npos) return std::string(winAnsi);
   std::string text;
-  for (const char byte : winAnsi) {
-    if (byte == '\\') {
-      text += strict ? "\\\\" : "\\\\\\\\";
-    } else {
-      if (byte == '(' || byte == ')') text += '\\';
-      text += byte;
-    }
+  text.reserve(winAnsi.size() + 8);
+  while (!winAnsi.empty()) {
+    const auto special = std::find_if(winAnsi.begin(), winAnsi.end(), [](char byte) {
+      return byte == '\\' || byte == '(' || byte == ')';
+    });
+    text.append(winAnsi.begin(), special);
+    winAnsi.remove_prefix(static_cast<std::size_t>(special - winAnsi.begin()));
+    if (winAnsi.empty()) break;
+    text += winAnsi.front() == '\\' && !strict ? "\\\\\\" : "\\";
+    text += winAnsi.front();
+    winAnsi.remove_prefix(1);
   }
   return text;
 }
@@ -73,10 +76,13 @@ int PDFWriter::UseFont(const std::string& face) {
 }
 
 void PDFWriter::PDFLoadAfm(const std::filesystem::path& folder) {
+  std::error_code error;
+  const auto changed = std::filesystem::last_write_time(folder, error);
+  if (!error && folder == listedFolder_ && changed == listedChange_) return;
   listedFolder_ = folder;
+  listedChange_ = changed;
   metrics_.clear();
   fontNameList_.clear();
-  std::error_code error;
   for (const auto& entry : std::filesystem::directory_iterator(folder, error)) {
     std::string name = entry.path().string();
     std::transform(name.begin(), name.end(), name.begin(),
@@ -175,9 +181,9 @@ std::string PDFWriter::UnderlineOperators(std::string_view winAnsi, double x, do
   return std::string(line.Text());
 }
 
-/// The watermark of the current page, in place of one prepared before. The divisors set the text a
-/// little high and right of the exact middle, which looks more central for letters standing on
-/// their base line.
+/// The watermark of the current page, in place of one prepared before. The letters stand
+/// to the upper left of their base line, so that line starts to the right of an exactly centred
+/// one.
 void PDFWriter::PrepareWatermark() {
   pageGraphics_.Clear();
   if (watermark_.empty()) return;
@@ -195,7 +201,7 @@ void PDFWriter::PrepareWatermark() {
     const std::string text = ToWinAnsi(watermark_);
     const double reach = WidthInPoints(text, fontName_, fontSize_) * std::sin(Radians(45));
     const Page& page = CurrentPage();
-    ShowText(pageGraphics_, text, page.width / 2 - reach / 2.15, page.height / 2 - reach / 2.75,
+    ShowText(pageGraphics_, text, page.width / 2 - reach / 2.75, page.height / 2 - reach / 2.15,
              45);
   } catch (...) {
     restore();

@@ -67,15 +67,15 @@ using PDFPageFormat = std::variant<int, std::vector<double>>;
 /// and no viewer is started.
 struct PDFHost {
   /// Where font metric files are sought unless PDFPathConfiguration names another folder.
-  std::filesystem::path applicationFolder;
+  std::filesystem::path applicationFolder{};
   /// The viewer of the user's choice, handed on to openFile; empty for the platform's own.
-  std::string viewerPath;
+  std::string viewerPath{};
   /// A message box: its title and its text.
-  std::function<void(const std::string& title, const std::string& text)> showMessage;
+  std::function<void(const std::string& title, const std::string& text)> showMessage{};
   /// Shows the finished file to the user. Called once at the end of every document.
-  std::function<void(const std::string& viewerPath, const std::filesystem::path& file)> openFile;
+  std::function<void(const std::string& viewerPath, const std::filesystem::path& file)> openFile{};
   /// The local time, for the creation date of the document.
-  std::function<std::chrono::local_seconds()> now;
+  std::function<std::chrono::local_seconds()> now{};
 };
 
 }  // namespace quillary

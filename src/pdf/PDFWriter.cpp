@@ -158,6 +158,7 @@ void PDFWriter::PDFFormatPage(const PDFPageFormat& format) {
 
 void PDFWriter::PDFFileName(const std::filesystem::path& file) {
   fileName_ = file;
+  objectNumber_ = 0;  // a document that was given up ends here
   output_.Open(file);
 }
 

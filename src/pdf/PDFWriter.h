@@ -178,7 +178,8 @@ class PDFWriter {
                 double height = 0, const PDFTarget& link = {});
   /// In the unit. Without a font name and size those that are set are measured.
   double PDFGetStringWidth(std::string_view text, std::string_view font = {}, int size = 0);
-  /// Lists the metric files of a folder, which is then searched after the font folder.
+  /// Lists the metric files of a folder, which is then searched after the font folder. An unchanged
+  /// folder is not read again.
   void PDFLoadAfm(const std::filesystem::path& folder);
   const std::vector<std::string>& PDFGetFontNameList() const { return fontNameList_; }
   /// A bookmark to a height of the current page. Level 0 is the outermost; a level that skips its
@@ -293,6 +294,7 @@ class PDFWriter {
   std::string UnderlineOperators(std::string_view winAnsi, double x, double y, double rotation);
   Image* LoadImage(const std::filesystem::path& file);
   std::string LineStyleOperator(int style) const;
+  void PrepareLineStyle();
   void PrepareLine();
   void Stroke();
   void StrokedLine(std::string_view frame, double x1, double y1, double x2, double y2);
@@ -309,6 +311,7 @@ class PDFWriter {
   std::filesystem::path fileName_;
   std::filesystem::path fontPath_;
   std::filesystem::path listedFolder_;
+  std::filesystem::file_time_type listedChange_;  // listing it anew for every document takes time
   std::vector<std::string> fontNameList_;
   std::map<std::string, AfmMetrics, std::less<>> metrics_;
 

@@ -1,7 +1,5 @@
 #include "PDFFixture.h"
 
-#include <regex>
-
 namespace quillary {
 namespace {
 
@@ -23,7 +21,9 @@ class DocumentTest : public PDFTest {
 
 /// Lines ended by CR LF.
 std::string Lines(std::string_view text) {
-  return std::regex_replace(std::string(text), std::regex("\n"), "\r\n");
+  std::string lines;
+  for (const char character : text) lines += character == '\n' ? "\r\n" : std::string(1, character);
+  return lines;
 }
 
 TEST_F(DocumentTest, SmallDocumentHasExactlyTheseBytes) {
@@ -355,6 +355,10 @@ TEST_F(DocumentTest, FailuresToWriteReachTheCaller) {
   EXPECT_THROW(writer.PDFEndDoc(), PDFError);
   EXPECT_THROW(writer.PDFNewPage(), PDFError);
   EXPECT_EQ(shown.size(), 1u);
+
+  Begin();  // given up
+  writer.PDFFileName(file);
+  EXPECT_THROW(writer.PDFNewPage(), PDFError);
 
   writer.PDFFileName("/dev/full");
   writer.PDFBeginDoc();
