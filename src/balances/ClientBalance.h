@@ -5,9 +5,9 @@
 #include <QString>
 
 /// What each client owes. A balance is no running ledger: it is computed anew from the prices of
-/// done jobs and the amounts of payments, over the billing group (a client and all who are billed to
-/// it), and kept in Clients.Account_Balance. It has the sign of a bank account: negative is a debt
-/// of the client. Invoices and the link between a job and its payment play no part in it.
+/// done jobs and the amounts of payments, over the billing group (a client and all who are billed
+/// to it), and kept in Clients.Account_Balance. It has the sign of a bank account: negative is a
+/// debt of the client. Invoices and the link between a job and its payment play no part in it.
 namespace quillary {
 
 struct ClientBillingInfo {

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "clients/ClientRecord.h"
+
+#include <QStringList>
+
+#include <variant>
+#include <vector>
+
+/// The editable columns of a client by name: for the companion, which sets them one by one, and for
+/// the fields of the screen, which hold as many characters as their column.
+namespace quillary {
+
+struct ClientColumn {
+  const char* column;
+  const char* field;  // the control that edits it
+  std::variant<QString ClientRecord::*, bool ClientRecord::*> member;
+};
+/// The text and yes/no columns that a user may write, in the order of the save.
+const std::vector<ClientColumn>& ClientColumns();
+
+/// Puts a typed value into the record: a yes/no column takes yes, no, true, false, 1 and 0. Column
+/// names go without regard to case. Refuses an unknown column, a value that is no yes/no, and a
+/// text wider than its column. The checks of the whole record are those of SaveClientDetails().
+std::optional<Refusal> SetClientColumn(Business& business, ClientRecord& client,
+                                       const QString& column, const QString& value);
+
+/// How many characters a text column holds; nothing for memos, other types and unknown columns.
+std::optional<int> ColumnWidth(Business& business, const QString& table, const QString& column);
+
+}  // namespace quillary

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "data/Business.h"
+
+#include <QString>
+
+/// The free text that is printed on invoices, statements and reminders.
+namespace quillary {
+
+QString LoadGeneralNotes(Business& business);
+/// An empty text clears it.
+void SaveGeneralNotes(Business& business, const QString& notes);
+
+}  // namespace quillary

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "base/Refusal.h"
+#include "data/Business.h"
+
+#include <QString>
+
+#include <optional>
+
+/// A client that is only an address which others are billed at.
+namespace quillary {
+
+struct BillingAddress {
+  std::optional<qint64> clientId;  // nothing while it is not stored
+  QString billingName;
+  QString firstName;
+  QString surname;
+  QString streetNumber;
+  QString street;
+  QString suburb;  // stored trimmed and in upper case
+  QString postCode;
+  QString phone1;
+  QString phone2;
+  QString email;
+  QString fax;
+  QString notes;
+  QString statementType;  // one of Lists().statementTypes
+
+  bool operator==(const BillingAddress&) const = default;
+};
+
+/// Nothing when there is no such client.
+std::optional<BillingAddress> LoadBillingAddress(Business& business, qint64 clientId);
+/// Refuses an empty billing name, then a missing statement type.
+std::optional<Refusal> CheckBillingAddress(const BillingAddress& address);
+/// Writes the address to Clients. A new one gets the status "Billing address" and its key, and
+/// bills itself. Writes nothing when CheckBillingAddress() refuses.
+std::optional<Refusal> SaveBillingAddress(Business& business, BillingAddress& address);
+
+}  // namespace quillary
