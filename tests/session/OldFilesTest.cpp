@@ -1,0 +1,139 @@
+#include <QDir>
+#include <QFile>
+
+#include "data/Upgrader.h"
+#include "data/access/ConvertAccessFile.h"
+#include "session/StartUp.h"
+#include "support/BusinessTest.h"
+
+namespace quillary {
+namespace {
+
+class QuietScreens : public StartUpScreens {
+ public:
+  std::function<std::unique_ptr<Business>()> select;
+  std::unique_ptr<Business> SelectDatabaseToAccess() override { return select(); }
+  void ShowProgress() override {}
+  void Advance() override {}
+  void ShowFirstTime(Business&) override {}
+  void ShowMainMenu(Business&) override {}
+  void CheckClientSchedules(Business&) override {}
+  void OpenMonthlyInvoices(Business&) override {}
+  void RenameMenuCaptions(const QString&) override {}
+  void CloseProgress() override {}
+  void StepReached(const QString&) override {}
+};
+
+class OldFilesTest : public BusinessTest {
+ protected:
+  /// The file of that version, converted, started and so brought up to the current version.
+  std::unique_ptr<Business> Start(int version) {
+    const QString file = folder.filePath(QStringLiteral("V%1.MDB").arg(version));
+    ConvertAccessFile(
+        QStringLiteral("%1/access-v%2.mdb").arg(QString(QUILLARY_TEST_DATA)).arg(version), file);
+    QuietScreens screens;
+    screens.select = [&] {
+      auto business = OpenDatabase(ports, file, folder.path());
+      business->OnRefusedStatement(
+          [this](const RefusedStatement& refused) { refusals += refused.statement; });
+      return business;
+    };
+    auto started = StartUp(ports, settings, {}, screens);
+    const QStringList told = outside.prompter.TakeTold();
+    EXPECT_TRUE(told.value(0).contains("This business was kept at version"))
+        << told.join('\n').toStdString();
+    return started;
+  }
+  Value First(Business& old, const char* statement) { return old.FirstField(Sql(statement)); }
+
+  Outside ports = outside.Ports();
+  LocalSettings settings{folder.path(), outside.prompter};
+  QStringList refusals;
+};
+
+TEST_F(OldFilesTest, AFileOfVersion44Arrives) {
+  const auto old = Start(44);
+  ASSERT_TRUE(old);
+  EXPECT_EQ(First(*old, "SELECT Database_Version FROM infSystem"), Value(57));
+  EXPECT_EQ(First(*old, "SELECT COUNT(*) FROM Countries WHERE Tax_Name = 'GST'"), Value(3));
+  EXPECT_EQ(First(*old, "SELECT COUNT(*) FROM Countries WHERE Tax_Name = 'VAT'"), Value(1));
+  EXPECT_EQ(First(*old, "SELECT TermsOfTrade FROM infOptions"),
+            Value("Please forward payment of [AMOUNT] within 7 days to:"));
+  EXPECT_EQ(First(*old, "SELECT EnableOstrel4WebServices FROM infOptions"), Value(true));
+  // The second naming of the taxes meets its column, and one statement is none of the dialect.
+  EXPECT_EQ(refusals.filter("Tax_Name").size(), 1) << refusals.join('\n').toStdString();
+  EXPECT_EQ(refusals.filter("UPDATE COLUMN").size(), 1);
+  EXPECT_EQ(refusals.size(), 2) << refusals.join('\n').toStdString();
+  // What was there is still there, and the roll filled the diary up to its horizon.
+  EXPECT_EQ(First(*old, "SELECT SUM(Amount) FROM Payments"),
+            Value(Money::FromUnits(2095865000)));
+  EXPECT_GT(First(*old, "SELECT COUNT(*) FROM Diary WHERE Schedule_Date > #2026/11/30# "
+                        "AND Status = 'J'")
+                .ToLong(),
+            50);
+  const QStringList kept =
+      QDir(folder.filePath("Archive")).entryList({"V44 version 44 *.MDB"}, QDir::Files);
+  ASSERT_EQ(kept.size(), 1);
+  Business copy(ports, folder.filePath("Archive/" + kept.first()));
+  EXPECT_EQ(First(copy, "SELECT Database_Version FROM infSystem"), Value(44));
+}
+
+TEST_F(OldFilesTest, AFileOfVersion12ClimbsTheWholeLadder) {
+  const auto old = Start(12);
+  ASSERT_TRUE(old);
+  EXPECT_EQ(First(*old, "SELECT Database_Version FROM infSystem"), Value(57));
+  EXPECT_EQ(First(*old, "SELECT COUNT(*) FROM Clients WHERE Display_Name IS NULL"), Value(0));
+  EXPECT_FALSE(old->RunSQL(Sql("SELECT * FROM Clients")).FieldExists(u"Billing_Name"));
+  EXPECT_EQ(First(*old, "SELECT SUM(Total_Amount) FROM Invoices"),
+            First(*old, "SELECT SUM(Item_Amount) FROM Invoice_Items"));
+  EXPECT_EQ(First(*old, "SELECT COUNT(*) FROM Invoices WHERE Invoice_Number IS NULL"), Value(0));
+  EXPECT_EQ(First(*old, "SELECT Invoice_Number FROM infSystem"),
+            First(*old, "SELECT MAX(Invoice_ID) FROM Invoices"));
+  EXPECT_EQ(First(*old, "SELECT COUNT(*) FROM General_Ledger_Entries "
+                        "WHERE Payment_ID IS NULL AND Purchase_ID IS NULL"),
+            Value(0));
+  EXPECT_EQ(First(*old, "SELECT COUNT(*) FROM Quotes"),
+            First(*old, "SELECT COUNT(*) FROM Clients WHERE Status = 'Quote only'"));
+  EXPECT_EQ(First(*old, "SELECT COUNT(*) FROM Clients "
+                        "WHERE Account_Balance < 0 AND Debtor_Since IS NULL"),
+            Value(0));
+  EXPECT_EQ(First(*old, "SELECT COUNT(*) FROM Suburb_Position"),
+            Value(static_cast<int>(
+                old->RunSQL(Sql("SELECT DISTINCT Suburb FROM Clients WHERE Suburb <> ''"))
+                    .RowCount())));
+  EXPECT_GT(First(*old, "SELECT COUNT(*) FROM Diary WHERE Schedule_Date > #2026/11/30# "
+                        "AND Status = 'J'")
+                .ToLong(),
+            20);
+}
+
+TEST_F(OldFilesTest, AStoppedRungLeavesTheOneBelowIt) {
+  // A number with letters stops the rung that reads the highest one.
+  Run(Sql("UPDATE infSystem SET Database_Version = 35"));
+  Run(Sql("INSERT INTO Invoices (Invoice_Number) VALUES ('A17')"));
+  for (const char* part : {"CREATE TABLE", "ALTER TABLE", "CREATE INDEX", "CLng"}) {
+    ExpectRefused(part);
+  }
+  Upgrader::Options options;
+  options.archiveFolder = folder.filePath("Archive");
+  EXPECT_THROW(Upgrader::Initialize(business(), options), NoRecordset);
+  EXPECT_EQ(business().LookupField("infSystem.Database_Version"), Value(35));
+  EXPECT_EQ(Count("Holiday"), 2);  // the rung's earlier steps are undone with it
+
+  Run(Sql("UPDATE Invoices SET Invoice_Number = '17'"));
+  outside.clock.now.time = QTime(9, 1);
+  Upgrader::Initialize(business(), options);
+  EXPECT_EQ(business().LookupField("infSystem.Database_Version"), Value(57));
+  EXPECT_EQ(business().LookupField("infSystem.Invoice_Number"), Value(17));
+  EXPECT_EQ(outside.prompter.TakeTold().size(), 1);
+}
+
+TEST_F(OldFilesTest, AFileAboveTheCurrentVersionIsLeftAlone) {
+  Run(Sql("UPDATE infSystem SET Database_Version = 58"));
+  Upgrader::Initialize(business(), {});
+  EXPECT_EQ(business().LookupField("infSystem.Database_Version"), Value(58));
+  EXPECT_TRUE(outside.prompter.TakeTold().isEmpty());
+}
+
+}  // namespace
+}  // namespace quillary
