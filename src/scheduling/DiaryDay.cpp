@@ -68,6 +68,11 @@ Sql DiaryStatement(const DiaryQuery& query) {
                     "Diary.Diary_ID;"));
 }
 
+QString Joined(QStringList parts, const QString& separator) {
+  parts.removeAll(QString());
+  return parts.join(separator);
+}
+
 DiaryRow RowOf(const Record& record) {
   const auto text = [&](const char16_t* column) { return record[column].ToText(); };
   DiaryRow row;
@@ -76,9 +81,10 @@ DiaryRow RowOf(const Record& record) {
   row.clientId = record[u"Client_ID"].ToLong();
   row.billingClientId = record[u"Billing_Client_ID"].ToLong();
   row.displayName = text(u"Display_Name").trimmed();
-  row.address = text(u"Suburb") + u' ' + text(u"Post_Code") + u' ' + text(u"Street") + u' ' +
-                text(u"Street_Number");
-  row.phones = text(u"Phone_1") + QStringLiteral("; ") + text(u"Phone_2");
+  row.address =
+      Joined({text(u"Suburb"), text(u"Post_Code"), text(u"Street"), text(u"Street_Number")},
+             QStringLiteral(" "));
+  row.phones = Joined({text(u"Phone_1"), text(u"Phone_2")}, QStringLiteral("; "));
   row.description = text(u"Description");
   row.totalPrice = record[u"Total_Price"].ToMoney();
   row.status = text(u"Status");

@@ -40,11 +40,12 @@ std::vector<QDate> PastDays(const Business& business, const Client& client,
 
 void InventPast(Model& model, const Business& business, size_t index, Dice& dice) {
   const Client& client = model.clients[index];
+  if (client.status.startsWith(u"Quote")) return;
   std::map<QDate, Visit> byDay;
   for (const Service& service : client.services) {
     const Service& schedule =
         service.follows < 0 ? service : client.services[static_cast<size_t>(service.follows)];
-    if (schedule.frequency == 0 || service.status == u"Quote only") continue;
+    if (schedule.frequency == 0) continue;
     for (const QDate& day : PastDays(business, client, schedule)) {
       Visit& visit = byDay[day];
       visit.client = index;

@@ -1,0 +1,246 @@
+// The roll of the whole diary, beside a plain loop of two prepared statements that writes the same
+// rows into the same file: same tables and indexes, same settings, one transaction. The two take
+// turns on fresh copies of the file, and the ratios are of the medians.
+
+#include "BenchPorts.h"
+#include "Timing.h"
+#include "data/Business.h"
+#include "data/Schema.h"
+#include "data/store/Connection.h"
+#include "scheduling/ScheduleEngine.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <fstream>
+#include <memory>
+#include <string>
+
+namespace quillary::bench {
+namespace {
+
+constexpr int kDays = 365;
+constexpr double kMostTimesRaw = 4;
+constexpr double kMostGrowth = 1.3;
+constexpr double kMostMemory = 64;  // MiB
+
+const QDate kToday(2026, 11, 2);
+
+struct Size {
+  int clients;
+  int rounds;
+};
+constexpr Size kSizes[] = {{250, 9}, {1000, 7}, {4000, 3}};
+
+struct Cost {
+  int visits = 0;
+  double roll = 0;  // seconds
+  double raw = 0;
+  double memory = 0;  // MiB
+  double PerVisit() const { return roll / visits * 1e6; }
+};
+
+/// A business whose clients each have one weekly service, spread over the days of the week.
+void WriteBusiness(const QString& path, int clients) {
+  CreateEmptyBusiness(path);
+  Connection file(path);
+  file.Open(OpenMode::Existing);
+  file.Begin();
+  file.Run(Sql("INSERT INTO Services (Service, Service_Code) VALUES ('Lawn mowing', 'LM')"));
+  for (int client = 1; client <= clients; ++client) {
+    file.Run(Sql("INSERT INTO Clients (Status, Display_Name) VALUES ('Active', {})",
+                 QStringLiteral("Client %1").arg(client)));
+    file.Run(Sql(
+        "INSERT INTO Client_Services (Client_ID, Service_ID, Employee_ID, Status, Price, "
+        "Frequency, Next_Visit) VALUES ({}, 1, {}, 'Regular', {}, 7, {})",
+        client, client % 3 + 1, Money::FromWhole(40 + client % 50), kToday.addDays(client % 7)));
+  }
+  file.Commit();
+}
+
+QString FreshCopy(const QTemporaryDir& folder, const QString& original) {
+  const QString copy = folder.filePath(QStringLiteral("COPY.MDB"));
+  QFile::remove(copy);
+  QFile::copy(original, copy);
+  return copy;
+}
+
+/// A figure of /proc/self/status in MiB.
+double StatusMiB(const std::string& name) {
+  std::ifstream status("/proc/self/status");
+  for (std::string line; std::getline(status, line);) {
+    if (line.rfind(name, 0) == 0) return std::atof(line.c_str() + name.size()) / 1024;
+  }
+  return 0;
+}
+
+void RestartPeakMemory() {
+  std::ofstream("/proc/self/clear_refs") << "5";
+}
+
+void Check(int code, int expected = SQLITE_OK) {
+  if (code == expected) return;
+  std::fprintf(stderr, "SQLite: %s\n", sqlite3_errstr(code));
+  std::exit(1);
+}
+
+struct CloseHandle {
+  void operator()(sqlite3* database) const { sqlite3_close_v2(database); }
+};
+struct FreeValue {
+  void operator()(sqlite3_value* value) const { sqlite3_value_free(value); }
+};
+using Handle = std::unique_ptr<sqlite3, CloseHandle>;
+using Cell = std::unique_ptr<sqlite3_value, FreeValue>;
+
+/// The rows of one table, as SQLite holds them.
+struct Table {
+  std::string insert;
+  int columns = 0;
+  std::vector<Cell> cells;
+};
+
+Handle OpenRaw(const QString& path) {
+  sqlite3* database = nullptr;
+  Check(sqlite3_open(path.toUtf8().constData(), &database));
+  Check(sqlite3_exec(database,
+                     "PRAGMA locking_mode = EXCLUSIVE; PRAGMA temp_store = MEMORY;"
+                     "PRAGMA cache_size = -16000; PRAGMA journal_mode = WAL;"
+                     "PRAGMA synchronous = FULL",
+                     nullptr, nullptr, nullptr));
+  return Handle(database);
+}
+
+Table ReadTable(sqlite3* database, const char* columns, const char* name, const char* key) {
+  Table table;
+  const std::string select =
+      std::string("SELECT ") + columns + " FROM " + name + " ORDER BY " + key;
+  sqlite3_stmt* statement = nullptr;
+  Check(sqlite3_prepare_v2(database, select.c_str(), -1, &statement, nullptr));
+  table.columns = sqlite3_column_count(statement);
+  while (sqlite3_step(statement) == SQLITE_ROW) {
+    for (int column = 0; column < table.columns; ++column) {
+      table.cells.emplace_back(sqlite3_value_dup(sqlite3_column_value(statement, column)));
+    }
+  }
+  sqlite3_finalize(statement);
+  std::string places = "?";
+  for (int column = 1; column < table.columns; ++column) places += ", ?";
+  table.insert = std::string("INSERT INTO ") + name + " (" + columns + ") VALUES (" + places + ")";
+  return table;
+}
+
+/// What the roll wrote, as the raw loop is to write it again.
+struct Written {
+  Table entries;
+  Table lines;
+};
+
+Written ReadWritten(const QString& path) {
+  const Handle database = OpenRaw(path);
+  return {ReadTable(database.get(),
+                    "Client_ID, Employee_ID, Status, Schedule_Date, Description, Total_Price, "
+                    "Total_GST, Time_Requested, Estimated_Minutes, Sequence, Notes",
+                    "Diary", "Diary_ID"),
+          ReadTable(database.get(), "Diary_ID, Service_ID, Price, GST, Frequency", "Diary_Services",
+                    "Diary_Service_ID")};
+}
+
+void InsertRow(sqlite3_stmt* statement, const Table& table, size_t row) {
+  for (int column = 0; column < table.columns; ++column) {
+    const size_t cell = row * static_cast<size_t>(table.columns) + static_cast<size_t>(column);
+    sqlite3_bind_value(statement, column + 1, table.cells[cell].get());
+  }
+  Check(sqlite3_step(statement), SQLITE_DONE);
+  sqlite3_reset(statement);
+}
+
+double TimeRaw(const QString& path, const Written& written) {
+  const Handle database = OpenRaw(path);
+  return Seconds([&] {
+    sqlite3_stmt* entry = nullptr;
+    sqlite3_stmt* line = nullptr;
+    Check(sqlite3_exec(database.get(), "BEGIN IMMEDIATE", nullptr, nullptr, nullptr));
+    Check(sqlite3_prepare_v2(database.get(), written.entries.insert.c_str(), -1, &entry, nullptr));
+    Check(sqlite3_prepare_v2(database.get(), written.lines.insert.c_str(), -1, &line, nullptr));
+    const size_t rows = written.entries.cells.size() / static_cast<size_t>(written.entries.columns);
+    for (size_t row = 0; row < rows; ++row) {
+      InsertRow(entry, written.entries, row);
+      InsertRow(line, written.lines, row);
+    }
+    sqlite3_finalize(entry);
+    sqlite3_finalize(line);
+    Check(sqlite3_exec(database.get(), "COMMIT", nullptr, nullptr, nullptr));
+  });
+}
+
+double TimeRoll(const QString& path, Cost& cost) {
+  BenchPorts ports(kToday);
+  Business business(ports.Ports(), path);
+  business.ConnectToDatabase();
+  business.values.daysToAdvanceSchedule = kDays;
+  business.values.gstPercentage = 0.1F;
+  LoadHolidaysIntoArray(business);
+  RestartPeakMemory();
+  const double before = StatusMiB("VmRSS:");
+  const double seconds =
+      Seconds([&] { cost.visits = AdvanceScheduleGlobally(business).entriesMade; });
+  cost.memory = std::max(cost.memory, StatusMiB("VmHWM:") - before);
+  return seconds;
+}
+
+Cost Measure(const Size& size) {
+  QTemporaryDir folder;
+  const QString original = folder.filePath(QStringLiteral("DATA.MDB"));
+  WriteBusiness(original, size.clients);
+  Cost cost;
+  std::vector<double> roll;
+  std::vector<double> raw;
+  Written written;
+  for (int round = 0; round < size.rounds; ++round) {
+    roll.push_back(TimeRoll(FreshCopy(folder, original), cost));
+    if (round == 0) written = ReadWritten(folder.filePath(QStringLiteral("COPY.MDB")));
+    raw.push_back(TimeRaw(FreshCopy(folder, original), written));
+  }
+  cost.roll = Median(roll);
+  cost.raw = Median(raw);
+  return cost;
+}
+
+const char* Verdict(bool reached) {
+  return reached ? "reached" : "MISSED";
+}
+
+void Run() {
+  std::printf("Roll of weekly services over %d days, beside a raw prepared loop (medians)\n",
+              kDays);
+  std::printf("%8s %8s %10s %10s %10s %12s %10s\n", "clients", "visits", "roll s", "raw s",
+              "roll/raw", "us a visit", "MiB added");
+  Cost costs[std::size(kSizes)];
+  for (size_t index = 0; index < std::size(kSizes); ++index) {
+    Cost& cost = costs[index] = Measure(kSizes[index]);
+    std::printf("%8d %8d %10.3f %10.3f %10.2f %12.2f %10.1f\n", kSizes[index].clients, cost.visits,
+                cost.roll, cost.raw, cost.roll / cost.raw, cost.PerVisit(), cost.memory);
+  }
+  const double timesRaw = costs[1].roll / costs[1].raw;
+  const double growth = costs[2].PerVisit() / costs[0].PerVisit();
+  std::printf("roll at 1000 clients / raw loop: %.2f, at most %.1f: %s\n", timesRaw, kMostTimesRaw,
+              Verdict(timesRaw <= kMostTimesRaw));
+  std::printf("cost a visit at 4000 / at 250 clients: %.2f, at most %.1f: %s\n", growth,
+              kMostGrowth, Verdict(growth <= kMostGrowth));
+  std::printf("memory added at 1000 clients: %.1f MiB, at most %.0f: %s\n", costs[1].memory,
+              kMostMemory, Verdict(costs[1].memory <= kMostMemory));
+}
+
+}  // namespace
+}  // namespace quillary::bench
+
+int main(int argc, char** argv) {
+  const QCoreApplication application(argc, argv);
+  quillary::bench::Run();
+  return 0;
+}
