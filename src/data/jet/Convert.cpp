@@ -17,6 +17,7 @@ std::optional<DateTime> MomentOfNumber(double days) {
   const double whole = std::floor(days);
   const qint64 seconds = std::llround((days - whole) * kSecondsPerDay);
   const QDate date = DayZero().addDays(static_cast<qint64>(whole) + seconds / kSecondsPerDay);
+  if (date.year() < 100 || date.year() > 9999) return std::nullopt;
   return DateTime(date, QTime(0, 0).addSecs(static_cast<int>(seconds % kSecondsPerDay)));
 }
 
@@ -28,7 +29,7 @@ double NumberOfMoment(const DateTime& moment) {
 // A moment goes into a number as its count of days; all else as it reads.
 std::optional<Value> NumberIn(const Value& value) {
   if (const auto* moment = std::get_if<DateTime>(&value.variant())) {
-    return Value(NumberOfMoment(*moment));
+    return NumberOfMoment(*moment);
   }
   if (std::holds_alternative<bool>(value.variant()) || value.IsNumeric()) return value;
   return std::nullopt;
@@ -38,56 +39,63 @@ std::optional<Value> ToWhole(const Value& value) {
   const auto number = NumberIn(value);
   if (!number) return std::nullopt;
   if (std::fabs(number->ToDouble()) > 9.2e18) return std::nullopt;
-  return Value(number->ToLong());
+  return number->ToLong();
 }
 
 std::optional<Value> ToFraction(const Value& value) {
   const auto number = NumberIn(value);
   if (!number) return std::nullopt;
-  return Value(number->ToDouble());
+  return number->ToDouble();
 }
 
 std::optional<Value> ToCurrency(const Value& value) {
   if (value.IsText()) {
     const auto amount = Money::Parse(std::get<QString>(value.variant()));
-    if (amount) return Value(*amount);
+    if (amount) return *amount;
   }
   const auto number = NumberIn(value);
   // Beyond this an amount would leave the range that ten-thousandths in 64 bits can hold.
   if (!number || std::fabs(number->ToDouble()) > 9.2e14) return std::nullopt;
-  return Value(number->ToMoney());
+  return number->ToMoney();
 }
 
 std::optional<Value> ToMoment(const Value& value) {
   if (value.IsDate()) return value;
   if (value.IsText()) {
     const auto moment = ReadDateText(std::get<QString>(value.variant()));
-    if (moment) return Value(*moment);
+    if (moment) return *moment;
   }
   if (!value.IsNumeric()) return std::nullopt;
-  return Value(MomentOfNumber(value.ToDouble()));
+  const auto moment = MomentOfNumber(value.ToDouble());
+  if (!moment) return std::nullopt;
+  return *moment;
 }
 
 std::optional<Value> ToYesNo(const Value& value) {
   if (value.IsText()) {
     const QString word = std::get<QString>(value.variant()).trimmed().toLower();
-    if (word == u"true" || word == u"yes" || word == u"on") return Value(true);
-    if (word == u"false" || word == u"no" || word == u"off") return Value(false);
+    if (word == u"true" || word == u"yes" || word == u"on") return true;
+    if (word == u"false" || word == u"no" || word == u"off") return false;
   }
   const auto number = NumberIn(value);
   if (!number) return std::nullopt;
-  return Value(number->ToDouble() != 0);
+  return number->ToDouble() != 0;
 }
 
-Value ToText(const Value& value) {
-  if (const auto* yes = std::get_if<bool>(&value.variant())) return Value(*yes ? "-1" : "0");
-  return Value(value.ToText());
+QString ToText(const Value& value) {
+  if (const auto* yes = std::get_if<bool>(&value.variant())) {
+    return *yes ? QStringLiteral("-1") : QStringLiteral("0");
+  }
+  return value.ToText();
 }
 
 }  // namespace
 
 std::optional<Value> Convert(const Value& value, ColumnType type) {
-  if (value.IsNull()) return type == ColumnType::YesNo ? Value(false) : value;
+  if (value.IsNull()) {
+    if (type == ColumnType::YesNo) return false;
+    return value;
+  }
   switch (type) {
     case ColumnType::Counter:
     case ColumnType::Long:

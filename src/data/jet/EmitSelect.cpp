@@ -25,7 +25,9 @@ std::string OutputName(const std::vector<Output>& outputs, size_t index, Naming 
 }  // namespace
 
 SelectText Emitter::SelectOf(const Select& select, const Scope* outer, Naming naming) {
-  ReadElsewhere(select);
+  if (select.fileLiteral >= 0 && !result_.sourceFile) {
+    Fail(select.fileToken, "only a select that stands alone reads another file");
+  }
   return select.unions.empty() ? SimpleSelect(select, outer, naming)
                                : UnionOf(select, outer, naming);
 }
@@ -96,6 +98,8 @@ std::vector<Output> Emitter::OutputsOf(const Select& select, Scope& scope) {
     Output output;
     output.fragment = Expr(*item.expression, scope);
     CheckGrouped(output.fragment, scope);
+    const bool counted = output.fragment.type == ColumnType::Counter;
+    if (counted && !output.fragment.column) output.fragment.type = ColumnType::Long;
     output.named = !item.alias.isEmpty();
     output.name = item.alias;
     if (output.fragment.column) {

@@ -57,7 +57,8 @@ void Emitter::EmitUpdate(const Update& update) {
     const Column& column = ColumnNamed(*target.table, assignment.name, assignment.token);
     const std::string value = Text(As(Expr(*assignment.value, scope), column.type));
     const std::string numbered = "\"c" + std::to_string(i + 1) + "\"";
-    changes += (i == 0 ? "" : ", ") + Quoted(column.name) + " = " + (joined ? numbered : value);
+    changes += (i == 0 ? "" : ", ") + Quoted(column.name) + " = " +
+               (joined ? "\"the changes\"." + numbered : value);
     values += ", " + value + " AS " + numbered;
   }
   const std::string where =
@@ -70,8 +71,8 @@ void Emitter::EmitUpdate(const Update& update) {
   const std::string table = Quoted(target.table->name);
   result_.statements.push_back("UPDATE " + table + " SET " + changes + " FROM (SELECT " +
                                Quoted(target.alias) + ".rowid AS \"row of target\"" + values +
-                               " FROM " + from + where + ") WHERE " + table +
-                               ".rowid = \"row of target\"");
+                               " FROM " + from + where + ") AS \"the changes\" WHERE " + table +
+                               ".rowid = \"the changes\".\"row of target\"");
 }
 
 const VisibleSource& Emitter::UpdateTarget(const Update& update, const Scope& scope) const {

@@ -103,6 +103,7 @@ Fragment Emitter::Piece(const Token& token, std::string sql, int power,
 }
 
 void Emitter::EmitSelect(const Select& select) {
+  ReadElsewhere(select);
   SelectText text = SelectOf(select, nullptr, Naming::None);
   if (select.into) {
     result_.into = IntoOf(*select.into, text.outputs);

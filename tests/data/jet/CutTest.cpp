@@ -101,6 +101,7 @@ TEST(Convert, FollowsAssignment) {
       {"2019/3/5 12:0:0", ColumnType::Date, moment},
       {"5 Mar 2019", ColumnType::Date, QDate(2019, 3, 5)},
       {43529.5, ColumnType::Date, moment},
+      {3e6, ColumnType::Date, std::nullopt},
       {"31/2/2019", ColumnType::Date, std::nullopt},
       {"5 Mar", ColumnType::Date, std::nullopt},
       {"soon", ColumnType::Date, std::nullopt},
@@ -108,10 +109,10 @@ TEST(Convert, FollowsAssignment) {
   };
   for (const Case& each : cases) {
     const auto converted = Convert(each.value, each.type);
-    ASSERT_EQ(converted.has_value(), each.expected.has_value())
-        << each.value.ToText().toStdString() << " into " << static_cast<int>(each.type);
-    EXPECT_EQ(converted.value_or(Value()), each.expected.value_or(Value()))
-        << each.value.ToText().toStdString();
+    const bool same =
+        converted && each.expected ? *converted == *each.expected : !converted && !each.expected;
+    EXPECT_TRUE(same) << each.value.ToText().toStdString() << " into "
+                      << static_cast<int>(each.type);
   }
 }
 
