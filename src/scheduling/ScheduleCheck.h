@@ -15,9 +15,9 @@ struct ScheduleProblem {
   qint64 clientId = 0;
   QString status;
   QString displayName;
-  QString address;  // street number, street, suburb, post code
+  QString address;  // suburb, post code, street, number
   qint64 clientServiceId = 0;
-  QString service;
+  qint64 serviceId = 0;
   int frequency = 0;
   QDate nextVisit;
   QDate missingOn;  // where the diary should have an entry; invalid when the service has no rhythm
