@@ -36,8 +36,10 @@ namespace quillary {
 ///
 /// A file of the default kind has the habits that its readers have long put up with: object offsets
 /// that fall short by two bytes for each object before, an open action that names object 3, Info
-/// texts written as they are, backslashes of page texts shown twice, the face name "TimesItalic".
-/// Viewers rebuild the cross-reference table and show every page. PDFSetStrict leaves these habits.
+/// texts written as they are, backslashes of page texts shown twice, the face name "TimesItalic",
+/// the encoding of text faces for Symbol and ZapfDingbats too (which viewers then show in part), no
+/// word on inverted inks of a CMYK image. Viewers rebuild the cross-reference table and show every
+/// page. PDFSetStrict does away with these habits.
 class PDFWriter {
  public:
   explicit PDFWriter(PDFHost host);
