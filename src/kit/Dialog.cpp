@@ -1,0 +1,92 @@
+#include "kit/Dialog.h"
+
+#include <QApplication>
+#include <QHBoxLayout>
+#include <QPushButton>
+#include <QScreen>
+#include <QScrollArea>
+#include <QVBoxLayout>
+
+namespace quillary {
+
+namespace {
+
+constexpr int kMargin = 16;
+/// What the frame of a window takes of the display.
+constexpr QSize kFrame{32, 56};
+
+QString KindOf(const QWidget* button) {
+  return button->property("kind").toString();
+}
+
+}  // namespace
+
+Dialog::Dialog(const char* name, const QString& title, Prompter& prompter, QWidget* parent)
+    : QDialog(parent ? parent : QApplication::activeWindow()), prompter_(prompter) {
+  setObjectName(QLatin1StringView(name));
+  setWindowTitle(title);
+  column_ = new QVBoxLayout(this);
+  column_->setContentsMargins(0, 0, 0, kMargin);
+  column_->setSpacing(kMargin);
+  auto* line = new QHBoxLayout;
+  line->setContentsMargins(kMargin, 0, kMargin, 0);
+  line->setSpacing(8);
+  apart_ = new QHBoxLayout;
+  actions_ = new QHBoxLayout;
+  for (QBoxLayout* half : {apart_, actions_}) half->setSpacing(8);
+  line->addLayout(apart_);
+  line->addStretch(1);
+  line->addLayout(actions_);
+  column_->addLayout(line);
+}
+
+void Dialog::SetContent(QLayout* content) {
+  content->setContentsMargins(kMargin, kMargin, kMargin, 0);
+  content_ = new QWidget;
+  content_->setLayout(content);
+  auto* scroll = new QScrollArea;
+  scroll->setFrameShape(QFrame::NoFrame);
+  scroll->setWidgetResizable(true);
+  scroll->setFocusPolicy(Qt::NoFocus);
+  scroll->setWidget(content_);
+  column_->insertWidget(0, scroll, 1);
+}
+
+void Dialog::AddActions(const QList<QPushButton*>& actions) {
+  for (QPushButton* action : actions) {
+    if (KindOf(action) == QLatin1StringView("danger"))
+      apart_->addWidget(action);
+    else
+      actions_->addWidget(action);
+    if (KindOf(action) == QLatin1StringView("main")) action->setDefault(true);
+  }
+}
+
+QSize Dialog::sizeHint() const {
+  QSize wanted = column_->totalSizeHint();
+  if (content_) {
+    const int actions = column_->itemAt(1)->sizeHint().height() + 2 * kMargin;
+    wanted = content_->sizeHint().expandedTo({wanted.width() - kMargin, 0});
+    if (content_->layout()->hasHeightForWidth()) {
+      const int width = qMax(wanted.width(), room_.width());
+      wanted.setHeight(content_->layout()->totalHeightForWidth(width));
+    }
+    wanted.rheight() += actions;
+  }
+  wanted = wanted.expandedTo(room_);
+  return screen() ? wanted.boundedTo(screen()->availableSize() - kFrame) : wanted;
+}
+
+void Dialog::reject() {
+  // The question may open over a dialog that the user tries to close again.
+  if (state_.IsDataChanged() &&
+      prompter_.Ask(QStringLiteral("Close without saving changes?")) != Answer::Yes)
+    return;
+  Close(Rejected);
+}
+
+void Dialog::Close(DialogCode result) {
+  QDialog::done(result);
+}
+
+}  // namespace quillary

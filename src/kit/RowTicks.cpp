@@ -1,0 +1,93 @@
+#include "kit/RowTicks.h"
+
+#include "kit/Grid.h"
+
+#include <QCheckBox>
+#include <QKeyEvent>
+#include <QScrollBar>
+
+namespace quillary {
+
+RowTicks::RowTicks(Grid* grid, int column, QCheckBox* tickAll)
+    : QObject(grid), grid_(grid), column_(column), tickAll_(tickAll) {
+  grid->installEventFilter(this);
+  // Queued, because the rows are written anew while the view still answers the click.
+  connect(
+      grid, &QTableView::clicked, this,
+      [this](const QModelIndex& at) {
+        const auto row = grid_->SelectedRow();
+        if (at.column() == column_ && row) Toggle(*row);
+      },
+      Qt::QueuedConnection);
+  if (tickAll_) connect(tickAll_, &QCheckBox::clicked, this, &RowTicks::TickAll);
+}
+
+void RowTicks::TakeRows() {
+  ShowAll();
+}
+
+bool RowTicks::IsTicked(int row) const {
+  return grid_->Rows()[static_cast<size_t>(row)].cells[static_cast<size_t>(column_)].value.ToBool();
+}
+
+std::vector<qint64> RowTicks::TickedKeys() const {
+  std::vector<qint64> keys;
+  for (int row = 0; row < static_cast<int>(grid_->Rows().size()); ++row)
+    if (IsTicked(row)) keys.push_back(grid_->Key(row));
+  return keys;
+}
+
+void RowTicks::TickAll(bool on) {
+  std::set<int> shown;
+  for (int row = 0; row < static_cast<int>(grid_->Rows().size()); ++row)
+    if (!grid_->RowRect(row).isEmpty()) shown.insert(row);
+  Write(shown, on);
+}
+
+void RowTicks::Toggle(int row) {
+  Write({row}, !IsTicked(row));
+}
+
+void RowTicks::Write(const std::set<int>& rows, bool on) {
+  const int scrolled = grid_->verticalScrollBar()->value();
+  const auto selected = grid_->SelectedRow();
+  const qint64 key = selected ? grid_->Key(*selected) : 0;
+  std::vector<GridRow> changed = grid_->Rows();
+  for (const int row : rows)
+    changed[static_cast<size_t>(row)].cells[static_cast<size_t>(column_)] = Value(on);
+  {
+    const QSignalBlocker quiet(grid_);  // the same rows stay selected
+    grid_->SetRows(std::move(changed));
+    if (selected) grid_->SelectKey(key);
+  }
+  grid_->verticalScrollBar()->setValue(scrolled);
+  ShowAll();
+  emit ticksChanged();
+}
+
+void RowTicks::ShowAll() {
+  if (!tickAll_) return;
+  const QSignalBlocker quiet(tickAll_);
+  const size_t rows = grid_->Rows().size();
+  tickAll_->setEnabled(rows > 0);
+  tickAll_->setChecked(rows > 0 && TickedKeys().size() == rows);
+}
+
+bool RowTicks::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() != QEvent::KeyPress) return QObject::eventFilter(watched, event);
+  const auto* key = static_cast<QKeyEvent*>(event);
+  const auto row = grid_->SelectedRow();
+  if (key->key() != Qt::Key_Space || key->modifiers() != Qt::NoModifier || !row)
+    return QObject::eventFilter(watched, event);
+  Toggle(*row);
+  return true;
+}
+
+QCheckBox* MakeTickAllBox(const char* name) {
+  auto* box = new QCheckBox(QStringLiteral("&Tick/Untick all"));
+  box->setObjectName(QLatin1StringView(name));
+  box->setAccessibleName(QStringLiteral("Tick/Untick all"));
+  return box;
+}
+
+}  // namespace quillary
