@@ -16,10 +16,6 @@ namespace quillary {
 
 namespace {
 
-QString ShownDate(QDate date) {
-  return QLocale(QLocale::English).toString(date, QStringLiteral("ddd d MMM yyyy"));
-}
-
 /// The field itself shows the day of the week, so an edited text may still begin with one.
 QString WithoutWeekday(const QString& typed) {
   static const QRegularExpression weekday(QStringLiteral("^\\s*[A-Za-z]{3,9},?\\s+(?=\\d)"));
@@ -30,7 +26,7 @@ QString WithoutWeekday(const QString& typed) {
 
 DateField::DateField(QDate today, QWidget* parent) : QLineEdit(parent), today_(today) {
   SelectAllText(this);
-  setMinimumWidth(150);
+  setFixedWidth(160);
   QAction* picker =
       addAction(QIcon::fromTheme(QStringLiteral("view-calendar")), QLineEdit::TrailingPosition);
   picker->setToolTip(tr("Pick a day (F4)"));
@@ -38,9 +34,15 @@ DateField::DateField(QDate today, QWidget* parent) : QLineEdit(parent), today_(t
   connect(this, &QLineEdit::editingFinished, this, &DateField::TakeTyped);
 }
 
+void DateField::ShowWeekday(bool show) {
+  format_ = show ? QStringLiteral("ddd d MMM yyyy") : QStringLiteral("d MMM yyyy");
+  setFixedWidth(show ? 160 : 128);
+  SetDate(date_);
+}
+
 void DateField::SetDate(QDate date) {
   date_ = date;
-  setText(ShownDate(date));
+  setText(QLocale(QLocale::English).toString(date, format_));
   setCursorPosition(0);
 }
 

@@ -14,6 +14,8 @@ class DateField : public QLineEdit {
  public:
   /// `today` is the day whose year completes "2/11" and which the calendar marks.
   explicit DateField(QDate today, QWidget* parent = nullptr);
+  /// Without it the day of the week is left out.
+  void ShowWeekday(bool show);
 
   QDate Date() const { return date_; }
   void SetDate(QDate date);
@@ -32,6 +34,7 @@ class DateField : public QLineEdit {
 
   QDate today_;
   QDate date_;
+  QString format_ = QStringLiteral("ddd d MMM yyyy");
 };
 
 }  // namespace quillary

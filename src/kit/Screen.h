@@ -13,10 +13,7 @@ class Screen : public QWidget {
   Q_OBJECT
 
  public:
-  Screen(const QString& name, const QString& title) {
-    setObjectName(name);
-    setWindowTitle(title);
-  }
+  Screen(const QString& name, const QString& title);
   /// Shows what stands in the business now; F5 and coming back to the tab call it.
   virtual void Reload() {}
   /// False keeps the tab open, for example because the user wants to save first.

@@ -1,0 +1,114 @@
+#include "base/ports/requests/Billing.h"
+#include "base/ports/requests/Clients.h"
+#include "base/ports/requests/Scheduling.h"
+#include "scheduling/screens/frmDiary.h"
+
+/// The diary's commands. Those that open another screen ask the navigator for it.
+namespace quillary {
+
+void frmDiary::ConnectCommands() {
+  const auto on = [this](QPushButton* button, void (frmDiary::*command)()) {
+    tools_.runner.OnClick(button, objectName(), [this, command] { (this->*command)(); });
+  };
+  on(cmdEditJob, &frmDiary::EditSelected);
+  on(cmdClientDetails, &frmDiary::OpenClientOfSelected);
+  on(cmdCreateInvoice, &frmDiary::CreateInvoiceForSelected);
+  on(cmdViewCreatePayment, &frmDiary::PayForSelected);
+  on(cmdDonePaid, &frmDiary::PayAndMarkDone);
+  on(cmdNext, &frmDiary::RescheduleSelected);
+  on(cmdPrint, &frmDiary::PrintSheet);
+  on(cmdPrintDailyTotals, &frmDiary::PrintTotals);
+  tools_.runner.OnClick(cmdCancelled, objectName(), [this] {
+    ChangeSelected([this](const DiaryRow& job) {
+      ChangeJobStatus(business_, job.diaryId, QStringLiteral("JC"));
+    });
+  });
+  tools_.runner.OnClick(cmdDoneUnPaid, objectName(), [this] {
+    ChangeSelected([this](const DiaryRow& job) {
+      MarkDoneUnpaid(business_, business_.World().prompter, job.diaryId);
+    });
+  });
+  tools_.runner.OnClick(cmdShowSuburbDefinition, objectName(), [this] {
+    tools_.navigator.Open(EditSuburbPositions{});
+    LoadScheduleGrid();
+  });
+  connect(grdSchedule, &Grid::rowOpened, this, [this] {
+    if (cmdEditJob->isEnabled()) cmdEditJob->click();
+  });
+}
+
+void frmDiary::EnableCommands() {
+  const Navigator& to = tools_.navigator;
+  cmdEditJob->setEnabled(to.CanOpen<EditJob>());
+  cmdClientDetails->setEnabled(to.CanOpen<OpenClient>());
+  cmdCreateInvoice->setEnabled(to.CanOpen<CreateInvoiceFor>());
+  cmdViewCreatePayment->setEnabled(to.CanOpen<PayForJob>());
+  cmdDonePaid->setEnabled(to.CanOpen<PayForJob>());
+  cmdNext->setEnabled(to.CanOpen<RescheduleFutureJobs>());
+  cmdPrint->setEnabled(to.CanOpen<PrintWorkSheet>());
+  cmdPrintDailyTotals->setEnabled(to.CanOpen<PrintDailyTotals>());
+  cmdShowSuburbDefinition->setEnabled(to.CanOpen<EditSuburbPositions>());
+}
+
+void frmDiary::EditSelected() {
+  const DiaryRow* job = SelectedJob();
+  if (!job) return;
+  if (job->status.startsWith(u'V'))
+    tools_.navigator.Open(EditVisit{job->diaryId});
+  else if (job->status == QLatin1StringView("Q"))
+    tools_.navigator.Open(EditQuoteVisit{job->diaryId});
+  else
+    tools_.navigator.Open(EditJob{job->diaryId});
+  LoadScheduleGrid();
+}
+
+void frmDiary::OpenClientOfSelected() {
+  if (const DiaryRow* job = SelectedJob()) tools_.navigator.Open(OpenClient{job->clientId});
+}
+
+void frmDiary::CreateInvoiceForSelected() {
+  const DiaryRow* job = SelectedJob();
+  if (!job) return;
+  tools_.navigator.Open(CreateInvoiceFor{job->billingClientId, job->diaryId});
+  LoadScheduleGrid();
+}
+
+void frmDiary::PayForSelected() {
+  const DiaryRow* job = SelectedJob();
+  if (!job) return;
+  if (job->paymentId != -1)
+    tools_.navigator.Open(ViewPayment{job->paymentId});
+  else
+    tools_.navigator.Open(PayForJob{job->billingClientId, job->diaryId, job->totalPrice});
+  LoadScheduleGrid();
+}
+
+void frmDiary::PayAndMarkDone() {
+  ChangeSelected([this](const DiaryRow& job) {
+    tools_.navigator.Open(PayForJob{job.billingClientId, job.diaryId, job.totalPrice, true});
+  });
+}
+
+void frmDiary::RescheduleSelected() {
+  const DiaryRow* selected = SelectedJob();
+  if (!selected) return;
+  const DiaryRow job = *selected;
+  const Answer answer =
+      business_.World().prompter.Ask(QStringLiteral("Do you want to Cancel this job first?"));
+  if (answer == Answer::Yes) ChangeJobStatus(business_, job.diaryId, QStringLiteral("JC"));
+  tools_.navigator.Open(RescheduleFutureJobs{job.clientId});
+  LoadScheduleGrid();
+}
+
+void frmDiary::PrintSheet() {
+  const DiaryQuery query = Query();
+  tools_.navigator.Open(
+      PrintWorkSheet{query.from, query.to, query.employeeId, query.bySuburbPosition});
+}
+
+void frmDiary::PrintTotals() {
+  const DiaryQuery query = Query();
+  tools_.navigator.Open(PrintDailyTotals{query.from, query.to});
+}
+
+}  // namespace quillary
