@@ -1,0 +1,14 @@
+#include "shell/BusinessFacts.h"
+
+namespace quillary {
+
+BusinessFacts ReadBusinessFacts(Business& business) {
+  BusinessFacts facts;
+  facts.companyName =
+      business.FirstField(Sql("SELECT Company_Name FROM infPersonalDetails; ")).ToText();
+  facts.scheduleFilledTo =
+      business.LookupField(QStringLiteral("infSystem.Last_Schedule_Ending")).ToDate();
+  return facts;
+}
+
+}  // namespace quillary

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "data/Business.h"
+
+#include <QDate>
+#include <QString>
+
+namespace quillary {
+
+/// What the frame says about the open business.
+struct BusinessFacts {
+  QString companyName;     // may be empty
+  QDate scheduleFilledTo;  // invalid before the first roll
+};
+
+BusinessFacts ReadBusinessFacts(Business& business);
+
+}  // namespace quillary

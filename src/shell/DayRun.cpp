@@ -1,0 +1,141 @@
+#include "shell/DayRun.h"
+
+#include "base/ports/requests/Screens.h"
+#include "kit/Grid.h"
+#include "scheduling/screens/DiaryGrid.h"
+#include "session/ProgramFolder.h"
+#include "shell/BusinessFacts.h"
+#include "shell/Hands.h"
+#include "shell/Ports.h"
+#include "shell/Program.h"
+
+#include <QDir>
+#include <QPushButton>
+#include <QTextStream>
+
+#include <stdexcept>
+
+namespace quillary {
+
+namespace {
+
+void Say(const QString& line) {
+  QTextStream(stdout) << line << Qt::endl;
+}
+
+/// Nobody sits here: leaves when asked to, and declines everything else.
+class PlainAnswers : public Prompter {
+ public:
+  Answer Ask(const QString& text, const QString&) override {
+    const bool leaving = text.contains(QLatin1StringView("exit from the system"));
+    Say(QStringLiteral("Asked \"%1\": answered %2.")
+            .arg(text.simplified(), leaving ? "Yes" : "No"));
+    return leaving ? Answer::Yes : Answer::No;
+  }
+  void Tell(Tone, const QString& text, const QString&) override {
+    Say(QStringLiteral("Told \"%1\".").arg(text.simplified()));
+  }
+  std::optional<QString> AskText(const QString&, const QString&, const QString&) override {
+    return std::nullopt;
+  }
+};
+
+/// A failure ends the run.
+class FailingErrors : public ErrorReporter {
+ public:
+  void ReportError(const QString& form, const QString& errorLine, const QString& procedure,
+                   const QString&) override {
+    failure = QStringLiteral("%1 (in %2, %3)").arg(errorLine, form, procedure);
+  }
+  QString failure;
+};
+
+[[noreturn]] void Fail(const QString& why) {
+  throw std::runtime_error(why.toStdString());
+}
+
+/// The row of the first job that is still to be done.
+int FirstOpenJob(const Grid& grid) {
+  for (size_t row = 0; row < grid.Rows().size(); ++row) {
+    const GridRow& entry = grid.Rows()[row];
+    if (entry.cells[kStatus].value == Value("J")) return static_cast<int>(row);
+  }
+  return -1;
+}
+
+QString NameIn(const Grid& grid, int row) {
+  return grid.Rows()[static_cast<size_t>(row)].cells[kDisplayName].value.ToText();
+}
+
+void MarkFirstJobDone(QWidget* window, const FailingErrors& errors) {
+  auto* grid = window->findChild<Grid*>(QStringLiteral("grdSchedule"));
+  if (!grid) Fail(QStringLiteral("The diary did not open"));
+  Say(QStringLiteral("The diary shows %1 entries for today.").arg(grid->Rows().size()));
+  const int row = FirstOpenJob(*grid);
+  if (row < 0) {
+    Say(QStringLiteral("No job of today is still open, so none was marked."));
+    return;
+  }
+  const qint64 key = grid->Key(row);
+  grid->SelectKey(key);  // scrolls it into sight
+  const QPoint onName(grid->columnViewportPosition(kDisplayName) + 16,
+                      grid->RowRect(row).center().y());
+  Hands::ClickAt(grid->viewport(), onName);
+  Hands::Click(window->findChild<QPushButton*>(QStringLiteral("cmdDoneUnPaid")));
+  if (!errors.failure.isEmpty()) Fail(errors.failure);
+  const std::vector<qint64> keys = grid->Keys();
+  for (size_t at = 0; at < keys.size(); ++at) {
+    if (keys[at] != key) continue;
+    if (!(grid->Rows()[at].cells[kStatus].value == Value("JD")))
+      Fail(QStringLiteral("The job was not marked done"));
+    Say(QStringLiteral("Marked the job of %1 done.").arg(NameIn(*grid, static_cast<int>(at))));
+    return;
+  }
+  Fail(QStringLiteral("The job that was marked is no longer listed"));
+}
+
+QString TakePicture(QWidget* window, const QString& folder) {
+  if (!QDir().mkpath(folder)) Fail(QStringLiteral("Cannot make the folder %1").arg(folder));
+  const QString path = QDir(folder).absoluteFilePath(QStringLiteral("main-window.png"));
+  Hands::Settle();
+  if (!window->grab().save(path)) Fail(QStringLiteral("Cannot write %1").arg(path));
+  return path;
+}
+
+void Run(const QString& commandLine, const QString& file, const QString& folder) {
+  DesktopPorts ports;
+  PlainAnswers prompter;
+  FailingErrors errors;
+  Outside outside{ports.clock,    prompter,         errors,       ports.busy,
+                  ports.settings, ports.headOffice, ports.desktop};
+  Program program(outside, ports.navigator, ProgramFolder());
+  program.UseFile(file);
+  if (!program.Start(commandLine)) Fail(QStringLiteral("The start-up ended early"));
+  MainMenuMDI* window = program.MainMenu();
+  window->resize(1280, 720);
+  Say(QStringLiteral("Opened %1.").arg(program.OpenBusiness().DatabaseFile()));
+  Say(QStringLiteral("The schedule is filled to %1.")
+          .arg(ToShortDateText(ReadBusinessFacts(program.OpenBusiness()).scheduleFilledTo)));
+  ports.navigator.Open(OpenDiary{});
+  Hands::Settle();
+  MarkFirstJobDone(window, errors);
+  const QString picture = TakePicture(window, folder);
+  window->close();
+  if (!errors.failure.isEmpty()) Fail(errors.failure);
+  Say(QStringLiteral("Picture of the main window: %1").arg(picture));
+  Say(QStringLiteral("Business file: %1").arg(program.OpenBusiness().DatabaseFile()));
+}
+
+}  // namespace
+
+int RunTheDay(const QString& commandLine, const QString& file, const QString& folder) {
+  try {
+    Run(commandLine, file, folder);
+    return 0;
+  } catch (const std::exception& error) {
+    QTextStream(stderr) << "quillary: " << error.what() << Qt::endl;
+    return 1;
+  }
+}
+
+}  // namespace quillary

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <QString>
+
+namespace quillary {
+
+/// The day's work without a user, for a machine without a display: the same start-up, the diary of
+/// today in the main window, its first open job marked done by click, and a picture of the window
+/// laid into `folder`. Says in plain words what it did. Returns the exit code of the process.
+int RunTheDay(const QString& commandLine, const QString& file, const QString& folder);
+
+}  // namespace quillary

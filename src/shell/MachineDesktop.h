@@ -1,0 +1,16 @@
+#pragma once
+
+#include "base/ports/Desktop.h"
+
+namespace quillary {
+
+/// The desktop we really run on.
+class MachineDesktop : public Desktop {
+ public:
+  void OpenInBrowser(const QString& address) override;
+  void CopyToClipboard(const QString& text) override;
+  bool StartProgram(const QString& name) override;
+  [[noreturn]] void EndProcess(int exitCode) override;
+};
+
+}  // namespace quillary

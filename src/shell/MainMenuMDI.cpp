@@ -1,0 +1,175 @@
+#include "shell/MainMenuMDI.h"
+
+#include "base/Text.h"
+#include "data/ActivityLog.h"
+#include "kit/Controls.h"
+#include "kit/Theme.h"
+#include "shell/BusinessFacts.h"
+#include "shell/MainMenuMDI_Splash.h"
+#include "shell/ProgramIcon.h"
+#include "shell/Version.h"
+
+#include <QMenuBar>
+#include <QShortcut>
+#include <QStatusBar>
+#include <QVBoxLayout>
+
+namespace quillary {
+
+MainMenuMDI::MainMenuMDI(Business& business, LocalSettings& settings, Navigator& navigator,
+                         CommandRunner& runner)
+    : business_(business), settings_(settings), navigator_(navigator), runner_(runner) {
+  setObjectName(QStringLiteral("MainMenuMDI"));
+  setWindowIcon(ProgramIcon());
+  setContextMenuPolicy(Qt::NoContextMenu);
+  BuildCommands();
+  BuildCentre();
+  BuildStatusBar();
+  resize(1280, 720);
+}
+
+MainMenuMDI::~MainMenuMDI() = default;
+
+void MainMenuMDI::BuildCommands() {
+  commands_ = BuildMenus(menuBar(), [this](const MenuEntry& entry) { Choose(entry); });
+  for (const MenuCommand& command : commands_) {
+    if (!command.path.contains(QStringLiteral("Appearance"))) continue;
+    command.action->setCheckable(true);
+  }
+  tools_ = new ToolStrip(menuBar());
+  addToolBar(tools_);
+  txtFind = new CommandSearch(commands_);
+  tools_->AddAtEnd(txtFind);
+  const auto key = [this](const QKeySequence& keys, const std::function<void()>& run) {
+    connect(new QShortcut(keys, this), &QShortcut::activated, this, run);
+  };
+  key(QKeySequence(Qt::CTRL | Qt::Key_K), [this] {
+    txtFind->setFocus(Qt::ShortcutFocusReason);
+    txtFind->selectAll();
+  });
+  key(QKeySequence::Close, [this] {
+    if (centre_->currentWidget() == tabs_) CloseTab(tabs_->currentIndex());
+  });
+}
+
+void MainMenuMDI::BuildCentre() {
+  tabs_ = new QTabWidget;
+  tabs_->setObjectName(QStringLiteral("tabs"));
+  tabs_->setTabsClosable(true);
+  tabs_->setMovable(true);
+  tabs_->setDocumentMode(true);
+  tabs_->tabBar()->setExpanding(false);
+  tabs_->tabBar()->setAccessibleName(tr("Open screens"));
+  connect(tabs_, &QTabWidget::tabCloseRequested, this, &MainMenuMDI::CloseTab);
+  connect(tabs_, &QTabWidget::currentChanged, this, &MainMenuMDI::TabChanged);
+
+  auto* start = new QWidget;
+  auto* column = new QVBoxLayout(start);
+  column->setSpacing(8);
+  column->addStretch(2);
+  auto* picture = new QLabel;
+  picture->setPixmap(ProgramIcon().pixmap(64, 64));
+  column->addWidget(picture, 0, Qt::AlignHCenter);
+  column->addWidget(MakeLabel("lblNoScreen", tr("No screen is open."), LabelRole::Title), 0,
+                    Qt::AlignHCenter);
+  column->addWidget(MakeLabel("lblNextStep",
+                              tr("Choose a command above, or press Ctrl+K and type what you want "
+                                 "to do."),
+                              LabelRole::Muted),
+                    0, Qt::AlignHCenter);
+  column->addStretch(3);
+  centre_ = new QStackedWidget;
+  centre_->addWidget(start);
+  centre_->addWidget(tabs_);
+  setCentralWidget(centre_);
+}
+
+void MainMenuMDI::BuildStatusBar() {
+  auto* sb = statusBar();
+  sb->setObjectName(QStringLiteral("sb"));
+  sb->setSizeGripEnabled(false);
+  lblBusiness = MakeLabel("lblBusiness", {});
+  lblDatabase = MakeLabel("lblDatabase", {});
+  lblHeadOffice = MakeLabel("lblHeadOffice", {});
+  lblScheduleFilledTo = MakeLabel("lblScheduleFilledTo", {});
+  for (QLabel* panel : {lblBusiness, lblDatabase, lblHeadOffice}) sb->addWidget(panel);
+  sb->addPermanentWidget(lblScheduleFilledTo);
+  sb->setContentsMargins(8, 0, 8, 0);
+}
+
+void MainMenuMDI::ShowYourself() {
+  setWindowTitle(QStringLiteral("Quillary version %1 -> [Database = %2]")
+                     .arg(VersionText(), business_.DatabaseFile()));
+  EnableCommands();
+  RefreshStatus();
+  RestoreWindow();
+  show();
+  auto* splash = new MainMenuMDI_Splash(ReadBusinessFacts(business_).companyName, this);
+  splash->ShowOver(this);
+  RestoreTabs();
+}
+
+void MainMenuMDI::RefreshStatus() {
+  const BusinessFacts facts = ReadBusinessFacts(business_);
+  lblBusiness->setText(facts.companyName);
+  lblBusiness->setVisible(!facts.companyName.isEmpty());
+  lblDatabase->setText(FileNameOfPath(business_.DatabaseFile()));
+  lblDatabase->setToolTip(business_.DatabaseFile());
+  lblHeadOffice->setText(business_.World().headOffice.Online() ? tr("Head office: connected")
+                                                               : tr("Head office: offline"));
+  lblScheduleFilledTo->setText(
+      facts.scheduleFilledTo.isValid()
+          ? tr("Schedule filled to %1").arg(ToShortDateText(facts.scheduleFilledTo))
+          : tr("Schedule not filled yet"));
+}
+
+void MainMenuMDI::Choose(const MenuEntry& entry) {
+  if (entry.action.kind == MenuAction::Kind::Nothing) return;
+  const QString name = QString::fromLatin1(entry.name);
+  runner_.Run(objectName(), name + QStringLiteral("_Click"), [&] {
+    if (*entry.logs) LogActivity(business_, QString::fromLatin1(entry.logs));
+    if (entry.action.kind == MenuAction::Kind::Screen)
+      entry.action.open(navigator_);
+    else
+      RunOwn(name);
+  });
+}
+
+void MainMenuMDI::EnableCommands() {
+  for (const MenuCommand& command : commands_)
+    if (command.entry->action.canOpen)
+      command.action->setEnabled(command.entry->action.canOpen(navigator_));
+  EnableHeadOfficeCommands();
+  const ThemeChoice choice = ReadThemeChoice(business_.World().settings);
+  const auto check = [this](const char* name, bool checked) {
+    menuBar()->findChild<QAction*>(QLatin1StringView(name))->setChecked(checked);
+  };
+  check("mnuAppearanceSystem", choice == ThemeChoice::System);
+  check("mnuAppearanceLight", choice == ThemeChoice::Light);
+  check("mnuAppearanceDark", choice == ThemeChoice::Dark);
+  tools_->Refresh();
+}
+
+void MainMenuMDI::EnableHeadOfficeCommands() {
+  const bool online = business_.World().headOffice.Online();
+  for (const MenuCommand& command : commands_) {
+    const QLatin1StringView name(command.entry->name);
+    if (name == QLatin1StringView("mnuSetupServices") ||
+        name == QLatin1StringView("mnuUploadDatabase"))
+      command.action->setEnabled(online && command.entry->action.canOpen(navigator_));
+  }
+}
+
+void MainMenuMDI::RenameMenuCaptions(const QString& taxName) {
+  const QString word = QString(taxName).replace(u'&', QStringLiteral("&&"));
+  const std::pair<const char*, QString> captions[] = {
+      {"mnuReportsGST", word},
+      {"mnuPLWithGST", QStringLiteral("With ") + word},
+      {"mnuPLWithoutGST", QStringLiteral("Without ") + word},
+      {"mnuRecalculateGSTComponent", QStringLiteral("Re-calculate %1 component").arg(word)}};
+  for (const auto& [name, caption] : captions)
+    menuBar()->findChild<QAction*>(QLatin1StringView(name))->setText(caption);
+  for (MenuCommand& command : commands_) command.path.last() = PlainCaption(command.action->text());
+}
+
+}  // namespace quillary

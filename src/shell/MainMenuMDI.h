@@ -1,0 +1,89 @@
+#pragma once
+
+#include "data/Business.h"
+#include "data/LocalSettings.h"
+#include "kit/Screen.h"
+#include "shell/CommandSearch.h"
+#include "shell/MenuBuilder.h"
+#include "shell/ToolStrip.h"
+
+#include <QLabel>
+#include <QMainWindow>
+#include <QStackedWidget>
+#include <QSystemTrayIcon>
+#include <QTabWidget>
+
+#include <map>
+
+namespace quillary {
+
+/// The frame of the program: the menu bar is its command surface, the screens open as tabs, the
+/// status bar names the business. Closing it asks first and does the work of the exit.
+class MainMenuMDI : public QMainWindow, public ScreenHost {
+  Q_OBJECT
+
+ public:
+  MainMenuMDI(Business& business, LocalSettings& settings, Navigator& navigator,
+              CommandRunner& runner);
+  ~MainMenuMDI() override;
+
+  /// Shows the frame with its caption, the splash over it and the tabs of last time.
+  void ShowYourself();
+  /// Puts the name of the tax in place of "GST" in four captions.
+  void RenameMenuCaptions(const QString& taxName);
+  ScreenTools Tools() { return {navigator_, *this, runner_}; }
+
+  void ShowScreen(Screen* screen) override;
+  Screen* BringToFront(const QString& name) override;
+
+ signals:
+  /// The user has left the program, and everything has been closed.
+  void left();
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  void changeEvent(QEvent* event) override;
+
+ private:
+  void BuildCommands();
+  void BuildCentre();
+  void BuildStatusBar();
+  void Choose(const MenuEntry& entry);
+  void RunOwn(const QString& name);
+  void EnableCommands();
+  void EnableHeadOfficeCommands();
+  void RefreshStatus();
+  void UseTheme(const QString& name);
+
+  void ReconnectToInternet();
+  void RegisterComponents();
+  void DebugTest1();
+
+  Screen* CurrentScreen() const;
+  void CloseTab(int index);
+  void TabChanged();
+  void RestoreWindow();
+  void RestoreTabs();
+  void StoreWindow();
+  void LeaveTray();
+
+  Business& business_;
+  LocalSettings& settings_;
+  Navigator& navigator_;
+  CommandRunner& runner_;
+  std::vector<MenuCommand> commands_;
+  bool leaving_ = false;
+  bool restoring_ = false;
+
+  ToolStrip* tools_;
+  CommandSearch* txtFind;
+  QStackedWidget* centre_;
+  QTabWidget* tabs_;
+  QLabel* lblBusiness;
+  QLabel* lblDatabase;
+  QLabel* lblHeadOffice;
+  QLabel* lblScheduleFilledTo;
+  QSystemTrayIcon* tray_ = nullptr;
+};
+
+}  // namespace quillary

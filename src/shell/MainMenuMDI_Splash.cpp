@@ -1,0 +1,43 @@
+#include "shell/MainMenuMDI_Splash.h"
+
+#include "kit/Controls.h"
+#include "shell/ProgramIcon.h"
+#include "shell/Version.h"
+
+#include <QTimer>
+#include <QVBoxLayout>
+
+namespace quillary {
+
+namespace {
+constexpr int kShownForMilliseconds = 2000;
+}
+
+MainMenuMDI_Splash::MainMenuMDI_Splash(const QString& companyName, QWidget* frame)
+    : QWidget(frame, Qt::SplashScreen | Qt::WindowStaysOnTopHint) {
+  setObjectName(QStringLiteral("MainMenuMDI_Splash"));
+  setAttribute(Qt::WA_DeleteOnClose);
+  setAttribute(Qt::WA_ShowWithoutActivating);
+  auto* picture = new QLabel;
+  picture->setPixmap(ProgramIcon().pixmap(72, 72));
+  lblCompanyName = MakeLabel("lblCompanyName", companyName, LabelRole::Title);
+  lblVersion =
+      MakeLabel("lblVersion", tr("Quillary version %1").arg(VersionText()), LabelRole::Muted);
+  auto* column = new QVBoxLayout(this);
+  column->setContentsMargins(48, 32, 48, 32);
+  column->setSpacing(8);
+  for (QLabel* line : {picture, lblCompanyName, lblVersion})
+    column->addWidget(line, 0, Qt::AlignHCenter);
+  setMinimumWidth(360);
+  adjustSize();
+}
+
+void MainMenuMDI_Splash::ShowOver(const QWidget* frame) {
+  const QPoint middle = frame->frameGeometry().center();
+  move(middle - rect().center());
+  show();
+  repaint();
+  QTimer::singleShot(kShownForMilliseconds, this, &QWidget::close);
+}
+
+}  // namespace quillary

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QLabel>
+#include <QWidget>
+
+namespace quillary {
+
+/// The greeting over the main window: whose business this is, and which version runs. Closes by
+/// itself.
+class MainMenuMDI_Splash : public QWidget {
+  Q_OBJECT
+
+ public:
+  MainMenuMDI_Splash(const QString& companyName, QWidget* frame);
+  /// Shows it in the middle of the frame.
+  void ShowOver(const QWidget* frame);
+
+ private:
+  QLabel* lblCompanyName;
+  QLabel* lblVersion;
+};
+
+}  // namespace quillary

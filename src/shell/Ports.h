@@ -1,0 +1,26 @@
+#pragma once
+
+#include "base/ports/Navigator.h"
+#include "base/ports/Outside.h"
+#include "kit/Boxes.h"
+#include "shell/MachineDesktop.h"
+#include "shell/PerUserSettings.h"
+#include "shell/frmErrorHandler.h"
+
+namespace quillary {
+
+/// The outside world of the desktop program.
+struct DesktopPorts {
+  SystemClock clock;
+  MessageBoxPrompter prompter;
+  MachineDesktop desktop;
+  PerUserSettings settings;
+  NoHeadOffice headOffice;
+  CursorBusyPointer busy;
+  Navigator navigator;
+  ScreenErrorReporter errors{clock, prompter, desktop, settings, navigator};
+
+  Outside All() { return {clock, prompter, errors, busy, settings, headOffice, desktop}; }
+};
+
+}  // namespace quillary

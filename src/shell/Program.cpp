@@ -1,0 +1,95 @@
+#include "shell/Program.h"
+
+#include "base/ports/requests/Billing.h"
+#include "base/ports/requests/Scheduling.h"
+#include "base/ports/requests/Screens.h"
+#include "base/ports/requests/Setup.h"
+#include "scheduling/screens/SchedulingScreens.h"
+#include "shell/AccessConversion.h"
+#include "shell/frmAbout.h"
+#include "shell/frmODBCConnection.h"
+#include "shell/frmSelectDatabaseToAccess.h"
+
+#include <QFileInfo>
+
+namespace quillary {
+
+Program::Program(const Outside& outside, Navigator& navigator, const QString& programFolder)
+    : outside_(outside),
+      navigator_(navigator),
+      settings_(programFolder, outside.prompter),
+      runner_(outside.errors, outside.busy) {}
+
+Program::~Program() {
+  // The screens refer to the business until they go.
+  mainMenu_.reset();
+}
+
+bool Program::Start(const QString& commandLine) {
+  business_ = StartUp(outside_, settings_, commandLine, *this);
+  if (!business_) {
+    progress_.close();
+    mainMenu_.reset();
+  }
+  return business_ != nullptr;
+}
+
+std::unique_ptr<Business> Program::SelectDatabaseToAccess() {
+  if (!file_.isEmpty()) {
+    if (!QFileInfo(file_).isFile()) {
+      outside_.prompter.Tell(Tone::Exclamation,
+                             QStringLiteral("Couldn't find the database file : ") + file_);
+      return nullptr;
+    }
+    const QString opened = ConvertIfAccessFile(outside_, QFileInfo(file_).absoluteFilePath());
+    if (opened.isEmpty()) return nullptr;
+    return OpenDatabase(outside_, opened, settings_.Folder());
+  }
+  frmSelectDatabaseToAccess dialog(outside_, settings_.Folder());
+  return dialog.Choose();
+}
+
+void Program::ShowProgress() {
+  progress_.Start();
+}
+
+void Program::Advance() {
+  progress_.Advance();
+}
+
+void Program::CloseProgress() {
+  progress_.Finish();
+}
+
+void Program::ShowFirstTime(Business&) {
+  if (navigator_.CanOpen<OpenFirstTime>()) navigator_.Open(OpenFirstTime{});
+}
+
+void Program::ShowMainMenu(Business& business) {
+  mainMenu_ = std::make_unique<MainMenuMDI>(business, settings_, navigator_, runner_);
+  RegisterScreens(business);
+  mainMenu_->ShowYourself();
+}
+
+void Program::RegisterScreens(Business& business) {
+  RegisterSchedulingScreens(business, mainMenu_->Tools());
+  navigator_.Register<OpenAbout>([this](const OpenAbout&) { frmAbout(mainMenu_.get()).exec(); });
+  navigator_.Register<OpenODBCConnection>([this](const OpenODBCConnection&) {
+    frmODBCConnection(outside_, settings_.Folder(), mainMenu_.get()).exec();
+  });
+}
+
+void Program::CheckClientSchedules(Business&) {
+  if (navigator_.CanOpen<OpenListOfClientsWithSchedulingProblem>())
+    navigator_.Open(OpenListOfClientsWithSchedulingProblem{true});
+}
+
+void Program::OpenMonthlyInvoices(Business&) {
+  if (navigator_.CanOpen<OpenInvoicesList>()) navigator_.Open(OpenInvoicesList{true});
+}
+
+void Program::RenameMenuCaptions(const QString& taxName) {
+  mainMenu_->RenameMenuCaptions(taxName);
+}
+
+}  // namespace quillary

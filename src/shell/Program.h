@@ -1,0 +1,53 @@
+#pragma once
+
+#include "data/LocalSettings.h"
+#include "kit/CommandRunner.h"
+#include "session/StartUp.h"
+#include "shell/MainMenuMDI.h"
+#include "shell/frmStartUp.h"
+
+#include <memory>
+
+namespace quillary {
+
+/// The running desktop program: the start-up sequence with its screens, the main window, and what
+/// the navigator can open. All wiring between areas stands here.
+class Program : private StartUpScreens {
+ public:
+  Program(const Outside& outside, Navigator& navigator, const QString& programFolder);
+  ~Program() override;
+
+  /// Opens this file instead of asking which.
+  void UseFile(const QString& path) { file_ = path; }
+  /// Runs the start-up sequence. False when it ended early; the user has been told why.
+  bool Start(const QString& commandLine);
+
+  MainMenuMDI* MainMenu() { return mainMenu_.get(); }
+  Business& OpenBusiness() { return *business_; }
+
+ private:
+  std::unique_ptr<Business> SelectDatabaseToAccess() override;
+  void ShowProgress() override;
+  void Advance() override;
+  void ShowFirstTime(Business& business) override;
+  void ShowMainMenu(Business& business) override;
+  void CheckClientSchedules(Business& business) override;
+  void OpenMonthlyInvoices(Business& business) override;
+  void RenameMenuCaptions(const QString& taxName) override;
+  void CloseProgress() override;
+  void StepReached(const QString& activity) override { lastStep_ = activity; }
+
+  void RegisterScreens(Business& business);
+
+  Outside outside_;
+  Navigator& navigator_;
+  LocalSettings settings_;
+  CommandRunner runner_;
+  QString file_;
+  QString lastStep_;
+  frmStartUp progress_;
+  std::unique_ptr<Business> business_;
+  std::unique_ptr<MainMenuMDI> mainMenu_;
+};
+
+}  // namespace quillary

@@ -1,0 +1,14 @@
+#include "shell/ProgramIcon.h"
+
+static void LoadShellResources() {
+  Q_INIT_RESOURCE(shell);
+}
+
+namespace quillary {
+
+QIcon ProgramIcon() {
+  LoadShellResources();
+  return QIcon(QStringLiteral(":/shell/quillary.svg"));
+}
+
+}  // namespace quillary

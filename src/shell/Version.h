@@ -1,0 +1,12 @@
+#pragma once
+
+#include <QString>
+
+namespace quillary {
+
+/// Major, minor and revision, joined by points.
+inline QString VersionText() {
+  return QStringLiteral(QUILLARY_VERSION);
+}
+
+}  // namespace quillary

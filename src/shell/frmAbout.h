@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QDialog>
+
+class QPushButton;
+
+namespace quillary {
+
+class frmAbout : public QDialog {
+  Q_OBJECT
+
+ public:
+  explicit frmAbout(QWidget* parent = nullptr);
+
+ private:
+  QPushButton* cmdClose;
+};
+
+}  // namespace quillary

@@ -1,0 +1,70 @@
+#pragma once
+
+#include "base/ports/Desktop.h"
+#include "base/ports/ErrorReporter.h"
+#include "base/ports/Navigator.h"
+#include "base/ports/Outside.h"
+#include "shell/ErrorDump.h"
+
+#include <QDialog>
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QPushButton>
+
+namespace quillary {
+
+/// The apology, with the choices to go on, to leave, or to send the details away.
+class frmErrorHandler : public QDialog {
+  Q_OBJECT
+
+ public:
+  frmErrorHandler(Prompter& prompter, Desktop& desktop, const SettingsStore& settings,
+                  const Navigator& navigator);
+
+  void ShowDump(const QString& dump);
+
+ private:
+  void LayOut();
+  void ConnectCommands();
+  void ShowDetails();
+  void Email();
+
+  Prompter& prompter_;
+  Desktop& desktop_;
+  const SettingsStore& settings_;
+  const Navigator& navigator_;
+
+  QLabel* Label1;
+  QLabel* Label2;
+  QLabel* Label3;
+  QLabel* Label4;
+  QLabel* Label5;
+  QPushButton* lblHere;
+  QPushButton* cmdEmail;
+  QPushButton* cmdContinue;
+  QPushButton* cmdQuit;
+  QPushButton* cmdErrorDetails;
+  QPushButton* cmdCopy;
+  QPlainTextEdit* Text1;
+};
+
+/// Reports through the error screen, which is made on the first report. Returns when the user
+/// chose to continue.
+class ScreenErrorReporter : public ErrorReporter {
+ public:
+  ScreenErrorReporter(const Clock& clock, Prompter& prompter, Desktop& desktop,
+                      const SettingsStore& settings, const Navigator& navigator);
+  ~ScreenErrorReporter() override;
+  void ReportError(const QString& form, const QString& errorLine, const QString& procedure,
+                   const QString& furtherInformation) override;
+
+ private:
+  const Clock& clock_;
+  Prompter& prompter_;
+  Desktop& desktop_;
+  const SettingsStore& settings_;
+  const Navigator& navigator_;
+  std::unique_ptr<frmErrorHandler> screen_;
+};
+
+}  // namespace quillary

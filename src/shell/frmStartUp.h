@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QLabel>
+#include <QProgressBar>
+#include <QWidget>
+
+namespace quillary {
+
+/// The sign of life while the business is made ready.
+class frmStartUp : public QWidget {
+  Q_OBJECT
+
+ public:
+  static constexpr int kSteps = 17;
+
+  frmStartUp();
+  void Start();
+  void Advance();
+  void Finish();
+
+ private:
+  QLabel* lblPleaseWait;
+  QProgressBar* pb;
+};
+
+}  // namespace quillary

@@ -1,0 +1,124 @@
+#include "base/Errors.h"
+#include "kit/Theme.h"
+#include "session/ProgramFolder.h"
+#include "shell/DayRun.h"
+#include "shell/Ports.h"
+#include "shell/Program.h"
+#include "shell/ProgramIcon.h"
+#include "shell/Version.h"
+
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QTextStream>
+
+#include <iostream>
+
+using namespace quillary;
+
+namespace {
+
+/// The last net: whatever a handler of the toolkit lets through is told to the user, instead of
+/// ending the program with the user's work.
+class DesktopApplication : public QApplication {
+ public:
+  using QApplication::QApplication;
+  void UsePorts(DesktopPorts* ports) { ports_ = ports; }
+
+  bool notify(QObject* receiver, QEvent* event) override {
+    try {
+      return QApplication::notify(receiver, event);
+    } catch (const std::exception& error) {
+      if (!ports_) throw;
+      ReportMemoryOrCrash(ports_->prompter, error);
+      ports_->errors.ReportError(receiver->objectName(), ErrorLine(error), QStringLiteral("notify"),
+                                 {});
+    }
+    return true;
+  }
+
+ private:
+  DesktopPorts* ports_ = nullptr;
+};
+
+struct Options {
+  QString file;
+  QString dayRunFolder;
+  QStringList rest;  // as it stands, the command line that the start-up reads
+  bool help = false;
+  bool version = false;
+  QString wrong;
+};
+
+Options ReadOptions(const QStringList& arguments) {
+  Options options;
+  for (qsizetype at = 1; at < arguments.size(); ++at) {
+    const QString& word = arguments[at];
+    const auto value = [&](QString& into) {
+      if (at + 1 < arguments.size())
+        into = arguments[++at];
+      else
+        options.wrong = word;
+    };
+    if (word == u"--file")
+      value(options.file);
+    else if (word == u"--day-run")
+      value(options.dayRunFolder);
+    else if (word == u"--help" || word == u"-h")
+      options.help = true;
+    else if (word == u"--version")
+      options.version = true;
+    else
+      options.rest += word;
+  }
+  return options;
+}
+
+const char* const kHelp =
+    "Usage: quillary [-i] [--file PATH] [--day-run DIR]\n"
+    "  -i             opens the first-run setup again\n"
+    "  --file PATH    opens this business file without asking\n"
+    "  --day-run DIR  does the day's first job without a user and lays a picture of the\n"
+    "                 main window into DIR\n";
+
+int RunDesktop(DesktopApplication& application, const Options& options) {
+  DesktopPorts ports;
+  application.UsePorts(&ports);
+  int code = 1;
+  {
+    Program program(ports.All(), ports.navigator, ProgramFolder());
+    program.UseFile(options.file);
+    if (program.Start(options.rest.join(u' '))) {
+      QObject::connect(
+          program.MainMenu(), &MainMenuMDI::left, &application, [] { QCoreApplication::exit(0); },
+          Qt::QueuedConnection);
+      code = application.exec();
+    }
+  }
+  application.UsePorts(nullptr);
+  return code;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  DesktopApplication application(argc, argv);
+  QApplication::setApplicationName(QStringLiteral("Quillary"));
+  QApplication::setApplicationVersion(VersionText());
+  QApplication::setDesktopFileName(QStringLiteral("quillary"));
+  QApplication::setQuitOnLastWindowClosed(false);  // the main window decides when we leave
+  QApplication::setWindowIcon(ProgramIcon());
+
+  const Options options = ReadOptions(QCoreApplication::arguments());
+  if (options.help || options.version) {
+    std::cout << (options.help ? kHelp : qPrintable(VersionText() + u'\n'));
+    return 0;
+  }
+  if (!options.wrong.isEmpty()) {
+    std::cerr << "quillary: " << qPrintable(options.wrong) << " needs a value\n" << kHelp;
+    return 2;
+  }
+  ApplyTheme(application, ReadThemeChoice(PerUserSettings()));
+  if (!options.dayRunFolder.isEmpty())
+    return RunTheDay(options.rest.join(u' '), options.file, options.dayRunFolder);
+  return RunDesktop(application, options);
+}

@@ -1,0 +1,202 @@
+#include "shell/shots/Shots.h"
+
+#include "data/Schema.h"
+#include "kit/Grid.h"
+#include "scheduling/screens/DiaryGrid.h"
+#include "session/ProgramFolder.h"
+#include "setup/DemoBusiness.h"
+#include "shell/ErrorDump.h"
+#include "shell/Hands.h"
+#include "shell/MainMenuMDI_Splash.h"
+#include "shell/frmAbout.h"
+#include "shell/frmODBCConnection.h"
+#include "shell/frmSelectDatabaseToAccess.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QDir>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QPainter>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTimer>
+
+namespace quillary {
+
+namespace {
+
+QString MakeDemo(const QString& folder, const Outside& outside) {
+  const QString file = QDir(folder).filePath(QStringLiteral("DATA.MDB"));
+  QFile::remove(file);
+  CreateEmptyBusiness(file);
+  Business business(outside, file);
+  business.ConnectToDatabase();
+  WriteDemoBusiness(business);
+  business.CloseConnection();
+  return file;
+}
+
+}  // namespace
+
+Shots::Shots(const QString& folder)
+    : folder_(folder), program_(ports_.All(), ports_.navigator, ProgramFolder()) {}
+
+void Shots::Save(QWidget* widget, const QString& name) {
+  Hands::Settle();
+  const QString file =
+      QStringLiteral("%1-%2.png").arg(++number_, 2, 10, QLatin1Char('0')).arg(name);
+  widget->grab().save(QDir(folder_).filePath(file));
+}
+
+void Shots::SaveWithOverlays(const QString& name) {
+  Hands::Settle();
+  QWidget* window = program_.MainMenu();
+  QPixmap picture = window->grab();
+  QPainter painter(&picture);
+  for (QWidget* over : QApplication::topLevelWidgets()) {
+    if (over == window || !over->isVisible()) continue;
+    painter.drawPixmap(window->mapFromGlobal(over->mapToGlobal(QPoint(0, 0))), over->grab());
+  }
+  painter.end();
+  const QString file =
+      QStringLiteral("%1-%2.png").arg(++number_, 2, 10, QLatin1Char('0')).arg(name);
+  picture.save(QDir(folder_).filePath(file));
+}
+
+void Shots::Run() {
+  const QString file = MakeDemo(ProgramFolder(), ports_.All());
+  StartUpScreens();
+  program_.UseFile(file);
+  if (!program_.Start({})) throw std::runtime_error("the start-up ended early");
+  program_.MainMenu()->move(0, 0);
+  program_.MainMenu()->resize(1280, 720);
+  Diary();
+  Menus();
+  Dialogs();
+  Boxes();
+}
+
+void Shots::StartUpScreens() {
+  frmSelectDatabaseToAccess select(ports_.All(), ProgramFolder());
+  select.show();
+  Save(&select, QStringLiteral("frmSelectDatabaseToAccess"));
+  select.close();
+  frmStartUp progress;
+  progress.Start();
+  for (int step = 0; step < 7; ++step) progress.Advance();
+  Save(&progress, QStringLiteral("frmStartUp"));
+  progress.close();
+}
+
+void Shots::Diary() {
+  QWidget* window = program_.MainMenu();
+  if (auto* splash = window->findChild<QWidget*>(QStringLiteral("MainMenuMDI_Splash"))) {
+    SaveWithOverlays(QStringLiteral("MainMenuMDI_Splash"));
+    splash->close();
+    Hands::Settle();
+  }
+  auto* grid = window->findChild<Grid*>(QStringLiteral("grdSchedule"));
+  Save(window, QStringLiteral("frmDiary"));
+
+  grid->setCurrentIndex(grid->model()->index(3, kStatus));
+  grid->edit(grid->currentIndex());
+  Save(window, QStringLiteral("frmDiary-editing-status"));
+  Hands::Press(grid->viewport()->findChild<QComboBox*>(), Qt::Key_Escape);
+
+  auto* filter = window->findChild<QLineEdit*>(QStringLiteral("txtFilter"));
+  filter->setText(QStringLiteral("no such client"));
+  Save(window, QStringLiteral("frmDiary-filtered-empty"));
+  filter->clear();
+
+  auto* from = window->findChild<DateField*>(QStringLiteral("dtFrom"));
+  window->findChild<DateField*>(QStringLiteral("dtTo"))->SetDate(from->Date().addDays(6));
+  window->findChild<QRadioButton*>(QStringLiteral("optShowJobsBetween"))->click();
+  Save(window, QStringLiteral("frmDiary-week"));
+
+  Hands::Press(from, Qt::Key_F4);
+  SaveWithOverlays(QStringLiteral("frmDiary-calendar"));
+  if (QWidget* popup = QApplication::activePopupWidget()) popup->close();
+  window->findChild<QRadioButton*>(QStringLiteral("optShowJobsOn"))->click();
+
+  window->resize(853, 480);
+  Save(window, QStringLiteral("frmDiary-at-150-percent"));
+  window->resize(1280, 720);
+}
+
+void Shots::Menus() {
+  MainMenuMDI* window = program_.MainMenu();
+  const auto shoot = [&](auto& self, QMenu* menu, const QPoint& place) -> void {
+    menu->popup(place);
+    SaveWithOverlays(QStringLiteral("menu-") + menu->objectName());
+    for (QAction* action : menu->actions()) {
+      if (!action->menu()) continue;
+      const QRect entry = menu->actionGeometry(action);
+      self(self, action->menu(), menu->mapToGlobal(entry.topRight()));
+    }
+    menu->close();
+  };
+  for (QAction* action : window->menuBar()->actions()) {
+    if (!action->menu()) continue;
+    const QRect entry = window->menuBar()->actionGeometry(action);
+    shoot(shoot, action->menu(), window->menuBar()->mapToGlobal(entry.bottomLeft()));
+  }
+  auto* find = window->findChild<QLineEdit*>(QStringLiteral("txtFind"));
+  find->setFocus();
+  find->setText(QStringLiteral("re"));
+  find->setText({});
+  for (const int key : {Qt::Key_R, Qt::Key_E}) {
+    QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, QString(QChar(key)).toLower());
+    QApplication::sendEvent(find, &press);
+  }
+  SaveWithOverlays(QStringLiteral("command-search"));
+  if (QWidget* popup = QApplication::activePopupWidget()) popup->close();
+  find->clear();
+}
+
+void Shots::Dialogs() {
+  frmAbout about;
+  about.show();
+  Save(&about, QStringLiteral("frmAbout"));
+  frmODBCConnection connection(ports_.All(), ProgramFolder());
+  connection.show();
+  Save(&connection, QStringLiteral("frmODBCConnection"));
+
+  ErrorReport report;
+  report.errorLine = QStringLiteral("Error: 3021 - No current record for the field Client_ID");
+  report.form = QStringLiteral("frmDiary");
+  report.procedure = QStringLiteral("LoadScheduleGrid");
+  report.activeForm = QStringLiteral("frmDiary");
+  report.activeControl = QStringLiteral("grdSchedule");
+  report.time = DateTime(QDate(2026, 11, 2), QTime(9, 30));
+  frmErrorHandler errors(ports_.prompter, ports_.desktop, ports_.settings, ports_.navigator);
+  errors.ShowDump(BuildErrorDump(report));
+  errors.show();
+  Save(&errors, QStringLiteral("frmErrorHandler"));
+  errors.findChild<QPushButton*>(QStringLiteral("cmdErrorDetails"))->click();
+  Save(&errors, QStringLiteral("frmErrorHandler-details"));
+}
+
+void Shots::Boxes() {
+  const auto shoot = [this](const QString& name) {
+    QTimer::singleShot(0, qApp, [this, name] {
+      QWidget* box = QApplication::activeModalWidget();
+      Save(box, name);
+      box->close();
+    });
+  };
+  shoot(QStringLiteral("box-question"));
+  ports_.prompter.Ask(QStringLiteral("Are you sure you want to exit from the system?"),
+                      SystemTitle());
+  shoot(QStringLiteral("box-exclamation"));
+  ports_.prompter.Tell(Tone::Exclamation, QStringLiteral("Please enter a valid date range."),
+                       SystemTitle());
+
+  // With every tab closed the frame says what to do next.
+  MainMenuMDI* window = program_.MainMenu();
+  window->findChild<QPushButton*>(QStringLiteral("cmdClose"))->click();
+  Save(window, QStringLiteral("MainMenuMDI-no-screen"));
+}
+
+}  // namespace quillary

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "data/Business.h"
+#include "shell/Ports.h"
+#include "shell/Program.h"
+
+#include <QString>
+#include <QWidget>
+
+namespace quillary {
+
+/// Renders the screens of the program, each into a picture of its own.
+class Shots {
+ public:
+  /// Makes a demo business and its pictures in `folder`.
+  explicit Shots(const QString& folder);
+  void Run();
+
+ private:
+  void Save(QWidget* widget, const QString& name);
+  /// The main window with what lies over it.
+  void SaveWithOverlays(const QString& name);
+  void StartUpScreens();
+  void Diary();
+  void Menus();
+  void Dialogs();
+  void Boxes();
+
+  QString folder_;
+  DesktopPorts ports_;
+  Program program_;
+  int number_ = 0;
+};
+
+}  // namespace quillary
