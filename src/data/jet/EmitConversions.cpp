@@ -1,4 +1,5 @@
 #include "data/jet/Emitter.h"
+#include "data/jet/Functions.h"
 
 namespace quillary::jet {
 namespace {
@@ -29,7 +30,7 @@ Fragment Emitter::AsNumber(const Fragment& fragment) {
     case Family::Text:
       break;
   }
-  return Piece(fragment.token, "q_fraction(" + Text(fragment) + ")", kPrimaryPower,
+  return Piece(fragment.token, Called(functions::kFraction, Text(fragment)), kPrimaryPower,
                ColumnType::Double, {&fragment});
 }
 
@@ -46,7 +47,7 @@ Fragment Emitter::AsText(const Fragment& fragment) {
     text.column = nullptr;
     return text;
   }
-  return Piece(fragment.token, "q_text(" + Text(AsNumber(fragment)) + ")", kPrimaryPower,
+  return Piece(fragment.token, Called(functions::kText, Text(AsNumber(fragment))), kPrimaryPower,
                ColumnType::Text, {&fragment});
 }
 
@@ -72,25 +73,25 @@ Fragment Emitter::As(const Fragment& fragment, ColumnType type) {
 Fragment Emitter::ConvertedTo(const Fragment& fragment, ColumnType type) {
   const Family from = FamilyOf(fragment.type);
   const auto call = [&](const char* function, const Fragment& argument) {
-    return Piece(fragment.token, std::string(function) + "(" + Text(argument) + ")", kPrimaryPower,
-                 type, {&fragment});
+    return Piece(fragment.token, Called(function, Text(argument)), kPrimaryPower, type,
+                 {&fragment});
   };
   switch (type) {
     case ColumnType::Counter:
     case ColumnType::Long:
       if (IsWholeType(fragment.type)) return fragment;
       if (from == Family::YesNo) return AsNumber(fragment);
-      return call("q_whole", from == Family::Date ? AsNumber(fragment) : fragment);
+      return call(functions::kWhole, from == Family::Date ? AsNumber(fragment) : fragment);
     case ColumnType::Single:
     case ColumnType::Double:
       return AsNumber(fragment);
     case ColumnType::Currency:
       if (fragment.type == ColumnType::Currency || IsWholeType(fragment.type)) return fragment;
       if (from == Family::YesNo) return AsNumber(fragment);
-      return call("q_money", from == Family::Date ? AsNumber(fragment) : fragment);
+      return call(functions::kMoney, from == Family::Date ? AsNumber(fragment) : fragment);
     case ColumnType::Date:
       if (from == Family::Date) return fragment;
-      if (from == Family::Text) return call("q_date", fragment);
+      if (from == Family::Text) return call(functions::kDate, fragment);
       return Piece(fragment.token,
                    "datetime(" + Text(AsNumber(fragment), kAddPower) + " + " + kDayZero + ")",
                    kPrimaryPower, type, {&fragment});
@@ -100,7 +101,7 @@ Fragment Emitter::ConvertedTo(const Fragment& fragment, ColumnType type) {
         return Piece(fragment.token, "ifnull(" + Text(fragment) + ", 0)", kPrimaryPower, type,
                      {&fragment});
       }
-      return call("q_yesno", fragment);
+      return call(functions::kYesNo, fragment);
     case ColumnType::Text:
     case ColumnType::Memo:
       break;

@@ -1,4 +1,5 @@
 #include "data/jet/Emitter.h"
+#include "data/jet/Functions.h"
 
 #include <algorithm>
 #include <array>
@@ -7,7 +8,7 @@ namespace quillary::jet {
 namespace {
 
 /// A function that becomes a fixed text. The letters of `takes` tell each argument: t text,
-/// w whole number, n number, d date, x number or text as it stands, y anything.
+/// w whole number, n number, d date, x number or text as it stands.
 struct Rule {
   const char16_t* name;
   const char* takes;
@@ -40,14 +41,14 @@ constexpr std::array<Rule, 32> kRules{{
     {u"CBOOL", "x", "q_yesno(@1)", ColumnType::YesNo},
     {u"CSTR", "t", "@1", ColumnType::Text},
     {u"CDATE", "d", "@1", ColumnType::Date},
-    {u"DATEVALUE", "d", "substr(@1, 1, 10) || ' 00:00:00'", ColumnType::Date},
+    {u"DATEVALUE", "d", "(substr(@1, 1, 10) || ' 00:00:00')", ColumnType::Date},
     {u"YEAR", "d", "CAST(substr(@1, 1, 4) AS INTEGER)", ColumnType::Long},
     {u"MONTH", "d", "CAST(substr(@1, 6, 2) AS INTEGER)", ColumnType::Long},
     {u"DAY", "d", "CAST(substr(@1, 9, 2) AS INTEGER)", ColumnType::Long},
     {u"HOUR", "d", "CAST(substr(@1, 12, 2) AS INTEGER)", ColumnType::Long},
     {u"MINUTE", "d", "CAST(substr(@1, 15, 2) AS INTEGER)", ColumnType::Long},
     {u"SECOND", "d", "CAST(substr(@1, 18, 2) AS INTEGER)", ColumnType::Long},
-    {u"WEEKDAY", "d", "CAST(strftime('%w', @1) AS INTEGER) + 1", ColumnType::Long},
+    {u"WEEKDAY", "d", "(CAST(strftime('%w', @1) AS INTEGER) + 1)", ColumnType::Long},
     {u"INT", "n", "CAST(floor(@1) AS INTEGER)", ColumnType::Long},
     {u"FIX", "n", "CAST(@1 AS INTEGER)", ColumnType::Long},
     {u"SGN", "n", "sign(@1)", ColumnType::Long},
@@ -97,8 +98,8 @@ Fragment Emitter::SpecialCall(const Expression& expression,
     const Fragment number = AsNumber(arguments[0]);
     std::string inner = Text(number);
     if (count == 2) inner += ", " + Text(As(arguments[1], ColumnType::Long));
-    Fragment call =
-        Piece(token, (abs ? "abs(" : "q_round(") + inner + ")", kPrimaryPower, number.type, {});
+    Fragment call = Piece(token, Called(abs ? "abs" : functions::kRound, inner), kPrimaryPower,
+                          number.type, {});
     call.needsRounding = round && number.type == ColumnType::Currency;
     return call;
   }
@@ -116,8 +117,7 @@ Fragment Emitter::SpecialCall(const Expression& expression,
                                              : AsNumber(argument),
                            kPrimaryPower));
     }
-    return Piece(token, "(" + FilledTemplate(rule.becomes, texts, token) + ")", kPrimaryPower,
-                 rule.gives, {});
+    return Piece(token, FilledTemplate(rule.becomes, texts, token), kPrimaryPower, rule.gives, {});
   }
   Fail(token, "this function takes other arguments");
 }
@@ -197,7 +197,7 @@ Fragment Emitter::AggregateExpr(const Expression& expression, Scope& scope) {
   }
   const bool money = number.type == ColumnType::Currency;
   if (name == u"SUM") {
-    return aggregate((money ? "q_moneysum(" : "sum(") + Text(number) + ")",
+    return aggregate(Called(money ? functions::kMoneySum : "sum", Text(number)),
                      number.type == ColumnType::Counter ? ColumnType::Long : number.type);
   }
   Fragment average =

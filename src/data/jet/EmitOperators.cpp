@@ -1,4 +1,5 @@
 #include "data/jet/Emitter.h"
+#include "data/jet/Functions.h"
 
 namespace quillary::jet {
 namespace {
@@ -90,10 +91,13 @@ Fragment Emitter::Comparison(const Expression& expression, Fragment left, Fragme
 
 Fragment Emitter::Like(const Expression& expression, const Fragment& left, const Fragment& right) {
   // GLOB knows the same wildcards but for # and [!...]; [#] means the sign itself.
-  const std::string pattern = "replace(replace(replace(replace(q_lcase(" + Text(AsText(right)) +
-                              "), '[#]', char(1)), '#', '[0-9]'), char(1), '[#]'), '[!', '[^')";
-  return Piece(expression.token, "q_lcase(" + Text(AsText(left)) + ") GLOB " + pattern, kEqualPower,
-               ColumnType::YesNo, {&left, &right});
+  const auto lowered = [&](const Fragment& text) {
+    return Called(functions::kLcase, Text(AsText(text)));
+  };
+  const std::string pattern = "replace(replace(replace(replace(" + lowered(right) +
+                              ", '[#]', char(1)), '#', '[0-9]'), char(1), '[#]'), '[!', '[^')";
+  return Piece(expression.token, lowered(left) + " GLOB " + pattern, kEqualPower, ColumnType::YesNo,
+               {&left, &right});
 }
 
 Fragment Emitter::JoinTexts(const Expression& expression, const Fragment& left,
@@ -163,7 +167,8 @@ Fragment Emitter::Arithmetic(const Expression& expression, const Fragment& left,
   const Fragment one = AsNumber(left);
   const Fragment two = AsNumber(right);
   const auto whole = [&](const Fragment& part) {
-    return IsWholeType(part.type) ? Text(part, kPrimaryPower) : "q_clng(" + Text(part) + ")";
+    return IsWholeType(part.type) ? Text(part, kPrimaryPower)
+                                  : Called(functions::kClng, Text(part));
   };
   if (expression.op == Operator::WholeDivide || expression.op == Operator::Modulo) {
     return Piece(expression.token,

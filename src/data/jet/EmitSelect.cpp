@@ -69,6 +69,9 @@ std::string Emitter::GroupClause(const Select& select, Scope& scope) {
       std::any_of(select.items.begin(), select.items.end(), [](const SelectItem& item) {
         return item.expression && HasAggregate(*item.expression);
       });
+  if (select.having && !aggregates && select.groupBy.empty()) {
+    Fail(select.having->token, "HAVING needs groups");
+  }
   if (!select.groupBy.empty()) grouped_ = true;
   std::vector<std::string> groups;
   for (const ExpressionPtr& expression : select.groupBy) {

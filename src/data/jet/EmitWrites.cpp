@@ -55,6 +55,7 @@ void Emitter::EmitUpdate(const Update& update) {
   for (size_t i = 0; i < update.assignments.size(); ++i) {
     const Update::Assignment& assignment = update.assignments[i];
     const Column& column = ColumnNamed(*target.table, assignment.name, assignment.token);
+    if (column.type == ColumnType::Counter) Fail(assignment.token, "a counter can't be changed");
     const std::string value = Text(As(Expr(*assignment.value, scope), column.type));
     const std::string numbered = "\"c" + std::to_string(i + 1) + "\"";
     changes += (i == 0 ? "" : ", ") + Quoted(column.name) + " = " +

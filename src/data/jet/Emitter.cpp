@@ -1,5 +1,6 @@
 #include "data/jet/Emitter.h"
 
+#include "data/jet/Functions.h"
 #include "data/jet/Parser.h"
 
 namespace quillary::jet {
@@ -80,7 +81,7 @@ std::string Emitter::Text(const Fragment& fragment, int power) {
     sql = (fragment.negative ? "-" : "") + Parameter(fragment.literal, std::nullopt);
     own = fragment.negative ? kSignPower : kPrimaryPower;
   } else if (fragment.needsRounding) {
-    sql = "q_money(" + sql + ")";
+    sql = Called(functions::kMoney, sql);
     own = kPrimaryPower;
   }
   if (sql.size() > kLongestText) Fail(fragment.token, "this expression is too long");

@@ -64,6 +64,9 @@ inline bool IsWholeType(const std::optional<ColumnType>& type) {
 
 /// `name` in double quotes.
 std::string Quoted(const QString& name);
+inline std::string Called(const char* function, const std::string& arguments) {
+  return std::string(function) + "(" + arguments + ")";
+}
 /// The type that holds the values of both, as for the branches of IIf.
 std::optional<ColumnType> CommonType(std::optional<ColumnType> one, std::optional<ColumnType> two);
 

@@ -2,6 +2,7 @@
 
 #include "data/jet/Declarations.h"
 #include "data/jet/Emitter.h"
+#include "data/jet/Functions.h"
 
 #include <algorithm>
 
@@ -34,21 +35,21 @@ std::string Carried(const Column& from, ColumnType to) {
   switch (to) {
     case ColumnType::Counter:
     case ColumnType::Long:
-      return "q_whole(" + yesAsNumber + ")";
+      return Called(functions::kWhole, yesAsNumber);
     case ColumnType::Single:
     case ColumnType::Double:
-      return "q_fraction(" + yesAsNumber + ")";
+      return Called(functions::kFraction, yesAsNumber);
     case ColumnType::Currency:
-      return "q_money(" + yesAsNumber + ")";
+      return Called(functions::kMoney, yesAsNumber);
     case ColumnType::Date:
-      return "q_date(" + old + ")";
+      return Called(functions::kDate, old);
     case ColumnType::YesNo:
-      return "q_yesno(" + old + ")";
+      return Called(functions::kYesNo, old);
     case ColumnType::Text:
     case ColumnType::Memo:
       break;
   }
-  return before == Family::Date ? old : "q_text(" + yesAsNumber + ")";
+  return before == Family::Date ? old : Called(functions::kText, yesAsNumber);
 }
 
 bool HasCounter(const Table& table) {
@@ -94,9 +95,8 @@ std::string SchemaEmitter::Declared(const ColumnDefinition& definition) {
   const Column& column = definition.column;
   std::string declared = Quoted(column.name) + " " + DeclarationOf(column).toStdString();
   if (column.type == ColumnType::Counter) return declared;
-  const bool key = definition.primaryKey;
-  if ((definition.notNull || key) && column.type != ColumnType::YesNo) declared += " NOT NULL";
-  if (definition.unique || key) declared += " UNIQUE";
+  const bool never = definition.notNull || definition.primaryKey;
+  if (never && column.type != ColumnType::YesNo) declared += " NOT NULL";
   return declared;
 }
 
@@ -119,10 +119,25 @@ void SchemaEmitter::Emit(const CreateTable& create) {
     columns.push_back(Declared(definition));
   }
   if (columns.empty()) Fail(create.token, "a table needs a column");
+  texts_.push_back("CREATE TABLE " + Quoted(create.name) + " (" + Joined(columns) + ")");
+  AddKeys(create);
+}
+
+// Keys are indexes with names, so that they outlive a rebuilding of the table.
+void SchemaEmitter::AddKeys(const CreateTable& create) {
+  const auto add = [&](const QString& name, const std::vector<std::string>& columns) {
+    texts_.push_back("CREATE UNIQUE INDEX " + Quoted(create.name + u' ' + name) + " ON " +
+                     Quoted(create.name) + " (" + Joined(columns) + ")");
+  };
+  for (const ColumnDefinition& definition : create.columns) {
+    const bool counts = definition.column.type == ColumnType::Counter;
+    if (!counts && (definition.unique || definition.primaryKey)) {
+      add(definition.column.name, {Quoted(definition.column.name)});
+    }
+  }
   std::vector<std::string> key;
   for (const QString& name : create.primaryKey) key.push_back(Quoted(name));
-  if (!key.empty()) columns.push_back("UNIQUE (" + Joined(key) + ")");
-  texts_.push_back("CREATE TABLE " + Quoted(create.name) + " (" + Joined(columns) + ")");
+  if (!key.empty()) add(QStringLiteral("key"), key);
 }
 
 void SchemaEmitter::Emit(const AlterTable& alter) {

@@ -23,6 +23,7 @@ class SchemaEmitter {
   const Table& TableNamed(const QString& name, const Token& token) const;
   const Column& ColumnNamed(const Table& table, const ColumnDefinition& definition) const;
   void Emit(const CreateTable& create);
+  void AddKeys(const CreateTable& create);
   void Emit(const AlterTable& alter);
   void Emit(const CreateIndex& create);
   void Emit(const DropIndex& drop);

@@ -65,6 +65,8 @@ TEST_F(RefusalTest, TellsThePlace) {
       {"INSERT INTO Clients (Name) VALUES ('a', 'b')", 1, 13, "Clients"},
       {"INSERT INTO Clients (Name) VALUES (Name)", 1, 36, "Name"},
       {"UPDATE Clients SET Nme = 'a'", 1, 20, "Nme"},
+      {"UPDATE Clients SET Client_ID = 5", 1, 20, "Client_ID"},
+      {"SELECT 1 FROM Clients HAVING Name = 'a'", 1, 35, "="},
       {"UPDATE Clients SET Name 'a'", 1, 25, "'a'"},
       {"UPDATE Clients INNER JOIN Jobs ON Clients.Client_ID = Jobs.Client_ID SET Name = 'a', Price "
        "= 1",

@@ -97,6 +97,9 @@ INSERT INTO t VALUES (1, 'x'))");
   EXPECT_THROW(file_.Run("INSERT INTO t VALUES (2, 'X')"), std::runtime_error)
       << "a unique text minds case";
   EXPECT_THROW(file_.Run("INSERT INTO t VALUES (1, 'y')"), std::runtime_error);
+  file_.Run("ALTER TABLE t ALTER COLUMN a TEXT(9)");
+  EXPECT_THROW(file_.Run("INSERT INTO t VALUES (1, 'y')"), std::runtime_error)
+      << "a rebuilt table loses its key";
   file_.Run("DROP INDEX Twice ON t");
   file_.Run("INSERT INTO t VALUES (2, 'X')");
 }
