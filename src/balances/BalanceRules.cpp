@@ -1,0 +1,15 @@
+#include "balances/BalanceRules.h"
+
+namespace quillary {
+
+BalanceKind BalanceKindOf(qint64 clientId, qint64 billingClientId, const QString& status) {
+  if (billingClientId != clientId) return BalanceKind::BilledToAnother;
+  return status.toUpper() == u"BILLING ADDRESS" ? BalanceKind::BillingAddress
+                                                : BalanceKind::PaysForItself;
+}
+
+Money RoundedBalance(Money paid, Money jobs) {
+  return paid.Rounded(2) - jobs.Rounded(2);
+}
+
+}  // namespace quillary

@@ -1,0 +1,34 @@
+#include "balances/Debtors.h"
+
+namespace quillary {
+namespace {
+
+std::vector<DebtorRow> ListByBalance(Business& business, const Sql& balance, DebtorFilter filter) {
+  Sql statement =
+      Sql("SELECT Client_ID, Status, Display_Name, Phone_1, Account_Balance, Statement_Type "
+          "FROM Clients WHERE ") +
+      balance + Sql(" AND NOT(Account_Balance IS NULL) AND Is_Billed_To = Yes ");
+  if (filter == DebtorFilter::Active) {
+    statement =
+        statement + Sql(" AND UCASE(Status) IN ('ACTIVE', 'BILLING ADDRESS', 'BAD DEBTOR')");
+  }
+  std::vector<DebtorRow> rows;
+  for (const Record row : business.RunSQL(statement + Sql(" ORDER BY Display_Name;"))) {
+    rows.push_back({row[u"Client_ID"].ToLong(), row[u"Display_Name"].ToText(),
+                    row[u"Status"].ToText(), row[u"Phone_1"].ToText(),
+                    -row[u"Account_Balance"].ToMoney(), row[u"Statement_Type"].ToText()});
+  }
+  return rows;
+}
+
+}  // namespace
+
+std::vector<DebtorRow> ListDebtors(Business& business, DebtorFilter filter) {
+  return ListByBalance(business, Sql("Account_Balance < 0"), filter);
+}
+
+std::vector<DebtorRow> ListCreditors(Business& business, DebtorFilter filter) {
+  return ListByBalance(business, Sql("Account_Balance > 0"), filter);
+}
+
+}  // namespace quillary
