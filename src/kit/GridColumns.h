@@ -50,7 +50,7 @@ struct GridCell {
 struct GridRow {
   std::vector<GridCell> cells;
   Hue hue = Hue::None;
-  QString note;  // shown when the pointer rests on the row
+  QString note = {};  // shown when the pointer rests on the row
 };
 
 /// A cell as the user reads it.

@@ -1,6 +1,7 @@
 #include "shell/shots/Shots.h"
 
 #include "data/Schema.h"
+#include "kit/DateField.h"
 #include "kit/Grid.h"
 #include "scheduling/screens/DiaryGrid.h"
 #include "session/ProgramFolder.h"
