@@ -98,7 +98,10 @@ std::optional<Refusal> CheckJob(Business& business, const Job& job) {
   };
   if (!job.clientId) return refuse("Please select a client.", "cmbClient");
   if (!job.employeeId) return refuse("Please select an employee.", "cmbEmployee");
-  if (!job.statusPosition) return refuse("Please select the status of the job.", "cmbStatus");
+  // A list without a selection stands at -1.
+  if (job.statusPosition.value_or(-1) < 0) {
+    return refuse("Please select the status of the job.", "cmbStatus");
+  }
   if (IsHoliday(business.holidays, job.date)) {
     return refuse("The date you entered is a holiday.", "dtpDate");
   }

@@ -33,7 +33,8 @@ TEST_F(ReferenceListsTest, HolidaysThatAreNoDays) {
       {"year of two digits never matches", {"26/12", "27", "", false}, kYear, nullptr},
       {"leap day refused in a leap year", {"29/02", "2028", "", false}, "", "29/02 2028"},
       {"leap day may not recur", {"29/02", "", "", true}, "", "29/02 0"},
-      {"disabled year checked or stored", {"26/12", "soon", "", true}, "", "26/12 0"},
+      {"disabled year checked", {"26/12", "soon", "", true}, "", "26/12 0"},
+      {"disabled year stored", {"26/12", "2027", "", true}, "", "26/12 0"},
       {"short form never matches", {" 1-5 ", "2027", "", false}, "", "01/05 2027"},
   };
   Run(Sql("DELETE FROM Holiday"));

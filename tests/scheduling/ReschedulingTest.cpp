@@ -145,19 +145,20 @@ TEST_F(ReschedulingTest, TheCheckFindsWhatTheRollWouldHaveMade) {
 TEST_F(ReschedulingTest, TheCheckLooksForTheClientNotForTheService) {
   const qint64 client = AddClient();
   Run(Sql("UPDATE Clients SET Display_Name = 'Zeta'"));
-  AddService(client, {.frequency = 14});
+  AddService(client);
   AddEntry(client, Day("2026-11-02"), "JC", 3);
-  AddEntry(client, Day("2026-11-16"), "V", 0);
+  AddEntry(client, Day("2026-11-09"), "V", 0);
+  AddEntry(client, Day("2026-11-16"), "JD", 2);
   EXPECT_TRUE(CheckClientSchedules(business()).empty());
   Run(Sql("UPDATE Diary SET Schedule_Date = {} WHERE Status = 'V'",
-          DateTime(Day("2026-11-16"), QTime(8, 0))));
+          DateTime(Day("2026-11-09"), QTime(8, 0))));
   AddService(client, {.frequency = 0});
   AddService(AddClient(), {});
   QStringList listed;
   for (const ScheduleProblem& problem : CheckClientSchedules(business())) {
     listed += problem.displayName + u' ' + problem.missingOn.toString(Qt::ISODate);
   }
-  EXPECT_EQ(listed, (QStringList{"Client 2026-11-02", "Zeta 2026-11-16", "Zeta "}));
+  EXPECT_EQ(listed, (QStringList{"Client 2026-11-02", "Zeta 2026-11-09", "Zeta "}));
 }
 
 TEST_F(ReschedulingTest, TheListShowsAtStartUpUntilItIsSwitchedOff) {
