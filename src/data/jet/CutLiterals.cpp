@@ -192,6 +192,8 @@ class Cutter {
       Fail("there are more places than arguments for them", at, "{}");
     }
     const Value& argument = (*arguments_)[nextArgument_++];
+    const auto* moment = std::get_if<DateTime>(&argument.variant());
+    if (moment && !moment->IsValid()) Fail("there is no such date", at, "{}");
     return Add(at, at + 2, MarkOf(argument), argument);
   }
 

@@ -67,6 +67,7 @@ TEST(CutLiterals, TakesArgumentsAtTheirPlaces) {
   EXPECT_EQ(cut.literals[3], Value("{}"));
   EXPECT_EQ(cut.literals[5], arguments[4]);
   EXPECT_THROW(CutLiterals("{}", {}), StatementError);
+  EXPECT_THROW(CutLiterals("{}", {QDate(2019, 2, 30)}), StatementError);
   EXPECT_THROW(CutLiterals("{} {}", {1}), StatementError);
   EXPECT_THROW(CutLiterals("a", {1}), StatementError);
 }
