@@ -34,7 +34,7 @@ void SyncFolderOf(const QString& file) {
 
 FileInTheMaking::FileInTheMaking(const QString& target)
     : target_(target),
-      path_(QStringLiteral("%1.making-%2")
+      path_(QStringLiteral("%1.%2.tmp")
                 .arg(target)
                 .arg(QRandomGenerator::global()->generate(), 8, 16, QLatin1Char('0'))) {
   const QFileInfo info(target);
