@@ -1,5 +1,6 @@
 #include "scheduling/screens/frmDiary.h"
 
+#include "scheduling/DiaryCommands.h"
 #include "scheduling/screens/DiaryGrid.h"
 #include "scheduling/screens/RowButtons.h"
 
@@ -117,7 +118,7 @@ void frmDiary::AfterEdit(int row, int column, const Value& value) {
     if (column == kSequence)
       ChangeSequence(business_, diaryId, static_cast<int>(value.ToLong()));
     else if (column == kStatus)
-      ChangeJobStatus(business_, diaryId, value.ToText());
+      ChangeJobStatusAndBalance(business_, diaryId, value.ToText());
     else if (column == kEmployee)
       ChangeEmployee(business_, diaryId, value.ToLong());
   });

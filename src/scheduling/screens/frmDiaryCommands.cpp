@@ -1,6 +1,7 @@
 #include "base/ports/requests/Billing.h"
 #include "base/ports/requests/Clients.h"
 #include "base/ports/requests/Scheduling.h"
+#include "scheduling/DiaryCommands.h"
 #include "scheduling/screens/frmDiary.h"
 
 /// The diary's commands. Those that open another screen ask the navigator for it.
@@ -19,13 +20,11 @@ void frmDiary::ConnectCommands() {
   on(cmdPrint, &frmDiary::PrintSheet);
   on(cmdPrintDailyTotals, &frmDiary::PrintTotals);
   tools_.runner.OnClick(cmdCancelled, objectName(), [this] {
-    ChangeSelected([this](const DiaryRow& job) {
-      ChangeJobStatus(business_, job.diaryId, QStringLiteral("JC"));
-    });
+    ChangeSelected([this](const DiaryRow& job) { CancelJob(business_, job.diaryId); });
   });
   tools_.runner.OnClick(cmdDoneUnPaid, objectName(), [this] {
     ChangeSelected([this](const DiaryRow& job) {
-      MarkDoneUnpaid(business_, business_.World().prompter, job.diaryId);
+      MarkDoneUnpaidAndBalance(business_, business_.World().prompter, job.diaryId);
     });
   });
   tools_.runner.OnClick(cmdShowSuburbDefinition, objectName(), [this] {
@@ -93,9 +92,7 @@ void frmDiary::RescheduleSelected() {
   const DiaryRow* selected = SelectedJob();
   if (!selected) return;
   const DiaryRow job = *selected;
-  const Answer answer =
-      business_.World().prompter.Ask(QStringLiteral("Do you want to Cancel this job first?"));
-  if (answer == Answer::Yes) ChangeJobStatus(business_, job.diaryId, QStringLiteral("JC"));
+  OfferToCancelJob(business_, business_.World().prompter, job.diaryId);
   tools_.navigator.Open(RescheduleFutureJobs{job.clientId});
   LoadScheduleGrid();
 }
