@@ -32,7 +32,7 @@ TEST_F(PrintingTest, TablesAlignNumbersToTheRight) {
                   "SELECT Display_Name, Account_Balance, Client_ID AS ID, Notes FROM Clients "
                   "ORDER BY Client_ID"}),
             "Display_Name  Account_Balance  ID  Notes\n"
-            "Müller \"Jo\"         -1234.50   1  a b\n"
+            "Müller \"Jo\"          -1234.50   1  a b\n"
             "Bo                       5.00   2\n");
   EXPECT_EQ(Done({"sql", "n.mdb", "DELETE FROM lstBanks"}), "done\n");
 }
