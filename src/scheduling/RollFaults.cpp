@@ -4,16 +4,13 @@
 
 namespace quillary {
 
-// Once declined, the question is not put again for every further row of the same roll.
-bool RollFaults::MayGoOnAfter(const StorageFailure& failure) {
-  if (failure.Fault() != StorageFault::Damaged) return false;
-  if (declinedRepair_) return true;
+void RollFaults::OfferRepair() {
+  if (declinedRepair_) return;  // steps lie within steps, and each sees the failure pass
   const Answer answer = business_.World().prompter.Ask(
       QStringLiteral("The system has detected a database corruption. The database needs to be "
                      "repaired.\n\nDo you want to run the program that can fix the problem?"));
   if (answer == Answer::Yes) throw RepairWanted();
   declinedRepair_ = true;
-  return true;
 }
 
 void RollFaults::Report(const std::exception& error) {

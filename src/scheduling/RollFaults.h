@@ -9,8 +9,9 @@ namespace quillary {
 struct RepairWanted {};
 
 /// What happens to the failures of a roll: an unexpected one is reported and the roll goes on with
-/// its next step; a damaged file leads to the question whether to repair it; any other failure of
-/// the store ends the roll.
+/// its next step; a failure of the store ends the roll, and when the file is damaged the user is
+/// asked first whether to repair it. Going on after damage is no choice: SQLite writes nothing more
+/// in a transaction that has met it.
 class RollFaults {
  public:
   explicit RollFaults(Business& business) : business_(business) {}
@@ -21,14 +22,15 @@ class RollFaults {
     try {
       step();
     } catch (const StorageFailure& failure) {
-      if (!MayGoOnAfter(failure)) throw;
+      if (failure.Fault() == StorageFault::Damaged) OfferRepair();
+      throw;
     } catch (const std::exception& error) {
       Report(error);
     }
   }
 
  private:
-  bool MayGoOnAfter(const StorageFailure& failure);
+  void OfferRepair();
   void Report(const std::exception& error);
 
   Business& business_;

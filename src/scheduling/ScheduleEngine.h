@@ -18,7 +18,8 @@ struct RollCount {
 /// Rolls the diary of all clients forward to today plus Days_To_Advance_Schedule and stores the new
 /// end in infSystem.Last_Schedule_Ending. Does nothing when the diary reaches that far already.
 /// Clients that are cancelled or transferred lose what lies in their future. Happens whole or not
-/// at all. A failure is told to the user and leaves the diary as it was.
+/// at all. A failure is told to the user and leaves the diary as it was; when the file is damaged
+/// the user may hand it to the repair program, which ends the process.
 RollCount AdvanceScheduleGlobally(Business& business);
 
 struct AdvanceOptions {
@@ -31,7 +32,8 @@ struct AdvanceOptions {
 /// Rebuilds one client's open diary: deletes the 'J' and 'Q' entries from `deleteFrom` on, without
 /// upper bound, and makes them again from the client's services. Of a client that is neither active
 /// nor quote only it just deletes. Rolls Client_Services.Next_Visit of repeating services to today
-/// or later.
+/// or later. Throws StorageFailure, a damaged file being offered for repair first; the diary is
+/// then as it was.
 RollCount AdvanceScheduleForClient(Business& business, qint64 clientId,
                                    const AdvanceOptions& options = {});
 

@@ -1,6 +1,5 @@
-#include "scheduling/ScheduleEngine.h"
-
 #include "ScheduleTest.h"
+#include "scheduling/ScheduleEngine.h"
 
 namespace quillary {
 namespace {
@@ -15,59 +14,131 @@ struct RebuildCase {
 };
 
 const RebuildCase kRebuildCases[] = {
-    {"last day of the horizon left out", {{}}, {},
-     {"2026-11-02 J LM", "2026-11-09 J LM", "2026-11-16 J LM"}, {}},
-    {"old next visit fills the past or stays behind", {{.nextVisit = "2025-11-03"}}, {},
-     {"2026-11-02 J LM", "2026-11-09 J LM", "2026-11-16 J LM"}, {"2026-11-02"}},
-    {"rhythm restarts at today", {{.nextVisit = "2026-11-01"}}, {},
-     {"2026-11-08 J LM", "2026-11-15 J LM"}, {"2026-11-08"}},
-    {"service without frequency loops or rolls", {{.frequency = 0, .nextVisit = "2026-10-01"}}, {},
-     {}, {}},
+    {"last day of the horizon left out",
+     {{}},
+     {},
+     {"2026-11-02 J LM", "2026-11-09 J LM", "2026-11-16 J LM"},
+     {}},
+    {"old next visit fills the past or stays behind",
+     {{.nextVisit = "2025-11-03"}},
+     {},
+     {"2026-11-02 J LM", "2026-11-09 J LM", "2026-11-16 J LM"},
+     {"2026-11-02"}},
+    {"rhythm restarts at today",
+     {{.nextVisit = "2026-11-01"}},
+     {},
+     {"2026-11-08 J LM", "2026-11-15 J LM"},
+     {"2026-11-08"}},
+    {"service without frequency loops or rolls",
+     {{.frequency = 0, .nextVisit = "2026-10-01"}},
+     {},
+     {},
+     {}},
     {"service with null frequency loops or rolls",
-     {{.frequency = Value(), .nextVisit = "2026-10-01"}}, {}, {}, {}},
+     {{.frequency = Value(), .nextVisit = "2026-10-01"}},
+     {},
+     {},
+     {}},
     {"regular service without next visit makes an entry", {{.nextVisit = nullptr}}, {}, {}, {}},
     {"casual service without next visit makes an entry",
-     {{.status = "Casual", .nextVisit = nullptr}}, {}, {}, {}},
+     {{.status = "Casual", .nextVisit = nullptr}},
+     {},
+     {},
+     {}},
     {"casual on the last day left out, or rolled on",
-     {{.status = "Casual", .nextVisit = "2026-11-16"}}, {}, {"2026-11-16 J LM"}, {}},
+     {{.status = "Casual", .nextVisit = "2026-11-16"}},
+     {},
+     {"2026-11-16 J LM"},
+     {}},
     {"casual outside the run is made",
      {{.status = "Casual", .nextVisit = "2026-11-17"},
-      {.status = "Casual", .nextVisit = "2026-11-01"}}, {}, {}, {}},
+      {.status = "Casual", .nextVisit = "2026-11-01"}},
+     {},
+     {},
+     {}},
     {"casual moved off a holiday is held to the last day",
-     {{.status = "Casual", .nextVisit = "2026-11-16"}}, {{"16/11", 0}}, {"2026-11-17 J LM"}, {}},
+     {{.status = "Casual", .nextVisit = "2026-11-16"}},
+     {{"16/11", 0}},
+     {"2026-11-17 J LM"},
+     {}},
     {"service that is quote only or cancelled makes jobs",
-     {{.status = "Quote only"}, {.status = "Cancelled"}, {.status = ""}}, {}, {}, {}},
-    {"statuses compared by case", {{.status = "REGULAR", .frequency = 14}}, {},
-     {"2026-11-02 J LM", "2026-11-16 J LM"}, {}, "ACTIVE"},
-    {"visit on a holiday is lost or moves the rhythm", {{}}, {{"09/11", 0}, {"10/11", 2026}},
-     {"2026-11-02 J LM", "2026-11-11 J LM", "2026-11-16 J LM"}, {}},
-    {"row of another year is passed over", {{}}, {{"09/11", 2025}, {"09/11", 2026}},
-     {"2026-11-02 J LM", "2026-11-09 J LM", "2026-11-16 J LM"}, {}},
-    {"next visit on a holiday keeps its rhythm when rolled", {{.nextVisit = "2026-10-26"}},
-     {{"26/10", 0}}, {"2026-11-02 J LM", "2026-11-09 J LM", "2026-11-16 J LM"}, {"2026-11-03"}},
+     {{.status = "Quote only"}, {.status = "Cancelled"}, {.status = ""}},
+     {},
+     {},
+     {}},
+    {"statuses compared by case",
+     {{.status = "REGULAR", .frequency = 14}},
+     {},
+     {"2026-11-02 J LM", "2026-11-16 J LM"},
+     {},
+     "ACTIVE"},
+    {"visit on a holiday is lost or moves the rhythm",
+     {{}},
+     {{"09/11", 0}, {"10/11", 2026}},
+     {"2026-11-02 J LM", "2026-11-11 J LM", "2026-11-16 J LM"},
+     {}},
+    {"row of another year is passed over",
+     {{}},
+     {{"09/11", 2025}, {"09/11", 2026}},
+     {"2026-11-02 J LM", "2026-11-09 J LM", "2026-11-16 J LM"},
+     {}},
+    {"next visit on a holiday keeps its rhythm when rolled",
+     {{.nextVisit = "2026-10-26"}},
+     {{"26/10", 0}},
+     {"2026-11-02 J LM", "2026-11-09 J LM", "2026-11-16 J LM"},
+     {"2026-11-03"}},
     {"moved visit is dropped where the service stands already",
      {{.status = "Casual", .nextVisit = "2026-11-04"},
       {.status = "Casual", .nextVisit = "2026-11-03"}},
-     {{"03/11", 0}}, {"2026-11-04 J LM, LM"}, {}},
-    {"same service twice on a day", {{.frequency = 14}, {.frequency = 7}}, {},
-     {"2026-11-02 J LM", "2026-11-09 J LM", "2026-11-16 J LM"}, {}},
+     {{"03/11", 0}},
+     {"2026-11-04 J LM, LM"},
+     {}},
+    {"same service twice on a day",
+     {{.frequency = 14}, {.frequency = 7}},
+     {},
+     {"2026-11-02 J LM", "2026-11-09 J LM", "2026-11-16 J LM"},
+     {}},
     {"services of one day make several entries",
-     {{.frequency = 14}, {.service = 2, .frequency = 14}, {.service = 3, .frequency = 14, .employee = 2}},
-     {}, {"2026-11-02 J LM, HT", "2026-11-02 J WC", "2026-11-16 J LM, HT", "2026-11-16 J WC"}, {}},
+     {{.frequency = 14},
+      {.service = 2, .frequency = 14},
+      {.service = 3, .frequency = 14, .employee = 2}},
+     {},
+     {"2026-11-02 J LM, HT", "2026-11-02 J WC", "2026-11-16 J LM, HT", "2026-11-16 J WC"},
+     {}},
     {"follower keeps its own dates, or its row is rolled",
      {{.frequency = 14, .nextVisit = "2026-10-26"},
       {.service = 2, .status = "Casual", .frequency = 1, .nextVisit = "2026-01-01", .follows = 1}},
-     {}, {"2026-11-09 J LM, HT"}, {"2026-11-09", "2026-01-01"}},
-    {"follower of a missing service is dropped", {{.frequency = 14, .follows = 99}}, {},
-     {"2026-11-02 J LM", "2026-11-16 J LM"}, {}},
+     {},
+     {"2026-11-09 J LM, HT"},
+     {"2026-11-09", "2026-01-01"}},
+    {"follower of a missing service is dropped",
+     {{.frequency = 14, .follows = 99}},
+     {},
+     {"2026-11-02 J LM", "2026-11-16 J LM"},
+     {}},
     {"quote is bound to the dates of the run",
-     {{.status = "Quote only", .nextVisit = "2027-03-01"}}, {}, {"2027-03-01 Q LM"}, {},
+     {{.status = "Quote only", .nextVisit = "2027-03-01"}},
+     {},
+     {"2027-03-01 Q LM"},
+     {},
      "Quote only"},
-    {"quote moved off a holiday is lost", {{.nextVisit = "2026-11-09"}}, {{"09/11", 0}},
-     {"2026-11-10 Q LM"}, {}, "Quote only"},
-    {"quote without a date fills the diary with undated entries", {{.nextVisit = nullptr}}, {}, {},
-     {}, "Quote only"},
-    {"overdue quote is made twice", {{.nextVisit = "2026-10-30"}}, {}, {"2026-10-30 Q LM"}, {},
+    {"quote moved off a holiday is lost",
+     {{.nextVisit = "2026-11-09"}},
+     {{"09/11", 0}},
+     {"2026-11-10 Q LM"},
+     {},
+     "Quote only"},
+    {"quote without a date fills the diary with undated entries",
+     {{.nextVisit = nullptr}},
+     {},
+     {},
+     {},
+     "Quote only"},
+    {"overdue quote is made twice",
+     {{.nextVisit = "2026-10-30"}},
+     {},
+     {"2026-10-30 Q LM"},
+     {},
      "Quote only"},
     {"client of another status gets visits", {{}}, {}, {}, {}, "Bad debtor"},
 };
@@ -97,8 +168,9 @@ TEST_F(ScheduleTest, OverdueQuoteLosesTheLinesOfItsFirstEntry) {
   const qint64 stale = AddEntry(client, Day("2026-10-30"), "Q", 2);
   AdvanceScheduleForClient(business(), client);
   EXPECT_EQ(Count("Diary"), 1);
-  EXPECT_EQ(Rows("SELECT Diary_ID, Service_ID, Price FROM Diary_Services"),
-            (QStringList{QStringLiteral("%1 2 0").arg(stale), QStringLiteral("%1 1 80").arg(stale + 1)}));
+  EXPECT_EQ(
+      Rows("SELECT Diary_ID, Service_ID, Price FROM Diary_Services"),
+      (QStringList{QStringLiteral("%1 2 0").arg(stale), QStringLiteral("%1 1 80").arg(stale + 1)}));
 }
 
 // Moved off a holiday, a quote counts as overdue one day later: the entry of yesterday's stays.
@@ -146,7 +218,8 @@ TEST_F(ScheduleTest, HistoryBlocksItsOwnServiceOnly) {
 TEST_F(ScheduleTest, VisitsJoinTheOpenEntriesThatStay) {
   const qint64 client = AddClient();
   const qint64 entry = AddEntry(client, Day("2026-11-02"), "J", 2, 5);
-  Run(Sql("UPDATE Diary SET Description = 'HT', Notes = 'gate', Total_Price = 20 "
+  Run(
+      Sql("UPDATE Diary SET Description = 'HT', Notes = 'gate', Total_Price = 20 "
           "WHERE Diary_ID = {}",
           entry));
   AddService(client, {.frequency = 7, .notes = "edges"});
@@ -161,8 +234,8 @@ TEST_F(ScheduleTest, DatesOfTheCallerBoundTheRun) {
   AdvanceScheduleForClient(business(), client, {.startDate = Day("2026-11-05")});
   EXPECT_EQ(Visits().front(), "2026-11-05 J LM");
   EXPECT_EQ(Visits().back(), "2026-11-19 J LM") << "the end follows the start";
-  AdvanceScheduleForClient(
-      business(), client, {.startDate = Day("2026-11-04"), .endDate = Day("2026-11-06")});
+  AdvanceScheduleForClient(business(), client,
+                           {.startDate = Day("2026-11-04"), .endDate = Day("2026-11-06")});
   EXPECT_EQ(Visits(), (QStringList{"2026-11-04 J LM", "2026-11-05 J LM", "2026-11-06 J LM"}));
 }
 

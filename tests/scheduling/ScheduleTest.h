@@ -1,12 +1,14 @@
 #pragma once
 
-#include <QStringList>
-
 #include "support/BusinessTest.h"
+
+#include <QStringList>
 
 namespace quillary {
 
-inline QDate Day(const char* iso) { return QDate::fromString(QString(iso), Qt::ISODate); }
+inline QDate Day(const char* iso) {
+  return QDate::fromString(QString(iso), Qt::ISODate);
+}
 
 /// A service as a test thinks of it; only what the case is about differs from the default.
 struct ServiceRow {
@@ -39,18 +41,22 @@ class ScheduleTest : public BusinessTest {
   }
 
   qint64 AddService(qint64 client, const ServiceRow& row = {}) {
-    Run(Sql("INSERT INTO Client_Services (Client_ID, Service_ID, Employee_ID, Status, Price, "
+    Run(
+        Sql("INSERT INTO Client_Services (Client_ID, Service_ID, Employee_ID, Status, Price, "
             "Frequency, Next_Visit, Notes, Other_Schedule_Client_Service_ID) "
             "VALUES ({}, {}, {}, {}, {}, {}, {}, {}, {})",
             client, row.service, row.employee, row.status, row.price, row.frequency,
             row.nextVisit ? Value(Day(row.nextVisit)) : Value(), row.notes, row.follows));
-    return business().FirstField(Sql("SELECT MAX(Client_Service_ID) FROM Client_Services")).ToLong();
+    return business()
+        .FirstField(Sql("SELECT MAX(Client_Service_ID) FROM Client_Services"))
+        .ToLong();
   }
 
   /// An entry made by hand, with a line for `service` unless that is 0.
   qint64 AddEntry(qint64 client, const Value& date, const char* status, int service = 1,
                   int sequence = 1) {
-    Run(Sql("INSERT INTO Diary (Client_ID, Employee_ID, Status, Schedule_Date, Total_Price, "
+    Run(
+        Sql("INSERT INTO Diary (Client_ID, Employee_ID, Status, Schedule_Date, Total_Price, "
             "Total_GST, [Sequence]) VALUES ({}, 1, {}, {}, 0, 0, {})",
             client, status, date, sequence));
     const qint64 entry = business().FirstField(Sql("SELECT MAX(Diary_ID) FROM Diary")).ToLong();
@@ -80,8 +86,9 @@ class ScheduleTest : public BusinessTest {
     return rows;
   }
   QStringList Visits() {
-    return Rows("SELECT Schedule_Date, Status, Description FROM Diary "
-                "ORDER BY Schedule_Date, Diary_ID");
+    return Rows(
+        "SELECT Schedule_Date, Status, Description FROM Diary "
+        "ORDER BY Schedule_Date, Diary_ID");
   }
   QStringList NextVisits() {
     return Rows("SELECT Next_Visit FROM Client_Services ORDER BY Client_Service_ID");
