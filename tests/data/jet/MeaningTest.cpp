@@ -15,13 +15,19 @@ class MeaningTest : public ::testing::Test {
  protected:
   void SetUp() override {
     file_.RunAll(
-        R"(CREATE TABLE Clients (Client_ID Counter, Name TEXT(50), Billing_ID LONG, Balance CURRENCY, Active YESNO, Since DATE, Notes MEMO)
-CREATE TABLE Jobs (Job_ID Autoincrement, Client_ID NUMBER, Price MONEY, Day DATETIME, Status TEXT(2), [Default] BIT, Position INT, Rate SINGLE)
-INSERT INTO Clients (Name, Billing_ID, Balance, Active, Since) VALUES ('Adams', 1, '$1,234.50', True, #2019/3/5#)
-INSERT INTO Clients (Name, Billing_ID, Balance, Active, Notes) VALUES ('baker', 1, '(5.00)', 0, 'O''Brien')
+        R"(CREATE TABLE Clients (Client_ID Counter, Name TEXT(50), Billing_ID LONG, Balance
+  CURRENCY, Active YESNO, Since DATE, Notes MEMO)
+CREATE TABLE Jobs (Job_ID Autoincrement, Client_ID NUMBER, Price MONEY, Day DATETIME, Status
+  TEXT(2), [Default] BIT, Position INT, Rate SINGLE)
+INSERT INTO Clients (Name, Billing_ID, Balance, Active, Since) VALUES ('Adams', 1, '$1,234.50',
+  True, #2019/3/5#)
+INSERT INTO Clients (Name, Billing_ID, Balance, Active, Notes) VALUES ('baker', 1, '(5.00)', 0,
+  'O''Brien')
 INSERT INTO Clients (Name, Balance, Active) VALUES ('Clarke', -.01, -1)
-INSERT INTO Jobs (Client_ID, Price, Day, Status, [Default], Position) VALUES (1, 110, #2026/11/2 9:5:0#, 'J', Yes, 2)
-INSERT INTO Jobs (Client_ID, Price, Day, Status, Default, Position) VALUES (1, .1, #2026/11/3#, 'JD', No, 1)
+INSERT INTO Jobs (Client_ID, Price, Day, Status, [Default], Position) VALUES (1, 110, #2026/11/2
+  9:5:0#, 'J', Yes, 2)
+INSERT INTO Jobs (Client_ID, Price, Day, Status, Default, Position) VALUES (1, .1, #2026/11/3#,
+  'JD', No, 1)
 INSERT INTO Jobs (Client_ID, Price, Day, Status, Position) VALUES (2, .2, #2026/11/3#, 'j', 2)
 INSERT INTO Jobs (Client_ID, Status) VALUES (9, 'JX'))");
   }

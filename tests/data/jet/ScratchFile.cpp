@@ -7,6 +7,7 @@
 
 #include <cmath>
 #include <sstream>
+#include <utility>
 
 namespace quillary::jet {
 namespace {
@@ -206,9 +207,12 @@ std::vector<TextRow> ScratchFile::Run(const CutStatement& cut, const Translation
 
 void ScratchFile::RunAll(const std::string& lines) {
   std::istringstream stream(lines);
+  std::string statement;
   for (std::string line; std::getline(stream, line);) {
-    if (!line.empty()) Run(line);
+    if (!line.empty() && line[0] != ' ' && !statement.empty()) Run(std::exchange(statement, ""));
+    statement += line;
   }
+  if (!statement.empty()) Run(statement);
 }
 
 std::vector<TextRow> ScratchFile::Raw(const std::string& sql) const {

@@ -33,7 +33,7 @@ class ScratchFile : public Catalogue {
   std::vector<TextRow> Run(const CutStatement& cut) { return Run(cut, Translate(cut, *this)); }
   /// The same with a translation made before, perhaps for other literals of the same shape.
   std::vector<TextRow> Run(const CutStatement& cut, const Translation& translation);
-  /// Runs several statements of the dialect, one a line.
+  /// Runs several statements of the dialect, one a line; a line that begins with a blank goes on.
   void RunAll(const std::string& lines);
   /// SQLite's own words, past the translator.
   std::vector<TextRow> Raw(const std::string& sql) const;

@@ -51,7 +51,8 @@ class JoinedWritingTest : public WritingTest {
  protected:
   void SetUp() override {
     file_.RunAll(R"(CREATE TABLE Payments (Payment_ID Counter, Amount CURRENCY, Day DATE)
-CREATE TABLE Entries (Entry_ID Counter, Payment_ID LONG, Account_ID LONG, Amount CURRENCY, Open YESNO)
+CREATE TABLE Entries (Entry_ID Counter, Payment_ID LONG, Account_ID LONG, Amount CURRENCY, Open
+  YESNO)
 CREATE TABLE Jobs (Job_ID Counter, Payment_ID LONG, Account_ID LONG, c1 LONG)
 INSERT INTO Payments (Amount) VALUES (10)
 INSERT INTO Payments (Amount) VALUES (20)
