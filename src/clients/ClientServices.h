@@ -47,10 +47,12 @@ ClientServiceArray LoadClientServicesIntoArray(Business& business, qint64 client
 struct ClientServiceForm {
   qint64 clientServiceId = 0;  // 0 for a new one
   std::optional<qint64> serviceId;
+  QString service;  // its name, for the list
   QString jobType;
   std::optional<QDate> nextVisit;  // nothing when what was typed is no date
   QString frequency;
   std::optional<qint64> employeeId;
+  QString employeeName;
   QString price;
   QString notes;
   bool sameScheduleAsMain = false;

@@ -1,0 +1,78 @@
+#include "clients/ClientMoney.h"
+
+#include "balances/ClientBalance.h"
+
+namespace quillary {
+
+std::vector<ClientInvoice> LoadClientInvoices(Business& business, qint64 clientId) {
+  std::vector<ClientInvoice> invoices;
+  const Recordset rows =
+      business.RunSQL(Sql("SELECT Invoice_ID, Invoice_Number, Generation_Date, From_Date, To_Date, "
+                          "Invoice_Description, Total_Amount, Statement_Type, IsPaid FROM Invoices "
+                          "WHERE Client_ID = {} ORDER BY Generation_Date DESC, Invoice_ID DESC",
+                          clientId));
+  for (const Record row : rows) {
+    invoices.push_back({row[u"Invoice_ID"].ToLong(), row[u"Invoice_Number"].ToText(),
+                        row[u"Generation_Date"].ToDate(), row[u"From_Date"].ToDate(),
+                        row[u"To_Date"].ToDate(), row[u"Invoice_Description"].ToText(),
+                        row[u"Total_Amount"].ToMoney(), row[u"Statement_Type"].ToText(),
+                        row[u"IsPaid"].ToBool()});
+  }
+  return invoices;
+}
+
+std::vector<ClientPayment> LoadClientPayments(Business& business, qint64 clientId) {
+  std::vector<ClientPayment> payments;
+  const Recordset rows = business.RunSQL(
+      Sql("SELECT Payment_ID, Payment_Date, Amount, Payment_Method, Description FROM Payments "
+          "WHERE Client_ID = {} ORDER BY Payment_Date DESC, Payment_ID DESC",
+          clientId));
+  for (const Record row : rows) {
+    payments.push_back({row[u"Payment_ID"].ToLong(), row[u"Payment_Date"].ToDate(),
+                        row[u"Amount"].ToMoney(), row[u"Payment_Method"].ToText(),
+                        row[u"Description"].ToText()});
+  }
+  return payments;
+}
+
+std::optional<Refusal> TransferPayments(Business& business, Prompter& prompter,
+                                        const std::vector<ClientPayment>& payments,
+                                        std::optional<qint64> toClientId) {
+  if (!toClientId) {
+    return Refusal{QStringLiteral("Please select a client first."),
+                   QStringLiteral("cmbTransferTo")};
+  }
+  const QString name =
+      business.FirstField(Sql("SELECT Display_Name FROM Clients WHERE Client_ID = {}", *toClientId))
+          .ToText();
+  const Answer answer = prompter.Ask(
+      QStringLiteral("Are you sure you want to transfer the payments listed above to ") + name +
+      u'?');
+  if (answer != Answer::Yes) return std::nullopt;
+  Transaction transfer(business);
+  for (const ClientPayment& payment : payments) {
+    business.RunSQL(Sql("UPDATE Payments SET Client_ID = {} WHERE Payment_ID = {};", *toClientId,
+                        payment.paymentId));
+  }
+  transfer.Commit();
+  return std::nullopt;
+}
+
+std::optional<Refusal> DeleteClientInvoice(Business& business, Prompter& prompter, qint64 clientId,
+                                           std::optional<qint64> invoiceId) {
+  if (!invoiceId) return Refusal{QStringLiteral("Please select an invoice record to delete."), {}};
+  const Answer answer =
+      prompter.Ask(QStringLiteral("Are you sure you want to delete this invoice?"));
+  if (answer != Answer::Yes) return std::nullopt;
+  Transaction deletion(business);
+  business.RunSQL(
+      Sql("UPDATE Diary SET Invoice_ID = NULL, Status = 'JD' WHERE Invoice_ID = {}", *invoiceId));
+  business.RunSQL(Sql("DELETE FROM Invoices WHERE Invoice_ID = {}", *invoiceId));
+  business.RunSQL(Sql("DELETE FROM Invoice_Items WHERE Invoice_ID = {}", *invoiceId));
+  // A job that was invoiced before it was done counts from here on.
+  RecalculateClientBalance(business, clientId);
+  deletion.Commit();
+  return std::nullopt;
+}
+
+}  // namespace quillary

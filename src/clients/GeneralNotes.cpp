@@ -1,0 +1,13 @@
+#include "clients/GeneralNotes.h"
+
+namespace quillary {
+
+QString LoadGeneralNotes(Business& business) {
+  return business.FirstField(Sql("SELECT Invoice_Notes FROM infOptions;")).ToText();
+}
+
+void SaveGeneralNotes(Business& business, const QString& notes) {
+  business.RunSQL(Sql("UPDATE infOptions SET Invoice_Notes = {}", notes));
+}
+
+}  // namespace quillary

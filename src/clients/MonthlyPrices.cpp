@@ -1,0 +1,91 @@
+#include "clients/MonthlyPrices.h"
+
+#include "data/Numbers.h"
+
+namespace quillary {
+namespace {
+
+QString StatusWords(const QString& status) {
+  const QString code = status.toUpper();
+  if (code == u"J") return QStringLiteral("Job NOT DONE");
+  if (code == u"JC") return QStringLiteral("Job CANCELLED");
+  if (code == u"JI") return QStringLiteral("Job INVOICED");
+  return QStringLiteral("Job DONE");
+}
+
+Money ShareOf(Money amount, qint64 parts) {
+  return Money::FromDouble(RoundHalfEven(amount.ToDouble() / static_cast<double>(parts), 2));
+}
+
+/// False when the job has no lines to spread its share over.
+bool SetPriceOfJob(Business& business, qint64 diaryId, Money share) {
+  const Value rate = static_cast<double>(business.values.gstPercentage);
+  business.RunSQL(Sql("UPDATE Diary SET Total_Price = {}, Total_GST = {} WHERE Diary_ID = {}; ",
+                      share, CalculateGSTComponent(share, rate), diaryId));
+  const qint64 lines =
+      business
+          .FirstField(Sql("SELECT Count(Diary_Service_ID) FROM Diary_Services WHERE Diary_ID = {}",
+                          diaryId))
+          .ToLong();
+  if (lines == 0) return false;
+  const Money price = ShareOf(share, lines);
+  business.RunSQL(Sql("UPDATE Diary_Services Set Price = {}, GST = {} WHERE Diary_ID = {};", price,
+                      CalculateGSTComponent(price, rate), diaryId));
+  return true;
+}
+
+void ReportJobWithoutLines(Business& business) {
+  const ProgramError nothingToSpreadOver(11, QStringLiteral("Division by zero"));
+  business.World().errors.ReportError(QStringLiteral("frmSetJobPricesForMonthly"),
+                                      ErrorLine(nothingToSpreadOver),
+                                      QStringLiteral("cdmStart_Click"));
+}
+
+}  // namespace
+
+MonthRange MonthOf(QDate today) {
+  const QDate first(today.year(), today.month(), 1);
+  return {first, first.addMonths(1).addDays(-1)};
+}
+
+std::vector<MonthlyJob> LoadJobsForThisClient(Business& business, qint64 clientId,
+                                              const MonthRange& days) {
+  std::vector<MonthlyJob> jobs;
+  const Recordset rows = business.RunSQL(
+      Sql("SELECT * FROM Diary WHERE Left(Status,1) = 'J' AND Schedule_Date BETWEEN {} AND {} "
+          "AND Client_ID = {} ORDER BY Schedule_Date DESC;",
+          days.from, EndOfDay(days.to), clientId));
+  for (const Record row : rows) {
+    jobs.push_back({row[u"Diary_ID"].ToLong(), row[u"Schedule_Date"].ToDate(),
+                    row[u"Description"].ToText(), row[u"Total_Price"].ToMoney(),
+                    StatusWords(row[u"Status"].ToText())});
+  }
+  return jobs;
+}
+
+std::optional<Refusal> CheckMonthlyPrices(Money amount, const std::vector<qint64>& ticked) {
+  if (amount < Money::FromWhole(1)) {
+    return Refusal{"Please enter an amount greater than 0.", "txtAmount"};
+  }
+  if (ticked.empty()) return Refusal{"You did not select any job.", "fgJobs"};
+  return std::nullopt;
+}
+
+std::optional<Refusal> SetJobPricesForMonthly(Business& business, Money amount,
+                                              const std::vector<qint64>& ticked) {
+  if (auto refusal = CheckMonthlyPrices(amount, ticked)) return refusal;
+  int withoutLines = 0;
+  {
+    const BusyWhile busy(business.World().busy);
+    const Money share = ShareOf(amount, static_cast<qint64>(ticked.size()));
+    Transaction spread(business);
+    for (const qint64 diaryId : ticked) {
+      if (!SetPriceOfJob(business, diaryId, share)) ++withoutLines;
+    }
+    spread.Commit();
+  }
+  for (; withoutLines > 0; --withoutLines) ReportJobWithoutLines(business);
+  return std::nullopt;
+}
+
+}  // namespace quillary

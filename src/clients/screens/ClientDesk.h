@@ -1,0 +1,41 @@
+#pragma once
+
+#include "clients/ClientJobs.h"
+#include "clients/ClientMoney.h"
+#include "clients/ClientRecord.h"
+#include "clients/ClientServices.h"
+#include "kit/Screen.h"
+
+#include <functional>
+
+class QAbstractButton;
+
+namespace quillary {
+
+/// What the pages of one client's screen share: the client on it, and the few things that one page
+/// asks of the others. The screen owns it and fills in the functions.
+struct ClientDesk {
+  Business& business;
+  ScreenTools tools;
+
+  ClientRecord client;  // as the fields stood when takeFields() ran last
+  ClientRecord stored;  // as the fields would be taken if the user had touched nothing
+  ClientServiceArray services = ClientServiceArray(1);
+
+  std::function<void()> takeFields;    // from all pages into `client`
+  std::function<void()> showRecord;    // what a save or a load made of `client`
+  std::function<void()> showBilling;   // after the choice of who pays
+  std::function<void()> loadJobs;      // future and past
+  std::function<void()> loadMoney;     // invoices and payments
+  std::function<void()> showBalance;   // after it was computed anew
+  std::function<bool(const std::optional<Refusal>&)> accepted;  // tells a refusal, mends the focus
+
+  Prompter& Prompt() const { return business.World().prompter; }
+  /// A click runs the command under the screen's name.
+  void OnClick(QAbstractButton* button, std::function<void()> command) const;
+  void Run(const char* procedure, const std::function<void()>& command) const;
+};
+
+inline constexpr char kClientScreen[] = "frmClients";
+
+}  // namespace quillary

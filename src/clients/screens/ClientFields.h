@@ -1,0 +1,23 @@
+#pragma once
+
+#include "clients/ClientRecord.h"
+
+class QComboBox;
+class QWidget;
+
+namespace quillary {
+
+/// The fields of a client by the names of their controls, so that no page has to list them: each
+/// column that a user may write knows the control that edits it.
+
+void ShowClientFields(const QWidget* form, const ClientRecord& client);
+void TakeClientFields(const QWidget* form, ClientRecord& client);
+QList<QWidget*> ClientFieldControls(const QWidget* form);
+/// No field takes more letters than its column holds.
+void LimitClientFields(Business& business, const QWidget* form);
+
+/// Shows a text in a list that is searched while typing but takes other words as well, such as a
+/// suburb nobody has lived in before.
+void ShowWords(QComboBox* combo, const QString& words);
+
+}  // namespace quillary
