@@ -15,8 +15,7 @@ std::string Quoted(QString name) {
 std::string CreateStatement(const jet::IntoTarget& target) {
   std::string statement = "CREATE TABLE " + Quoted(target.table) + " (";
   for (size_t index = 0; index < target.columns.size(); ++index) {
-    jet::Column column = target.columns[index];
-    if (column.type == jet::ColumnType::Counter) column.type = jet::ColumnType::Long;
+    const jet::Column& column = target.columns[index];
     if (index > 0) statement += ", ";
     statement += Quoted(column.name) + " " + jet::DeclarationOf(column).toStdString();
   }

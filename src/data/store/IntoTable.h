@@ -6,7 +6,7 @@
 
 namespace quillary {
 
-/// Makes the table of a SELECT ... INTO and fills it. A counter becomes a plain whole number, and
+/// Makes the table of a SELECT ... INTO and fills it. A counter goes on counting there, but
 /// there are no indexes, as in the dialect. Throws StatementRefused when the table exists already,
 /// and StorageFailure.
 void MakeTable(sqlite3* database, const jet::IntoTarget& target, const Recordset& rows);

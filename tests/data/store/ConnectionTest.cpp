@@ -141,6 +141,8 @@ TEST_F(ConnectionTest, SelectIntoMakesATableHereOrInAnotherFile) {
   file.Run("SELECT Job_ID, Name, Price INTO Copy FROM Jobs");
   EXPECT_EQ(file.Run("SELECT Price FROM Copy").Field(size_t{0}), Value(Money::FromUnits(55000)));
   EXPECT_THROW(file.Run("SELECT * INTO Copy FROM Jobs"), StatementRefused);
+  file.Run("INSERT INTO Copy (Name) VALUES ('next')");
+  EXPECT_EQ(file.Run("SELECT MAX(Job_ID) FROM Copy").Field(size_t{0}), Value(2));
 
   const QString otherPath = folder.filePath(QStringLiteral("OTHER.MDB"));
   {
