@@ -92,7 +92,7 @@ RollCount Rebuild::Run() {
 
 void Rebuild::DeleteOpenTail() {
   const Recordset open =
-      business_.RunSQL(Sql("SELECT Diary_ID, Schedule_Date, Sequence FROM Diary "
+      business_.RunSQL(Sql("SELECT Diary_ID FROM Diary "
                            "WHERE Client_ID = {} AND Schedule_Date >= {} AND Status IN ('J', 'Q');",
                            clientId_, dates_.deleteFrom));
   if (open.IsOpen() && !open.HasRows()) return;
@@ -101,10 +101,6 @@ void Rebuild::DeleteOpenTail() {
         Sql("DELETE FROM Diary_Services WHERE Diary_ID IN (SELECT Diary_ID FROM Diary "
             "WHERE Client_ID = {} AND Schedule_Date >= {} AND Status IN ('J', 'Q')); ",
             clientId_, dates_.deleteFrom));
-    for (const Record entry : open) {
-      sequences_.EntryDeleted(entry[u"Schedule_Date"].ToDate(),
-                              static_cast<int>(entry[u"Sequence"].ToLong()));
-    }
     count_.entriesDeleted += static_cast<int>(open.RowCount());
   }
   business_.RunSQL(

@@ -7,19 +7,15 @@ namespace {
 
 // What a client that has left loses: everything after the present moment, in whatever status. The
 // lines stay behind for the repair command.
-RollCount DeleteFuture(Business& business, DaySequences& sequences, qint64 clientId) {
+RollCount DeleteFuture(Business& business, qint64 clientId) {
   const DateTime now = business.Now();
   const Recordset future =
-      business.RunSQL(Sql("SELECT Schedule_Date, Sequence FROM Diary "
+      business.RunSQL(Sql("SELECT Diary_ID FROM Diary "
                           "WHERE Client_ID = {} AND Schedule_Date > {}; ",
                           clientId, now));
   if (future.IsOpen() && !future.HasRows()) return {};
   business.RunSQL(
       Sql("DELETE FROM Diary WHERE Client_ID = {} AND Schedule_Date > {}; ", clientId, now));
-  for (const Record entry : future) {
-    sequences.EntryDeleted(entry[u"Schedule_Date"].ToDate(),
-                           static_cast<int>(entry[u"Sequence"].ToLong()));
-  }
   return {.entriesDeleted = static_cast<int>(future.RowCount()), .entriesMade = 0};
 }
 
@@ -44,7 +40,7 @@ RollCount RollAllClients(Business& business) {
     if (status == u"ACTIVE" || status == u"QUOTE ONLY") {
       count = RebuildClient(business, faults, sequences, clientId, dates);
     } else if (status == u"CANCELLED" || status == u"TRANSFERRED") {
-      count = DeleteFuture(business, sequences, clientId);
+      count = DeleteFuture(business, clientId);
     }
     total.entriesDeleted += count.entriesDeleted;
     total.entriesMade += count.entriesMade;

@@ -13,11 +13,6 @@ int DaySequences::Next(QDate day) {
   return next;
 }
 
-void DaySequences::EntryDeleted(QDate day, int sequence) {
-  const auto known = highest_.find(day.toJulianDay());
-  if (known != highest_.end() && *known <= sequence) highest_.erase(known);
-}
-
 VisitWriter::VisitWriter(Business& business, DaySequences& sequences, qint64 clientId, QDate from)
     : business_(business), sequences_(sequences), clientId_(clientId) {
   LoadDiary(from);

@@ -15,17 +15,18 @@
 namespace quillary {
 
 /// The highest Sequence of each day, remembered for the length of a roll, so that numbering an
-/// entry does not ask the file for every visit.
+/// entry does not ask the file for every visit. Deletions need not be told: once a day is known,
+/// its highest number is that of an entry which this roll has made, and a roll deletes none of
+/// those.
 class DaySequences {
  public:
   explicit DaySequences(Business& business) : business_(business) {}
   /// The number of the next entry of the day.
   int Next(QDate day);
-  /// An entry of the day went away, or others wrote there: the file is asked again.
+  /// Others wrote to the day: the file is asked again.
   void Forget(QDate day) { highest_.remove(day.toJulianDay()); }
+  /// Entries of this roll were undone.
   void ForgetAll() { highest_.clear(); }
-  /// As Forget(), but only when the entry that went away was the last of its day.
-  void EntryDeleted(QDate day, int sequence);
 
  private:
   Business& business_;
