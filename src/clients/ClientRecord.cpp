@@ -79,12 +79,11 @@ void UpdateClient(Business& business, const ClientRecord& client) {
 
 }  // namespace
 
-ClientRecord NewClientRecord(Business& business) {
+ClientRecord NewClientRecord() {
   ClientRecord client;
   client.statementType = InvoiceTypes().first();
   client.invoiceWithOutstanding = true;
   client.invoiceWithNextJob = true;
-  client.debtorSince = business.Today();
   return client;
 }
 

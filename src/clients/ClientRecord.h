@@ -52,9 +52,10 @@ struct ClientRecord {
   bool operator==(const ClientRecord&) const = default;
 };
 
-/// A client that is not stored yet: billed itself with each job, debtor date today, invoices with
-/// the outstanding amount and the next job.
-ClientRecord NewClientRecord(Business& business);
+/// A client that is not stored yet: billed itself with each job, invoices with the outstanding
+/// amount and the next job. It is no debtor, so its debtor date, for which the screen proposes
+/// today, is none.
+ClientRecord NewClientRecord();
 
 /// Nothing when there is no such client. One without a billing client pays for itself.
 std::optional<ClientRecord> LoadClientDetails(Business& business, qint64 clientId);

@@ -36,6 +36,14 @@ Value PriceOf(const ClientJob& job) {
   return job.totalPrice;
 }
 
+/// Two numbers, one or none, without a stray separator.
+QString Phones(const QString& joined) {
+  QStringList numbers;
+  for (const QString& number : joined.split(u';'))
+    if (!number.trimmed().isEmpty()) numbers += number.trimmed();
+  return numbers.join(QStringLiteral("; "));
+}
+
 GridCell DateOrNone(QDate date) {
   return date.isValid() ? GridCell(date) : GridCell(Value());
 }
@@ -204,15 +212,15 @@ std::vector<GridRow> SiteRows(const std::vector<Site>& sites) {
 
 std::vector<GridColumn> ClientListColumns() {
   return {{{}, ColumnKind::HiddenId},
-          {QObject::tr("Name"), ColumnKind::StrongText, 176},
-          {QObject::tr("First name"), ColumnKind::Text, 96},
+          {QObject::tr("Name"), ColumnKind::StrongText, 168},
+          {QObject::tr("First name"), ColumnKind::Text, 88},
           {QObject::tr("Surname"), ColumnKind::Text, 104},
           {QObject::tr("Street"), ColumnKind::Text, 144},
           {QObject::tr("Suburb"), ColumnKind::Text, 120},
           {QObject::tr("Code"), ColumnKind::Text, 64},
-          {QObject::tr("Phone"), ColumnKind::Text, 192},
-          {QObject::tr("Fax"), ColumnKind::Text, 80},
-          {QObject::tr("Email"), ColumnKind::Text, 152},
+          {QObject::tr("Phone"), ColumnKind::Text, 176},
+          {QObject::tr("Fax"), ColumnKind::Text, 72},
+          {QObject::tr("Email"), ColumnKind::Text, 136},
           {QObject::tr("Status"), ColumnKind::Chip, 128}};
 }
 
@@ -225,7 +233,7 @@ GridRow ClientListGridRow(const ClientListRow& client) {
                QString(client.streetNumber + u' ' + client.street).trimmed(),
                client.suburb,
                client.postCode,
-               client.phones,
+               Phones(client.phones),
                client.fax,
                client.email,
                client.status};

@@ -1,0 +1,211 @@
+#include "clients/screens/ClientBillingPage.h"
+
+#include "base/ports/requests/Clients.h"
+#include "clients/ClientChoices.h"
+#include "clients/ClientStatus.h"
+#include "clients/screens/frmSetJobPricesForMonthly.h"
+#include "kit/ComboSearch.h"
+#include "kit/Combos.h"
+#include "kit/DateField.h"
+#include "kit/Keys.h"
+#include "kit/Layouts.h"
+
+#include <QCheckBox>
+#include <QPlainTextEdit>
+#include <QRadioButton>
+
+namespace quillary {
+
+namespace {
+
+template <typename Control>
+Control* Part(const char* name) {
+  return Named(new Control, name);
+}
+
+}  // namespace
+
+ClientBillingPage::ClientBillingPage(ClientDesk& desk) : desk_(desk) {
+  MakeControls();
+  MakeTicks();
+  LayOut();
+  ConnectControls();
+}
+
+void ClientBillingPage::MakeControls() {
+  const char* const names[] = {"optBillSameAddress", "optBillExistingAddress", "optBillNewAddress"};
+  const QStringList captions = {tr("B&ill the same address"), tr("Bill an &existing address"),
+                                tr("Bill a ne&w address...")};
+  for (int at = 0; at < 3; ++at)
+    choices_[static_cast<size_t>(at)] =
+        Named(new QRadioButton(captions[at]), names[at], PlainCaption(captions[at]));
+  cmbInvoiceType = Part<QComboBox>("cmbInvoiceType");
+  dtDebtorSince = Named(new DateField(desk_.business.Today()), "dtDebtorSince");
+  txtCurrentlyOwing = Part<QLineEdit>("txtCurrentlyOwing");
+  txtCurrentlyOwing->setReadOnly(true);
+  txtCurrentlyOwing->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  txtSampleBillingAddress = Part<QPlainTextEdit>("txtSampleBillingAddress");
+  txtSampleBillingAddress->setReadOnly(true);
+  txtSampleBillingAddress->setTabChangesFocus(true);
+  txtSampleBillingAddress->setFixedHeight(76);
+  cmbOtherAddressToBill = Part<ComboSearch>("cmbOtherAddressToBill");
+  cmbOtherAddressToBill->setMinimumContentsLength(16);
+  cmdEditExisingAddress = MakeButton("cmdEditExisingAddress", tr("Edit this address..."));
+  cmdSetJobPricesForMonthly = MakeButton("cmdSetJobPricesForMonthly",
+                                         tr("Set &job prices for client who pays monthly..."));
+  txtClaimNumber = Part<QLineEdit>("txtClaimNumber");
+  SelectAllText(txtClaimNumber);
+  cmbWorkCoverLabel = Part<ComboSearch>("cmbWorkCoverLabel");
+  cmbWorkCoverLabel->setMinimumContentsLength(8);
+}
+
+void ClientBillingPage::MakeTicks() {
+  const std::pair<const char*, QString> ticks[] = {
+      {"chkMonthlyStatement", QStringLiteral("Print &Monthly statement?")},
+      {"chkShowOutstanding", QStringLiteral("Invoice && Statement include &Outstanding amount?")},
+      {"chkShowNextJobdate", QStringLiteral("Invoice shows Date of ne&xt job?")},
+      {"chkInvoiceWithPastJobs", QStringLiteral("Invoice shows &Unpaid past jobs?")},
+      {"chkInvoiceWithTelNo", QStringLiteral("Invoice shows client's &phone no.")},
+      {"chkStatementWithPayments", QStringLiteral("Statement shows Pa&yments?")}};
+  size_t at = 0;
+  for (const auto& [name, caption] : ticks)
+    ticks_[at++] = Named(new QCheckBox(caption), name, PlainCaption(caption));
+}
+
+QWidget* ClientBillingPage::SameAddressFrame() {
+  fraBillSameAddress = new QWidget;
+  fraBillSameAddress->setObjectName(QStringLiteral("fraBillSameAddress"));
+  auto* column = new QVBoxLayout(fraBillSameAddress);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(12);
+  column->addLayout(InLine({{LabelOver(cmbInvoiceType, tr("Invoice t&ype")), 1},
+                            {LabelOver(dtDebtorSince, tr("&Debtor since")), 0},
+                            {LabelOver(txtCurrentlyOwing, tr("Currently owin&g")), 1}}));
+  column->addLayout(LabelOver(txtSampleBillingAddress, tr("Sample &billing address")));
+  return fraBillSameAddress;
+}
+
+QWidget* ClientBillingPage::ExistingAddressFrame() {
+  fraBillExistingAddress = new QWidget;
+  fraBillExistingAddress->setObjectName(QStringLiteral("fraBillExistingAddress"));
+  auto* button = new QVBoxLayout;
+  button->setSpacing(0);
+  button->addStretch(1);
+  button->addWidget(cmdEditExisingAddress);
+  auto* line = InLine(
+      {{LabelOver(cmbOtherAddressToBill, tr("C&lient who pays")), 1}, {button, 0}});
+  line->setContentsMargins(0, 0, 0, 0);
+  fraBillExistingAddress->setLayout(line);
+  return fraBillExistingAddress;
+}
+
+QBoxLayout* ClientBillingPage::DocumentColumn() {
+  auto* column = new QVBoxLayout;
+  column->setSpacing(8);
+  column->addWidget(MakeLabel("lblDocuments", tr("On invoices and statements"), LabelRole::Muted));
+  for (QCheckBox* tick : ticks_) column->addWidget(tick);
+  column->addSpacing(4);
+  column->addLayout(InLine({{LabelOver(cmbWorkCoverLabel, tr("&Label of the number")), 1},
+                            {LabelOver(txtClaimNumber, tr("&Work cover or claim number")), 1}}));
+  column->addStretch(1);
+  return column;
+}
+
+void ClientBillingPage::LayOut() {
+  auto* left = new QVBoxLayout;
+  left->setSpacing(12);
+  auto* choice = new QVBoxLayout;
+  choice->setSpacing(4);
+  choice->addWidget(MakeLabel("lblBillingGoesTo", tr("Billing goes to"), LabelRole::Muted));
+  auto* options = new QHBoxLayout;
+  options->setSpacing(16);
+  for (QRadioButton* option : choices_) options->addWidget(option);
+  options->addStretch(1);
+  choice->addLayout(options);
+  left->addLayout(choice);
+  left->addWidget(ExistingAddressFrame());
+  left->addWidget(SameAddressFrame());
+  auto* prices = new QHBoxLayout;
+  prices->addWidget(cmdSetJobPricesForMonthly);
+  prices->addStretch(1);
+  left->addSpacing(4);
+  left->addLayout(prices);
+  left->addStretch(1);
+
+  auto* line = new QHBoxLayout(this);
+  line->setContentsMargins(0, 12, 0, 8);
+  line->setSpacing(32);
+  line->addLayout(left, 3);
+  line->addLayout(DocumentColumn(), 2);
+}
+
+void ClientBillingPage::ConnectControls() {
+  for (int at = 0; at < 3; ++at)
+    connect(choices_[static_cast<size_t>(at)], &QRadioButton::clicked, this,
+            [this, at] { emit billingChosen(static_cast<BillingChoice>(at)); });
+  connect(cmbOtherAddressToBill, &ComboSearch::picked, this, [this](int at) {
+    if (at >= 0) emit payerChosen(*ComboKey(cmbOtherAddressToBill));
+  });
+  connect(cmbOtherAddressToBill, &QComboBox::currentIndexChanged, this,
+          [this] { EnableCommands(); });
+  desk_.OnClick(cmdEditExisingAddress, [this] { OpenPayer(); });
+  desk_.OnClick(cmdSetJobPricesForMonthly, [this] { SetMonthlyPrices(); });
+}
+
+void ClientBillingPage::LoadChoices() {
+  FillComboWithWords(cmbInvoiceType, InvoiceTypes());
+  FillComboWithWords(cmbWorkCoverLabel, ListWorkCoverLabels(desk_.business));
+  payers_ = ListBillableOthers(desk_.business, desk_.client.clientId);
+  FillCombo(cmbOtherAddressToBill, payers_);
+}
+
+void ClientBillingPage::ShowBilling() {
+  const BillingChoice choice = BillingChoiceOf(desk_.client);
+  const bool same = choice == BillingChoice::SameAddress;
+  choices_[static_cast<size_t>(choice)]->setChecked(true);
+  fraBillSameAddress->setVisible(same);
+  fraBillExistingAddress->setVisible(!same);
+  SelectComboItem(cmbOtherAddressToBill, same ? QVariant() : QVariant(desk_.client.billingClientId));
+  txtSampleBillingAddress->setPlainText(SampleBillingAddress(desk_.client));
+  EnableCommands();
+}
+
+void ClientBillingPage::ShowBalance() {
+  dtDebtorSince->SetDate(desk_.client.debtorSince.value_or(QDate()));
+  txtCurrentlyOwing->setText(desk_.client.CurrentlyOwing().ToCurrencyText());
+}
+
+void ClientBillingPage::TakeDebtorSince() const {
+  const QDate since = dtDebtorSince->Date();
+  desk_.client.debtorSince = since.isValid() ? std::optional(since) : std::nullopt;
+}
+
+void ClientBillingPage::EnableCommands() {
+  cmdEditExisingAddress->setEnabled(cmbOtherAddressToBill->currentIndex() >= 0 &&
+                                    desk_.tools.navigator.CanOpen<OpenClient>());
+}
+
+QString ClientBillingPage::PayerName() const {
+  for (const Choice& payer : payers_)
+    if (payer.id == desk_.client.billingClientId) return payer.words;
+  return {};
+}
+
+void ClientBillingPage::Reveal(const QString& field) {
+  if (field == cmbInvoiceType->objectName()) fraBillSameAddress->show();
+}
+
+QList<QWidget*> ClientBillingPage::OwnFields() const {
+  return {dtDebtorSince, cmbOtherAddressToBill};
+}
+
+void ClientBillingPage::OpenPayer() {
+  desk_.tools.navigator.Open(OpenClient{desk_.client.billingClientId});
+}
+
+void ClientBillingPage::SetMonthlyPrices() {
+  frmSetJobPricesForMonthly(desk_.business, desk_.tools, desk_.client.clientId).exec();
+  desk_.loadJobs();
+}
+
+}  // namespace quillary

@@ -1,0 +1,77 @@
+#pragma once
+
+#include "clients/BillingChoice.h"
+#include "clients/screens/ClientDesk.h"
+#include "scheduling/Choices.h"
+
+#include <QWidget>
+
+#include <array>
+
+class QBoxLayout;
+class QCheckBox;
+class QComboBox;
+class QLineEdit;
+class QPlainTextEdit;
+class QPushButton;
+class QRadioButton;
+
+namespace quillary {
+
+class ComboSearch;
+class DateField;
+
+/// Who pays for the client, what it owes, and what its documents show.
+class ClientBillingPage : public QWidget {
+  Q_OBJECT
+
+ public:
+  explicit ClientBillingPage(ClientDesk& desk);
+
+  void LoadChoices();
+  /// Who pays, with the frame that belongs to it.
+  void ShowBilling();
+  /// What the client owes and since when.
+  void ShowBalance();
+  void TakeDebtorSince() const;
+  void EnableCommands();
+  /// The name of the client that pays, where another does.
+  QString PayerName() const;
+  /// Brings a field to light that stands in the frame not shown.
+  void Reveal(const QString& field);
+  QList<QWidget*> OwnFields() const;
+
+ signals:
+  void billingChosen(quillary::BillingChoice choice);
+  void payerChosen(qint64 clientId);
+
+ private:
+  void MakeControls();
+  void MakeTicks();
+  void LayOut();
+  QWidget* SameAddressFrame();
+  QWidget* ExistingAddressFrame();
+  QBoxLayout* DocumentColumn();
+  void ConnectControls();
+  void OpenPayer();
+  void SetMonthlyPrices();
+
+  ClientDesk& desk_;
+  std::vector<Choice> payers_;
+
+  std::array<QRadioButton*, 3> choices_;  // in the order of BillingChoice
+  QWidget* fraBillSameAddress;
+  QComboBox* cmbInvoiceType;
+  DateField* dtDebtorSince;
+  QLineEdit* txtCurrentlyOwing;
+  QPlainTextEdit* txtSampleBillingAddress;
+  QWidget* fraBillExistingAddress;
+  ComboSearch* cmbOtherAddressToBill;
+  QPushButton* cmdEditExisingAddress;
+  QPushButton* cmdSetJobPricesForMonthly;
+  std::array<QCheckBox*, 6> ticks_;
+  QLineEdit* txtClaimNumber;
+  ComboSearch* cmbWorkCoverLabel;
+};
+
+}  // namespace quillary

@@ -1,0 +1,154 @@
+#include "clients/screens/ClientDetailsPage.h"
+
+#include "clients/ClientStatus.h"
+#include "clients/screens/ClientFields.h"
+#include "kit/ComboSearch.h"
+#include "kit/Combos.h"
+#include "kit/Keys.h"
+#include "kit/Layouts.h"
+
+#include <QPainter>
+
+namespace quillary {
+
+namespace {
+
+constexpr int kSwatch = 12;
+
+QLineEdit* Line(const char* name) {
+  auto* line = Named(new QLineEdit, name);
+  SelectAllText(line);
+  return line;
+}
+
+/// The colour of a status, as a square before its word.
+QIcon Swatch(quint32 colour) {
+  QPixmap picture(kSwatch, kSwatch);
+  picture.fill(Qt::transparent);
+  QPainter painter(&picture);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(QColor::fromRgb(0x80, 0x80, 0x80));
+  painter.setBrush(QColor::fromRgb(colour));
+  painter.drawRoundedRect(QRectF(0.5, 0.5, kSwatch - 1, kSwatch - 1), 2, 2);
+  return QIcon(picture);
+}
+
+}  // namespace
+
+ClientDetailsPage::ClientDetailsPage(ClientDesk& desk) : desk_(desk) {
+  MakeControls();
+  LayOut();
+  ConnectControls();
+}
+
+void ClientDetailsPage::MakeControls() {
+  txtFirstname = Line("txtFirstname");
+  txtSurname = Line("txtSurname");
+  cmbStatus = Named(new QComboBox, "cmbStatus");
+  cmbStatus->setIconSize({kSwatch, kSwatch});
+  txtDisplayName = Line("txtDisplayName");
+  cmdUpdateBillingName = MakeButton("cmdUpdateBillingName", tr("&Update from names"));
+  cmdUpdateBillingName->setToolTip(tr("Makes the billing name of first name and surname"));
+  txtClientID = Named(new QLineEdit, "txtClientID");
+  txtClientID->setReadOnly(true);
+  txtClientID->setFocusPolicy(Qt::ClickFocus);
+  txtClientID->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  txtStreetNumber = Line("txtStreetNumber");
+  txtStreet = Line("txtStreet");
+  cmbSuburb = Named(new ComboSearch, "cmbSuburb");
+  cmbPostcode = Named(new ComboSearch, "cmbPostcode");
+  txtMap = Line("txtMap");
+  txtPhone1 = Line("txtPhone1");
+  txtPhone2 = Line("txtPhone2");
+  txtFax = Line("txtFax");
+  txtEmail = Line("txtEmail");
+  cmbBillingGoesTo = Named(new QComboBox, "cmbBillingGoesTo");
+  for (QComboBox* combo :
+       std::initializer_list<QComboBox*>{cmbStatus, cmbSuburb, cmbPostcode, cmbBillingGoesTo})
+    combo->setMinimumContentsLength(4);
+}
+
+void ClientDetailsPage::LayOut() {
+  auto* button = new QVBoxLayout;
+  button->setSpacing(0);
+  button->addStretch(1);
+  button->addWidget(cmdUpdateBillingName);
+
+  auto* fields = new QVBoxLayout;
+  fields->setSpacing(12);
+  fields->addLayout(InLine({{LabelOver(txtFirstname, tr("F&irst name (a company's name goes here)")),
+                             4},
+                            {LabelOver(txtSurname, tr("Surna&me")), 3},
+                            {LabelOver(cmbStatus, tr("Status (&1)")), 2}}));
+  fields->addLayout(InLine({{LabelOver(txtDisplayName, tr("&Billing name/Display name")), 6},
+                            {button, 0},
+                            {LabelOver(txtClientID, tr("Client number")), 1}}));
+  fields->addLayout(InLine({{LabelOver(txtStreetNumber, tr("Street no. (&2)")), 2},
+                            {LabelOver(txtStreet, tr("Street (&3)")), 5},
+                            {LabelOver(cmbSuburb, tr("Suburb (&4)")), 4},
+                            {LabelOver(cmbPostcode, tr("P&ost code")), 2},
+                            {LabelOver(txtMap, tr("Map (&5)")), 2}}));
+  fields->addLayout(InLine({{LabelOver(txtPhone1, tr("&Phone 1")), 3},
+                            {LabelOver(txtPhone2, tr("Phone 2 (&6)")), 3},
+                            {LabelOver(txtFax, tr("Fax (&7)")), 3},
+                            {LabelOver(txtEmail, tr("&Email")), 5}}));
+  auto* payer = new QHBoxLayout;
+  payer->setSpacing(8);
+  payer->addLayout(LabelOver(cmbBillingGoesTo, tr("Billin&g goes to")), 4);
+  payer->addStretch(7);
+  fields->addLayout(payer);
+  fields->addStretch(1);
+
+  auto* line = new QHBoxLayout(this);
+  line->setContentsMargins(0, 12, 0, 8);
+  line->setSpacing(16);
+  line->addLayout(fields, 19);
+  sideSlot_ = new QVBoxLayout;
+  line->addLayout(sideSlot_, 10);
+}
+
+void ClientDetailsPage::ConnectControls() {
+  connect(cmbStatus, &QComboBox::currentIndexChanged, this, &ClientDetailsPage::statusChosen);
+  connect(txtDisplayName, &QLineEdit::textChanged, this, &ClientDetailsPage::nameTyped);
+  connect(cmbSuburb, &ComboSearch::picked, this, &ClientDetailsPage::TakePostCodeOf);
+  connect(cmbBillingGoesTo, &QComboBox::activated, this,
+          [this](int at) { emit billingChosen(static_cast<BillingChoice>(at)); });
+  desk_.OnClick(cmdUpdateBillingName, [this] { UpdateName(); });
+}
+
+void ClientDetailsPage::FillStatuses() {
+  FillComboWithWords(cmbStatus, OfferedClientStatuses());
+  for (int at = 0; at < cmbStatus->count(); ++at)
+    cmbStatus->setItemIcon(at, Swatch(ClientStatusColour(cmbStatus->itemText(at))));
+}
+
+void ClientDetailsPage::LoadChoices() {
+  suburbs_ = ListSuburbChoices(desk_.business);
+  FillComboWithWords(cmbSuburb, suburbs_.suburbs);
+  FillComboWithWords(cmbPostcode, suburbs_.postCodes);
+  if (cmbStatus->count() == 0) FillStatuses();
+  FillComboWithWords(cmbBillingGoesTo, BillingChoiceWords());
+}
+
+void ClientDetailsPage::ShowClient() {
+  txtClientID->setText(desk_.client.IsNew() ? tr("new") : QString::number(desk_.client.clientId));
+  cmbBillingGoesTo->setCurrentIndex(static_cast<int>(BillingChoiceOf(desk_.client)));
+}
+
+QString ClientDetailsPage::Status() const {
+  return cmbStatus->currentText();
+}
+
+void ClientDetailsPage::TakePostCodeOf(int suburb) {
+  if (suburb < 0) return;
+  const QString code = suburbs_.PostCodeOf(cmbSuburb->itemText(suburb));
+  if (!code.isEmpty()) ShowWords(cmbPostcode, code);
+}
+
+void ClientDetailsPage::UpdateName() {
+  txtDisplayName->setText(
+      UpdateBillingName(desk_.business, txtFirstname->text(), txtSurname->text()));
+  txtDisplayName->setFocus();
+}
+
+}  // namespace quillary

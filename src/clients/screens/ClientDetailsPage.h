@@ -1,0 +1,68 @@
+#pragma once
+
+#include "clients/BillingChoice.h"
+#include "clients/ClientChoices.h"
+#include "clients/screens/ClientDesk.h"
+
+#include <QWidget>
+
+class QBoxLayout;
+class QComboBox;
+class QLineEdit;
+class QPushButton;
+
+namespace quillary {
+
+class ComboSearch;
+
+/// Who the client is, where the work is done, how to reach it, and who pays.
+class ClientDetailsPage : public QWidget {
+  Q_OBJECT
+
+ public:
+  explicit ClientDetailsPage(ClientDesk& desk);
+
+  /// Fills the lists from the business.
+  void LoadChoices();
+  /// What is no plain field: the client's number and who pays.
+  void ShowClient();
+  QString Status() const;
+  /// The room at the right that this page shares with others.
+  QBoxLayout* SideSlot() { return sideSlot_; }
+
+ signals:
+  void statusChosen();
+  void nameTyped(const QString& displayName);
+  void billingChosen(quillary::BillingChoice choice);
+
+ private:
+  void MakeControls();
+  void LayOut();
+  void ConnectControls();
+  void FillStatuses();
+  void TakePostCodeOf(int suburb);
+  void UpdateName();
+
+  ClientDesk& desk_;
+  SuburbChoices suburbs_;
+  QBoxLayout* sideSlot_;
+
+  QLineEdit* txtFirstname;
+  QLineEdit* txtSurname;
+  QComboBox* cmbStatus;
+  QLineEdit* txtDisplayName;
+  QPushButton* cmdUpdateBillingName;
+  QLineEdit* txtClientID;
+  QLineEdit* txtStreetNumber;
+  QLineEdit* txtStreet;
+  ComboSearch* cmbSuburb;
+  ComboSearch* cmbPostcode;
+  QLineEdit* txtMap;
+  QLineEdit* txtPhone1;
+  QLineEdit* txtPhone2;
+  QLineEdit* txtFax;
+  QLineEdit* txtEmail;
+  QComboBox* cmbBillingGoesTo;
+};
+
+}  // namespace quillary

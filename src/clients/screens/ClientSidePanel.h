@@ -1,0 +1,34 @@
+#pragma once
+
+#include "clients/screens/ClientDesk.h"
+
+#include <QWidget>
+
+class QLabel;
+class QPlainTextEdit;
+
+namespace quillary {
+
+class Grid;
+
+/// What one wants to see whatever one edits: the next jobs and the notes. It stands at the right of
+/// the pages that leave room for it.
+class ClientSidePanel : public QWidget {
+  Q_OBJECT
+
+ public:
+  explicit ClientSidePanel(ClientDesk& desk);
+
+  void ShowJobs(const std::vector<ClientJob>& futureJobs);
+
+ signals:
+  void jobOpened(qint64 diaryId);
+
+ private:
+  QLabel* lblNextJobs;
+  Grid* grdNextJobs;
+  QPlainTextEdit* txtGeneralNotes;
+  QPlainTextEdit* txtPrivateNotes;
+};
+
+}  // namespace quillary

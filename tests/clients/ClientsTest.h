@@ -1,0 +1,69 @@
+#pragma once
+
+#include "clients/ClientRecord.h"
+#include "support/BusinessTest.h"
+
+namespace quillary {
+
+inline QDate Day(const char* iso) {
+  return QDate::fromString(QString(iso), Qt::ISODate);
+}
+
+/// A business with services 1 Lawn and 2 Hedge, employee 1 Ann, and no client.
+class ClientsTest : public BusinessTest {
+ protected:
+  void SetUp() override {
+    BusinessTest::SetUp();
+    business().values.gstPercentage = 0.1F;
+    business().values.daysToAdvanceSchedule = 14;
+    Run(Sql("INSERT INTO Services (Service, Service_Code) VALUES ('Lawn', 'LM')"));
+    Run(Sql("INSERT INTO Services (Service, Service_Code) VALUES ('Hedge', 'HT')"));
+    Run(Sql("INSERT INTO Employees (Employee_Name) VALUES ('Ann')"));
+  }
+
+  /// A client saved through the record, billed to `billingClientId` unless that is 0.
+  ClientRecord AddClient(const char* name, const char* status = "Active",
+                         qint64 billingClientId = 0) {
+    ClientRecord client = NewClientRecord();
+    client.displayName = name;
+    client.status = status;
+    if (billingClientId != 0) client.billingClientId = billingClientId;
+    EXPECT_FALSE(SaveClientDetails(business(), client)) << name;
+    return client;
+  }
+
+  qint64 AddJob(qint64 clientId, const char* status, const char* day, const Value& price = 10,
+                int lines = 1) {
+    Run(
+        Sql("INSERT INTO Diary (Client_ID, Employee_ID, Status, Schedule_Date, Total_Price) "
+            "VALUES ({}, 1, {}, {}, {})",
+            clientId, status, Day(day), price));
+    const qint64 entry = business().FirstField(Sql("SELECT MAX(Diary_ID) FROM Diary")).ToLong();
+    for (int line = 0; line < lines; ++line) {
+      Run(Sql("INSERT INTO Diary_Services (Diary_ID, Service_ID, Price) VALUES ({}, 1, 0)", entry));
+    }
+    return entry;
+  }
+
+  void Pay(qint64 clientId, const Value& amount) {
+    Run(Sql("INSERT INTO Payments (Client_ID, Amount, Payment_Date) VALUES ({}, {}, {})", clientId,
+            amount, Day("2026-10-15")));
+  }
+
+  /// All rows of a statement: fields joined by blanks, rows by commas.
+  QString Rows(const Sql& statement) {
+    QStringList rows;
+    for (const Record record : Run(statement)) {
+      QStringList fields;
+      for (size_t field = 0; field < record.Size(); ++field) {
+        const Value& value = record[field];
+        fields += value.IsDate() ? value.ToDate().toString(Qt::ISODate)
+                                 : value.ToText(QStringLiteral("-"));
+      }
+      rows += fields.join(u' ');
+    }
+    return rows.join(u',');
+  }
+};
+
+}  // namespace quillary
