@@ -9,15 +9,6 @@
 namespace quillary {
 namespace {
 
-constexpr const char* kNamedIndexes[] = {
-    "CREATE INDEX CustIndex ON Clients (Client_ID)",
-    "CREATE INDEX CustStatusIndex ON Clients (Status)",
-    "CREATE INDEX CustBillingIndex ON Clients (Billing_Client_ID)",
-    "CREATE INDEX DiaryCustIndex ON Diary (Client_ID)",
-    "CREATE INDEX DiaryStatusIndex ON Diary (Status)",
-    "CREATE INDEX PaymentCustIndex ON Payments (Client_ID)",
-};
-
 struct StoreIndex {
   const char* name;
   const char* table;
@@ -72,7 +63,7 @@ void FillOneRowTables(Connection& file) {
 void MakeTables(Connection& file) {
   file.Begin();
   for (const TableDefinition& table : TableDefinitions()) file.Run(table.statement);
-  for (const char* index : kNamedIndexes) file.Run(index);
+  for (const char* index : NamedIndexes()) file.Run(index);
   EnsureStoreIndexes(file);
   FillLists(file);
   FillOneRowTables(file);
@@ -94,6 +85,18 @@ const QStringList& BusinessTables() {
     return list;
   }();
   return names;
+}
+
+const std::vector<const char*>& NamedIndexes() {
+  static const std::vector<const char*> statements = {
+      "CREATE INDEX CustIndex ON Clients (Client_ID)",
+      "CREATE INDEX CustStatusIndex ON Clients (Status)",
+      "CREATE INDEX CustBillingIndex ON Clients (Billing_Client_ID)",
+      "CREATE INDEX DiaryCustIndex ON Diary (Client_ID)",
+      "CREATE INDEX DiaryStatusIndex ON Diary (Status)",
+      "CREATE INDEX PaymentCustIndex ON Payments (Client_ID)",
+  };
+  return statements;
 }
 
 void CreateEmptyBusiness(const QString& path) {

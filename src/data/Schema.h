@@ -3,6 +3,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <vector>
+
 namespace quillary {
 
 class Connection;
@@ -11,6 +13,9 @@ inline constexpr int kSchemaVersion = 57;
 
 /// The names of all tables of a business file, in the order of their making.
 const QStringList& BusinessTables();
+
+/// The indexes that the schema names, as statements of the dialect.
+const std::vector<const char*>& NamedIndexes();
 
 /// Writes the delivered empty business to `path`: all tables and indexes of the current version,
 /// with the one-row tables filled and the seed rows in place. Throws StorageFailure, also when the

@@ -11,15 +11,6 @@ namespace {
 
 /// From this version on a business has the indexes that its statements know by name.
 constexpr int kNamedIndexesSince = 51;
-constexpr const char* kNamedIndexes[] = {
-    "CREATE INDEX CustIndex ON Clients (Client_ID)",
-    "CREATE INDEX CustStatusIndex ON Clients (Status)",
-    "CREATE INDEX CustBillingIndex ON Clients (Billing_Client_ID)",
-    "CREATE INDEX DiaryCustIndex ON Diary (Client_ID)",
-    "CREATE INDEX DiaryStatusIndex ON Diary (Status)",
-    "CREATE INDEX PaymentCustIndex ON Payments (Client_ID)",
-};
-
 Value FirstValue(Connection& file, const std::string& statement) {
   const Recordset rows = file.Run(statement);
   return rows.EndOfFile() ? Value() : rows.Field(size_t{0});
@@ -50,7 +41,7 @@ int CheckVersion(Connection& file) {
 
 void MakeIndexes(Connection& file, int version) {
   if (version >= kNamedIndexesSince) {
-    for (const char* index : kNamedIndexes) file.Run(index);
+    for (const char* index : NamedIndexes()) file.Run(index);
   }
   EnsureStoreIndexes(file);
 }

@@ -86,10 +86,10 @@ Connection::~Connection() {
 void Connection::OpenHandle(OpenMode mode) {
   const QFileInfo info(file_);
   if (mode == OpenMode::Create && info.exists()) {
-    throw StorageFailure(StorageFault::CannotOpen, QStringLiteral("%1 exists already").arg(file_));
+    throw StorageFailure(StorageFault::CannotOpen, QStringLiteral("exists already"));
   }
   if (mode == OpenMode::Existing && !info.isFile()) {
-    throw StorageFailure(StorageFault::CannotOpen, QStringLiteral("%1 was not found").arg(file_));
+    throw StorageFailure(StorageFault::CannotOpen, QStringLiteral("was not found"));
   }
   if (mode == OpenMode::Existing && info.size() == 0) {
     throw StorageFailure(StorageFault::NotADatabase, QStringLiteral("file is empty"));
