@@ -3,7 +3,11 @@
 #include <QApplication>
 #include <QInputDialog>
 #include <QMessageBox>
+#include <QPainter>
 #include <QPushButton>
+
+#include "kit/Controls.h"
+#include "kit/Roles.h"
 
 namespace quillary {
 
@@ -34,17 +38,38 @@ void Fill(QMessageBox& box, const QString& text, const QString& title) {
   box.setText(text);
 }
 
+/// The tone as a sign in the colours of the program.
+QPixmap Sign(QChar letter, Hue hue, const QWidget& box) {
+  constexpr int kSize = 40;
+  const HueColours& colours = RolesOf(box.palette()).Of(hue);
+  QPixmap sign(QSize(kSize, kSize) * box.devicePixelRatioF());
+  sign.setDevicePixelRatio(box.devicePixelRatioF());
+  sign.fill(Qt::transparent);
+  QPainter painter(&sign);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(colours.edge);
+  painter.setBrush(colours.fill);
+  painter.drawEllipse(QRectF(0.5, 0.5, kSize - 1, kSize - 1));
+  QFont font = box.font();
+  font.setPixelSize(22);
+  font.setWeight(QFont::Bold);
+  painter.setFont(font);
+  painter.setPen(colours.words);
+  painter.drawText(QRect(0, 0, kSize, kSize), Qt::AlignCenter, letter);
+  return sign;
+}
+
 }  // namespace
 
 Answer MessageBoxPrompter::Ask(const QString& text, const QString& title) {
   const PointerRelease release;
   QMessageBox box(QApplication::activeWindow());
   Fill(box, text, title);
-  box.setIcon(QMessageBox::Question);
+  box.setIconPixmap(Sign(u'?', Hue::Green, box));
   box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
   box.setDefaultButton(QMessageBox::Yes);
   box.setEscapeButton(QMessageBox::No);
-  box.button(QMessageBox::Yes)->setProperty("kind", QStringLiteral("main"));
+  SetKind(qobject_cast<QPushButton*>(box.button(QMessageBox::Yes)), ButtonKind::Main);
   return box.exec() == QMessageBox::Yes ? Answer::Yes : Answer::No;
 }
 
@@ -52,11 +77,11 @@ void MessageBoxPrompter::Tell(Tone tone, const QString& text, const QString& tit
   const PointerRelease release;
   QMessageBox box(QApplication::activeWindow());
   Fill(box, text, title);
-  box.setIcon(tone == Tone::Stop          ? QMessageBox::Critical
-              : tone == Tone::Exclamation ? QMessageBox::Warning
-                                          : QMessageBox::Information);
+  box.setIconPixmap(tone == Tone::Stop          ? Sign(u'✕', Hue::Red, box)
+                    : tone == Tone::Exclamation ? Sign(u'!', Hue::Yellow, box)
+                                                : Sign(u'i', Hue::Blue, box));
   box.setStandardButtons(QMessageBox::Ok);
-  box.button(QMessageBox::Ok)->setProperty("kind", QStringLiteral("main"));
+  SetKind(qobject_cast<QPushButton*>(box.button(QMessageBox::Ok)), ButtonKind::Main);
   box.exec();
 }
 

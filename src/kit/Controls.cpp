@@ -2,6 +2,7 @@
 
 #include <QIcon>
 #include <QShortcut>
+#include <QStyle>
 
 namespace quillary {
 
@@ -36,16 +37,27 @@ QString PlainCaption(const QString& caption) {
   return plain.trimmed();
 }
 
+void SetKind(QPushButton* button, ButtonKind kind) {
+  const char* const names[] = {"", "main", "danger", "link"};
+  button->setProperty("kind", QString::fromLatin1(names[static_cast<size_t>(kind)]));
+  button->style()->unpolish(button);
+  button->style()->polish(button);
+}
+
 QPushButton* MakeButton(const char* name, const QString& caption, ButtonKind kind,
                         const QString& iconName) {
   auto* button = new QPushButton(caption);
   button->setObjectName(QLatin1StringView(name));
   button->setAccessibleName(PlainCaption(caption));
   button->setAutoDefault(false);
-  if (kind == ButtonKind::Main) button->setProperty("kind", QStringLiteral("main"));
-  if (kind == ButtonKind::Danger) button->setProperty("kind", QStringLiteral("danger"));
-  if (kind == ButtonKind::Link) button->setProperty("kind", QStringLiteral("link"));
-  if (!iconName.isEmpty()) button->setIcon(QIcon::fromTheme(iconName));
+  SetKind(button, kind);
+  if (!iconName.isEmpty()) {
+    button->setIcon(QIcon::fromTheme(iconName));
+    if (caption.isEmpty())
+      button->setProperty("shape", QStringLiteral("icon"));
+    else
+      button->setText(u' ' + caption);  // room between the icon and the words
+  }
   return button;
 }
 

@@ -15,6 +15,9 @@ enum class ButtonKind { Plain, Main, Danger, Link };
 QPushButton* MakeButton(const char* name, const QString& caption,
                         ButtonKind kind = ButtonKind::Plain, const QString& iconName = {});
 
+/// Gives a button that the toolkit made, such as that of a message box, the same dress.
+void SetKind(QPushButton* button, ButtonKind kind);
+
 enum class LabelRole { Plain, Muted, Hint, Title, Figure, Warning };
 
 QLabel* MakeLabel(const char* name, const QString& text, LabelRole role = LabelRole::Plain);

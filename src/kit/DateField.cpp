@@ -2,6 +2,7 @@
 
 #include "base/DateTime.h"
 #include "kit/Keys.h"
+#include "kit/Roles.h"
 
 #include <QAction>
 #include <QCalendarWidget>
@@ -26,17 +27,17 @@ QString WithoutWeekday(const QString& typed) {
 
 DateField::DateField(QDate today, QWidget* parent) : QLineEdit(parent), today_(today) {
   SelectAllText(this);
-  setFixedWidth(160);
-  QAction* picker =
-      addAction(QIcon::fromTheme(QStringLiteral("view-calendar")), QLineEdit::TrailingPosition);
-  picker->setToolTip(tr("Pick a day (F4)"));
-  connect(picker, &QAction::triggered, this, &DateField::ShowPicker);
+  setFixedWidth(152);
+  arrow_ = addAction(QIcon(), QLineEdit::TrailingPosition);
+  arrow_->setToolTip(tr("Pick a day (F4)"));
+  connect(arrow_, &QAction::triggered, this, &DateField::ShowPicker);
+  DressArrow();
   connect(this, &QLineEdit::editingFinished, this, &DateField::TakeTyped);
 }
 
 void DateField::ShowWeekday(bool show) {
   format_ = show ? QStringLiteral("ddd d MMM yyyy") : QStringLiteral("d MMM yyyy");
-  setFixedWidth(show ? 160 : 128);
+  setFixedWidth(show ? 152 : 120);
   SetDate(date_);
 }
 
@@ -44,6 +45,16 @@ void DateField::SetDate(QDate date) {
   date_ = date;
   setText(QLocale(QLocale::English).toString(date, format_));
   setCursorPosition(0);
+}
+
+void DateField::DressArrow() {
+  arrow_->setIcon(QIcon(RolesOf(palette()).dark ? QStringLiteral(":/kit/down-dark.svg")
+                                                : QStringLiteral(":/kit/down-light.svg")));
+}
+
+void DateField::changeEvent(QEvent* event) {
+  QLineEdit::changeEvent(event);
+  if (event->type() == QEvent::PaletteChange) DressArrow();
 }
 
 void DateField::Choose(QDate date) {
@@ -73,6 +84,10 @@ void DateField::ShowPicker() {
   QTextCharFormat marked;
   marked.setFontWeight(QFont::Bold);
   calendar->setDateTextFormat(today_, marked);
+  QTextCharFormat weekend;
+  weekend.setForeground(RolesOf(palette()).muted);
+  for (const Qt::DayOfWeek day : {Qt::Saturday, Qt::Sunday})
+    calendar->setWeekdayTextFormat(day, weekend);
   auto* holder = new QWidgetAction(menu);
   holder->setDefaultWidget(calendar);
   menu->addAction(holder);

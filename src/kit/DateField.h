@@ -26,14 +26,17 @@ class DateField : public QLineEdit {
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
+  void changeEvent(QEvent* event) override;
 
  private:
   void TakeTyped();
   void Choose(QDate date);
   void ShowPicker();
+  void DressArrow();
 
   QDate today_;
   QDate date_;
+  QAction* arrow_;
   QString format_ = QStringLiteral("ddd d MMM yyyy");
 };
 

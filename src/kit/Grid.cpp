@@ -17,6 +17,7 @@ Grid::Grid(const QString& name, QWidget* parent)
   setModel(view_);
   setItemDelegate(new GridDelegate(this));
   setVerticalHeader(new HueHeader(this));
+  setHorizontalHeader(new TitleHeader(this));
   setSelectionBehavior(SelectRows);
   setSelectionMode(SingleSelection);
   setShowGrid(false);
@@ -24,12 +25,6 @@ Grid::Grid(const QString& name, QWidget* parent)
   setTabKeyNavigation(false);  // Tab leaves the list; the arrow keys move in it
   setEditTriggers(DoubleClicked | EditKeyPressed);
   setHorizontalScrollMode(ScrollPerPixel);
-  horizontalHeader()->setFixedHeight(31);
-  horizontalHeader()->setHighlightSections(false);
-  horizontalHeader()->setMinimumSectionSize(32);
-  horizontalHeader()->setStretchLastSection(true);
-  horizontalHeader()->setSortIndicatorClearable(true);
-  horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
   setSortingEnabled(true);
 
   connect(model_, &GridModel::edited, this, &Grid::edited);
@@ -71,6 +66,13 @@ void Grid::SetRows(std::vector<GridRow> rows) {
 void Grid::SetEmptyText(const QString& what, const QString& next) {
   emptyWhat_ = what;
   emptyNext_ = next;
+}
+
+void Grid::ShowColumn(int column, bool show) {
+  fitting_ = true;  // not a width of the user's choice
+  setColumnHidden(column, !show);
+  fitting_ = false;
+  FitColumns();
 }
 
 void Grid::AllowReordering() {

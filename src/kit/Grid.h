@@ -26,6 +26,8 @@ class Grid : public QTableView {
   void SetRows(std::vector<GridRow> rows);
   /// What an empty list says: what it is, and what to do next.
   void SetEmptyText(const QString& what, const QString& next);
+  /// Shows or hides a column, whose room goes to the others.
+  void ShowColumn(int column, bool show);
   /// Rows may be dragged to another place, or moved by Alt+Up and Alt+Down. Off while the list is
   /// sorted or filtered by the user, because a place would then mean nothing.
   void AllowReordering();

@@ -4,6 +4,8 @@
 
 namespace quillary {
 
+GridCell::GridCell(const Value& from, const QString& shown) : value(from), words(shown) {}
+
 QString ShownText(const GridColumn& column, const GridCell& cell,
                   const std::vector<GridChoice>& choices) {
   if (!cell.words.isEmpty()) return cell.words;

@@ -41,7 +41,7 @@ struct GridCell {
   template <typename T>
   requires(!std::is_same_v<std::remove_cvref_t<T>, GridCell>) GridCell(T&& from)
       : value(std::forward<T>(from)) {}  // NOLINT: cells are meant to convert
-  GridCell(Value from, QString shown) : value(std::move(from)), words(std::move(shown)) {}
+  GridCell(const Value& from, const QString& shown);
 
   Value value;
   QString words;

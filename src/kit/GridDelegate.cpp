@@ -137,6 +137,36 @@ void GridDelegate::setModelData(QWidget* editor, QAbstractItemModel* model,
   if (typed != old.ToText()) model->setData(index, typed);
 }
 
+TitleHeader::TitleHeader(QWidget* parent) : QHeaderView(Qt::Horizontal, parent) {
+  setFixedHeight(31);
+  setMinimumSectionSize(32);
+  setSectionsClickable(true);
+  setStretchLastSection(true);
+  setSortIndicatorClearable(true);
+  setSortIndicator(-1, Qt::AscendingOrder);
+}
+
+void TitleHeader::paintSection(QPainter* painter, const QRect& rect, int column) const {
+  const Roles& roles = RolesOf(palette());
+  painter->fillRect(rect, roles.raised);
+  painter->setPen(roles.line);
+  painter->drawLine(rect.bottomLeft(), rect.bottomRight());
+  QFont titles = font();
+  titles.setPointSizeF(titles.pointSizeF() * 0.925);
+  titles.setWeight(QFont::DemiBold);
+  painter->setFont(titles);
+  painter->setPen(roles.muted);
+  QString title = model()->headerData(column, orientation()).toString();
+  if (isSortIndicatorShown() && sortIndicatorSection() == column)
+    title += sortIndicatorOrder() == Qt::AscendingOrder ? QStringLiteral(" ↑")
+                                                        : QStringLiteral(" ↓");
+  const QRect inner = rect.adjusted(kMargin, 0, -kMargin, 0);
+  const int alignment = model()->headerData(column, orientation(), Qt::TextAlignmentRole).toInt();
+  painter->drawText(
+      inner, alignment,
+      QFontMetrics(titles).elidedText(title, Qt::ElideRight, inner.width() + kMargin));
+}
+
 HueHeader::HueHeader(QWidget* parent) : QHeaderView(Qt::Vertical, parent) {
   setSectionResizeMode(QHeaderView::Fixed);
   setDefaultSectionSize(35);

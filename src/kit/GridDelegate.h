@@ -23,6 +23,15 @@ class GridDelegate : public QStyledItemDelegate {
                     const QModelIndex& index) const override;
 };
 
+/// The titles of the columns, on the same margins as the cells below them.
+class TitleHeader : public QHeaderView {
+ public:
+  explicit TitleHeader(QWidget* parent);
+
+ protected:
+  void paintSection(QPainter* painter, const QRect& rect, int column) const override;
+};
+
 /// The colour bar at the left of the rows.
 class HueHeader : public QHeaderView {
  public:

@@ -20,7 +20,7 @@ QMenu::item:disabled { color: @faint; background: transparent; }
 QMenu::separator { height: 1px; background: @line; margin: 4px 8px; }
 QMenu::indicator { width: 14px; height: 14px; left: 5px; }
 QMenu::right-arrow { image: url(:/kit/right-@theme.svg); width: 12px; height: 12px; right: 6px; }
-QToolBar { background: @surface; border: none; border-bottom: 1px solid @line; padding: 4px 8px;
+QToolBar { background: @surface; border: none; border-bottom: 1px solid @line; padding: 2px 6px;
   spacing: 4px; }
 QToolButton { border: 1px solid transparent; border-radius: 5px; padding: 5px 9px;
   background: transparent; }
@@ -30,15 +30,20 @@ QToolButton:focus { border-color: @accent; }
 QToolButton:disabled { color: @faint; }
 QToolButton::menu-indicator { image: none; }
 QTabWidget::pane { border: none; background: @surface; }
+QTabWidget#tabs::pane { border-top: 1px solid @line; top: -1px; }
+QScrollArea#screen { border: none; background: @surface; }
+QAbstractScrollArea::corner { background: @surface; border: none; }
 QTabWidget#tabs { background: @strip; }
 QTabWidget#tabs::tab-bar { left: 8px; }
 QTabBar { background: @strip; qproperty-drawBase: 0; }
-QTabBar::tab { background: transparent; color: @muted; padding: 7px 14px; margin-top: 6px;
-  border: 1px solid transparent; border-bottom: none; min-height: 16px; }
+QTabBar::tab { background: transparent; color: @muted; padding: 6px 14px 5px 14px;
+  border: 1px solid transparent; border-bottom: none; min-height: 18px; }
+QTabWidget#tabs QTabBar::tab { padding-right: 8px; }
 QTabBar::tab:selected { background: @surface; color: @text; border-color: @line;
   border-top-left-radius: 6px; border-top-right-radius: 6px; }
 QTabBar::tab:hover:!selected { color: @text; }
-QTabBar::close-button { image: url(:/kit/close-@theme.svg); subcontrol-position: right; }
+QTabBar::close-button { image: url(:/kit/close-@theme.svg); subcontrol-position: right;
+  width: 16px; height: 16px; }
 QTabBar::close-button:hover { background: @hover; border-radius: 4px; }
 QStatusBar { background: @raised; border-top: 1px solid @line; color: @muted; }
 QStatusBar::item { border: none; }
@@ -49,6 +54,8 @@ QSizeGrip { width: 0px; height: 0px; }
 const char* const kControls = R"(
 QPushButton { background: @surface; border: 1px solid @line; border-radius: 5px;
   padding: 6px 14px; min-height: 18px; }
+QPushButton[shape="icon"] { padding: 6px 9px; }
+QPushButton[size="small"] { padding: 2px 7px; font-size: 12px; }
 QPushButton:hover { background: @hover; }
 QPushButton:pressed { background: @selection; }
 QPushButton:focus { border-color: @accent; }
@@ -65,6 +72,7 @@ QPushButton[kind="link"] { border-color: transparent; color: @muted; padding: 6p
 QPushButton[kind="link"]:hover { color: @accent; }
 QPushButton[kind="link"]:focus { border-color: @accent; }
 QPushButton[kind="link"]:disabled { color: @faint; }
+QPushButton[web="true"] { color: @accent; text-decoration: underline; padding: 2px 4px; }
 QLineEdit, QComboBox, QPlainTextEdit, QTextEdit { background: @surface; color: @text;
   border: 1px solid @line; border-radius: 5px; padding: 5px 9px;
   selection-background-color: @selection; selection-color: @text; }
@@ -97,6 +105,7 @@ QGroupBox::title { subcontrol-origin: margin; left: 10px; padding: 0px 4px; colo
 QProgressBar { background: @strip; border: none; border-radius: 4px; min-height: 8px;
   max-height: 8px; text-align: center; }
 QProgressBar::chunk { background: @accent; border-radius: 4px; }
+QFrame[role="card"] { background: @surface; border: 1px solid @line; border-radius: 8px; }
 QLabel[role="title"] { font-size: 19px; font-weight: 700; }
 QLabel[role="figure"] { font-size: 17px; font-weight: 700; }
 QLabel[role="muted"] { color: @muted; }
@@ -113,10 +122,6 @@ QListView::item { padding: 4px 8px; border-radius: 3px; }
 QListView::item:selected { background: @selection; color: @text; }
 QListView::item:hover:!selected { background: @hover; }
 QHeaderView { background: @raised; border: none; }
-QHeaderView::section { background: @raised; color: @muted; font-weight: 600; font-size: 12px;
-  padding: 0px 10px; border: none; border-bottom: 1px solid @line; }
-QHeaderView::up-arrow { image: url(:/kit/up-@theme.svg); width: 10px; height: 10px; }
-QHeaderView::down-arrow { image: url(:/kit/down-@theme.svg); width: 10px; height: 10px; }
 QTableCornerButton::section { background: @raised; border: none; border-bottom: 1px solid @line; }
 QTableView QLineEdit, QTableView QComboBox { border: 1px solid @accent; border-radius: 3px;
   padding: 0px 8px; min-height: 0px; }

@@ -26,6 +26,12 @@ FileChooser::FileChooser(Prompter& prompter, const QStringList& filters)
   Drive->setObjectName(QStringLiteral("Drive"));
   Folder->setObjectName(QStringLiteral("Folder"));
   File->setObjectName(QStringLiteral("File"));
+  // Side by side in equal parts, whatever stands in them.
+  Drive->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+  for (QListWidget* list : {Folder, File}) {
+    list->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Expanding);
+    list->setMinimumWidth(160);
+  }
   FillDrives();
   connect(Drive, &QComboBox::activated, this, &FileChooser::Drive_Change);
   connect(Folder, &QListWidget::itemActivated, this, &FileChooser::OpenFolder);

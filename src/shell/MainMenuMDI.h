@@ -59,6 +59,7 @@ class MainMenuMDI : public QMainWindow, public ScreenHost {
   void RegisterComponents();
   void DebugTest1();
 
+  Screen* ScreenAt(int tab) const;
   Screen* CurrentScreen() const;
   void CloseTab(int index);
   void TabChanged();

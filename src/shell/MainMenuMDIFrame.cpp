@@ -6,6 +6,7 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QScrollArea>
 #include <QTabBar>
 #include <QTimer>
 
@@ -19,12 +20,17 @@ const QString kWindow = QStringLiteral("Main window");
 }  // namespace
 
 void MainMenuMDI::ShowScreen(Screen* screen) {
-  const int index = tabs_->addTab(screen, QString(screen->windowTitle()).replace("&", "&&"));
-  connect(screen, &QWidget::windowTitleChanged, this, [this, screen](const QString& title) {
-    tabs_->setTabText(tabs_->indexOf(screen), QString(title).replace("&", "&&"));
+  // On a small display a screen scrolls rather than being squeezed.
+  auto* area = new QScrollArea;
+  area->setObjectName(QStringLiteral("screen"));
+  area->setWidgetResizable(true);
+  area->setWidget(screen);
+  const int index = tabs_->addTab(area, QString(screen->windowTitle()).replace("&", "&&"));
+  connect(screen, &QWidget::windowTitleChanged, this, [this, area](const QString& title) {
+    tabs_->setTabText(tabs_->indexOf(area), QString(title).replace("&", "&&"));
   });
   connect(screen, &Screen::closeRequested, this,
-          [this, screen] { CloseTab(tabs_->indexOf(screen)); });
+          [this, area] { CloseTab(tabs_->indexOf(area)); });
   centre_->setCurrentWidget(tabs_);
   tabs_->setCurrentIndex(index);
   TabChanged();
@@ -32,22 +38,26 @@ void MainMenuMDI::ShowScreen(Screen* screen) {
 
 Screen* MainMenuMDI::BringToFront(const QString& name) {
   for (int tab = 0; tab < tabs_->count(); ++tab) {
-    if (tabs_->widget(tab)->objectName() != name) continue;
+    if (ScreenAt(tab)->objectName() != name) continue;
     tabs_->setCurrentIndex(tab);
-    return qobject_cast<Screen*>(tabs_->widget(tab));
+    return ScreenAt(tab);
   }
   return nullptr;
 }
 
-Screen* MainMenuMDI::CurrentScreen() const {
-  return qobject_cast<Screen*>(tabs_->currentWidget());
+Screen* MainMenuMDI::ScreenAt(int tab) const {
+  const auto* area = qobject_cast<QScrollArea*>(tabs_->widget(tab));
+  return area ? qobject_cast<Screen*>(area->widget()) : nullptr;
 }
 
+Screen* MainMenuMDI::CurrentScreen() const { return ScreenAt(tabs_->currentIndex()); }
+
 void MainMenuMDI::CloseTab(int index) {
-  auto* screen = qobject_cast<Screen*>(tabs_->widget(index));
+  Screen* screen = ScreenAt(index);
   if (!screen || !screen->MayClose()) return;
+  QWidget* area = tabs_->widget(index);
   tabs_->removeTab(index);
-  screen->deleteLater();
+  area->deleteLater();
   if (tabs_->count() == 0) centre_->setCurrentIndex(0);
   TabChanged();
 }
@@ -85,7 +95,7 @@ void MainMenuMDI::StoreWindow() {
   if (restoring_ || leaving_ || !isVisible()) return;
   SettingsStore& store = business_.World().settings;
   QStringList screens;
-  for (int tab = 0; tab < tabs_->count(); ++tab) screens += tabs_->widget(tab)->objectName();
+  for (int tab = 0; tab < tabs_->count(); ++tab) screens += ScreenAt(tab)->objectName();
   // A blank in place of nothing, which would read as a first start.
   store.Write(kWindow, QStringLiteral("Tabs"),
               screens.isEmpty() ? QStringLiteral(",") : screens.join(u','));

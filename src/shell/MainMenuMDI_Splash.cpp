@@ -14,7 +14,8 @@ constexpr int kShownForMilliseconds = 2000;
 }
 
 MainMenuMDI_Splash::MainMenuMDI_Splash(const QString& companyName, QWidget* frame)
-    : QWidget(frame, Qt::SplashScreen | Qt::WindowStaysOnTopHint) {
+    : QFrame(frame, Qt::SplashScreen | Qt::WindowStaysOnTopHint) {
+  setProperty("role", QStringLiteral("card"));
   setObjectName(QStringLiteral("MainMenuMDI_Splash"));
   setAttribute(Qt::WA_DeleteOnClose);
   setAttribute(Qt::WA_ShowWithoutActivating);

@@ -1,13 +1,13 @@
 #pragma once
 
+#include <QFrame>
 #include <QLabel>
-#include <QWidget>
 
 namespace quillary {
 
 /// The greeting over the main window: whose business this is, and which version runs. Closes by
 /// itself.
-class MainMenuMDI_Splash : public QWidget {
+class MainMenuMDI_Splash : public QFrame {
   Q_OBJECT
 
  public:

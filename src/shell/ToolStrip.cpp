@@ -1,6 +1,7 @@
 #include "shell/ToolStrip.h"
 
 #include <QMenuBar>
+#include <QResizeEvent>
 #include <QToolButton>
 
 #include <algorithm>
@@ -22,7 +23,7 @@ constexpr ToolDeclaration kTools[] = {
     {"mnuClientsAddClient", "Add client", "list-add", ""},
     {"mnuQuote", "Quotes", "view-calendar-tasks", "frmCreateAQuote"},
     {"mnuInvoicesList", "Invoices", "view-financial-list", "frmInvoicesList"},
-    {"mnuFinancialPaymentsReceived", "Payments", "view-currency-list", "frmPaymentsList"},
+    {"mnuFinancialPaymentsReceived", "Payments", "taxes-finances", "frmPaymentsList"},
     {"mnuFinancialDebtors", "Debtors", "view-bank", "frmDebtors"},
     {"mnuReports", "Reports", "view-statistics", ""},
 };
@@ -63,7 +64,7 @@ ToolStrip::ToolStrip(const QMenuBar* menus) {
 QToolButton* ToolStrip::MakeTool(const char* name, const QString& word, const char* icon) {
   auto* button = new QToolButton;
   button->setObjectName(QStringLiteral("tool_") + QLatin1StringView(name));
-  button->setText(word);
+  button->setText(u' ' + word);  // room between the icon and the word
   button->setAccessibleName(word);
   button->setToolTip(word);
   button->setIcon(QIcon::fromTheme(QLatin1StringView(icon)));
@@ -84,6 +85,14 @@ void ToolStrip::MarkScreen(const QString& screen) {
     tool.button->setCheckable(current);
     tool.button->setChecked(current);
   }
+}
+
+void ToolStrip::resizeEvent(QResizeEvent* event) {
+  QToolBar::resizeEvent(event);
+  constexpr int kWidthForWords = 1080;
+  const auto style = event->size().width() < kWidthForWords ? Qt::ToolButtonIconOnly
+                                                            : Qt::ToolButtonTextBesideIcon;
+  for (const Tool& tool : tools_) tool.button->setToolButtonStyle(style);
 }
 
 void ToolStrip::AddAtEnd(QWidget* widget) {

@@ -21,6 +21,10 @@ class ToolStrip : public QToolBar {
   /// At the right end.
   void AddAtEnd(QWidget* widget);
 
+ protected:
+  /// Where words do not fit the icons stand alone.
+  void resizeEvent(QResizeEvent* event) override;
+
  private:
   QToolButton* MakeTool(const char* name, const QString& word, const char* icon);
 

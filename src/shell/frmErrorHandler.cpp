@@ -15,7 +15,7 @@ namespace quillary {
 namespace {
 
 constexpr int kWidth = 600;
-constexpr int kHeightWithDetails = 560;
+constexpr int kHeightWithDetails = 640;
 
 QLabel* Words(const char* name, const QString& text) {
   QLabel* label = MakeLabel(name, text);
@@ -47,6 +47,7 @@ frmErrorHandler::frmErrorHandler(Prompter& prompter, Desktop& desktop,
                      "information e.g. latest "
                      "update, common problems and solutions...To access the site, please click "));
   lblHere = MakeButton("lblHere", QStringLiteral("&here"), ButtonKind::Link);
+  lblHere->setProperty("web", true);
   cmdEmail = MakeButton("cmdEmail", QStringLiteral("&Email IT"), ButtonKind::Main);
   cmdContinue = MakeButton("cmdContinue", QStringLiteral("&Continue"));
   cmdQuit = MakeButton("cmdQuit", QStringLiteral("&Quit"), ButtonKind::Danger);
@@ -69,13 +70,16 @@ void frmErrorHandler::LayOut() {
   choices->setVerticalSpacing(12);
   choices->setColumnStretch(1, 1);
   const std::pair<QPushButton*, QLabel*> rows[] = {
-      {cmdEmail, Label2}, {cmdContinue, Label3}, {cmdQuit, Label4}, {lblHere, Label5}};
+      {cmdEmail, Label2}, {cmdContinue, Label3}, {cmdQuit, Label4}};
   int row = 0;
   for (const auto& [button, label] : rows) {
     label->setBuddy(button);
     choices->addWidget(button, row, 0, Qt::AlignTop);
     choices->addWidget(label, row++, 1, Qt::AlignTop);
   }
+  auto* web = new QHBoxLayout;
+  web->addWidget(Label5, 1);
+  web->addWidget(lblHere, 0, Qt::AlignBottom);
   auto* details = new QHBoxLayout;
   details->addWidget(cmdErrorDetails);
   details->addWidget(cmdCopy);
@@ -85,10 +89,9 @@ void frmErrorHandler::LayOut() {
   column->setSpacing(16);
   column->addWidget(Label1);
   column->addLayout(choices);
+  column->addLayout(web);
   column->addLayout(details);
   column->addWidget(Text1, 1);
-  Text1->hide();
-  resize(kWidth, sizeHint().height());
 }
 
 void frmErrorHandler::ConnectCommands() {
@@ -114,8 +117,7 @@ void frmErrorHandler::ShowDump(const QString& dump) {
   Text1->setPlainText(dump);
   Text1->hide();
   cmdErrorDetails->setEnabled(true);
-  adjustSize();
-  resize(kWidth, sizeHint().height());
+  resize(kWidth, layout()->totalHeightForWidth(kWidth));
   cmdEmail->setFocus();
 }
 

@@ -95,14 +95,15 @@ void frmDiary::Show(const DiaryList& list) {
     rows.back().cells.resize(static_cast<size_t>(grdSchedule->model()->columnCount()), Value());
   }
   grdSchedule->SetChoices(kEmployee, EmployeeChoices(ListEmployees(business_)));
-  grdSchedule->setColumnHidden(kDate, !optShowJobsBetween->isChecked());
+  grdSchedule->ShowColumn(kDate, optShowJobsBetween->isChecked());
   grdSchedule->SetRows(std::move(rows));
   if (!grdSchedule->SelectKey(kept)) grdSchedule->SelectFirst();
   if (rowButtons_) rowButtons_->MoveButtons();
 
   txtTotalNoOfJobs->setText(QString::number(list_.totalNoOfJobs));
   txtTotalAmountOfJobs->setText(list_.totalAmountOfJobs.ToCurrencyText());
-  lblNoEmployee->setVisible(list_.someHaveNoEmployee);
+  for (QLabel* part : {lblWarningSign, lblNoEmployee})
+    part->setVisible(list_.someHaveNoEmployee);
 }
 
 void frmDiary::MoveDay(int days) {

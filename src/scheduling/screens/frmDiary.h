@@ -87,6 +87,7 @@ class frmDiary : public Screen {
   Grid* grdSchedule;
   QLabel* txtTotalNoOfJobs;
   QLabel* txtTotalAmountOfJobs;
+  QLabel* lblWarningSign;
   QLabel* lblNoEmployee;
   QPushButton* cmdEditJob;
   QPushButton* cmdClientDetails;

@@ -4,6 +4,7 @@
 #include "scheduling/screens/RowButtons.h"
 #include "scheduling/screens/frmDiary.h"
 
+#include <QButtonGroup>
 #include <QHBoxLayout>
 #include <QPainter>
 #include <QShortcut>
@@ -67,13 +68,16 @@ void frmDiary::MakeControls() {
   cmdToday->setToolTip(tr("Back to today (Alt+Home)"));
   optShowJobsBetween = Named(new QRadioButton(tr("Show jobs/visits &between")),
                              "optShowJobsBetween", tr("Show jobs/visits between"));
+  auto* days = new QButtonGroup(this);
+  days->addButton(optShowJobsOn);
+  days->addButton(optShowJobsBetween);
   dtFrom = Named(new DateField(today), "dtFrom", tr("First day of the range"));
   dtTo = Named(new DateField(today), "dtTo", tr("Last day of the range"));
   for (DateField* field : {dtFrom, dtTo}) field->ShowWeekday(false);
   cmdList = MakeButton("cmdList", tr("&List"));
   cmdList->setToolTip(tr("Lists the days of the range"));
   cmbEmployees = Named(new ComboSearch, "cmbEmployees", tr("Employee"));
-  cmbEmployees->setFixedWidth(152);
+  cmbEmployees->setFixedWidth(144);
   chkSort = Named(new QCheckBox(tr("Sor&t the list based on suburb position definition")),
                   "chkSort", tr("Sort the list based on suburb position definition"));
   cmdShowSuburbDefinition =
@@ -92,6 +96,7 @@ void frmDiary::MakeControls() {
   txtTotalAmountOfJobs =
       MakeLabel("txtTotalAmountOfJobs", Money().ToCurrencyText(), LabelRole::Figure);
   txtTotalAmountOfJobs->setAccessibleName(tr("Amount of all jobs"));
+  lblWarningSign = MakeLabel("lblWarningSign", QStringLiteral("⚠"), LabelRole::Warning);
   lblNoEmployee =
       MakeLabel("lblNoEmployee", tr("Some jobs have no assigned employee."), LabelRole::Warning);
   cmdEditJob = MakeButton("cmdEditJob", tr("Edit &job…"));
@@ -168,7 +173,7 @@ QLayout* frmDiary::TotalsLine() {
   auto* line = new FlowLayout(24);
   line->AddWidgets(
       {Together({txtTotalNoOfJobs, MakeLabel("lblJobs", tr("jobs"), LabelRole::Muted)}),
-       txtTotalAmountOfJobs, lblNoEmployee});
+       txtTotalAmountOfJobs, Together({lblWarningSign, lblNoEmployee})});
   return line;
 }
 

@@ -144,9 +144,9 @@ void Shots::Menus() {
     shoot(shoot, action->menu(), window->menuBar()->mapToGlobal(entry.bottomLeft()));
   }
   auto* find = window->findChild<QLineEdit*>(QStringLiteral("txtFind"));
+  window->activateWindow();
+  Hands::Settle();
   find->setFocus();
-  find->setText(QStringLiteral("re"));
-  find->setText({});
   for (const int key : {Qt::Key_R, Qt::Key_E}) {
     QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, QString(QChar(key)).toLower());
     QApplication::sendEvent(find, &press);
