@@ -77,12 +77,17 @@ QSize Dialog::sizeHint() const {
   return screen() ? wanted.boundedTo(screen()->availableSize() - kFrame) : wanted;
 }
 
+bool Dialog::MayLeave() {
+  return !IsDataChanged() ||
+         prompter_.Ask(QStringLiteral("Close without saving changes?")) == Answer::Yes;
+}
+
 void Dialog::reject() {
-  // The question may open over a dialog that the user tries to close again.
-  if (state_.IsDataChanged() &&
-      prompter_.Ask(QStringLiteral("Close without saving changes?")) != Answer::Yes)
-    return;
-  Close(Rejected);
+  if (MayLeave()) Close(Rejected);
+}
+
+bool Dialog::IsAccepted(const std::optional<Refusal>& refusal) {
+  return quillary::Accepted(prompter_, this, refusal);
 }
 
 void Dialog::Close(DialogCode result) {

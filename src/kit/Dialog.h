@@ -42,8 +42,14 @@ class Dialog : public QDialog {
   /// The size to open with, where the fields alone would ask for less.
   void SetRoom(const QSize& room) { room_ = room; }
   /// Adds to the row of commands: destructive ones apart at the left, the main one, which Enter
-  /// gives, at the right.
+  /// presses, at the right.
   void AddActions(const QList<QPushButton*>& actions);
+  /// Accepted() of a form: tells what was refused and puts the focus there; true when nothing was.
+  bool IsAccepted(const std::optional<Refusal>& refusal);
+  /// Whether there is something to lose.
+  virtual bool IsDataChanged() const { return state_.IsDataChanged(); }
+  /// Asks when there is something to lose; false when the user would rather stay.
+  bool MayLeave();
   /// Closes with the given result and asks nothing.
   void Close(DialogCode result);
 

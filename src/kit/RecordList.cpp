@@ -1,6 +1,6 @@
 #include "kit/RecordList.h"
 
-#include "kit/Controls.h"
+#include "kit/Layouts.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -18,12 +18,6 @@ namespace {
 constexpr int kFieldColumnWidth = 320;
 /// A list without fields needs no more than this; a wider one would tear its few words apart.
 constexpr int kNarrowList = 560;
-
-QLabel* MakeParagraph(const char* name, const QString& text, LabelRole role) {
-  QLabel* label = MakeLabel(name, text, role);
-  label->setWordWrap(true);
-  return label;
-}
 
 }  // namespace
 
@@ -55,7 +49,7 @@ void RecordListScreen::MakeControls() {
     cmdInsert = make(list_.insertCommand, list_.update ? ButtonKind::Plain : ButtonKind::Main);
   if (list_.update) cmdUpdate = make(list_.updateCommand, ButtonKind::Main);
   if (list_.remove) cmdDelete = make(list_.deleteCommand, ButtonKind::Danger);
-  cmdClose = MakeButton("cmdClose", tr("&Close"));
+  cmdClose = MakeButton("cmdClose", tr("Cl&ose"));
 }
 
 QBoxLayout* RecordListScreen::ListColumn() {
@@ -176,6 +170,7 @@ void RecordListScreen::Load(std::optional<qint64> select) {
   grid_->SetRows(list_.load());
   if (select) grid_->SelectKey(*select);
   ShowChosen();
+  emit loaded();
 }
 
 void RecordListScreen::ShowChosen() {
@@ -219,6 +214,7 @@ void RecordListScreen::Insert() {
   if (!MayStore(list_.insert(fields_))) return;
   Load(std::nullopt);
   if (const auto added = KeyNotIn(before)) grid_->SelectKey(*added);
+  if (list_.editCell) EditChosen();
 }
 
 void RecordListScreen::Update() {
@@ -234,12 +230,23 @@ void RecordListScreen::Delete() {
   if (MayStore(list_.remove(key))) Load(key);  // it is still there when the user declined
 }
 
+void RecordListScreen::EditChosen() {
+  for (size_t column = 0; column < list_.columns.size(); ++column) {
+    if (!list_.columns[column].editable || !grid_->currentIndex().isValid()) continue;
+    grid_->setFocus();
+    grid_->setCurrentIndex(grid_->currentIndex().siblingAtColumn(static_cast<int>(column)));
+    grid_->edit(grid_->currentIndex());
+    return;
+  }
+}
+
 void RecordListScreen::EditCell(int row, int column, const Value& value) {
   if (!list_.editCell) return;
   tools_.runner.Run(objectName(), grid_->objectName() + QStringLiteral("_AfterEdit"), [&] {
     const qint64 key = grid_->Key(row);
     if (!MayStore(list_.editCell(key, column, value))) {
       grid_->SelectKey(key);
+      EditChosen();
       return;
     }
     Load(key);

@@ -57,9 +57,9 @@ struct RecordList {
   /// After each change of a field: which fields go together.
   std::function<void(const RecordFields&)> settle = {};
 
-  RecordCommand insertCommand{"cmdInsert", QStringLiteral("&Add as new")};
+  RecordCommand insertCommand{"cmdInsert", QStringLiteral("Add as ne&w")};
   RecordCommand updateCommand{"cmdUpdate", QStringLiteral("&Update")};
-  RecordCommand deleteCommand{"cmdDelete", QStringLiteral("&Delete")};
+  RecordCommand deleteCommand{"cmdDelete", QStringLiteral("De&lete")};
 };
 
 /// The screen of such a list: the records with a search box on the left, the fields of the chosen
@@ -72,6 +72,10 @@ class RecordListScreen : public Screen {
 
   void Reload() override;
   bool MayClose() override;
+
+ signals:
+  /// The list shows what stands in the business now.
+  void loaded();
 
  protected:
   /// A control of a particular list, before the search box: a choice of what is listed.
@@ -96,6 +100,8 @@ class RecordListScreen : public Screen {
   void Insert();
   void Update();
   void Delete();
+  /// Opens the first cell of the chosen record that may be edited.
+  void EditChosen();
   void EditCell(int row, int column, const Value& value);
   void Load(std::optional<qint64> select);
   std::optional<qint64> KeyNotIn(const std::vector<qint64>& before) const;

@@ -19,6 +19,16 @@ struct EditJob {
   using Result = bool;
   qint64 diaryId = 0;
 };
+/// A job that is not in the diary yet.
+struct AddJob {
+  using Result = bool;
+  qint64 clientId = 0;
+};
+/// A visit that is not in the diary yet.
+struct AddVisit {
+  using Result = bool;
+  std::optional<qint64> clientId;  // nothing: to be chosen
+};
 struct EditVisit {
   using Result = bool;
   qint64 diaryId = 0;

@@ -6,6 +6,10 @@ namespace quillary {
 struct OpenFirstTime {};
 struct OpenPersonalInformation {};
 struct OpenServices {};
+/// Fetches services from head office; the list of services is then loaded again.
+struct OpenAcquireServices {
+  using Result = bool;
+};
 struct OpenEmployees {};
 struct OpenMiscellaneousSettings {};
 struct OpenBanks {};
