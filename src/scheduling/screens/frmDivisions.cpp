@@ -1,0 +1,49 @@
+#include "scheduling/screens/frmDivisions.h"
+
+#include "scheduling/Divisions.h"
+
+namespace quillary {
+
+namespace {
+
+DivisionForm FormOf(const RecordFields& fields) {
+  return {fields.Text("txtDivisionName"), fields.Text("txtNatureOfBusiness")};
+}
+
+}  // namespace
+
+RecordList DivisionsList(Business& business) {
+  return {
+      .name = "frmDivisions",
+      .title = QObject::tr("Divisions"),
+      .gridName = QStringLiteral("fgDivisions"),
+      .about = QStringLiteral("The following Divisions will be listed throughout the program"),
+      .emptyWhat = QObject::tr("There are no divisions yet."),
+      .emptyNext = QObject::tr("Fill in the name of a division and add it."),
+      .columns = {{{}, ColumnKind::HiddenId},
+                  {QObject::tr("Division"), ColumnKind::StrongText, 200},
+                  {QObject::tr("Nature of business"), ColumnKind::Text, 280}},
+      .fields = {{"txtDivisionName", QObject::tr("Di&vision"), FieldKind::Text, 1, 30},
+                 {"txtNatureOfBusiness", QObject::tr("Nature of &business"), FieldKind::Text, 2,
+                  50}},
+      .load =
+          [&business] {
+            std::vector<GridRow> rows;
+            for (const Division& division : ListDivisions(business))
+              rows.push_back(
+                  {{division.divisionId, division.divisionName, division.natureOfBusiness}});
+            return rows;
+          },
+      .insert =
+          [&business](const RecordFields& fields) {
+            return InsertDivision(business, FormOf(fields));
+          },
+      .update =
+          [&business](std::optional<qint64> key, const RecordFields& fields) {
+            return UpdateDivision(business, key, FormOf(fields));
+          },
+      .remove = [&business](std::optional<qint64> key) { return DeleteDivision(business, key); },
+  };
+}
+
+}  // namespace quillary
