@@ -1,13 +1,13 @@
 #include "kit/Boxes.h"
 
+#include "kit/Controls.h"
+#include "kit/Roles.h"
+
 #include <QApplication>
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QPainter>
 #include <QPushButton>
-
-#include "kit/Controls.h"
-#include "kit/Roles.h"
 
 namespace quillary {
 

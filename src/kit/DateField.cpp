@@ -48,8 +48,8 @@ void DateField::SetDate(QDate date) {
 }
 
 void DateField::DressArrow() {
-  arrow_->setIcon(QIcon(RolesOf(palette()).dark ? QStringLiteral(":/kit/down-dark.svg")
-                                                : QStringLiteral(":/kit/down-light.svg")));
+  arrow_->setIcon(QIcon(RolesOf(palette()).dark ? QStringLiteral(":/kit/pick-dark.svg")
+                                                : QStringLiteral(":/kit/pick-light.svg")));
 }
 
 void DateField::changeEvent(QEvent* event) {

@@ -3,6 +3,7 @@
 #include "base/ports/SettingsStore.h"
 #include "kit/GridDelegate.h"
 
+#include <QGuiApplication>
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QPainter>
@@ -31,7 +32,10 @@ Grid::Grid(const QString& name, QWidget* parent)
   connect(selectionModel(), &QItemSelectionModel::selectionChanged, this,
           &Grid::selectedRowChanged);
   connect(horizontalHeader(), &QHeaderView::sectionResized, this, [this] {
-    if (fitting_) return;
+    // The last column also changes with the window; only the user's hand makes a width his own.
+    const bool byHand = QGuiApplication::mouseButtons().testFlag(Qt::LeftButton) &&
+                        horizontalHeader()->underMouse();
+    if (fitting_ || !byHand) return;
     ownWidths_ = true;
     StoreLayout();
   });

@@ -158,8 +158,8 @@ void TitleHeader::paintSection(QPainter* painter, const QRect& rect, int column)
   painter->setPen(roles.muted);
   QString title = model()->headerData(column, orientation()).toString();
   if (isSortIndicatorShown() && sortIndicatorSection() == column)
-    title += sortIndicatorOrder() == Qt::AscendingOrder ? QStringLiteral(" ↑")
-                                                        : QStringLiteral(" ↓");
+    title +=
+        sortIndicatorOrder() == Qt::AscendingOrder ? QStringLiteral(" ↑") : QStringLiteral(" ↓");
   const QRect inner = rect.adjusted(kMargin, 0, -kMargin, 0);
   const int alignment = model()->headerData(column, orientation(), Qt::TextAlignmentRole).toInt();
   painter->drawText(

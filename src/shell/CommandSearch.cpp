@@ -21,7 +21,7 @@ CommandSearch::CommandSearch(const std::vector<MenuCommand>& commands, QWidget* 
   setPlaceholderText(tr("Find a client, job or command Ctrl+K"));
   setAccessibleName(tr("Find a command"));
   setProperty("kind", QStringLiteral("search"));
-  setFixedWidth(260);
+  setFixedWidth(280);
   completer_->setCaseSensitivity(Qt::CaseInsensitive);
   completer_->setFilterMode(Qt::MatchContains);
   completer_->setMaxVisibleItems(10);
@@ -34,7 +34,11 @@ void CommandSearch::Fill() {
   offered_->clear();
   for (const MenuCommand& command : commands_) {
     if (!command.action->isEnabled() || !command.action->property("opens").toBool()) continue;
-    auto* item = new QStandardItem(command.path.join(QStringLiteral(" › ")));
+    QString words = command.path.last();
+    if (command.path.size() > 1)
+      words += QStringLiteral("  –  ") +
+               command.path.mid(0, command.path.size() - 1).join(QStringLiteral(" › "));
+    auto* item = new QStandardItem(words);
     item->setData(QVariant::fromValue(static_cast<QObject*>(command.action)), kActionRole);
     offered_->appendRow(item);
   }

@@ -57,7 +57,6 @@ void MainMenuMDI::BuildCentre() {
   tabs_->setObjectName(QStringLiteral("tabs"));
   tabs_->setTabsClosable(true);
   tabs_->setMovable(true);
-  tabs_->setDocumentMode(true);
   tabs_->tabBar()->setExpanding(false);
   tabs_->tabBar()->setAccessibleName(tr("Open screens"));
   connect(tabs_, &QTabWidget::tabCloseRequested, this, &MainMenuMDI::CloseTab);

@@ -29,8 +29,7 @@ void MainMenuMDI::ShowScreen(Screen* screen) {
   connect(screen, &QWidget::windowTitleChanged, this, [this, area](const QString& title) {
     tabs_->setTabText(tabs_->indexOf(area), QString(title).replace("&", "&&"));
   });
-  connect(screen, &Screen::closeRequested, this,
-          [this, area] { CloseTab(tabs_->indexOf(area)); });
+  connect(screen, &Screen::closeRequested, this, [this, area] { CloseTab(tabs_->indexOf(area)); });
   centre_->setCurrentWidget(tabs_);
   tabs_->setCurrentIndex(index);
   TabChanged();
@@ -50,7 +49,9 @@ Screen* MainMenuMDI::ScreenAt(int tab) const {
   return area ? qobject_cast<Screen*>(area->widget()) : nullptr;
 }
 
-Screen* MainMenuMDI::CurrentScreen() const { return ScreenAt(tabs_->currentIndex()); }
+Screen* MainMenuMDI::CurrentScreen() const {
+  return ScreenAt(tabs_->currentIndex());
+}
 
 void MainMenuMDI::CloseTab(int index) {
   Screen* screen = ScreenAt(index);

@@ -3,9 +3,24 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QFile>
 #include <QTemporaryDir>
 
 #include <iostream>
+
+namespace {
+
+/// The platform without a display offers a small one; menus and calendars need the room of a real
+/// one to open where they belong.
+void UseRoomyDisplay(const QDir& folder) {
+  QFile file(folder.filePath(QStringLiteral("display.json")));
+  if (qgetenv("QT_QPA_PLATFORM") != "offscreen" || !file.open(QIODevice::WriteOnly)) return;
+  file.write(R"({"screens":[{"name":"shots","x":0,"y":0,"width":1280,"height":800,)"
+             R"("logicalDpi":96,"logicalBaseDpi":96,"dpr":1}]})");
+  qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + file.fileName().toUtf8());
+}
+
+}  // namespace
 
 /// quillary_shots DIR [--dark]: pictures of all screens on a demo business, without a display.
 int main(int argc, char** argv) {
@@ -13,6 +28,7 @@ int main(int argc, char** argv) {
   QTemporaryDir home;
   qputenv("QUILLARY_HOME", home.path().toUtf8());
   if (qEnvironmentVariableIsEmpty("QUILLARY_TODAY")) qputenv("QUILLARY_TODAY", "2026-11-02");
+  UseRoomyDisplay(QDir(home.path()));
   QApplication application(argc, argv);
   const QStringList words = QCoreApplication::arguments().mid(1);
   const bool dark = words.contains(QStringLiteral("--dark"));
