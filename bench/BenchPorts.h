@@ -1,8 +1,8 @@
 #pragma once
 
-#include <cstdio>
-
 #include "base/ports/Outside.h"
+
+#include <cstdio>
 
 namespace quillary::bench {
 

@@ -2,16 +2,16 @@
 // beside a fresh prepare of the same text. The three take turns, so that a machine that changes its
 // speed changes it for all of them; the ratios are of the medians.
 
-#include <QCoreApplication>
-#include <QTemporaryDir>
-
-#include <cstdio>
-
 #include "BenchPorts.h"
 #include "Timing.h"
 #include "data/Business.h"
 #include "data/Schema.h"
 #include "data/store/Connection.h"
+
+#include <QCoreApplication>
+#include <QTemporaryDir>
+
+#include <cstdio>
 
 namespace quillary::bench {
 namespace {
@@ -40,9 +40,10 @@ constexpr Contest kContests[] = {
 void Fill(Connection& file) {
   file.Begin();
   for (int client = 1; client <= kClients; ++client) {
-    file.Run(Sql("INSERT INTO Clients (Display_Name, Status, Surname, Suburb, Account_Balance) "
-                 "VALUES ({}, 'Active', {}, 'KEW', {})",
-                 QStringLiteral("Client %1").arg(client), client, Money::FromWhole(client)));
+    file.Run(
+        Sql("INSERT INTO Clients (Display_Name, Status, Surname, Suburb, Account_Balance) "
+            "VALUES ({}, 'Active', {}, 'KEW', {})",
+            QStringLiteral("Client %1").arg(client), client, Money::FromWhole(client)));
   }
   file.Commit();
 }
@@ -94,9 +95,8 @@ Costs Measure(Business& business, const Contest& contest) {
   sqlite3_stmt* byHand = PrepareByHand(database, contest.prepared);
   for (int round = 0; round < kRounds; ++round) {
     prepared.push_back(forEach([&](int client) { RunByHand(byHand, client); }));
-    dialect.push_back(forEach([&](int client) {
-      business.RunSQL(before + QString::number(client) + after);
-    }));
+    dialect.push_back(
+        forEach([&](int client) { business.RunSQL(before + QString::number(client) + after); }));
     fresh.push_back(forEach([&](int client) {
       sqlite3_stmt* statement = PrepareByHand(database, contest.prepared);
       RunByHand(statement, client);

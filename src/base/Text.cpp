@@ -15,7 +15,9 @@ QString ParentFolder(const QString& path) {
   return at < 0 ? QString() : path.left(at);
 }
 
-QString FileNameOfPath(const QString& path) { return path.mid(LastSeparator(path) + 1); }
+QString FileNameOfPath(const QString& path) {
+  return path.mid(LastSeparator(path) + 1);
+}
 
 QString FileNameWithoutExtension(const QString& name) {
   const qsizetype at = name.lastIndexOf(u'.');
@@ -44,6 +46,8 @@ QString RemoveIllegalFileCharacters(const QString& text) {
   return legal;
 }
 
-QString Base64Encode(const QByteArray& bytes) { return QString::fromLatin1(bytes.toBase64()); }
+QString Base64Encode(const QByteArray& bytes) {
+  return QString::fromLatin1(bytes.toBase64());
+}
 
 }  // namespace quillary

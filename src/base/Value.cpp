@@ -50,21 +50,20 @@ qint64 Value::ToLong(qint64 ifNone) const {
 }
 
 double Value::ToDouble(double ifNone) const {
-  return std::visit(Overload{[](qint64 number) { return static_cast<double>(number); },
-                             [](double number) { return number; },
-                             [](Money amount) { return amount.ToDouble(); },
-                             [](bool yes) { return yes ? 1.0 : 0.0; },
-                             [&](const QString& text) { return NumberOf(text).value_or(ifNone); },
-                             [&](const auto&) { return ifNone; }},
-                    variant_);
+  return std::visit(
+      Overload{[](qint64 number) { return static_cast<double>(number); },
+               [](double number) { return number; }, [](Money amount) { return amount.ToDouble(); },
+               [](bool yes) { return yes ? 1.0 : 0.0; },
+               [&](const QString& text) { return NumberOf(text).value_or(ifNone); },
+               [&](const auto&) { return ifNone; }},
+      variant_);
 }
 
 Money Value::ToMoney(Money ifNone) const {
   return std::visit(
       Overload{[](qint64 number) { return Money::FromWhole(number); },
                [](double number) { return Money::FromDouble(number); },
-               [](Money amount) { return amount; },
-               [](bool yes) { return Money::FromWhole(yes); },
+               [](Money amount) { return amount; }, [](bool yes) { return Money::FromWhole(yes); },
                [&](const QString& text) { return Money::Parse(text).value_or(ifNone); },
                [&](const auto&) { return ifNone; }},
       variant_);

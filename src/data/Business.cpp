@@ -1,10 +1,10 @@
 #include "data/Business.h"
 
-#include <cstdio>
-
 #include "base/Text.h"
 #include "data/Schema.h"
 #include "data/store/Connection.h"
+
+#include <cstdio>
 
 namespace quillary {
 namespace {
@@ -45,7 +45,9 @@ QString Readable(const Sql& statement) {
   return text;
 }
 
-QString Readable(const QString& statement) { return statement; }
+QString Readable(const QString& statement) {
+  return statement;
+}
 
 }  // namespace
 
@@ -62,9 +64,13 @@ void Business::ConnectToDatabase() {
   EnsureStoreIndexes(*connection_);
 }
 
-void Business::CloseConnection() { connection_->Close(); }
+void Business::CloseConnection() {
+  connection_->Close();
+}
 
-bool Business::IsConnected() const { return connection_->IsOpen(); }
+bool Business::IsConnected() const {
+  return connection_->IsOpen();
+}
 
 template <typename Text>
 Recordset Business::RunHeard(const Text& statement, const auto& run) {
@@ -102,9 +108,13 @@ void Business::OnRefusedStatement(std::function<void(const RefusedStatement&)> l
   listener_ = std::move(listener);
 }
 
-QString Business::DatabaseFolder() const { return ParentFolder(databaseFile_); }
+QString Business::DatabaseFolder() const {
+  return ParentFolder(databaseFile_);
+}
 
-void Business::CheckpointWhenIdle() { connection_->Checkpoint(); }
+void Business::CheckpointWhenIdle() {
+  connection_->Checkpoint();
+}
 
 Transaction::Transaction(Business& business) : connection_(business.StoreConnection()) {
   business.ConnectToDatabase();

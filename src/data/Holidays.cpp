@@ -6,10 +6,11 @@ namespace quillary {
 
 void LoadHolidaysIntoArray(Business& business) {
   business.holidays.clear();
-  const Recordset rows = business.RunSQL(
-      Sql("SELECT * FROM Holiday WHERE Hol_Year >= {} OR Hol_Recurring = 1", business.Today().year()));
+  const Recordset rows = business.RunSQL(Sql(
+      "SELECT * FROM Holiday WHERE Hol_Year >= {} OR Hol_Recurring = 1", business.Today().year()));
   for (const Record row : rows) {
-    business.holidays.push_back({row[u"Hol_Date"].ToText(), static_cast<int>(row[u"Hol_Year"].ToLong()),
+    business.holidays.push_back({row[u"Hol_Date"].ToText(),
+                                 static_cast<int>(row[u"Hol_Year"].ToLong()),
                                  row[u"Hol_Recurring"].ToBool(), row[u"Hol_Description"].ToText()});
   }
   business.holidays.emplace_back();

@@ -9,7 +9,9 @@ bool Same(const QString& one, const QString& other) {
   return one.compare(other, Qt::CaseInsensitive) == 0;
 }
 
-QString KeyOf(const QString& line) { return line.left(line.indexOf(u'=')).trimmed(); }
+QString KeyOf(const QString& line) {
+  return line.left(line.indexOf(u'=')).trimmed();
+}
 
 bool IsSection(const QString& line) {
   const QString trimmed = line.trimmed();

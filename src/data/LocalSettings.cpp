@@ -1,10 +1,10 @@
 #include "data/LocalSettings.h"
 
+#include "data/IniFile.h"
+
 #include <QDir>
 #include <QFile>
 #include <QSaveFile>
-
-#include "data/IniFile.h"
 
 namespace quillary {
 namespace {
@@ -28,7 +28,9 @@ std::optional<QByteArray> ReadWhole(const QString& path) {
 LocalSettings::LocalSettings(const QString& folder, Prompter& prompter)
     : folder_(folder), prompter_(prompter) {}
 
-QString LocalSettings::FilePath() const { return QDir(folder_).filePath(QStringLiteral("qy.ini")); }
+QString LocalSettings::FilePath() const {
+  return QDir(folder_).filePath(QStringLiteral("qy.ini"));
+}
 
 bool LocalSettings::Initialize() {
   if (!ReadWhole(FilePath())) {

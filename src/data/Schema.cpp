@@ -1,10 +1,10 @@
 #include "data/Schema.h"
 
-#include <QFile>
-
 #include "data/SchemaTables.h"
 #include "data/SeedRows.h"
 #include "data/store/Connection.h"
+
+#include <QFile>
 
 namespace quillary {
 namespace {
@@ -44,20 +44,24 @@ void FillLists(Connection& file) {
   for (const auto& rows : {CountryRows(), DivisionRows(), HolidayRows()}) {
     for (const Sql& row : rows) file.Run(row);
   }
-  file.Run("UPDATE Countries SET Tax_Name = 'GST' "
-           "WHERE Country_Name IN ('Australia', 'Canada', 'New Zealand')");
+  file.Run(
+      "UPDATE Countries SET Tax_Name = 'GST' "
+      "WHERE Country_Name IN ('Australia', 'Canada', 'New Zealand')");
   file.Run("UPDATE Countries SET Tax_Name = 'VAT' WHERE Country_Name = 'UK'");
 }
 
 void FillOneRowTables(Connection& file) {
-  file.Run(Sql("INSERT INTO infOptions (GST_Percentage, Accounting_Method, "
-               "EnableOstrel4WebServices, TermsOfTrade) VALUES (.1, 'Cash', True, {})",
-               TermsOfTradeText()));
-  file.Run(Sql("INSERT INTO infPersonalDetails (FSE_Code, Division_ID, Country_ID) "
-               "VALUES ('FSECODE', 1, 1)"));
-  file.Run(Sql("INSERT INTO infSystem (Database_Version, Invoice_Number, Done_Initial_Setup) "
-               "VALUES ({}, 0, False)",
-               kSchemaVersion));
+  file.Run(
+      Sql("INSERT INTO infOptions (GST_Percentage, Accounting_Method, "
+          "EnableOstrel4WebServices, TermsOfTrade) VALUES (.1, 'Cash', True, {})",
+          TermsOfTradeText()));
+  file.Run(
+      Sql("INSERT INTO infPersonalDetails (FSE_Code, Division_ID, Country_ID) "
+          "VALUES ('FSECODE', 1, 1)"));
+  file.Run(
+      Sql("INSERT INTO infSystem (Database_Version, Invoice_Number, Done_Initial_Setup) "
+          "VALUES ({}, 0, False)",
+          kSchemaVersion));
 }
 
 void MakeTables(Connection& file) {

@@ -88,7 +88,9 @@ std::vector<Sql> HolidayRows() {
   return rows;
 }
 
-QString WindowDivisionName() { return QStringLiteral("Windows"); }
+QString WindowDivisionName() {
+  return QStringLiteral("Windows");
+}
 
 QString TermsOfTradeText() {
   return QStringLiteral("Please forward payment of [AMOUNT] within 7 days to:");

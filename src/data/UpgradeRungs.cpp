@@ -1,8 +1,8 @@
 #include "data/UpgradeRungs.h"
 
-#include <map>
-
 #include "data/UpgradeWork.h"
+
+#include <map>
 
 namespace quillary {
 namespace {
@@ -11,7 +11,9 @@ using namespace upgrade;  // NOLINT: the table below is the one reader of those 
 
 using Steps = std::vector<UpgradeStep>;
 
-UpgradeStep Do(void (*work)(Business&, const Upgrader::Options&)) { return {nullptr, work}; }
+UpgradeStep Do(void (*work)(Business&, const Upgrader::Options&)) {
+  return {nullptr, work};
+}
 
 constexpr UpgradeStep kNameTaxes[] = {
     {"ALTER TABLE Countries ADD COLUMN Tax_Name TEXT (50);"},
@@ -59,8 +61,9 @@ Steps EarlySteps(int version) {
     case 29:
       return {Do(TotalInvoices)};
     case 30:
-      return {{"UPDATE Clients SET Account_Balance = 0 "
-               "WHERE Account_Balance > (-.01) and Account_Balance < (.01); "}};
+      return {
+          {"UPDATE Clients SET Account_Balance = 0 "
+           "WHERE Account_Balance > (-.01) and Account_Balance < (.01); "}};
     case 31:
       return {Do(RepairSchedules)};
     default:
@@ -96,9 +99,10 @@ Steps MiddleSteps(int version) {
                "ON Payments.Payment_ID = General_Ledger_Entries.Payment_ID "
                "WHERE Isnull(Purchase_ID) AND Isnull(Payments.Payment_ID);"}};
     case 34:
-      return {{"DELETE General_Ledger_Entries.* FROM General_Ledger_Entries LEFT JOIN Payments "
-               "ON General_Ledger_Entries.Payment_ID = Payments.Payment_ID "
-               "Where IsNull(Purchase_ID) AND Isnull(Payments.Payment_ID)"}};
+      return {
+          {"DELETE General_Ledger_Entries.* FROM General_Ledger_Entries LEFT JOIN Payments "
+           "ON General_Ledger_Entries.Payment_ID = Payments.Payment_ID "
+           "Where IsNull(Purchase_ID) AND Isnull(Payments.Payment_ID)"}};
     case 35:
       return {{"ALTER TABLE lstClientsToPrint ALTER COLUMN Client_ID INT"}};
     case 36:
@@ -163,8 +167,9 @@ Steps LateSteps(int version) {
       return steps;
     }
     case 48:
-      return {{"ALTER TABLE infPersonalDetails ADD COLUMN Account_Name TEXT(150), "
-               "BSB_Account_Number TEXT(25)"}};
+      return {
+          {"ALTER TABLE infPersonalDetails ADD COLUMN Account_Name TEXT(150), "
+           "BSB_Account_Number TEXT(25)"}};
     case 49:
       // No statement of the dialect, and refused; version 52 makes the change.
       return {{"ALTER TABLE infPersonalDetails UPDATE COLUMN BSB_Account_Number TEXT(30)"}};

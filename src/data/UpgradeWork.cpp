@@ -92,16 +92,18 @@ void RepairSchedules(Business& business, const Upgrader::Options& options) {
 
 void ReloadDivisions(Business& business, const Upgrader::Options&) {
   business.RunSQL(Sql("DROP TABLE Divisions"));
-  business.RunSQL(Sql("CREATE TABLE Divisions (Division_ID long, Division_Name Text(30),"
-                      "Nature_Of_Business Text(50))"));
+  business.RunSQL(
+      Sql("CREATE TABLE Divisions (Division_ID long, Division_Name Text(30),"
+          "Nature_Of_Business Text(50))"));
   business.RunSQL(Sql("DELETE * FROM Divisions"));
   for (const Sql& row : DivisionRows()) business.RunSQL(row);
 }
 
 void ReloadCountries(Business& business, const Upgrader::Options&) {
   business.RunSQL(Sql("DROP TABLE Countries"));
-  business.RunSQL(Sql("CREATE TABLE Countries (Country_ID Autoincrement, Country_Name Text(50), "
-                      "Registration_Name Text(50))"));
+  business.RunSQL(
+      Sql("CREATE TABLE Countries (Country_ID Autoincrement, Country_Name Text(50), "
+          "Registration_Name Text(50))"));
   business.RunSQL(Sql("DELETE * FROM Countries"));
   for (const Sql& row : CountryRows()) business.RunSQL(row);
 }
@@ -111,32 +113,30 @@ void AddFirstHolidays(Business& business, const Upgrader::Options&) {
 }
 
 void StartInvoiceCounter(Business& business, const Upgrader::Options&) {
-  const Recordset highest = business.RunSQL(
-      Sql("SELECT TOP 1 Invoice_Number FROM Invoices "
-          "ORDER BY CLng(IIf(IsNull(Invoice_Number),0, Invoice_Number)) DESC"));
+  const Recordset highest =
+      business.RunSQL(Sql("SELECT TOP 1 Invoice_Number FROM Invoices "
+                          "ORDER BY CLng(IIf(IsNull(Invoice_Number),0, Invoice_Number)) DESC"));
   if (highest.EndOfFile()) return;
   business.RunSQL(
       Sql("UPDATE infSystem SET Invoice_Number = {}", highest.Field(u"Invoice_Number")));
 }
 
 void ListUsedPaymentMethods(Business& business, const Upgrader::Options&) {
-  ListMethods(business,
-              Sql("SELECT  DISTINCT Payments.Payment_Method As PM1 FROM Payments "
-                  "LEFT JOIN lstPayment_Methods "
-                  "ON Payments.Payment_Method = lstPayment_Methods.Payment_Method "
-                  "WHERE Isnull( lstPayment_Methods.Payment_Method) "
-                  "OR lstPayment_Methods.Payment_Method = '';"));
-  ListMethods(business,
-              Sql("SELECT  DISTINCT Purchases.Payment_Method As PM1 FROM Purchases "
-                  "LEFT JOIN lstPayment_Methods "
-                  "ON Purchases.Payment_Method = lstPayment_Methods.Payment_Method "
-                  "WHERE Isnull( lstPayment_Methods.Payment_Method) "
-                  "OR lstPayment_Methods.Payment_Method = '';"));
+  ListMethods(business, Sql("SELECT  DISTINCT Payments.Payment_Method As PM1 FROM Payments "
+                            "LEFT JOIN lstPayment_Methods "
+                            "ON Payments.Payment_Method = lstPayment_Methods.Payment_Method "
+                            "WHERE Isnull( lstPayment_Methods.Payment_Method) "
+                            "OR lstPayment_Methods.Payment_Method = '';"));
+  ListMethods(business, Sql("SELECT  DISTINCT Purchases.Payment_Method As PM1 FROM Purchases "
+                            "LEFT JOIN lstPayment_Methods "
+                            "ON Purchases.Payment_Method = lstPayment_Methods.Payment_Method "
+                            "WHERE Isnull( lstPayment_Methods.Payment_Method) "
+                            "OR lstPayment_Methods.Payment_Method = '';"));
 }
 
 void StampDebtors(Business& business, const Upgrader::Options&) {
-  business.RunSQL(Sql("UPDATE CLients SET Debtor_Since = {} WHERE Account_Balance < 0;",
-                      business.Today()));
+  business.RunSQL(
+      Sql("UPDATE CLients SET Debtor_Since = {} WHERE Account_Balance < 0;", business.Today()));
 }
 
 void AddWindowDivision(Business& business, const Upgrader::Options&) {
@@ -181,14 +181,16 @@ void MakeQuotes(Business& business, const Upgrader::Options&) {
       storeDescription();
       clientId = service[u"Client_ID"].ToLong();
       description.clear();
-      business.RunSQL(Sql("INSERT INTO Quotes (Client_ID, Quote_Date, Description) "
-                          "VALUES ({}, {}, '')",
-                          clientId, service[u"Next_Visit"]));
+      business.RunSQL(
+          Sql("INSERT INTO Quotes (Client_ID, Quote_Date, Description) "
+              "VALUES ({}, {}, '')",
+              clientId, service[u"Next_Visit"]));
       quoteId = business.FirstField(Sql("SELECT MAX(Quote_ID) FROM Quotes"));
     }
-    business.RunSQL(Sql("INSERT INTO Quote_Services (Quote_ID, Service_ID, Price, Notes) "
-                        "VALUES ({}, {}, {}, {})",
-                        quoteId, service[u"Service_ID"], service[u"Price"], service[u"Notes"]));
+    business.RunSQL(
+        Sql("INSERT INTO Quote_Services (Quote_ID, Service_ID, Price, Notes) "
+            "VALUES ({}, {}, {}, {})",
+            quoteId, service[u"Service_ID"], service[u"Price"], service[u"Notes"]));
     description += service[u"Service_Code"].ToText() + QStringLiteral("; ");
   }
   storeDescription();

@@ -1,12 +1,12 @@
 #include "data/Upgrader.h"
 
-#include <QDir>
-#include <QFileInfo>
-
 #include "data/Business.h"
 #include "data/Schema.h"
 #include "data/UpgradeRungs.h"
 #include "data/store/Connection.h"
+
+#include <QDir>
+#include <QFileInfo>
 
 namespace quillary::Upgrader {
 namespace {

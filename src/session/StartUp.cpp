@@ -1,13 +1,13 @@
 #include "session/StartUp.h"
 
-#include <QDir>
-
 #include "base/Errors.h"
 #include "data/ActivityLog.h"
 #include "data/Schema.h"
 #include "data/Upgrader.h"
 #include "scheduling/ScheduleEngine.h"
 #include "session/Support.h"
+
+#include <QDir>
 
 namespace quillary {
 namespace {
@@ -53,8 +53,8 @@ void EnsureEmployee(Business& business) {
   const Sql lowest("SELECT MIN(Employee_ID) FROM Employees; ");
   employee = business.FirstField(lowest);
   while (employee.IsNull()) {
-    const Recordset added = business.RunSQL(
-        QStringLiteral("INSERT INTO Employees (Employee_Name) VALUES ('Default')"));
+    const Recordset added =
+        business.RunSQL(QStringLiteral("INSERT INTO Employees (Employee_Name) VALUES ('Default')"));
     if (!added.IsOpen()) throw NoRecordset();
     employee = business.FirstField(lowest);
   }
@@ -109,10 +109,10 @@ class Sequence {
 
   void Open(const QString& commandLine) {
     SharedValues& values = business->values;
-    values.emailOption = outside_.settings
-                             .Read(QStringLiteral("Email"), QStringLiteral("Email Option"),
-                                   QStringLiteral("MAPI"))
-                             .toUpper();
+    values.emailOption =
+        outside_.settings
+            .Read(QStringLiteral("Email"), QStringLiteral("Email Option"), QStringLiteral("MAPI"))
+            .toUpper();
     values.invoicePrintingFormat =
         outside_.settings.Read(QStringLiteral("Invoices"),
                                QStringLiteral("Invoice Printing Format"), QStringLiteral("WORD"));
@@ -123,10 +123,9 @@ class Sequence {
     business->ConnectToDatabase();
     Advance(1);
     Reached("ConnectToDatabase");
-    const bool setUpIsDue =
-        settings_.ReadLocalSetting(QStringLiteral("PRE_DATABASE"),
-                                   QStringLiteral("RAN_INITIAL_SETUP_8"),
-                                   QStringLiteral("0")) == QStringLiteral("0");
+    const bool setUpIsDue = settings_.ReadLocalSetting(QStringLiteral("PRE_DATABASE"),
+                                                       QStringLiteral("RAN_INITIAL_SETUP_8"),
+                                                       QStringLiteral("0")) == QStringLiteral("0");
     if (setUpIsDue || commandLine == QStringLiteral("-i")) screens_.ShowFirstTime(*business);
     Advance(1);
     Reached("FirstTime.ShowYourself");

@@ -1,6 +1,6 @@
-#include <gtest/gtest.h>
-
 #include "base/Money.h"
+
+#include <gtest/gtest.h>
 
 namespace quillary {
 namespace {
@@ -64,9 +64,17 @@ TEST(Rounding, HalvesGoToTheEvenNeighbour) {
     int decimals;
     double rounded;
   };
-  const Case cases[] = {{0.5, 0, 0},     {1.5, 0, 2},       {2.5, 0, 2},        {-2.5, 0, -2},
-                        {-1.5, 0, -2},   {2.675, 2, 2.68},  {1.005, 2, 1.0},    {0.125, 2, 0.12},
-                        {10.015, 2, 10.02}, {10.0, 2, 10.0}, {1234.5678, 3, 1234.568}};
+  const Case cases[] = {{0.5, 0, 0},
+                        {1.5, 0, 2},
+                        {2.5, 0, 2},
+                        {-2.5, 0, -2},
+                        {-1.5, 0, -2},
+                        {2.675, 2, 2.68},
+                        {1.005, 2, 1.0},
+                        {0.125, 2, 0.12},
+                        {10.015, 2, 10.02},
+                        {10.0, 2, 10.0},
+                        {1234.5678, 3, 1234.568}};
   for (const Case& entry : cases) {
     EXPECT_DOUBLE_EQ(RoundHalfEven(entry.number, entry.decimals), entry.rounded) << entry.number;
   }

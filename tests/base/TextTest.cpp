@@ -1,14 +1,14 @@
-#include <gtest/gtest.h>
-
 #include "base/DateTime.h"
 #include "base/Text.h"
+
+#include <gtest/gtest.h>
 
 namespace quillary {
 namespace {
 
 TEST(Text, FileNamesLoseWhatLeavesTheFolder) {
   const std::pair<const char*, const char*> cases[] = {
-      {"../../etc/passwd", "etcpasswd"}, {"A\r\nB", "A B"}, {"50% off?", "50- off "},
+      {"../../etc/passwd", "etcpasswd"}, {"A\r\nB", "A B"},      {"50% off?", "50- off "},
       {"a:b*c|d<e>f.g", "abcdefg"},      {"O'Brien", "O'Brien"},
   };
   for (const auto& [text, name] : cases) {
@@ -37,9 +37,15 @@ TEST(DateTime, RefusesDaysThatDoNotExist) {
 TEST(DateTime, ReadsDatesAsAnOwnerTypesThem) {
   const QDate today(2026, 11, 22);
   const std::pair<const char*, QDate> cases[] = {
-      {"2/11/2026", {2026, 11, 2}}, {"2-11-26", {2026, 11, 2}},  {"2 nov 2026", {2026, 11, 2}},
-      {"2 Nov", {2026, 11, 2}},     {"29.2.28", {2028, 2, 29}}, {"2026-11-02", {2026, 11, 2}},
-      {"31/4/2026", {}},            {"tomorrow", {}},           {"2 xy 2026", {}},
+      {"2/11/2026", {2026, 11, 2}},
+      {"2-11-26", {2026, 11, 2}},
+      {"2 nov 2026", {2026, 11, 2}},
+      {"2 Nov", {2026, 11, 2}},
+      {"29.2.28", {2028, 2, 29}},
+      {"2026-11-02", {2026, 11, 2}},
+      {"31/4/2026", {}},
+      {"tomorrow", {}},
+      {"2 xy 2026", {}},
   };
   for (const auto& [text, date] : cases) {
     EXPECT_EQ(ParseTypedDate(QString(text), today).value_or(QDate()), date) << text;

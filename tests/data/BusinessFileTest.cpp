@@ -1,5 +1,3 @@
-#include <QFileInfo>
-
 #include "data/FixedLists.h"
 #include "data/Holidays.h"
 #include "data/Numbers.h"
@@ -7,15 +5,18 @@
 #include "data/store/Connection.h"
 #include "support/BusinessTest.h"
 
+#include <QFileInfo>
+
 namespace quillary {
 namespace {
 
 TEST_F(BusinessTest, AFreshBusinessHasItsSeedRows) {
   EXPECT_EQ(business().LookupField("infSystem.Database_Version"), Value(57));
   EXPECT_EQ(business().LookupField("infOptions.GST_Percentage").ToDouble(), 0.1);
-  const std::pair<const char*, int> counts[] = {{"infOptions", 1}, {"infSystem", 1},
-                                                {"infPersonalDetails", 1}, {"Countries", 5},
-                                                {"Divisions", 31}, {"Holiday", 2}, {"Clients", 0}};
+  const std::pair<const char*, int> counts[] = {
+      {"infOptions", 1}, {"infSystem", 1},  {"infPersonalDetails", 1},
+      {"Countries", 5},  {"Divisions", 31}, {"Holiday", 2},
+      {"Clients", 0}};
   for (const auto& [table, rows] : counts) EXPECT_EQ(Count(table), rows) << table;
   for (const QString& table : BusinessTables()) {
     EXPECT_TRUE(business().RunSQL("SELECT * FROM " + table).IsOpen()) << table.toStdString();
@@ -81,7 +82,7 @@ TEST_F(BusinessTest, TheFirstHolidayOfADayDecides) {
   LoadHolidaysIntoArray(business());
   EXPECT_EQ(business().holidays.size(), 5u);  // the row of 2020 is past; one empty one at the end
   const std::pair<QDate, bool> cases[] = {
-      {{2030, 12, 25}, true}, {{2026, 2, 1}, true},   {{2027, 2, 1}, false},
+      {{2030, 12, 25}, true}, {{2026, 2, 1}, true},    {{2027, 2, 1}, false},
       {{2026, 1, 2}, false},  {{2026, 12, 26}, false}, {QDate(), false},
   };
   for (const auto& [date, holiday] : cases) {
@@ -92,10 +93,14 @@ TEST_F(BusinessTest, TheFirstHolidayOfADayDecides) {
 
 TEST(Numbers, TheTaxInsideAnAmount) {
   const std::pair<std::pair<Value, Value>, int> cases[] = {
-      {{Money::FromWhole(110), 0.1}, 1000}, {{Money::FromWhole(0), 0.1}, 0},
-      {{Money::FromWhole(110), 0.0}, 0},    {{"none", 0.1}, 0},
-      {{Money::FromWhole(110), "x"}, 0},    {{"$112.50", 0.125}, 1250},
-      {{0.55, 0.1}, 5},                     {{Money::FromWhole(-110), 0.1}, -1000},
+      {{Money::FromWhole(110), 0.1}, 1000},
+      {{Money::FromWhole(0), 0.1}, 0},
+      {{Money::FromWhole(110), 0.0}, 0},
+      {{"none", 0.1}, 0},
+      {{Money::FromWhole(110), "x"}, 0},
+      {{"$112.50", 0.125}, 1250},
+      {{0.55, 0.1}, 5},
+      {{Money::FromWhole(-110), 0.1}, -1000},
   };
   for (const auto& [input, cents] : cases) {
     EXPECT_EQ(CalculateGSTComponent(input.first, input.second), Money::FromUnits(cents * 100))

@@ -1,12 +1,11 @@
 #include "data/LocalSettings.h"
-
-#include <gtest/gtest.h>
-#include <unistd.h>
+#include "support/ScriptedOutside.h"
 
 #include <QFile>
 #include <QTemporaryDir>
 
-#include "support/ScriptedOutside.h"
+#include <gtest/gtest.h>
+#include <unistd.h>
 
 namespace quillary {
 namespace {
@@ -39,8 +38,7 @@ TEST_F(LocalSettingsTest, PlaceholdersEndTheProgram) {
     Write(QByteArray("[OSTREL4NET]\r\n") + key + "=#{" + key + "}\r\n");
     EXPECT_FALSE(settings.Initialize()) << key;
     EXPECT_EQ(prompter.TakeTold(),
-              QStringList{
-                  "The current INI file has invalid connection values.  Exiting system"});
+              QStringList{"The current INI file has invalid connection values.  Exiting system"});
   }
 }
 
@@ -57,7 +55,8 @@ TEST_F(LocalSettingsTest, WritingKeepsWhatItDoesNotUnderstand) {
   settings.WriteLocalSetting("A", "X", "5");
   settings.WriteLocalSetting("A", "new", "two\r\nlines");
   settings.WriteLocalSetting("C", "z", "3");
-  EXPECT_EQ(Text(), "; keep me\r\n[A]\r\nX=5\r\nnew=two  lines\r\n\r\n[B]\r\ny=2\r\n[C]\r\nz=3\r\n");
+  EXPECT_EQ(Text(),
+            "; keep me\r\n[A]\r\nX=5\r\nnew=two  lines\r\n\r\n[B]\r\ny=2\r\n[C]\r\nz=3\r\n");
 }
 
 TEST_F(LocalSettingsTest, LongValuesComeBackCut) {
@@ -70,8 +69,9 @@ TEST_F(LocalSettingsTest, AFailedWriteIsToldAndGoneOnFrom) {
   nowhere.WriteLocalSetting("BACKUPS", "Daily", "1");
   const QStringList told = prompter.TakeTold();
   ASSERT_EQ(told.size(), 1);
-  EXPECT_TRUE(told.first().startsWith("An error has occured while accessing /proc/nowhere/qy.ini, "
-                                      "but it should be possible to continue though. "));
+  EXPECT_TRUE(
+      told.first().startsWith("An error has occured while accessing /proc/nowhere/qy.ini, "
+                              "but it should be possible to continue though. "));
   EXPECT_TRUE(told.first().endsWith(" while setting BACKUPS:Daily to 1."));
 }
 

@@ -1,6 +1,6 @@
-#include <gtest/gtest.h>
-
 #include "data/store/Sql.h"
+
+#include <gtest/gtest.h>
 
 namespace quillary {
 namespace {

@@ -1,10 +1,10 @@
-#include <QDir>
-#include <QFile>
-
 #include "data/Upgrader.h"
 #include "data/access/ConvertAccessFile.h"
 #include "session/StartUp.h"
 #include "support/BusinessTest.h"
+
+#include <QDir>
+#include <QFile>
 
 namespace quillary {
 namespace {
@@ -65,10 +65,10 @@ TEST_F(OldFilesTest, AFileOfVersion44Arrives) {
   EXPECT_EQ(refusals.filter("UPDATE COLUMN").size(), 1);
   EXPECT_EQ(refusals.size(), 2) << refusals.join('\n').toStdString();
   // What was there is still there, and the roll filled the diary up to its horizon.
-  EXPECT_EQ(First(*old, "SELECT SUM(Amount) FROM Payments"),
-            Value(Money::FromUnits(2095865000)));
-  EXPECT_GT(First(*old, "SELECT COUNT(*) FROM Diary WHERE Schedule_Date > #2026/11/30# "
-                        "AND Status = 'J'")
+  EXPECT_EQ(First(*old, "SELECT SUM(Amount) FROM Payments"), Value(Money::FromUnits(2095865000)));
+  EXPECT_GT(First(*old,
+                  "SELECT COUNT(*) FROM Diary WHERE Schedule_Date > #2026/11/30# "
+                  "AND Status = 'J'")
                 .ToLong(),
             50);
   const QStringList kept =
@@ -89,20 +89,23 @@ TEST_F(OldFilesTest, AFileOfVersion12ClimbsTheWholeLadder) {
   EXPECT_EQ(First(*old, "SELECT COUNT(*) FROM Invoices WHERE Invoice_Number IS NULL"), Value(0));
   EXPECT_EQ(First(*old, "SELECT Invoice_Number FROM infSystem"),
             First(*old, "SELECT MAX(Invoice_ID) FROM Invoices"));
-  EXPECT_EQ(First(*old, "SELECT COUNT(*) FROM General_Ledger_Entries "
-                        "WHERE Payment_ID IS NULL AND Purchase_ID IS NULL"),
+  EXPECT_EQ(First(*old,
+                  "SELECT COUNT(*) FROM General_Ledger_Entries "
+                  "WHERE Payment_ID IS NULL AND Purchase_ID IS NULL"),
             Value(0));
   EXPECT_EQ(First(*old, "SELECT COUNT(*) FROM Quotes"),
             First(*old, "SELECT COUNT(*) FROM Clients WHERE Status = 'Quote only'"));
-  EXPECT_EQ(First(*old, "SELECT COUNT(*) FROM Clients "
-                        "WHERE Account_Balance < 0 AND Debtor_Since IS NULL"),
+  EXPECT_EQ(First(*old,
+                  "SELECT COUNT(*) FROM Clients "
+                  "WHERE Account_Balance < 0 AND Debtor_Since IS NULL"),
             Value(0));
-  EXPECT_EQ(First(*old, "SELECT COUNT(*) FROM Suburb_Position"),
-            Value(static_cast<int>(
-                old->RunSQL(Sql("SELECT DISTINCT Suburb FROM Clients WHERE Suburb <> ''"))
-                    .RowCount())));
-  EXPECT_GT(First(*old, "SELECT COUNT(*) FROM Diary WHERE Schedule_Date > #2026/11/30# "
-                        "AND Status = 'J'")
+  EXPECT_EQ(
+      First(*old, "SELECT COUNT(*) FROM Suburb_Position"),
+      Value(static_cast<int>(
+          old->RunSQL(Sql("SELECT DISTINCT Suburb FROM Clients WHERE Suburb <> ''")).RowCount())));
+  EXPECT_GT(First(*old,
+                  "SELECT COUNT(*) FROM Diary WHERE Schedule_Date > #2026/11/30# "
+                  "AND Status = 'J'")
                 .ToLong(),
             20);
 }

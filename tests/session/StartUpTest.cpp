@@ -1,9 +1,8 @@
 #include "session/StartUp.h"
+#include "support/BusinessTest.h"
 
 #include <QDir>
 #include <QFile>
-
-#include "support/BusinessTest.h"
 
 namespace quillary {
 namespace {

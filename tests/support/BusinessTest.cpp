@@ -45,9 +45,13 @@ void BusinessTest::TearDown() {
   }
 }
 
-void BusinessTest::ExpectRefused(const QString& part) { announcedRefusals_ += part; }
+void BusinessTest::ExpectRefused(const QString& part) {
+  announcedRefusals_ += part;
+}
 
-Recordset BusinessTest::Run(const Sql& statement) { return business_->RunSQL(statement); }
+Recordset BusinessTest::Run(const Sql& statement) {
+  return business_->RunSQL(statement);
+}
 
 qint64 BusinessTest::Count(const char* table) {
   return business_->RunSQL(QStringLiteral("SELECT COUNT(*) FROM %1").arg(QString(table)))

@@ -10,7 +10,9 @@ void ScriptedPrompter::ExpectText(const QString& part, std::optional<QString> ty
   expectations_.push_back({part, Answer::No, std::move(typed), true});
 }
 
-QStringList ScriptedPrompter::TakeTold() { return std::exchange(told_, {}); }
+QStringList ScriptedPrompter::TakeTold() {
+  return std::exchange(told_, {});
+}
 
 void ScriptedPrompter::CheckAllAsked() const {
   for (const Expectation& expected : expectations_) {
@@ -34,7 +36,9 @@ Answer ScriptedPrompter::Ask(const QString& text, const QString&) {
   return expected ? expected->answer : Answer::No;
 }
 
-void ScriptedPrompter::Tell(Tone, const QString& text, const QString&) { told_ += text; }
+void ScriptedPrompter::Tell(Tone, const QString& text, const QString&) {
+  told_ += text;
+}
 
 std::optional<QString> ScriptedPrompter::AskText(const QString&, const QString& prompt,
                                                  const QString&) {
@@ -57,7 +61,9 @@ void CollectedErrors::ReportError(const QString& form, const QString& errorLine,
   reports_ += QStringList{form, procedure, errorLine, furtherInformation}.join(u'|');
 }
 
-QStringList CollectedErrors::TakeReports() { return std::exchange(reports_, {}); }
+QStringList CollectedErrors::TakeReports() {
+  return std::exchange(reports_, {});
+}
 
 bool ScriptedHeadOffice::LogIn() {
   if (letsIn) sessionKey = QStringLiteral("SESSION");

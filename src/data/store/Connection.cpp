@@ -1,11 +1,11 @@
 #include "data/store/Connection.h"
 
-#include <QFile>
-#include <QFileInfo>
-
 #include "data/store/IntoTable.h"
 #include "data/store/OtherFile.h"
 #include "data/store/SqlFunctions.h"
+
+#include <QFile>
+#include <QFileInfo>
 
 namespace quillary {
 namespace {
@@ -71,7 +71,9 @@ class CatalogueWithOthers : public jet::Catalogue {
   mutable SchemaCatalogue otherCatalogue_;
 };
 
-std::string SavepointName(int depth) { return "\"part" + std::to_string(depth) + "\""; }
+std::string SavepointName(int depth) {
+  return "\"part" + std::to_string(depth) + "\"";
+}
 
 }  // namespace
 
@@ -111,8 +113,9 @@ void Connection::Configure() {
   sqlite3_db_config(database, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
   sqlite3_db_config(database, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
   sqlite3_db_config(database, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
-  Execute(database, "PRAGMA locking_mode = EXCLUSIVE; PRAGMA temp_store = MEMORY;"
-                    "PRAGMA cache_size = -16000");
+  Execute(database,
+          "PRAGMA locking_mode = EXCLUSIVE; PRAGMA temp_store = MEMORY;"
+          "PRAGMA cache_size = -16000");
   RegisterSqlFunctions(database);
 }
 
@@ -163,7 +166,8 @@ void Connection::CopyTo(const QString& path) {
     const OtherFile written(temporary);
     Statement check(written.Handle(), "PRAGMA integrity_check");
     if (!check.Step() || check.Column(0, jet::ColumnType::Text).ToText() != u"ok") {
-      throw StorageFailure(StorageFault::Damaged, QStringLiteral("the copy did not come out whole"));
+      throw StorageFailure(StorageFault::Damaged,
+                           QStringLiteral("the copy did not come out whole"));
     }
   } catch (const std::exception& error) {
     QFile::remove(temporary);

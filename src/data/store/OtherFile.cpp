@@ -1,8 +1,8 @@
 #include "data/store/OtherFile.h"
 
-#include <QFileInfo>
-
 #include "data/store/Statement.h"
+
+#include <QFileInfo>
 
 namespace quillary {
 

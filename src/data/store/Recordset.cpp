@@ -43,7 +43,9 @@ Record Recordset::Row(size_t row) const {
   return {*columns_, cells_.data() + row * columns_->size()};
 }
 
-Record Recordset::Current() const { return Row(row_); }
+Record Recordset::Current() const {
+  return Row(row_);
+}
 
 Recordset::Iterator Recordset::begin() const {
   if (!IsOpen()) throw NoRecordset();

@@ -1,9 +1,9 @@
 #include "data/store/SchemaCatalogue.h"
 
-#include <algorithm>
-
 #include "data/jet/Declarations.h"
 #include "data/store/Statement.h"
+
+#include <algorithm>
 
 namespace quillary {
 namespace {

@@ -60,6 +60,8 @@ QString SQLValue(const Value& value, bool endOfDay) {
   return u'\'' + text + u'\'';
 }
 
-DateTime EndOfDay(QDate date) { return {date, QTime(23, 59)}; }
+DateTime EndOfDay(QDate date) {
+  return {date, QTime(23, 59)};
+}
 
 }  // namespace quillary

@@ -1,11 +1,11 @@
 #include "data/store/SqlFunctions.h"
 
-#include <cmath>
-#include <string>
-
 #include "data/jet/Functions.h"
 #include "data/jet/Translator.h"
 #include "data/store/Statement.h"
+
+#include <cmath>
+#include <string>
 
 namespace quillary {
 namespace {
@@ -48,8 +48,8 @@ void ResultValue(sqlite3_context* context, const Value& value) {
 
 /// One function for every conversion into a column type: the type is the function's user data.
 void ConvertInto(sqlite3_context* context, int, sqlite3_value** arguments) {
-  const auto type = static_cast<ColumnType>(
-      reinterpret_cast<std::intptr_t>(sqlite3_user_data(context)));
+  const auto type =
+      static_cast<ColumnType>(reinterpret_cast<std::intptr_t>(sqlite3_user_data(context)));
   const Value value = ArgumentOf(arguments[0]);
   if (const auto converted = jet::Convert(value, type)) {
     ResultValue(context, *converted);

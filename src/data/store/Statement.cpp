@@ -66,17 +66,16 @@ Value NumberColumn(sqlite3_stmt* statement, int column, jet::ColumnType type, bo
 }  // namespace
 
 void ThrowFailure(sqlite3* database, int code) {
-  const QString reason = QString::fromUtf8(database ? sqlite3_errmsg(database)
-                                                    : sqlite3_errstr(code));
+  const QString reason =
+      QString::fromUtf8(database ? sqlite3_errmsg(database) : sqlite3_errstr(code));
   if (const auto fault = FaultOf(code)) throw StorageFailure(*fault, reason);
   throw StatementRefused(reason.toStdString());
 }
 
 Statement::Statement(sqlite3* database, const std::string& text) : database_(database) {
   sqlite3_stmt* statement = nullptr;
-  const int code =
-      sqlite3_prepare_v3(database, text.data(), static_cast<int>(text.size()),
-                         SQLITE_PREPARE_PERSISTENT, &statement, nullptr);
+  const int code = sqlite3_prepare_v3(database, text.data(), static_cast<int>(text.size()),
+                                      SQLITE_PREPARE_PERSISTENT, &statement, nullptr);
   if (code != SQLITE_OK) ThrowFailure(database, code);
   statement_.reset(statement);
 }
@@ -93,9 +92,7 @@ void Statement::Bind(int parameter, const Value& value) {
     int parameter;
     const decltype(bindText)& text;
     int operator()(std::monostate) const { return sqlite3_bind_null(statement, parameter); }
-    int operator()(qint64 number) const {
-      return sqlite3_bind_int64(statement, parameter, number);
-    }
+    int operator()(qint64 number) const { return sqlite3_bind_int64(statement, parameter, number); }
     int operator()(double number) const {
       return sqlite3_bind_double(statement, parameter, number);
     }

@@ -1,10 +1,10 @@
 #include "data/store/Connection.h"
 
-#include <gtest/gtest.h>
-
 #include <QFile>
 #include <QFileInfo>
 #include <QTemporaryDir>
+
+#include <gtest/gtest.h>
 
 namespace quillary {
 namespace {
@@ -13,8 +13,9 @@ class ConnectionTest : public ::testing::Test {
  protected:
   void SetUp() override {
     file.Open(OpenMode::Create);
-    file.Run("CREATE TABLE Jobs (Job_ID COUNTER, Name TEXT(50), Price CURRENCY, Day DATE, "
-             "Paid YESNO, Notes MEMO, Sequence INT)");
+    file.Run(
+        "CREATE TABLE Jobs (Job_ID COUNTER, Name TEXT(50), Price CURRENCY, Day DATE, "
+        "Paid YESNO, Notes MEMO, Sequence INT)");
   }
   qint64 Count() { return file.Run("SELECT COUNT(*) FROM Jobs").Field(size_t{0}).ToLong(); }
 
@@ -26,9 +27,10 @@ class ConnectionTest : public ::testing::Test {
 TEST_F(ConnectionTest, ValuesComeBackAsTheyWereWritten) {
   const DateTime moment(QDate(2019, 3, 5), QTime(14, 7, 9));
   const QString name = QStringLiteral("O'Brien {}; \"Zoë\" \u00fc");
-  file.Run(Sql("INSERT INTO Jobs (Name, Price, Day, Paid, Notes, Sequence) "
-               "VALUES ({}, {}, {}, {}, {}, {})",
-               name, Money::FromUnits(1234567), moment, true, "line\nline", 7));
+  file.Run(
+      Sql("INSERT INTO Jobs (Name, Price, Day, Paid, Notes, Sequence) "
+          "VALUES ({}, {}, {}, {}, {}, {})",
+          name, Money::FromUnits(1234567), moment, true, "line\nline", 7));
   const Recordset row = file.Run("SELECT * FROM Jobs");
   EXPECT_EQ(row.Field(u"Name"), Value(name));
   EXPECT_EQ(row.Field(u"Price"), Value(Money::FromUnits(1234567)));
@@ -103,8 +105,7 @@ TEST_F(ConnectionTest, SchemaChangesReachCachedStatements) {
   const Recordset row = file.Run("SELECT * FROM Jobs");
   EXPECT_EQ(row.Columns().size(), 9u);
   EXPECT_EQ(row.Field(u"Done"), Value(false));
-  EXPECT_THROW(file.Run("ALTER TABLE Jobs ADD COLUMN Fresh LONG, Name TEXT(20)"),
-               StatementRefused);
+  EXPECT_THROW(file.Run("ALTER TABLE Jobs ADD COLUMN Fresh LONG, Name TEXT(20)"), StatementRefused);
   EXPECT_FALSE(file.Run("SELECT * FROM Jobs").FieldExists(u"Fresh"));
 }
 
@@ -211,9 +212,11 @@ TEST_F(ConnectionTest, UnusableFilesAreToldApartAndLeftAlone) {
       {"truncated", [](QByteArray b) { return b.left(b.size() / 2); }, StorageFault::Damaged},
       {"empty", [](QByteArray) { return QByteArray(); }, StorageFault::NotADatabase},
       {"foreign", [](QByteArray) { return QByteArray(5000, 'z'); }, StorageFault::NotADatabase},
-      {"Access", [](QByteArray) {
+      {"Access",
+       [](QByteArray) {
          return QByteArray("\0\1\0\0Standard Jet DB\0", 20) + QByteArray(5000, '\0');
-       }, StorageFault::NotADatabase},
+       },
+       StorageFault::NotADatabase},
       {"zeroed schema", [](QByteArray b) { return b.replace(100, 3000, QByteArray(3000, '\0')); },
        StorageFault::Damaged},
   };
