@@ -8,6 +8,7 @@
 
 #include <QHash>
 
+#include <optional>
 #include <vector>
 
 namespace quillary {
@@ -22,15 +23,9 @@ struct Account {
   Value debtorSince;
   Money jobs;  // of the client alone
   Money paid;
-  Value oldestUnpaidJob;
+  Money jobsOfGroup;  // of all who are billed to the client
+  Money paidByGroup;
   bool isChanged = false;
-};
-
-/// The sums of all who are billed to one client.
-struct Group {
-  Money jobs;
-  Money paid;
-  Value oldestUnpaidJob;
 };
 
 class AllBalances {
@@ -60,7 +55,11 @@ class AllBalances {
   }
 
  private:
+  // Fields of the long lists are read by their place: finding them by name would cost more than
+  // adding them up.
+
   void LoadClients() {
+    enum Place : size_t { ClientId, BillingClientId, Status, IsBilledTo, Balance, DebtorSince };
     const Recordset clients =
         business_.RunSQL(Sql("SELECT Client_ID, Billing_Client_ID, Status, Is_Billed_To, "
                              "Account_Balance, Debtor_Since FROM Clients"));
@@ -68,71 +67,64 @@ class AllBalances {
     placeOf_.reserve(static_cast<qsizetype>(clients.RowCount()));
     for (const Record row : clients) {
       Account account;
-      account.clientId = row[u"Client_ID"].ToLong();
-      account.billingClientId = row[u"Billing_Client_ID"].ToLong();
-      account.status = row[u"Status"].ToText();
-      account.isBilledTo = row[u"Is_Billed_To"].ToBool();
-      account.balance = row[u"Account_Balance"];
-      account.debtorSince = row[u"Debtor_Since"];
+      account.clientId = row[ClientId].ToLong();
+      account.billingClientId = row[BillingClientId].ToLong();
+      account.status = row[Status].ToText();
+      account.isBilledTo = row[IsBilledTo].ToBool();
+      account.balance = row[Balance];
+      account.debtorSince = row[DebtorSince];
       placeOf_[account.clientId] = accounts_.size();
       accounts_.push_back(std::move(account));
     }
   }
 
   void LoadJobs() {
-    const Recordset jobs = business_.RunSQL(
-        Sql("SELECT Client_ID, SUM(Total_Price) AS Jobs, "
-            "MIN(IIf(Status = 'JD' AND Payment_ID IS NULL AND Schedule_Date < {}, "
-            "Schedule_Date, NULL)) AS Oldest_Unpaid "
-            "FROM Diary WHERE Status IN ('JP', 'JU', 'JD', 'JI') GROUP BY Client_ID",
-            business_.Now()));
-    for (const Record row : jobs) {
-      if (Account* account = Find(row[u"Client_ID"].ToLong())) {
-        account->jobs = row[u"Jobs"].ToMoney();
-        account->oldestUnpaidJob = row[u"Oldest_Unpaid"];
-      }
-    }
+    // Most jobs of a file are done: reading along the table is cheaper than by way of their status.
+    AddUp(business_.RunSQL(
+              Sql("SELECT Client_ID, IIf(Status IN ('JP', 'JU', 'JD', 'JI'), Total_Price, 0) "
+                  "FROM Diary")),
+          &Account::jobs);
   }
 
   void LoadPayments() {
-    const Recordset payments = business_.RunSQL(
-        Sql("SELECT Client_ID, SUM(Amount) AS Paid FROM Payments GROUP BY Client_ID"));
-    for (const Record row : payments) {
-      if (Account* account = Find(row[u"Client_ID"].ToLong()))
-        account->paid = row[u"Paid"].ToMoney();
+    AddUp(business_.RunSQL(Sql("SELECT Client_ID, Amount FROM Payments")), &Account::paid);
+  }
+
+  /// Adding up here costs half of grouping in the store, which has to sort for it.
+  void AddUp(const Recordset& amounts, Money Account::*total) {
+    enum Place : size_t { Client, Amount };
+    for (const Record row : amounts) {
+      if (Account* account = Find(row[Client].ToLong())) account->*total += row[Amount].ToMoney();
     }
   }
 
   void SumGroups() {
-    groups_.reserve(static_cast<qsizetype>(accounts_.size()));
     for (const Account& account : accounts_) {
-      Group& group = groups_[account.billingClientId];
-      group.jobs += account.jobs;
-      group.paid += account.paid;
-      const auto oldest = account.oldestUnpaidJob.ToDateTime();
-      const auto oldestOfGroup = group.oldestUnpaidJob.ToDateTime();
-      if (oldest && (!oldestOfGroup || *oldest < *oldestOfGroup)) group.oldestUnpaidJob = *oldest;
+      if (Account* payer = Find(account.billingClientId)) {
+        payer->jobsOfGroup += account.jobs;
+        payer->paidByGroup += account.paid;
+      }
     }
   }
 
   void Recalculate(Account& account) {
-    const qint64 billed = account.billingClientId;
-    const Group group = groups_.value(billed);
-    switch (BalanceKindOf(account.clientId, billed, account.status)) {
+    switch (BalanceKindOf(account.clientId, account.billingClientId, account.status)) {
       case BalanceKind::PaysForItself:
-        SetBalance(account, RoundedBalance(account.paid, group.jobs));
+        SetBalance(account, RoundedBalance(account.paid, account.jobsOfGroup));
         break;
       case BalanceKind::BillingAddress:
-        SetBalance(account, RoundedBalance(group.paid, group.jobs));
+        SetBalance(account, RoundedBalance(account.paidByGroup, account.jobsOfGroup));
         break;
       case BalanceKind::BilledToAnother:
         SetBalance(account, Money());
-        if (Account* other = Find(billed)) SetBalance(*other, group.paid - group.jobs);
+        if (Account* payer = Find(account.billingClientId)) {
+          SetBalance(*payer, payer->paidByGroup - payer->jobsOfGroup);
+        }
         break;
     }
     const Value since =
         NextDebtorSince(account.balance.ToMoney(), account.debtorSince, business_.Today(),
-                        [&] { return groups_.value(account.clientId).oldestUnpaidJob; });
+                        [&] { return OldestUnpaidJobOfGroup(account.clientId); });
     account.isChanged |= !(since == account.debtorSince);
     account.debtorSince = since;
   }
@@ -142,15 +134,37 @@ class AllBalances {
     account.balance = balance;
   }
 
+  /// Read when the first debtor with a date asks, since nobody else needs it.
+  Value OldestUnpaidJobOfGroup(qint64 clientId) {
+    if (!oldestUnpaidJobs_) LoadOldestUnpaidJobs();
+    return oldestUnpaidJobs_->value(clientId);
+  }
+
+  void LoadOldestUnpaidJobs() {
+    oldestUnpaidJobs_.emplace();
+    const Recordset jobs =
+        business_.RunSQL(Sql("SELECT Client_ID, MIN(Schedule_Date) AS Oldest FROM Diary "
+                             "WHERE Status = 'JD' AND Payment_ID IS NULL AND Schedule_Date < {} "
+                             "GROUP BY Client_ID",
+                             business_.Now()));
+    for (const Record row : jobs) {
+      const Account* account = Find(row[u"Client_ID"].ToLong());
+      if (!account) continue;
+      Value& kept = (*oldestUnpaidJobs_)[account->billingClientId];
+      const Value& oldest = row[u"Oldest"];
+      if (kept.IsNull() || *oldest.ToDateTime() < *kept.ToDateTime()) kept = oldest;
+    }
+  }
+
   Account* Find(qint64 clientId) {
     const auto at = placeOf_.constFind(clientId);
     return at == placeOf_.cend() ? nullptr : &accounts_[*at];
   }
 
   Business& business_;
-  std::vector<Account> accounts_;  // in the order of the file
-  QHash<qint64, size_t> placeOf_;  // in accounts_, by client
-  QHash<qint64, Group> groups_;    // by the client who is billed
+  std::vector<Account> accounts_;                         // in the order of the file
+  QHash<qint64, size_t> placeOf_;                         // in accounts_, by client
+  std::optional<QHash<qint64, Value>> oldestUnpaidJobs_;  // by the client who is billed
 };
 
 }  // namespace

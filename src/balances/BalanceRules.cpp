@@ -4,8 +4,8 @@ namespace quillary {
 
 BalanceKind BalanceKindOf(qint64 clientId, qint64 billingClientId, const QString& status) {
   if (billingClientId != clientId) return BalanceKind::BilledToAnother;
-  return status.toUpper() == u"BILLING ADDRESS" ? BalanceKind::BillingAddress
-                                                : BalanceKind::PaysForItself;
+  return status.compare(u"BILLING ADDRESS", Qt::CaseInsensitive) == 0 ? BalanceKind::BillingAddress
+                                                                      : BalanceKind::PaysForItself;
 }
 
 Money RoundedBalance(Money paid, Money jobs) {

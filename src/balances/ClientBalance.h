@@ -31,7 +31,7 @@ void RecalculateClientBalance(Business& business, qint64 clientId);
 void RefreshDebtorSince(Business& business, qint64 clientId);
 
 /// RecalculateClientBalance() of every bill-to party, in the order of the file: the same figures,
-/// computed from four passes over the tables instead of several statements a client. One
+/// computed from passes over whole tables instead of several statements a client. One
 /// transaction; a client whose figures are right already is not written.
 void RecalculateAmountOwingOfAllClients(Business& business);
 
