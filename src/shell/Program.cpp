@@ -1,9 +1,11 @@
 #include "shell/Program.h"
 
+#include "balances/screens/BalanceScreens.h"
 #include "base/ports/requests/Billing.h"
 #include "base/ports/requests/Scheduling.h"
 #include "base/ports/requests/Screens.h"
 #include "base/ports/requests/Setup.h"
+#include "clients/screens/ClientScreens.h"
 #include "scheduling/screens/SchedulingScreens.h"
 #include "shell/AccessConversion.h"
 #include "shell/frmAbout.h"
@@ -73,6 +75,8 @@ void Program::ShowMainMenu(Business& business) {
 
 void Program::RegisterScreens(Business& business) {
   RegisterSchedulingScreens(business, mainMenu_->Tools());
+  RegisterClientScreens(business, mainMenu_->Tools());
+  RegisterBalanceScreens(business, mainMenu_->Tools());
   navigator_.Register<OpenAbout>([this](const OpenAbout&) { frmAbout(mainMenu_.get()).exec(); });
   navigator_.Register<OpenODBCConnection>([this](const OpenODBCConnection&) {
     frmODBCConnection(outside_, settings_.Folder(), mainMenu_.get()).exec();

@@ -51,8 +51,8 @@ void ClientBillingPage::MakeControls() {
   cmbOtherAddressToBill = Part<ComboSearch>("cmbOtherAddressToBill");
   cmbOtherAddressToBill->setMinimumContentsLength(16);
   cmdEditExisingAddress = MakeButton("cmdEditExisingAddress", tr("Edit this address..."));
-  cmdSetJobPricesForMonthly = MakeButton("cmdSetJobPricesForMonthly",
-                                         tr("Set &job prices for client who pays monthly..."));
+  cmdSetJobPricesForMonthly =
+      MakeButton("cmdSetJobPricesForMonthly", tr("Set &job prices for client who pays monthly..."));
   txtClaimNumber = Part<QLineEdit>("txtClaimNumber");
   SelectAllText(txtClaimNumber);
   cmbWorkCoverLabel = Part<ComboSearch>("cmbWorkCoverLabel");
@@ -63,7 +63,7 @@ void ClientBillingPage::MakeTicks() {
   const std::pair<const char*, QString> ticks[] = {
       {"chkMonthlyStatement", QStringLiteral("Print &Monthly statement?")},
       {"chkShowOutstanding", QStringLiteral("Invoice && Statement include &Outstanding amount?")},
-      {"chkShowNextJobdate", QStringLiteral("Invoice shows Date of ne&xt job?")},
+      {"chkShowNextJobdate", QStringLiteral("Invoice shows Da&te of next job?")},
       {"chkInvoiceWithPastJobs", QStringLiteral("Invoice shows &Unpaid past jobs?")},
       {"chkInvoiceWithTelNo", QStringLiteral("Invoice shows client's &phone no.")},
       {"chkStatementWithPayments", QStringLiteral("Statement shows Pa&yments?")}};
@@ -78,10 +78,10 @@ QWidget* ClientBillingPage::SameAddressFrame() {
   auto* column = new QVBoxLayout(fraBillSameAddress);
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(12);
-  column->addLayout(InLine({{LabelOver(cmbInvoiceType, tr("Invoice t&ype")), 1},
-                            {LabelOver(dtDebtorSince, tr("&Debtor since")), 0},
+  column->addLayout(InLine({{LabelOver(cmbInvoiceType, tr("In&voice type")), 1},
+                            {LabelOver(dtDebtorSince, tr("De&btor since")), 0},
                             {LabelOver(txtCurrentlyOwing, tr("Currently owin&g")), 1}}));
-  column->addLayout(LabelOver(txtSampleBillingAddress, tr("Sample &billing address")));
+  column->addLayout(LabelOver(txtSampleBillingAddress, tr("Sample billing address")));
   return fraBillSameAddress;
 }
 
@@ -92,8 +92,7 @@ QWidget* ClientBillingPage::ExistingAddressFrame() {
   button->setSpacing(0);
   button->addStretch(1);
   button->addWidget(cmdEditExisingAddress);
-  auto* line = InLine(
-      {{LabelOver(cmbOtherAddressToBill, tr("C&lient who pays")), 1}, {button, 0}});
+  auto* line = InLine({{LabelOver(cmbOtherAddressToBill, tr("C&lient who pays")), 1}, {button, 0}});
   line->setContentsMargins(0, 0, 0, 0);
   fraBillExistingAddress->setLayout(line);
   return fraBillExistingAddress;
@@ -105,8 +104,8 @@ QBoxLayout* ClientBillingPage::DocumentColumn() {
   column->addWidget(MakeLabel("lblDocuments", tr("On invoices and statements"), LabelRole::Muted));
   for (QCheckBox* tick : ticks_) column->addWidget(tick);
   column->addSpacing(4);
-  column->addLayout(InLine({{LabelOver(cmbWorkCoverLabel, tr("&Label of the number")), 1},
-                            {LabelOver(txtClaimNumber, tr("&Work cover or claim number")), 1}}));
+  column->addLayout(InLine({{LabelOver(cmbWorkCoverLabel, tr("Label of the number")), 1},
+                            {LabelOver(txtClaimNumber, tr("Wor&k cover or claim number")), 1}}));
   column->addStretch(1);
   return column;
 }
@@ -123,7 +122,9 @@ void ClientBillingPage::LayOut() {
   options->addStretch(1);
   choice->addLayout(options);
   left->addLayout(choice);
-  left->addWidget(ExistingAddressFrame());
+  payerSlot_ = new QVBoxLayout;
+  payerSlot_->addWidget(ExistingAddressFrame());
+  left->addLayout(payerSlot_);
   left->addWidget(SameAddressFrame());
   auto* prices = new QHBoxLayout;
   prices->addWidget(cmdSetJobPricesForMonthly);
@@ -155,8 +156,19 @@ void ClientBillingPage::ConnectControls() {
 void ClientBillingPage::LoadChoices() {
   FillComboWithWords(cmbInvoiceType, InvoiceTypes());
   FillComboWithWords(cmbWorkCoverLabel, ListWorkCoverLabels(desk_.business));
+  LoadPayers();
+}
+
+void ClientBillingPage::LoadPayers() {
   payers_ = ListBillableOthers(desk_.business, desk_.client.clientId);
   FillCombo(cmbOtherAddressToBill, payers_);
+}
+
+void ClientBillingPage::AskForPayer() {
+  choices_[static_cast<size_t>(BillingChoice::ExistingAddress)]->setChecked(true);
+  fraBillSameAddress->hide();
+  fraBillExistingAddress->show();
+  cmbOtherAddressToBill->setFocus();
 }
 
 void ClientBillingPage::ShowBilling() {
@@ -165,7 +177,8 @@ void ClientBillingPage::ShowBilling() {
   choices_[static_cast<size_t>(choice)]->setChecked(true);
   fraBillSameAddress->setVisible(same);
   fraBillExistingAddress->setVisible(!same);
-  SelectComboItem(cmbOtherAddressToBill, same ? QVariant() : QVariant(desk_.client.billingClientId));
+  SelectComboItem(cmbOtherAddressToBill,
+                  same ? QVariant() : QVariant(desk_.client.billingClientId));
   txtSampleBillingAddress->setPlainText(SampleBillingAddress(desk_.client));
   EnableCommands();
 }
@@ -206,6 +219,7 @@ void ClientBillingPage::OpenPayer() {
 void ClientBillingPage::SetMonthlyPrices() {
   frmSetJobPricesForMonthly(desk_.business, desk_.tools, desk_.client.clientId).exec();
   desk_.loadJobs();
+  desk_.showBalance();
 }
 
 }  // namespace quillary

@@ -29,6 +29,13 @@ class ClientBillingPage : public QWidget {
   explicit ClientBillingPage(ClientDesk& desk);
 
   void LoadChoices();
+  void LoadPayers();
+  /// Lets the user pick the client who pays; nothing changes until then.
+  void AskForPayer();
+  /// The list of those who could pay. It stands beside whatever asks who pays, on this page or on
+  /// another.
+  QWidget* PayerFrame() { return fraBillExistingAddress; }
+  QBoxLayout* PayerSlot() { return payerSlot_; }
   /// Who pays, with the frame that belongs to it.
   void ShowBilling();
   /// What the client owes and since when.
@@ -58,6 +65,7 @@ class ClientBillingPage : public QWidget {
 
   ClientDesk& desk_;
   std::vector<Choice> payers_;
+  QBoxLayout* payerSlot_;
 
   std::array<QRadioButton*, 3> choices_;  // in the order of BillingChoice
   QWidget* fraBillSameAddress;

@@ -15,6 +15,8 @@ namespace quillary {
 /// What the pages of one client's screen share: the client on it, and the few things that one page
 /// asks of the others. The screen owns it and fills in the functions.
 struct ClientDesk {
+  ClientDesk(Business& of, const ScreenTools& with) : business(of), tools(with) {}
+
   Business& business;
   ScreenTools tools;
 
@@ -22,12 +24,12 @@ struct ClientDesk {
   ClientRecord stored;  // as the fields would be taken if the user had touched nothing
   ClientServiceArray services = ClientServiceArray(1);
 
-  std::function<void()> takeFields;    // from all pages into `client`
-  std::function<void()> showRecord;    // what a save or a load made of `client`
-  std::function<void()> showBilling;   // after the choice of who pays
-  std::function<void()> loadJobs;      // future and past
-  std::function<void()> loadMoney;     // invoices and payments
-  std::function<void()> showBalance;   // after it was computed anew
+  std::function<void()> takeFields;   // from all pages into `client`
+  std::function<void()> showRecord;   // what a save or a load made of `client`
+  std::function<void()> showIfSaved;  // after a command that may have saved the record
+  std::function<void()> loadJobs;     // future and past
+  std::function<void()> loadMoney;    // invoices and payments
+  std::function<void()> showBalance;  // after it was computed anew
   std::function<bool(const std::optional<Refusal>&)> accepted;  // tells a refusal, mends the focus
 
   Prompter& Prompt() const { return business.World().prompter; }

@@ -47,7 +47,7 @@ void ClientDetailsPage::MakeControls() {
   cmbStatus = Named(new QComboBox, "cmbStatus");
   cmbStatus->setIconSize({kSwatch, kSwatch});
   txtDisplayName = Line("txtDisplayName");
-  cmdUpdateBillingName = MakeButton("cmdUpdateBillingName", tr("&Update from names"));
+  cmdUpdateBillingName = MakeButton("cmdUpdateBillingName", tr("U&pdate from names"));
   cmdUpdateBillingName->setToolTip(tr("Makes the billing name of first name and surname"));
   txtClientID = Named(new QLineEdit, "txtClientID");
   txtClientID->setReadOnly(true);
@@ -76,26 +76,27 @@ void ClientDetailsPage::LayOut() {
 
   auto* fields = new QVBoxLayout;
   fields->setSpacing(12);
-  fields->addLayout(InLine({{LabelOver(txtFirstname, tr("F&irst name (a company's name goes here)")),
-                             4},
-                            {LabelOver(txtSurname, tr("Surna&me")), 3},
-                            {LabelOver(cmbStatus, tr("Status (&1)")), 2}}));
+  fields->addLayout(
+      InLine({{LabelOver(txtFirstname, tr("F&irst name (a company's name goes here)")), 4},
+              {LabelOver(txtSurname, tr("Surna&me")), 3},
+              {LabelOver(cmbStatus, tr("S&tatus")), 2}}));
   fields->addLayout(InLine({{LabelOver(txtDisplayName, tr("&Billing name/Display name")), 6},
                             {button, 0},
                             {LabelOver(txtClientID, tr("Client number")), 1}}));
-  fields->addLayout(InLine({{LabelOver(txtStreetNumber, tr("Street no. (&2)")), 2},
-                            {LabelOver(txtStreet, tr("Street (&3)")), 5},
-                            {LabelOver(cmbSuburb, tr("Suburb (&4)")), 4},
+  fields->addLayout(InLine({{LabelOver(txtStreetNumber, tr("Street no.")), 2},
+                            {LabelOver(txtStreet, tr("Street")), 5},
+                            {LabelOver(cmbSuburb, tr("S&uburb")), 4},
                             {LabelOver(cmbPostcode, tr("P&ost code")), 2},
-                            {LabelOver(txtMap, tr("Map (&5)")), 2}}));
-  fields->addLayout(InLine({{LabelOver(txtPhone1, tr("&Phone 1")), 3},
-                            {LabelOver(txtPhone2, tr("Phone 2 (&6)")), 3},
-                            {LabelOver(txtFax, tr("Fax (&7)")), 3},
+                            {LabelOver(txtMap, tr("Map")), 2}}));
+  fields->addLayout(InLine({{LabelOver(txtPhone1, tr("Phone &1")), 3},
+                            {LabelOver(txtPhone2, tr("Phone &2")), 3},
+                            {LabelOver(txtFax, tr("Fax")), 3},
                             {LabelOver(txtEmail, tr("&Email")), 5}}));
   auto* payer = new QHBoxLayout;
   payer->setSpacing(8);
   payer->addLayout(LabelOver(cmbBillingGoesTo, tr("Billin&g goes to")), 4);
-  payer->addStretch(7);
+  payerSlot_ = new QVBoxLayout;
+  payer->addLayout(payerSlot_, 7);
   fields->addLayout(payer);
   fields->addStretch(1);
 
@@ -132,7 +133,11 @@ void ClientDetailsPage::LoadChoices() {
 
 void ClientDetailsPage::ShowClient() {
   txtClientID->setText(desk_.client.IsNew() ? tr("new") : QString::number(desk_.client.clientId));
-  cmbBillingGoesTo->setCurrentIndex(static_cast<int>(BillingChoiceOf(desk_.client)));
+  ShowChoice(BillingChoiceOf(desk_.client));
+}
+
+void ClientDetailsPage::ShowChoice(BillingChoice choice) {
+  cmbBillingGoesTo->setCurrentIndex(static_cast<int>(choice));
 }
 
 QString ClientDetailsPage::Status() const {

@@ -29,6 +29,9 @@ class ClientDetailsPage : public QWidget {
   QString Status() const;
   /// The room at the right that this page shares with others.
   QBoxLayout* SideSlot() { return sideSlot_; }
+  /// The room beside the choice of who pays.
+  QBoxLayout* PayerSlot() { return payerSlot_; }
+  void ShowChoice(BillingChoice choice);
 
  signals:
   void statusChosen();
@@ -46,6 +49,7 @@ class ClientDetailsPage : public QWidget {
   ClientDesk& desk_;
   SuburbChoices suburbs_;
   QBoxLayout* sideSlot_;
+  QBoxLayout* payerSlot_;
 
   QLineEdit* txtFirstname;
   QLineEdit* txtSurname;

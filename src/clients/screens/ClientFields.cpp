@@ -62,7 +62,7 @@ void TakeClientFields(const QWidget* form, ClientRecord& client) {
   for (const ClientColumn& column : ClientColumns()) {
     const QWidget* control = ControlOf(form, column);
     if (const auto* text = std::get_if<TextMember>(&column.member))
-      client.**text = TextOf(control);
+      client.** text = TextOf(control);
     else
       client.*std::get<YesMember>(column.member) =
           qobject_cast<const QCheckBox*>(control)->isChecked();

@@ -83,8 +83,8 @@ std::vector<GridRow> ServiceRows(const ClientServiceArray& services) {
     if (service.IsEmpty()) continue;
     const bool main = at == 0;
     const bool follows = service.otherScheduleClientServiceId != 0;
-    const QString name = main ? service.service + QStringLiteral(" - Main service")
-                              : service.service;
+    const QString name =
+        main ? service.service + QStringLiteral(" - Main service") : service.service;
     GridRow row;
     row.cells = {service.clientServiceId, GridCell(service.service, name), service.price,
                  service.notes.simplified()};
@@ -115,8 +115,9 @@ std::vector<GridRow> ClientJobRows(const std::vector<ClientJob>& jobs) {
   rows.reserve(jobs.size());
   for (const ClientJob& job : jobs) {
     GridRow row;
-    row.cells = {job.diaryId,  DateOrNone(job.scheduleDate), job.displayName, job.description,
-                 PriceOf(job), StatusCell(job)};
+    row.cells = {job.diaryId,     DateOrNone(job.scheduleDate),
+                 job.displayName, job.description,
+                 PriceOf(job),    StatusCell(job)};
     row.hue = HueOf(job.Colour());
     rows.push_back(std::move(row));
   }
@@ -137,10 +138,10 @@ std::vector<GridRow> NextJobRows(const std::vector<ClientJob>& jobs, size_t atMo
   for (const ClientJob& job : jobs) {
     if (rows.size() == atMost) break;
     GridRow row;
-    row.cells = {job.diaryId,
-                 GridCell(job.scheduleDate,
-                          english.toString(job.scheduleDate, QStringLiteral("ddd d MMM"))),
-                 job.description, PriceOf(job), StatusCell(job)};
+    row.cells = {
+        job.diaryId,
+        GridCell(job.scheduleDate, english.toString(job.scheduleDate, QStringLiteral("ddd d MMM"))),
+        job.description, PriceOf(job), StatusCell(job)};
     row.hue = HueOf(job.Colour());
     rows.push_back(std::move(row));
   }

@@ -52,10 +52,10 @@ ClientSidePanel::ClientSidePanel(ClientDesk&) {
       Heading(MakeLabelFor(grdNextJobs, tr("Next jobs"), LabelRole::Plain), lblNextJobs));
   column->addWidget(grdNextJobs);
   column->addSpacing(4);
-  column->addLayout(Heading(MakeLabelFor(txtGeneralNotes, tr("Diary notes (&8)"), LabelRole::Plain),
+  column->addLayout(Heading(MakeLabelFor(txtGeneralNotes, tr("Diar&y notes"), LabelRole::Plain),
                             MakeLabel("", tr("printed on work sheets"), LabelRole::Muted)));
   column->addWidget(txtGeneralNotes, 3);
-  column->addLayout(Heading(MakeLabelFor(txtPrivateNotes, tr("File notes (&9)"), LabelRole::Plain),
+  column->addLayout(Heading(MakeLabelFor(txtPrivateNotes, tr("Fi&le notes"), LabelRole::Plain),
                             MakeLabel("", tr("kept to the office"), LabelRole::Muted)));
   column->addWidget(txtPrivateNotes, 2);
   connect(grdNextJobs, &Grid::rowOpened, this,

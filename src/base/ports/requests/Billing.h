@@ -16,6 +16,15 @@ struct CreateInvoiceFor {
   qint64 billingClientId = 0;
   qint64 diaryId = 0;
 };
+struct EditInvoice {
+  using Result = bool;
+  qint64 invoiceId = 0;
+};
+/// A payment of the client that is not recorded yet.
+struct AddPayment {
+  using Result = bool;
+  qint64 clientId = 0;
+};
 struct ViewPayment {
   using Result = bool;
   qint64 paymentId = 0;

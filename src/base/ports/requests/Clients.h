@@ -1,16 +1,47 @@
 #pragma once
 
-#include <QtGlobal>
+#include <QDate>
+
+#include <optional>
+#include <vector>
 
 /// Requests that open the screens of clients, their services and quotes.
 namespace quillary {
 
 struct OpenClientList {};
-/// Inserts a client and opens it.
+/// Opens the screen for a client that its first save will store.
 struct AddClient {};
 struct OpenClient {
   qint64 clientId = 0;
 };
 struct OpenCreateAQuote {};
+/// Edits the text that is printed on all invoices, statements and reminders.
+struct EditGeneralNotes {
+  using Result = bool;
+};
+
+/// What a report of clients is to hold. Nothing when the user gives up.
+struct ClientReportCriteria {
+  enum class Which { All, Regular, Casual, PendingQuotes };
+  enum class Order { Suburb, Status };
+  Which which = Which::All;
+  Order order = Order::Suburb;
+};
+struct PickClientReport {
+  using Result = std::optional<ClientReportCriteria>;
+};
+
+/// Days and clients for a report of what happened to them. Nothing when the user gives up.
+struct DatesWithClients {
+  enum class Order { Client, Date };
+  QDate from;
+  QDate to;
+  std::vector<qint64> clientIds;  // as ticked; never empty
+  bool summaryOnly = false;
+  Order order = Order::Client;
+};
+struct PickDatesWithClients {
+  using Result = std::optional<DatesWithClients>;
+};
 
 }  // namespace quillary

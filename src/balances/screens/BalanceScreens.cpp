@@ -1,0 +1,25 @@
+#include "balances/screens/BalanceScreens.h"
+
+#include "balances/ClientBalance.h"
+#include "balances/screens/frmDebtors.h"
+#include "base/ports/requests/Accounts.h"
+#include "base/ports/requests/Billing.h"
+
+namespace quillary {
+
+void RegisterBalanceScreens(Business& business, const ScreenTools& tools) {
+  tools.navigator.Register<OpenDebtors>([&business, tools](const OpenDebtors&) {
+    if (Screen* open = tools.host.BringToFront(QStringLiteral("frmDebtors"))) {
+      open->Reload();
+      return;
+    }
+    auto* debtors = new frmDebtors(business, tools);
+    tools.host.ShowScreen(debtors);
+    debtors->ShowYourself();
+  });
+  tools.navigator.Register<RecomputeAmountOwing>([&business](const RecomputeAmountOwing&) {
+    RecomputeAmountOwingAfterAsking(business, business.World().prompter);
+  });
+}
+
+}  // namespace quillary

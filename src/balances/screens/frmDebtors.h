@@ -1,0 +1,71 @@
+#pragma once
+
+#include "balances/Debtors.h"
+#include "kit/Screen.h"
+
+#include <functional>
+
+class QCheckBox;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+
+namespace quillary {
+
+class Grid;
+class PageTabs;
+class RowTicks;
+
+/// Who owes, and who has paid too much, from balances computed as the screen opens.
+class frmDebtors : public Screen {
+  Q_OBJECT
+
+ public:
+  frmDebtors(Business& business, const ScreenTools& tools);
+
+  void ShowYourself();
+  void LoadDebtorsIntoGrid();
+  void LoadCreditorsIntoGrid();
+  void Reload() override;
+
+ private:
+  void MakeControls();
+  Grid* MakeGrid(const char* name, const QString& heardAs, QLineEdit* filter);
+  QWidget* DebtorPage();
+  QWidget* CreditorPage();
+  QWidget* ReminderFrame();
+  QLayout* CommandLine();
+  void LayOut();
+  void ConnectControls();
+  DebtorFilter Filter() const;
+  size_t Fill(Grid* grid, const std::vector<DebtorRow>& debtors);
+  void OpenClientOf(const Grid* grid);
+  void Recalculate();
+
+  Business& business_;
+  ScreenTools tools_;
+
+  QCheckBox* chkActiveClients;
+  PageTabs* pages_;
+  QWidget* debtors_;
+  QLineEdit* txtDebtorFilter;
+  Grid* grdDebtors;
+  RowTicks* ticks_;
+  QCheckBox* chkTickUntickAll;
+  QPushButton* cmdRefreshDebtor;
+  QPushButton* cmdPrintGrid;
+  QLineEdit* txtNotes;
+  QCheckBox* chkShowPayment;
+  QPushButton* cmdPreview;
+  QWidget* creditors_;
+  QLineEdit* txtCreditorFilter;
+  Grid* grdCreditors;
+  QPushButton* cmdRefreshCreditor;
+  QPushButton* cmdPrintGrid2;
+  QPushButton* cmdClientsJobsAndPayments;
+  QPushButton* cmdRecalculateAmountOwing;
+  QPushButton* cmdViewClient;
+  QPushButton* cmdClose;
+};
+
+}  // namespace quillary

@@ -1,0 +1,83 @@
+#include "clients/screens/ClientScreens.h"
+
+#include "base/ports/requests/Clients.h"
+#include "clients/screens/dlgClients.h"
+#include "clients/screens/dlgDateWithClients.h"
+#include "clients/screens/frmClientList.h"
+#include "clients/screens/frmClients.h"
+#include "clients/screens/frmGeneralNotes.h"
+
+#include <QPointer>
+
+#include <memory>
+
+namespace quillary {
+
+namespace {
+
+/// The clients that are open, each in a tab of its own.
+using OpenClients = std::vector<QPointer<frmClients>>;
+
+frmClients* Find(OpenClients& open, qint64 clientId) {
+  std::erase_if(open, [](const QPointer<frmClients>& screen) { return screen.isNull(); });
+  for (const QPointer<frmClients>& screen : open)
+    if (screen->ClientId() == clientId) return screen;
+  return nullptr;
+}
+
+/// All of them go by one name, so the one that is wanted takes another while it is looked for.
+void BringToFront(const ScreenTools& tools, frmClients* screen) {
+  const QString name = screen->objectName();
+  const QString wanted = name + u' ' + QString::number(screen->ClientId());
+  screen->setObjectName(wanted);
+  tools.host.BringToFront(wanted);
+  screen->setObjectName(name);
+}
+
+void Show(Business& business, const ScreenTools& tools, OpenClients& open, qint64 clientId) {
+  if (frmClients* screen = Find(open, clientId)) {
+    BringToFront(tools, screen);
+    screen->Reload();
+    return;
+  }
+  auto screen = std::make_unique<frmClients>(business, tools);
+  if (!screen->ShowYourself(clientId)) return;
+  frmClients* shown = screen.release();
+  open.emplace_back(shown);
+  tools.host.ShowScreen(shown);
+  shown->Enter();
+}
+
+}  // namespace
+
+void RegisterClientScreens(Business& business, const ScreenTools& tools) {
+  Navigator& navigator = tools.navigator;
+  auto open = std::make_shared<OpenClients>();
+  navigator.Register<OpenClient>([&business, tools, open](const OpenClient& request) {
+    Show(business, tools, *open, request.clientId);
+  });
+  navigator.Register<AddClient>(
+      [&business, tools, open](const AddClient&) { Show(business, tools, *open, kNewClient); });
+  navigator.Register<OpenClientList>([&business, tools](const OpenClientList&) {
+    if (Screen* list = tools.host.BringToFront(QStringLiteral("frmClientList"))) {
+      list->Reload();
+      return;
+    }
+    auto* list = new frmClientList(business, tools);
+    tools.host.ShowScreen(list);
+    list->ShowYourself();
+  });
+  navigator.Register<EditGeneralNotes>([&business, tools](const EditGeneralNotes&) {
+    return frmGeneralNotes(business, tools).exec() == QDialog::Accepted;
+  });
+  navigator.Register<PickClientReport>([&business, tools](const PickClientReport&) {
+    dlgClients dialog(business.World().prompter, tools);
+    return dialog.exec() == QDialog::Accepted ? std::optional(dialog.Criteria()) : std::nullopt;
+  });
+  navigator.Register<PickDatesWithClients>([&business, tools](const PickDatesWithClients&) {
+    dlgDateWithClients dialog(business, tools);
+    return dialog.exec() == QDialog::Accepted ? std::optional(dialog.Chosen()) : std::nullopt;
+  });
+}
+
+}  // namespace quillary

@@ -1,0 +1,265 @@
+#include "clients/screens/ClientServicesPage.h"
+
+#include "clients/ClientChoices.h"
+#include "clients/screens/ClientFields.h"
+#include "clients/screens/ClientGrids.h"
+#include "kit/ComboSearch.h"
+#include "kit/Combos.h"
+#include "kit/DateField.h"
+#include "kit/Grid.h"
+#include "kit/Keys.h"
+#include "kit/Layouts.h"
+#include "scheduling/Choices.h"
+#include "scheduling/DiaryDay.h"
+
+#include <QCheckBox>
+#include <QPlainTextEdit>
+
+/// How the services look, and which field goes with which.
+namespace quillary {
+
+ClientServicesPage::ClientServicesPage(ClientDesk& desk) : desk_(desk) {
+  MakeControls();
+  MakeCommands();
+  LayOut();
+  ConnectControls();
+  fields_.Watch({cmbService, txtPrice, cmbJobType, cmbFrequency, dtpServiceNextVisit, cmbEmployee,
+                 txtNotes, chkSameScheduleAsMain});
+}
+
+void ClientServicesPage::MakeControls() {
+  grdServices = new Grid(QStringLiteral("grdServices"));
+  grdServices->setAccessibleName(tr("Services of the client"));
+  grdServices->SetColumns(ServiceColumns());
+  grdServices->RememberIn(desk_.business.World().settings);
+  grdServices->SetEmptyText(tr("This client has no services yet."),
+                            tr("Fill in the fields below and press Update: the first service "
+                               "becomes the main one."));
+  grdServices->setMinimumHeight(31 + 2 * 35 + 4);
+  txtClientServiceID = Named(new QLineEdit(this), "txtClientServiceID");
+  txtClientServiceID->hide();  // the key of the chosen service is nothing to look at
+  cmbService = Named(new ComboSearch, "cmbService");
+  txtPrice = Named(new QLineEdit, "txtPrice");
+  txtPrice->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  SelectAllText(txtPrice);
+  cmbJobType = Named(new QComboBox, "cmbJobType");
+  cmbFrequency = Named(new ComboSearch, "cmbFrequency");
+  new KeyFilter(cmbFrequency->lineEdit(), KeyMode::Digits);
+  dtpServiceNextVisit = Named(new DateField(desk_.business.Today()), "dtpServiceNextVisit");
+  cmbEmployee = Named(new ComboSearch, "cmbEmployee");
+  txtNotes = Named(new QPlainTextEdit, "txtNotes");
+  txtNotes->setTabChangesFocus(true);
+  txtNotes->setFixedHeight(48);
+  chkSameScheduleAsMain = Named(new QCheckBox(tr("Same schedule as the &main service")),
+                                "chkSameScheduleAsMain", tr("Same schedule as the main service"));
+  for (QComboBox* combo :
+       std::initializer_list<QComboBox*>{cmbService, cmbJobType, cmbFrequency, cmbEmployee})
+    combo->setMinimumContentsLength(5);
+}
+
+void ClientServicesPage::MakeCommands() {
+  cmdRemoveService = MakeButton("cmdRemoveService", tr("Rem&ove Service?"), ButtonKind::Danger);
+  cmdAddNewService = MakeButton("cmdAddNewService", tr("Add new service?"));
+  cmdAddNewService->setToolTip(tr("Adds an empty service to the list, to be filled in"));
+  cmdClearServiceFields = MakeButton("cmdClearServiceFields", tr("Clear fields"));
+  cmdAddService = MakeButton("cmdAddService", tr("Add as a ne&w..."));
+  cmdAddService->setToolTip(tr("Stores the fields as a further service"));
+  cmdSaveService = MakeButton("cmdSaveService", tr("&Update"), ButtonKind::Main);
+  cmdSaveService->setToolTip(tr("Stores the fields in the chosen service"));
+  cmdReschedule =
+      MakeButton("cmdReschedule", tr("Create schedule &based on the services shown above..."));
+  cmdAddOnceOff = MakeButton("cmdAddOnceOff", tr("Add &job"));
+  cmdAddVisit = MakeButton("cmdAddVisit", tr("Add a &visit"));
+}
+
+QBoxLayout* ClientServicesPage::FieldRows() {
+  auto* rows = new QVBoxLayout;
+  rows->setSpacing(8);
+  rows->addLayout(
+      InLine({{LabelOver(cmbService, tr("Serv&ice")), 2}, {LabelOver(txtPrice, tr("&Price")), 1}}));
+  fraDiffSchedule = new QWidget;
+  fraDiffSchedule->setObjectName(QStringLiteral("fraDiffSchedule"));
+  auto* frequency = LabelOver(cmbFrequency, tr("Frequency (days)"));
+  lblFrequency = qobject_cast<QLabel*>(frequency->itemAt(0)->widget());
+  auto* schedule = InLine({{LabelOver(cmbJobType, tr("Job &type")), 3},
+                           {frequency, 2},
+                           {LabelOver(dtpServiceNextVisit, tr("Start date (Base date)")), 0},
+                           {LabelOver(cmbEmployee, tr("&Employee")), 4}});
+  schedule->setContentsMargins(0, 0, 0, 0);
+  fraDiffSchedule->setLayout(schedule);
+  rows->addWidget(fraDiffSchedule);
+  rows->addLayout(LabelOver(
+      txtNotes, QStringLiteral("Re&gular job notes: these notes will appear on your work sheet.")));
+  return rows;
+}
+
+QBoxLayout* ClientServicesPage::ServiceCommands() {
+  auto* line = new QHBoxLayout;
+  line->setSpacing(8);
+  line->addWidget(cmdRemoveService);
+  line->addStretch(1);
+  for (QPushButton* button :
+       {cmdAddNewService, cmdClearServiceFields, cmdAddService, cmdSaveService})
+    line->addWidget(button);
+  return line;
+}
+
+QWidget* ClientServicesPage::ScheduleFrame() {
+  fraSchedule = new QWidget;
+  fraSchedule->setObjectName(QStringLiteral("fraSchedule"));
+  auto* column = new QVBoxLayout(fraSchedule);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(8);
+  column->addWidget(grdServices, 1);
+  column->addLayout(FieldRows());
+  column->addWidget(chkSameScheduleAsMain);
+  column->addLayout(ServiceCommands());
+  column->addSpacing(4);
+  auto* diary = new QHBoxLayout;
+  diary->setSpacing(8);
+  for (QPushButton* button : {cmdReschedule, cmdAddOnceOff, cmdAddVisit}) diary->addWidget(button);
+  diary->addStretch(1);
+  column->addLayout(diary);
+  return fraSchedule;
+}
+
+void ClientServicesPage::LayOut() {
+  auto* line = new QHBoxLayout(this);
+  line->setContentsMargins(0, 12, 0, 8);
+  line->setSpacing(16);
+  line->addWidget(ScheduleFrame(), 19);
+  sideSlot_ = new QVBoxLayout;
+  line->addLayout(sideSlot_, 10);
+}
+
+void ClientServicesPage::ConnectControls() {
+  connect(grdServices, &Grid::selectedRowChanged, this,
+          [this] { desk_.Run("grdServices_RowColChange", [this] { ShowSelected(); }); });
+  connect(cmbJobType, &QComboBox::activated, this, [this] {
+    if (!HasFrequency(cmbJobType->currentText())) ShowWords(cmbFrequency, QStringLiteral("0"));
+    EnableFields();
+  });
+  connect(chkSameScheduleAsMain, &QCheckBox::clicked, this, &ClientServicesPage::FollowMain);
+  connect(cmbFrequency->lineEdit(), &QLineEdit::editingFinished, this,
+          &ClientServicesPage::FrequencyLeft, Qt::QueuedConnection);
+  connect(txtPrice, &QLineEdit::editingFinished, this, &ClientServicesPage::PriceLeft);
+  desk_.OnClick(cmdSaveService, [this] { Save(SaveServiceAs::Selected); });
+  desk_.OnClick(cmdAddService, [this] { Save(SaveServiceAs::New); });
+  desk_.OnClick(cmdAddNewService, [this] { AddNewService(); });
+  desk_.OnClick(cmdRemoveService, [this] { RemoveService(); });
+  desk_.OnClick(cmdClearServiceFields, [this] { ClearFields(); });
+  desk_.OnClick(cmdReschedule, [this] { Reschedule(); });
+  desk_.OnClick(cmdAddOnceOff, [this] { AddAJob(); });
+  desk_.OnClick(cmdAddVisit, [this] { AddAVisit(); });
+}
+
+void ClientServicesPage::LoadChoices() {
+  FillCombo(cmbService, ListServiceChoices(desk_.business));
+  FillComboWithWords(cmbJobType, JobTypes());
+  FillComboWithWords(cmbFrequency, ListFrequencyDays(desk_.business));
+  EmptyCombo(cmbEmployee);
+  for (const EmployeeChoice& employee : ListEmployees(desk_.business))
+    cmbEmployee->addItem(employee.name, employee.employeeId);
+  const QString price = QStringLiteral("&Price (%1 inc.)").arg(desk_.business.values.taxName);
+  for (QLabel* label : findChildren<QLabel*>())
+    if (label->buddy() == txtPrice) label->setText(price);
+}
+
+void ClientServicesPage::ShowServices(qint64 select) {
+  grdServices->SetRows(ServiceRows(desk_.services));
+  if (select == 0 || !grdServices->SelectKey(select)) grdServices->SelectFirst();
+  ShowSelected();
+}
+
+qint64 ClientServicesPage::SelectedKey() const {
+  const auto row = grdServices->SelectedRow();
+  return row ? grdServices->Key(*row) : 0;
+}
+
+void ClientServicesPage::EnableSchedule(bool on) {
+  fraSchedule->setEnabled(on);
+}
+
+void ClientServicesPage::ShowSelected() {
+  const auto row = grdServices->SelectedRow();
+  ShowFields(row ? ServiceFormOf(desk_.services[static_cast<size_t>(*row)])
+                 : ClearedServiceForm(desk_.business));
+}
+
+void ClientServicesPage::ShowFields(const ClientServiceForm& form) {
+  own_ = form;
+  txtClientServiceID->setText(QString::number(form.clientServiceId));
+  SelectComboItem(cmbService, form.serviceId ? QVariant(*form.serviceId) : QVariant());
+  txtPrice->setText(form.price);
+  txtNotes->setPlainText(form.notes);
+  chkSameScheduleAsMain->setChecked(form.sameScheduleAsMain);
+  ShowSchedule(form.sameScheduleAsMain ? WithScheduleOfMain(form, desk_.services) : form);
+  EnableFields();
+  fields_.ClearDataChanged();
+}
+
+void ClientServicesPage::ShowSchedule(const ClientServiceForm& form) {
+  ShowWords(cmbJobType, form.jobType);
+  ShowWords(cmbFrequency, form.frequency);
+  dtpServiceNextVisit->SetDate(form.nextVisit.value_or(QDate()));
+  SelectComboItem(cmbEmployee, form.employeeId ? QVariant(*form.employeeId) : QVariant());
+}
+
+ClientServiceForm ClientServicesPage::Fields() const {
+  ClientServiceForm form;
+  form.clientServiceId = txtClientServiceID->text().toLongLong();
+  form.serviceId = ComboKey(cmbService);
+  form.service = cmbService->currentText();
+  form.jobType = cmbJobType->currentText();
+  const QDate start = dtpServiceNextVisit->Date();
+  if (start.isValid()) form.nextVisit = start;
+  form.frequency = cmbFrequency->currentText();
+  form.employeeId = ComboKey(cmbEmployee);
+  form.employeeName = cmbEmployee->currentText();
+  form.price = txtPrice->text();
+  form.notes = txtNotes->toPlainText();
+  form.sameScheduleAsMain = chkSameScheduleAsMain->isChecked();
+  return form;
+}
+
+void ClientServicesPage::FollowMain(bool follow) {
+  if (follow) {
+    own_ = Fields();
+    ShowSchedule(WithScheduleOfMain(own_, desk_.services));
+  } else {
+    ShowSchedule(own_);
+  }
+  EnableFields();
+}
+
+void ClientServicesPage::EnableFields() {
+  const bool follows = chkSameScheduleAsMain->isChecked();
+  const bool repeats = HasFrequency(cmbJobType->currentText());
+  const qint64 main = desk_.services.front().clientServiceId;
+  fraDiffSchedule->setEnabled(!follows);
+  cmbFrequency->setEnabled(repeats);
+  lblFrequency->setEnabled(repeats);
+  // There is nothing to follow without a main service, and the main service follows nobody.
+  chkSameScheduleAsMain->setEnabled(main != 0 && txtClientServiceID->text().toLongLong() != main);
+  cmdRemoveService->setEnabled(grdServices->SelectedRow().has_value());
+}
+
+void ClientServicesPage::FrequencyLeft() {
+  const QString typed = cmbFrequency->currentText();
+  const bool inside = cmbFrequency->lineEdit()->hasFocus();
+  if (inside || !cmbFrequency->isEnabled() || !isVisible()) return;
+  const auto refusal = CheckServiceFrequency(typed);
+  if (!refusal) {
+    toldFrequency_.clear();
+  } else if (toldFrequency_ != u'x' + typed) {
+    toldFrequency_ = u'x' + typed;
+    desk_.accepted(refusal);
+  }
+}
+
+void ClientServicesPage::PriceLeft() {
+  if (const auto amount = Money::Parse(txtPrice->text()))
+    txtPrice->setText(amount->ToCurrencyText());
+}
+
+}  // namespace quillary

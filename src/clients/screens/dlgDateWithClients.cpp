@@ -1,0 +1,120 @@
+#include "clients/screens/dlgDateWithClients.h"
+
+#include "base/ports/requests/Documents.h"
+#include "clients/ClientList.h"
+#include "clients/MonthlyPrices.h"
+#include "clients/screens/ClientGrids.h"
+#include "kit/Combos.h"
+#include "kit/DateField.h"
+#include "kit/Grid.h"
+#include "kit/Layouts.h"
+#include "kit/RowTicks.h"
+#include "scheduling/DiaryDay.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+
+namespace quillary {
+
+namespace {
+
+std::vector<GridColumn> Columns() {
+  return {{{}, ColumnKind::Tick, 40},
+          {{}, ColumnKind::HiddenId},
+          {QObject::tr("Client"), ColumnKind::StrongText, 216},
+          {QObject::tr("Suburb"), ColumnKind::Text, 136},
+          {QObject::tr("Status"), ColumnKind::Chip, 136}};
+}
+
+}  // namespace
+
+dlgDateWithClients::dlgDateWithClients(Business& business, const ScreenTools& tools)
+    : Dialog("dlgDateWithClients", QStringLiteral("Please select"), business.World().prompter),
+      business_(business) {
+  MakeControls();
+  LayOut();
+  const Navigator& to = tools.navigator;
+  cmdPreview->setEnabled(to.CanOpen<ReportOnWorkDone>() || to.CanOpen<ReportOnPaymentsReceived>());
+  connect(cmdCancel, &QPushButton::clicked, this, &Dialog::reject);
+  tools.runner.OnClick(cmdPreview, objectName(), [this] { Preview(); });
+  tools.runner.Run(objectName(), QStringLiteral("Form_Load"), [this] { LoadClients(); });
+}
+
+void dlgDateWithClients::MakeControls() {
+  const MonthRange month = MonthOf(business_.Today());
+  dtFrom = Named(new DateField(business_.Today()), "dtFrom");
+  dtTo = Named(new DateField(business_.Today()), "dtTo");
+  for (DateField* field : {dtFrom, dtTo}) field->ShowWeekday(false);
+  dtFrom->SetDate(month.from);
+  dtTo->SetDate(month.to);
+  cmbSortBy = Named(new QComboBox, "cmbSortBy");
+  FillComboWithWords(cmbSortBy, {tr("Client"), tr("Date")});
+  cmbSortBy->setCurrentIndex(0);
+  chkSummaryOnly = Named(new QCheckBox(tr("Summar&y only")), "chkSummaryOnly", tr("Summary only"));
+  chkTickUntickAll = MakeTickAllBox();
+  txtFilter = MakeFilterBox(this);
+  txtFilter->setFixedWidth(240);
+  grdClients = new Grid(QStringLiteral("grdClients"));
+  grdClients->setAccessibleName(tr("Clients"));
+  grdClients->SetColumns(Columns());
+  grdClients->FilterBy(txtFilter);
+  grdClients->SetEmptyText(tr("There are no clients yet."), tr("Add a client first."));
+  ticks_ = new RowTicks(grdClients, 0, chkTickUntickAll);
+  cmdCancel = MakeButton("cmdCancel", tr("&Cancel"));
+  cmdPreview = MakeButton("cmdPreview", tr("&Preview"), ButtonKind::Main);
+}
+
+void dlgDateWithClients::LayOut() {
+  auto* gap = new QVBoxLayout;
+  gap->addStretch(1);
+  gap->addWidget(chkSummaryOnly);
+  gap->addSpacing(6);
+  auto* over = new QHBoxLayout;
+  over->addWidget(chkTickUntickAll);
+  over->addStretch(1);
+  over->addWidget(txtFilter);
+  auto* column = new QVBoxLayout;
+  column->setSpacing(12);
+  column->addLayout(InLine({{LabelOver(dtFrom, tr("&From")), 0},
+                            {LabelOver(dtTo, tr("T&o")), 0},
+                            {LabelOver(cmbSortBy, tr("&Sorted by")), 1},
+                            {gap, 1}}));
+  column->addLayout(over);
+  column->addWidget(grdClients, 1);
+  SetContent(column);
+  SetRoom({680, 560});
+  AddActions({cmdCancel, cmdPreview});
+}
+
+void dlgDateWithClients::LoadClients() {
+  std::vector<GridRow> rows;
+  const ClientList list = ClientList::Load(business_);
+  for (const ClientListRow& client : list.Rows()) {
+    GridRow row;
+    row.cells = {false, client.clientId, client.displayName, client.suburb, client.status};
+    row.hue = HueOfClientStatus(client.status);
+    rows.push_back(std::move(row));
+  }
+  grdClients->SetRows(std::move(rows));
+  ticks_->TakeRows();
+}
+
+DatesWithClients dlgDateWithClients::Chosen() const {
+  return {.from = dtFrom->Date(),
+          .to = dtTo->Date(),
+          .clientIds = ticks_->TickedKeys(),
+          .summaryOnly = chkSummaryOnly->isChecked(),
+          .order = static_cast<DatesWithClients::Order>(cmbSortBy->currentIndex())};
+}
+
+void dlgDateWithClients::Preview() {
+  std::optional<Refusal> refusal;
+  if (dtFrom->Date() > dtTo->Date())
+    refusal = Refusal{QString::fromLatin1(kInvalidDateRange), QStringLiteral("dtFrom")};
+  else if (ticks_->TickedKeys().empty())
+    refusal = Refusal{tr("Please tick a client first."), QStringLiteral("grdClients")};
+  if (!quillary::Accepted(business_.World().prompter, this, refusal)) return;
+  Close(QDialog::Accepted);
+}
+
+}  // namespace quillary

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "base/ports/requests/Clients.h"
+#include "data/Business.h"
+#include "kit/Dialog.h"
+#include "kit/Screen.h"
+
+class QCheckBox;
+class QComboBox;
+class QLineEdit;
+class QPushButton;
+
+namespace quillary {
+
+class DateField;
+class Grid;
+class RowTicks;
+
+/// The days and the clients of a report.
+class dlgDateWithClients : public Dialog {
+  Q_OBJECT
+
+ public:
+  dlgDateWithClients(Business& business, const ScreenTools& tools);
+
+  DatesWithClients Chosen() const;
+
+ private:
+  void MakeControls();
+  void LayOut();
+  void LoadClients();
+  void Preview();
+
+  Business& business_;
+  DateField* dtFrom;
+  DateField* dtTo;
+  QComboBox* cmbSortBy;
+  QCheckBox* chkSummaryOnly;
+  QCheckBox* chkTickUntickAll;
+  QLineEdit* txtFilter;
+  Grid* grdClients;
+  RowTicks* ticks_;
+  QPushButton* cmdCancel;
+  QPushButton* cmdPreview;
+};
+
+}  // namespace quillary

@@ -1,0 +1,101 @@
+#pragma once
+
+#include "clients/BillingChoice.h"
+#include "clients/screens/ClientDesk.h"
+#include "kit/Form.h"
+#include "kit/Screen.h"
+
+class QLabel;
+class QPushButton;
+
+namespace quillary {
+
+class Chip;
+class ClientBillingPage;
+class ClientDetailsPage;
+class ClientInvoicesPage;
+class ClientJobsPage;
+class ClientPaymentsPage;
+class ClientServicesPage;
+class ClientSidePanel;
+class ClientSitesPage;
+class PageTabs;
+
+/// All that is known of a client: its record, its services, who pays for it, its jobs, invoices,
+/// payments and sites. A new client is stored by its first save; until then it has its details
+/// only.
+class frmClients : public Screen {
+  Q_OBJECT
+
+ public:
+  frmClients(Business& business, const ScreenTools& tools);
+  ~frmClients() override;
+
+  /// Shows a client, or the fields of a new one for kNewClient. False when there is none of that
+  /// key any more.
+  bool ShowYourself(qint64 clientId);
+  /// Puts the cursor where one begins: in the first field of a new client, on the pages of another.
+  void Enter();
+  qint64 ClientId() const { return desk_.client.clientId; }
+
+  /// Loads the lists again; the fields too unless the user has changed them.
+  void Reload() override;
+  bool MayClose() override;
+
+ private:
+  void MakePages();
+  void MakeFrame();
+  QLayout* Header();
+  QLayout* CommandLine();
+  void ConnectPages();
+  void ConnectCommands();
+  void EquipDesk();
+
+  void LoadChoices();
+  bool Load(qint64 clientId);
+  void ShowRecord();
+  void ShowIfSaved();
+  void ShowHeader();
+  void ShowBilling();
+  void ShowBalance();
+  void TakeFields();
+  void LoadJobs();
+  void LoadMoney();
+  void EnableParts();
+  /// Moves what several pages share to the one in view.
+  void PlaceShared();
+  bool Accept(const std::optional<Refusal>& refusal);
+  bool IsDataChanged() const;
+
+  void ChooseBilling(BillingChoice choice);
+  void ChoosePayer(qint64 clientId);
+  void Save();
+  void CloseAndSave();
+  void ReloadAfterAsking();
+
+  ClientDesk desk_;
+  FormState record_;
+  bool leaving_ = false;  // the user has answered already
+
+  QLabel* lblClientName;
+  Chip* lblStatus;
+  QLabel* lblFacts;
+  QLabel* lblOwing;
+  QLabel* lblOwingSince;
+  PageTabs* pages_;
+  ClientDetailsPage* details_;
+  ClientServicesPage* services_;
+  ClientBillingPage* billing_;
+  ClientJobsPage* future_;
+  ClientJobsPage* past_;
+  ClientInvoicesPage* invoices_;
+  ClientPaymentsPage* payments_;
+  ClientSitesPage* sites_;
+  ClientSidePanel* side_;
+  QPushButton* cmdReloadClientScreen;
+  QPushButton* cmdClose;
+  QPushButton* cmdSave;
+  QPushButton* cmdCloseAndSave;
+};
+
+}  // namespace quillary

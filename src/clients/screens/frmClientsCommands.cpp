@@ -1,0 +1,130 @@
+#include "clients/ClientCommands.h"
+#include "clients/ClientStatus.h"
+#include "clients/screens/ClientBillingPage.h"
+#include "clients/screens/ClientDetailsPage.h"
+#include "clients/screens/ClientGrids.h"
+#include "clients/screens/ClientJobsPage.h"
+#include "clients/screens/ClientServicesPage.h"
+#include "clients/screens/ClientSidePanel.h"
+#include "clients/screens/frmClients.h"
+#include "clients/screens/frmNewBillingAddress.h"
+#include "kit/Chip.h"
+#include "kit/PageTabs.h"
+
+#include <QLabel>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QShortcut>
+
+/// The client screen's commands, and how it is left.
+namespace quillary {
+
+void frmClients::ConnectPages() {
+  connect(pages_, &QTabWidget::currentChanged, this, &frmClients::PlaceShared);
+  connect(details_, &ClientDetailsPage::statusChosen, this, [this] {
+    desk_.client.status = details_->Status();
+    lblStatus->ShowStatus(desk_.client.status, HueOfClientStatus(desk_.client.status));
+    EnableParts();
+  });
+  connect(details_, &ClientDetailsPage::nameTyped, this, [this](const QString& name) {
+    lblClientName->setText(name.trimmed().isEmpty() ? tr("New client") : name.trimmed());
+  });
+  const auto choose = [this](BillingChoice choice) {
+    desk_.Run("cmbBillingGoesTo_Click", [&] { ChooseBilling(choice); });
+  };
+  connect(details_, &ClientDetailsPage::billingChosen, this, choose);
+  connect(billing_, &ClientBillingPage::billingChosen, this, choose);
+  connect(billing_, &ClientBillingPage::payerChosen, this, [this](qint64 clientId) {
+    desk_.Run("cmbOtherAddressToBill_Click", [&] { ChoosePayer(clientId); });
+  });
+  connect(side_, &ClientSidePanel::jobOpened, this, [this](qint64 diaryId) {
+    desk_.Run("grdNextJobs_DblClick", [&] { future_->OpenJob(diaryId); });
+  });
+  for (ClientJobsPage* page : {future_, past_})
+    connect(page, &ClientJobsPage::addWanted, this,
+            [this] { desk_.Run("cmdAddOnceOff_Click", [this] { services_->AddAJob(); }); });
+}
+
+void frmClients::ConnectCommands() {
+  desk_.OnClick(cmdSave, [this] { Save(); });
+  desk_.OnClick(cmdCloseAndSave, [this] { CloseAndSave(); });
+  desk_.OnClick(cmdReloadClientScreen, [this] { ReloadAfterAsking(); });
+  connect(cmdClose, &QPushButton::clicked, this, &Screen::closeRequested);
+  auto* save = new QShortcut(QKeySequence::Save, this);
+  save->setContext(Qt::WidgetWithChildrenShortcut);
+  connect(save, &QShortcut::activated, cmdSave, &QPushButton::click);
+}
+
+bool frmClients::Accept(const std::optional<Refusal>& refusal) {
+  if (refusal) billing_->Reveal(refusal->field);
+  if (Accepted(desk_.Prompt(), this, refusal)) return true;
+  const auto* scroll = qobject_cast<QScrollArea*>(pages_->currentWidget());
+  auto* field = findChild<QWidget*>(refusal->field);
+  if (scroll && field) const_cast<QScrollArea*>(scroll)->ensureWidgetVisible(field);
+  return false;
+}
+
+void frmClients::ChooseBilling(BillingChoice choice) {
+  TakeFields();
+  if (choice == BillingChoice::SameAddress) {
+    BillSameAddress(desk_.client);
+    ShowBilling();
+  } else if (choice == BillingChoice::NewAddress) {
+    frmNewBillingAddress dialog(desk_.business, desk_.tools);
+    dialog.exec();
+    TakeNewBillingAddress(desk_.business, desk_.Prompt(), desk_.client, dialog.ClientId());
+    billing_->LoadPayers();
+    ShowBilling();
+  } else {
+    details_->ShowChoice(choice);
+    billing_->AskForPayer();
+  }
+}
+
+void frmClients::ChoosePayer(qint64 clientId) {
+  TakeFields();
+  BillExistingAddress(desk_.business, desk_.Prompt(), desk_.client, clientId);
+  ShowBilling();
+}
+
+void frmClients::Save() {
+  TakeFields();
+  if (!Accept(SaveClient(desk_.business, desk_.client, desk_.services))) return;
+  ShowRecord();
+  LoadJobs();
+}
+
+void frmClients::CloseAndSave() {
+  TakeFields();
+  if (!Accept(SaveClientDetails(desk_.business, desk_.client))) return;
+  leaving_ = true;
+  emit closeRequested();
+}
+
+bool frmClients::MayClose() {
+  if (leaving_ || !IsDataChanged()) return true;
+  return desk_.Prompt().Ask(QStringLiteral("Close without saving changes?")) == Answer::Yes;
+}
+
+void frmClients::Reload() {
+  if (desk_.client.IsNew()) return;
+  desk_.Run("ShowYourself", [this] {
+    if (!IsDataChanged()) {
+      Load(desk_.client.clientId);
+      return;
+    }
+    LoadJobs();
+    LoadMoney();
+  });
+}
+
+void frmClients::ReloadAfterAsking() {
+  if (desk_.client.IsNew()) return;
+  if (IsDataChanged() &&
+      desk_.Prompt().Ask(tr("The changes made on this screen are not stored "
+                            "yet.\nDiscard them and load the client again?")) != Answer::Yes)
+    return;
+  Load(desk_.client.clientId);
+}
+
+}  // namespace quillary

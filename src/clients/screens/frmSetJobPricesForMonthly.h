@@ -1,0 +1,42 @@
+#pragma once
+
+#include "clients/MonthlyPrices.h"
+#include "kit/Dialog.h"
+#include "kit/Screen.h"
+
+class QPushButton;
+
+namespace quillary {
+
+class CurrencyField;
+class DateField;
+class Grid;
+class RowTicks;
+
+/// Spreads a monthly amount evenly over the jobs that the user ticks.
+class frmSetJobPricesForMonthly : public Dialog {
+  Q_OBJECT
+
+ public:
+  frmSetJobPricesForMonthly(Business& business, const ScreenTools& tools, qint64 clientId);
+
+ private:
+  void LayOut();
+  void LoadJobs();
+  void Start();
+
+  Business& business_;
+  qint64 clientId_;
+
+  DateField* dtFrom;
+  DateField* dtTo;
+  QPushButton* cmdList;
+  CurrencyField* txtAmount;
+  class QCheckBox* chkTickUntickAll;
+  Grid* fgJobs;
+  RowTicks* ticks_;
+  QPushButton* cmdClose;
+  QPushButton* cdmStart;
+};
+
+}  // namespace quillary
