@@ -71,5 +71,7 @@ std::vector<Command> FileCommands();
 std::vector<Command> StatementCommands();
 std::vector<Command> ScheduleCommands();
 std::vector<Command> DiaryCommands();
+std::vector<Command> ClientCommands();
+std::vector<Command> BalanceCommands();
 
 }  // namespace quillary

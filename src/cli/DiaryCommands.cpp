@@ -1,3 +1,5 @@
+#include "scheduling/DiaryCommands.h"
+
 #include "cli/Command.h"
 #include "cli/Printing.h"
 #include "cli/WorkingBusiness.h"
@@ -96,7 +98,7 @@ void RunDone(const Call& call) {
   });
   Transaction all(*business);
   for (const qint64 job : jobs) RequireOpenJob(*business, job);
-  for (const qint64 job : jobs) MarkDoneUnpaid(*business, call.world.prompter, job);
+  for (const qint64 job : jobs) MarkDoneUnpaidAndBalance(*business, call.world.prompter, job);
   all.Commit();
   business->CloseConnection();
   ResultTable table({"Diary_ID", "Status"});
@@ -124,7 +126,8 @@ std::vector<Command> DiaryCommands() {
        RunDiary},
       {"done",
        "FILE DIARY_ID...",
-       "Marks open jobs as done. Does nothing at all when one of them is no open job.",
+       "Marks open jobs as done and computes what their clients owe. Does nothing at all when one "
+       "of them is no open job.",
        {},
        2,
        std::numeric_limits<int>::max(),

@@ -1,0 +1,159 @@
+#include "balances/ClientBalance.h"
+#include "balances/Debtors.h"
+#include "cli/Command.h"
+#include "cli/Printing.h"
+#include "cli/WorkingBusiness.h"
+#include "scheduling/JobServices.h"
+#include "scheduling/Jobs.h"
+#include "scheduling/ScheduleCheck.h"
+
+#include <limits>
+
+namespace quillary {
+namespace {
+
+ResultTable TableOf(const std::vector<DebtorRow>& rows) {
+  ResultTable table(
+      {"Client_ID", "Display_Name", "Status", "Phone_1", "Amount_Owing", "Statement_Type"});
+  for (const DebtorRow& row : rows)
+    table.AddRow({row.clientId, row.displayName, row.status, row.phone1, row.amountOwing,
+                  row.statementType});
+  return table;
+}
+
+void RequireClient(Business& business, qint64 clientId) {
+  const Value found =
+      business.FirstField(Sql("SELECT Client_ID FROM Clients WHERE Client_ID = {}", clientId));
+  if (found.IsNull()) throw CommandFailure(QStringLiteral("there is no client %1").arg(clientId));
+}
+
+void RunBalances(const Call& call) {
+  const auto client = call.arguments.Number("client", 1, std::numeric_limits<qint32>::max());
+  const auto business = OpenCurrentBusiness(call);
+  if (client) {
+    RequireClient(*business, *client);
+    RecalculateClientBalance(*business, *client);
+  } else {
+    RecalculateAmountOwingOfAllClients(*business);
+  }
+  const ResultTable debtors = TableOf(ListDebtors(*business, DebtorFilter::All));
+  const ResultTable creditors = TableOf(ListCreditors(*business, DebtorFilter::All));
+  business->CloseConnection();
+  if (call.json) {
+    call.out << "{\"debtors\": ";
+    debtors.PrintJson(call.out);
+    call.out << ", \"creditors\": ";
+    creditors.PrintJson(call.out);
+    call.out << "}\n";
+    return;
+  }
+  call.out << "debtors\n";
+  debtors.PrintAligned(call.out);
+  call.out << "\ncreditors\n";
+  creditors.PrintAligned(call.out);
+}
+
+/// Null for a choice that is not made.
+Value KeyOrNull(const std::optional<qint64>& key) {
+  if (!key) return {};
+  return *key;
+}
+
+Value PaymentOf(const Job& job) {
+  if (!job.HasBeenPaid()) return {};
+  return job.paymentId;
+}
+
+Value TextOrNull(const QString& text) {
+  if (text.isEmpty()) return {};
+  return text;
+}
+
+Value DayOrNull(QDate day) {
+  if (!day.isValid()) return {};
+  return day;
+}
+
+std::vector<std::pair<QString, Value>> FieldsOf(const Job& job, const JobServices& lines) {
+  const QString status = job.statusPosition ? JobStatusAt(*job.statusPosition) : QString();
+  return {{"Diary_ID", job.diaryId},
+          {"Client_ID", KeyOrNull(job.clientId)},
+          {"Schedule_Date", job.date},
+          {"Employee_ID", KeyOrNull(job.employeeId)},
+          {"Description", job.description},
+          {"Notes", job.notes},
+          {"Status", TextOrNull(status)},
+          {"Payment_ID", PaymentOf(job)},
+          {"Invoice_Number", TextOrNull(job.invoiceNumber)},
+          {"Total_Of_Services", lines.total}};
+}
+
+void RunJob(const Call& call) {
+  const qint64 diaryId = ParseKey(call.arguments.positional.at(1));
+  const auto business = OpenCurrentBusiness(call);
+  const auto job = LoadJob(*business, diaryId);
+  if (!job) throw CommandFailure(QStringLiteral("there is no entry %1").arg(diaryId));
+  const JobServices lines = LoadServices(*business, diaryId);
+  business->CloseConnection();
+  ResultTable services({"Diary_Service_ID", "Service_ID", "Service_Code", "Price", "Account"});
+  for (const JobService& line : lines.rows)
+    services.AddRow(
+        {line.diaryServiceId, line.serviceId, line.serviceCode, line.price, line.accountName});
+  if (call.json) {
+    QStringList fields;
+    for (const auto& [name, value] : FieldsOf(*job, lines))
+      fields += ToJson(name) + QStringLiteral(": ") + ToJson(value);
+    call.out << '{' << fields.join(QStringLiteral(", ")) << ", \"services\": ";
+    services.PrintJson(call.out);
+    call.out << "}\n";
+    return;
+  }
+  for (const auto& [name, value] : FieldsOf(*job, lines))
+    call.out << (name + u':').leftJustified(20) << OneLine(value.ToText()) << '\n';
+  call.out << "\nservices\n";
+  services.PrintAligned(call.out);
+}
+
+void RunScheduleCheck(const Call& call) {
+  const auto business = OpenCurrentBusiness(call);
+  const auto problems = CheckClientSchedules(*business);
+  business->CloseConnection();
+  ResultTable table({"Client_ID", "Status", "Display_Name", "Address", "Client_Service_ID",
+                     "Service_ID", "Frequency", "Next_Visit", "Missing_On"});
+  for (const ScheduleProblem& problem : problems)
+    table.AddRow({problem.clientId, problem.status, problem.displayName, problem.address,
+                  problem.clientServiceId, problem.serviceId, problem.frequency,
+                  DayOrNull(problem.nextVisit), DayOrNull(problem.missingOn)});
+  if (call.json) {
+    table.PrintJson(call.out);
+    call.out << '\n';
+  } else if (problems.empty()) {
+    call.out << "every regular visit is in the diary\n";
+  } else {
+    table.PrintAligned(call.out);
+  }
+}
+
+}  // namespace
+
+std::vector<Command> BalanceCommands() {
+  return {
+      {"balances",
+       "FILE [--client ID]",
+       "Computes what all clients owe, or one, and lists debtors and creditors.",
+       {{"client", "ID", "compute the balance of this client only"}},
+       1,
+       1,
+       RunBalances},
+      {"job", "FILE DIARY_ID", "Shows an entry of the diary with its services.", {}, 2, 2, RunJob},
+      {"schedule-check",
+       "FILE",
+       "Lists clients whose regular visits might be missing from the diary.",
+       {},
+       1,
+       1,
+       RunScheduleCheck},
+  };
+}
+
+}  // namespace quillary

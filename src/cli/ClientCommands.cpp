@@ -1,0 +1,209 @@
+#include "balances/ClientBalance.h"
+#include "cli/Command.h"
+#include "cli/Printing.h"
+#include "cli/WorkingBusiness.h"
+#include "clients/ClientChoices.h"
+#include "clients/ClientColumns.h"
+#include "clients/ClientJobs.h"
+#include "clients/ClientList.h"
+#include "clients/ClientRecord.h"
+#include "clients/ClientServices.h"
+
+#include <limits>
+
+namespace quillary {
+namespace {
+
+using TextMember = QString ClientRecord::*;
+using YesMember = bool ClientRecord::*;
+
+QString KnownStatus(const QString& typed) {
+  for (const QString& status : ClientListStatuses())
+    if (status.compare(typed, Qt::CaseInsensitive) == 0) return status;
+  throw CommandFailure(QStringLiteral("%1 is no status; there are %2")
+                           .arg(typed, ClientListStatuses().join(QStringLiteral(", "))));
+}
+
+void RunClients(const Call& call) {
+  ClientListQuery query;
+  if (call.arguments.Has("status"))
+    query.status = KnownStatus(call.arguments.options.value(QStringLiteral("status")));
+  if (call.arguments.Has("regular")) query.kinds = ClientKinds::RegularOnly;
+  const auto business = OpenCurrentBusiness(call);
+  const ClientList list = ClientList::Load(*business, query);
+  business->CloseConnection();
+  ResultTable table({"Client_ID", "Status", "Display_Name", "First_Name", "Surname",
+                     "Street_Number", "Street", "Suburb", "Post_Code", "Phones", "Fax", "Email"});
+  const QString searched = call.arguments.options.value(QStringLiteral("search"));
+  const std::vector<size_t> found = list.Search(searched);
+  for (const size_t at : found) {
+    const ClientListRow& row = list.Rows()[at];
+    table.AddRow({row.clientId, row.status, row.displayName, row.firstName, row.surname,
+                  row.streetNumber, row.street, row.suburb, row.postCode, row.phones, row.fax,
+                  row.email});
+  }
+  if (call.json) {
+    table.PrintJson(call.out);
+    call.out << '\n';
+    return;
+  }
+  table.PrintAligned(call.out);
+  call.out << ListCountWords(found.size()) << '\n';
+}
+
+ClientRecord ClientOf(Business& business, qint64 clientId) {
+  auto client = LoadClientDetails(business, clientId);
+  if (!client) throw CommandFailure(QStringLiteral("there is no client %1").arg(clientId));
+  return *client;
+}
+
+Value FieldOf(const ClientRecord& client, const ClientColumn& column) {
+  if (const auto* text = std::get_if<TextMember>(&column.member)) return client.**text;
+  return client.*std::get<YesMember>(column.member);
+}
+
+Value DebtorSinceOf(const ClientRecord& client) {
+  if (!client.debtorSince) return {};
+  return *client.debtorSince;
+}
+
+/// The record under the names of its columns, in the order in which it is stored.
+std::vector<std::pair<QString, Value>> FieldsOf(const ClientRecord& client) {
+  std::vector<std::pair<QString, Value>> fields = {{"Client_ID", client.clientId},
+                                                   {"Billing_Client_ID", client.billingClientId}};
+  for (const ClientColumn& column : ClientColumns())
+    fields.emplace_back(QString::fromLatin1(column.column), FieldOf(client, column));
+  fields.emplace_back("Debtor_Since", DebtorSinceOf(client));
+  fields.emplace_back("Account_Balance", client.accountBalance);
+  return fields;
+}
+
+ResultTable ServicesOf(Business& business, qint64 clientId) {
+  ResultTable table({"Client_Service_ID", "Service", "Price", "Notes", "Status", "Frequency",
+                     "Employee_Name", "Next_Visit", "Other_Schedule_Client_Service_ID"});
+  for (const ClientServiceRecord& service : LoadClientServicesIntoArray(business, clientId)) {
+    if (service.IsEmpty()) continue;
+    table.AddRow({service.clientServiceId, service.service, service.price, service.notes,
+                  service.status, service.frequency, service.employeeName, service.nextVisit,
+                  service.otherScheduleClientServiceId});
+  }
+  return table;
+}
+
+ResultTable SitesOf(Business& business, qint64 clientId) {
+  ResultTable table({"Client_ID", "Display_Name", "First_Name", "Surname"});
+  for (const Site& site : LoadSites(business, clientId))
+    table.AddRow({site.clientId, site.displayName, site.firstName, site.surname});
+  return table;
+}
+
+ResultTable TableOf(const std::vector<ClientJob>& jobs) {
+  ResultTable table({"Diary_ID", "Schedule_Date", "Display_Name", "Description", "Total_Price",
+                     "Status", "Status_Words"});
+  for (const ClientJob& job : jobs)
+    table.AddRow({job.diaryId, job.scheduleDate, job.displayName, job.description, job.totalPrice,
+                  job.status, job.StatusWords()});
+  return table;
+}
+
+void PrintRecord(const Call& call, const ClientRecord& client) {
+  for (const auto& [name, value] : FieldsOf(client))
+    call.out << (name + u':').leftJustified(28) << OneLine(value.ToText()) << '\n';
+}
+
+void PrintRecordJson(const Call& call, const ClientRecord& client) {
+  QStringList fields;
+  for (const auto& [name, value] : FieldsOf(client))
+    fields += ToJson(name) + QStringLiteral(": ") + ToJson(value);
+  call.out << fields.join(QStringLiteral(", "));
+}
+
+void RunClient(const Call& call) {
+  const qint64 clientId = ParseKey(call.arguments.positional.at(1));
+  const auto business = OpenCurrentBusiness(call);
+  const ClientRecord client = ClientOf(*business, clientId);
+  const std::pair<const char*, ResultTable> parts[] = {
+      {"services", ServicesOf(*business, clientId)},
+      {"sites", SitesOf(*business, clientId)},
+      {"future_jobs", TableOf(LoadFutureJobs(*business, client))},
+      {"past_jobs", TableOf(LoadPastJobs(*business, client))}};
+  business->CloseConnection();
+  if (call.json) {
+    call.out << '{';
+    PrintRecordJson(call, client);
+    for (const auto& [name, table] : parts) {
+      call.out << ", \"" << name << "\": ";
+      table.PrintJson(call.out);
+    }
+    call.out << "}\n";
+    return;
+  }
+  PrintRecord(call, client);
+  for (const auto& [name, table] : parts) {
+    call.out << '\n' << QString::fromLatin1(name).replace(u'_', u' ') << '\n';
+    table.PrintAligned(call.out);
+  }
+}
+
+void ThrowIf(const std::optional<Refusal>& refusal) {
+  if (refusal) throw CommandFailure(refusal->message);
+}
+
+void RunClientSet(const Call& call) {
+  const qint64 clientId = ParseKey(call.arguments.positional.at(1));
+  const QStringList changes = call.arguments.positional.mid(2);
+  for (const QString& change : changes)
+    if (change.indexOf(u'=') < 1)
+      throw WrongUsage(QStringLiteral("%1 is not of the form COLUMN=VALUE").arg(change));
+  const auto business = OpenCurrentBusiness(call);
+  ClientRecord client = ClientOf(*business, clientId);
+  for (const QString& change : changes) {
+    const qsizetype equals = change.indexOf(u'=');
+    ThrowIf(SetClientColumn(*business, client, change.left(equals), change.mid(equals + 1)));
+  }
+  Transaction all(*business);
+  ThrowIf(SaveClientDetails(*business, client));
+  RecalculateClientBalance(*business, client.billingClientId);
+  client = ClientOf(*business, clientId);
+  all.Commit();
+  business->CloseConnection();
+  if (call.json) {
+    call.out << '{';
+    PrintRecordJson(call, client);
+    call.out << "}\n";
+  } else {
+    PrintRecord(call, client);
+  }
+}
+
+}  // namespace
+
+std::vector<Command> ClientCommands() {
+  return {
+      {"clients",
+       "FILE [--status S] [--regular] [--search TEXT]",
+       "Lists clients; without a status all but prospects.",
+       {{"status", "S", "only clients of this status"},
+        {"regular", nullptr, "only clients with a service that repeats"},
+        {"search", "TEXT", "only those with all these words in name, street, suburb or phone"}},
+       1,
+       1,
+       RunClients},
+      {"client",
+       "FILE ID",
+       "Shows a client with its services, sites, future and past jobs.",
+       {},
+       2,
+       2,
+       RunClient},
+      {"client-set",
+       "FILE ID COLUMN=VALUE...",
+       "Writes columns of a client through the checks of the client screen.",
+       {},
+       3,
+       std::numeric_limits<int>::max(),
+       RunClientSet},
+  };
+}
+
+}  // namespace quillary
