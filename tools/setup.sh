@@ -8,7 +8,7 @@ BUILD_PACKAGES=(
 )
 RUN_PACKAGES=(libqt6svg6 qt6-qpa-plugins breeze-icon-theme fonts-noto-core)
 TEST_PACKAGES=(libgtest-dev python3 git clang-format qpdf poppler-utils sqlite3)
-BENCH_PACKAGES=(libhpdf-dev)
+BENCH_PACKAGES=(libhpdf-dev ledger)
 
 # install_packages NAME...: installs those that are missing; quiet when there are none.
 install_packages() {
