@@ -33,11 +33,13 @@ class PlainAnswers : public Prompter {
     return leaving ? Answer::Yes : Answer::No;
   }
   void Tell(Tone, const QString& text, const QString&) override {
-    Say(QStringLiteral("Told \"%1\".").arg(text.simplified()));
+    lastTold = text.simplified();
+    Say(QStringLiteral("Told \"%1\".").arg(lastTold));
   }
   std::optional<QString> AskText(const QString&, const QString&, const QString&) override {
     return std::nullopt;
   }
+  QString lastTold;
 };
 
 /// A failure ends the run.
@@ -110,7 +112,8 @@ void Run(const QString& commandLine, const QString& file, const QString& folder)
                   ports.settings, ports.headOffice, ports.desktop};
   Program program(outside, ports.navigator, ProgramFolder());
   program.UseFile(file);
-  if (!program.Start(commandLine)) Fail(QStringLiteral("The start-up ended early"));
+  if (!program.Start(commandLine))
+    Fail(QStringLiteral("The start-up ended early. ") + prompter.lastTold);
   MainMenuMDI* window = program.MainMenu();
   window->resize(1280, 720);
   Say(QStringLiteral("Opened %1.").arg(program.OpenBusiness().DatabaseFile()));

@@ -14,7 +14,7 @@ constexpr int kShownForMilliseconds = 2000;
 }
 
 MainMenuMDI_Splash::MainMenuMDI_Splash(const QString& companyName, QWidget* frame)
-    : QFrame(frame, Qt::SplashScreen | Qt::WindowStaysOnTopHint) {
+    : QFrame(frame, Qt::SplashScreen | Qt::WindowStaysOnTopHint | Qt::WindowDoesNotAcceptFocus) {
   setProperty("role", QStringLiteral("card"));
   setObjectName(QStringLiteral("MainMenuMDI_Splash"));
   setAttribute(Qt::WA_DeleteOnClose);

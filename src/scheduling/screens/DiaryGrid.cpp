@@ -10,14 +10,6 @@ QString PaidMeaning() {
   return QStringLiteral("Paid (meaning the job has been added to a payment)");
 }
 
-/// Two numbers, one or none, without a stray separator.
-QString Phones(const QString& joined) {
-  QStringList numbers;
-  for (const QString& number : joined.split(u';'))
-    if (!number.trimmed().isEmpty()) numbers += number.trimmed();
-  return numbers.join(QStringLiteral("; "));
-}
-
 }  // namespace
 
 std::vector<GridColumn> DiaryColumns(bool rowCommands) {
@@ -79,7 +71,7 @@ GridRow DiaryGridRow(const DiaryRow& row) {
                  row.diaryId,
                  row.displayName,
                  row.address.simplified(),
-                 Phones(row.phones),
+                 row.phones,
                  row.scheduleDate,
                  row.description,
                  price,

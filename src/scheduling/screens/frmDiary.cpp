@@ -102,8 +102,7 @@ void frmDiary::Show(const DiaryList& list) {
 
   txtTotalNoOfJobs->setText(QString::number(list_.totalNoOfJobs));
   txtTotalAmountOfJobs->setText(list_.totalAmountOfJobs.ToCurrencyText());
-  for (QLabel* part : {lblWarningSign, lblNoEmployee})
-    part->setVisible(list_.someHaveNoEmployee);
+  for (QLabel* part : {lblWarningSign, lblNoEmployee}) part->setVisible(list_.someHaveNoEmployee);
 }
 
 void frmDiary::MoveDay(int days) {

@@ -8,7 +8,7 @@
 #include "shell/Version.h"
 
 #include <QApplication>
-#include <QCommandLineParser>
+#include <QLoggingCategory>
 #include <QTextStream>
 
 #include <iostream>
@@ -118,7 +118,10 @@ int main(int argc, char** argv) {
     return 2;
   }
   ApplyTheme(application, ReadThemeChoice(PerUserSettings()));
-  if (!options.dayRunFolder.isEmpty())
+  if (!options.dayRunFolder.isEmpty()) {
+    // The platform without a display remarks on every window that it does not show.
+    QLoggingCategory::setFilterRules(QStringLiteral("default.warning=false"));
     return RunTheDay(options.rest.join(u' '), options.file, options.dayRunFolder);
+  }
   return RunDesktop(application, options);
 }

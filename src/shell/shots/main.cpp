@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QFile>
+#include <QLoggingCategory>
 #include <QTemporaryDir>
 
 #include <iostream>
@@ -37,6 +38,7 @@ int main(int argc, char** argv) {
     return 2;
   }
   QDir().mkpath(words.first());
+  QLoggingCategory::setFilterRules(QStringLiteral("default.warning=false"));
   ApplyTheme(application, dark ? ThemeChoice::Dark : ThemeChoice::Light);
   try {
     Shots(words.first()).Run();

@@ -1,0 +1,276 @@
+#include "base/ports/requests/Billing.h"
+#include "base/ports/requests/Clients.h"
+#include "base/ports/requests/Screens.h"
+#include "gui/GuiTest.h"
+#include "kit/DateField.h"
+#include "kit/Grid.h"
+#include "scheduling/screens/DiaryGrid.h"
+#include "scheduling/screens/SchedulingScreens.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QRadioButton>
+
+namespace quillary {
+namespace {
+
+/// A day of four entries: two open jobs, a paid one, a visit; and a job of tomorrow.
+class DiaryScreenTest : public BusinessTest {
+ protected:
+  void SetUp() override {
+    TestApplication();
+    BusinessTest::SetUp();
+    Run(Sql("INSERT INTO Employees (Employee_Name) VALUES ('Casey')"));
+    Run(Sql("INSERT INTO Employees (Employee_Name) VALUES ('Robin')"));
+    for (const char* name : {"Abbott", "Brown", "Chen", "Diaz"}) {
+      Run(Sql("INSERT INTO Clients (Status, Display_Name) VALUES ('Active', {})", name));
+    }
+    AddEntry(1, "J", 1, 55, 0);
+    AddEntry(2, "J", 2, 60, 1);
+    AddEntry(3, "JD", 3, 40, 2);
+    Run(Sql("UPDATE Diary SET Payment_ID = 7 WHERE Diary_ID = 3"));
+    AddEntry(4, "V", 4, 0, 2);
+    AddEntry(1, "J", 1, 75, 1, QDate(2026, 11, 3));
+  }
+
+  void AddEntry(int client, const char* status, int sequence, double price, int employee,
+                QDate day = QDate(2026, 11, 2)) {
+    Run(
+        Sql("INSERT INTO Diary (Client_ID, Employee_ID, Status, Schedule_Date, Total_Price, "
+            "Total_GST, [Sequence]) VALUES ({}, {}, {}, {}, {}, 0, {})",
+            client, employee, status, day, price, sequence));
+  }
+
+  void Open() {
+    RegisterSchedulingScreens(business(), {navigator, host, runner});
+    navigator.Open(OpenDiary{});
+    screen = host.shown.get();
+    grid = Find<Grid>(screen, "grdSchedule");
+  }
+
+  QString Shown(int row, DiaryColumn column) {
+    return grid->model()->index(row, column).data().toString();
+  }
+  QString Names() {
+    QStringList names;
+    for (int row = 0; row < grid->model()->rowCount(); ++row) names += Shown(row, kDisplayName);
+    return names.join(u' ');
+  }
+  QString Text(const char* label) { return Find<QLabel>(screen, label)->text(); }
+  QString StatusOf(int diaryId) {
+    return business()
+        .FirstField(Sql("SELECT Status FROM Diary WHERE Diary_ID = {}", diaryId))
+        .ToText();
+  }
+  QPoint Middle(int row, DiaryColumn column) {
+    return grid->visualRect(grid->model()->index(row, column)).center();
+  }
+  /// Opens the editor of a cell by keyboard, picks the entry and leaves.
+  void Choose(int row, DiaryColumn column, const QString& word) {
+    grid->setCurrentIndex(grid->model()->index(row, column));
+    QTest::keyClick(grid, Qt::Key_F2);
+    auto* editor = Find<QComboBox>(grid->viewport(), "editor");
+    editor->setCurrentIndex(editor->findText(word));
+    emit editor->activated(editor->currentIndex());
+    QTest::qWait(0);
+  }
+
+  Navigator navigator;
+  SingleHost host;
+  CommandRunner runner{outside.errors, outside.busy};
+  Screen* screen = nullptr;
+  Grid* grid = nullptr;
+};
+
+TEST_F(DiaryScreenTest, ShowsTheDayWithItsTotals) {
+  Open();
+  EXPECT_EQ(Names(), "Abbott Brown Chen Diaz");
+  EXPECT_EQ(Shown(0, kStatus), "Job NOT DONE");
+  EXPECT_EQ(Shown(2, kStatus), "Job DONE · paid") << "colour is never the only sign";
+  EXPECT_EQ(Shown(0, kPrice), "$55.00");
+  EXPECT_EQ(Shown(3, kPrice), "") << "a visit has no price";
+  EXPECT_EQ(Shown(0, kEmployee), "—");
+  EXPECT_EQ(Text("txtTotalNoOfJobs"), "3");
+  EXPECT_EQ(Text("txtTotalAmountOfJobs"), "$155.00");
+  EXPECT_TRUE(Find<QLabel>(screen, "lblNoEmployee")->isVisible());
+}
+
+TEST_F(DiaryScreenTest, MarksDoneByMouse) {
+  Open();
+  QTest::mouseClick(grid->viewport(), Qt::LeftButton, {}, Middle(1, kDisplayName));
+  ClickOn(screen, "cmdDoneUnPaid");
+  EXPECT_EQ(StatusOf(2), "JD");
+  EXPECT_EQ(Shown(1, kStatus), "Job DONE");
+  EXPECT_EQ(grid->model()->index(1, 0).data(kHueRole).toInt(), static_cast<int>(Hue::Green));
+  EXPECT_EQ(Text("txtTotalAmountOfJobs"), "$155.00") << "a done job still counts";
+  EXPECT_FALSE(grid->SelectedRow()) << "the next click must not hit the same job";
+}
+
+TEST_F(DiaryScreenTest, MarksDoneAndCancelsByKeyboard) {
+  Open();
+  QTest::keyClick(grid, Qt::Key_Down);
+  QTest::keyClick(screen, Qt::Key_U, Qt::AltModifier);
+  // A button pressed by its key is seen to go down before it acts.
+  EXPECT_TRUE(QTest::qWaitFor([&] { return StatusOf(2) == "JD"; }));
+  QTest::keyClick(grid, Qt::Key_Up);
+  QTest::keyClick(screen, Qt::Key_C, Qt::ControlModifier | Qt::ShiftModifier);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return StatusOf(1) == "JC"; }));
+  EXPECT_EQ(Text("txtTotalNoOfJobs"), "2") << "a cancelled job does not count";
+  EXPECT_EQ(Text("txtTotalAmountOfJobs"), "$100.00");
+  QTest::keyClick(screen, Qt::Key_U, Qt::AltModifier);
+  QStringList told;
+  EXPECT_TRUE(QTest::qWaitFor([&] { return !(told = outside.prompter.TakeTold()).isEmpty(); }));
+  EXPECT_EQ(told, QStringList{"Please select a job."});
+}
+
+TEST_F(DiaryScreenTest, AsksBeforeAPaidJobLeavesItsPayment) {
+  Open();
+  for (const Answer answer : {Answer::No, Answer::Yes}) {
+    outside.prompter.Expect("This job has been paid.", answer);
+    grid->SelectKey(3);
+    ClickOn(screen, "cmdDoneUnPaid");
+    const bool paid = Shown(2, kStatus) == "Job DONE · paid";
+    EXPECT_EQ(paid, answer == Answer::No);
+  }
+}
+
+TEST_F(DiaryScreenTest, RefusesARangeThatEndsBeforeItBegins) {
+  Open();
+  Find<DateField>(screen, "dtFrom")->SetDate(QDate(2026, 11, 5));
+  Find<DateField>(screen, "dtTo")->SetDate(QDate(2026, 11, 4));
+  Click(Find<QRadioButton>(screen, "optShowJobsBetween"));
+  EXPECT_EQ(outside.prompter.TakeTold(), QStringList{"Please enter a valid date range."});
+  EXPECT_EQ(Names(), "Abbott Brown Chen Diaz") << "the list stays as it was";
+  EXPECT_TRUE(Find<DateField>(screen, "dtFrom")->hasFocus());
+
+  auto* to = Find<DateField>(screen, "dtTo");
+  Find<DateField>(screen, "dtFrom")->SetDate(QDate(2026, 11, 2));
+  to->selectAll();
+  QTest::keyClicks(to, "3/11");
+  QTest::keyClick(to, Qt::Key_Return);
+  ClickOn(screen, "cmdList");
+  EXPECT_EQ(grid->model()->rowCount(), 5);
+}
+
+TEST_F(DiaryScreenTest, MovesThroughTheDays) {
+  Open();
+  struct Step {
+    Qt::Key key;
+    const char* names;
+    QDate from;
+  };
+  const Step steps[] = {{Qt::Key_Right, "Abbott", {2026, 11, 3}},
+                        {Qt::Key_Right, "", {2026, 11, 4}},
+                        {Qt::Key_Left, "Abbott", {2026, 11, 3}},
+                        {Qt::Key_Home, "Abbott Brown Chen Diaz", {2026, 11, 2}}};
+  for (const Step& step : steps) {
+    QTest::keyClick(screen, step.key, Qt::AltModifier);
+    EXPECT_EQ(Names(), step.names);
+    EXPECT_EQ(Find<DateField>(screen, "dtFrom")->Date(), step.from);
+  }
+}
+
+TEST_F(DiaryScreenTest, FiltersByEmployeeAndByWords) {
+  Open();
+  auto* employees = Find<QComboBox>(screen, "cmbEmployees");
+  EXPECT_EQ(employees->itemText(0), " All");
+  employees->lineEdit()->selectAll();
+  QTest::keyClicks(employees->lineEdit(), "ro");
+  EXPECT_EQ(employees->currentText(), "Robin");
+  QTest::keyClick(employees->lineEdit(), Qt::Key_Return);
+  EXPECT_EQ(Names(), "Chen Diaz");
+  employees->lineEdit()->selectAll();
+  QTest::keyClicks(employees->lineEdit(), "nobody");
+  QTest::keyClick(employees->lineEdit(), Qt::Key_Return);
+  EXPECT_EQ(Names(), "") << "a name that is nobody's finds nothing";
+  employees->setCurrentIndex(0);
+  emit employees->activated(0);
+
+  auto* filter = Find<QLineEdit>(screen, "txtFilter");
+  QTest::keyClicks(filter, "job not");
+  EXPECT_EQ(Names(), "Abbott Brown");
+  grid->SelectKey(2);
+  EXPECT_EQ(grid->SelectedRow(), 1) << "rows keep their number while others are hidden";
+}
+
+TEST_F(DiaryScreenTest, EditsInItsCells) {
+  Open();
+  Choose(0, kStatus, "Job CANCELLED");
+  EXPECT_EQ(StatusOf(1), "JC");
+  Choose(0, kEmployee, "Robin");
+  EXPECT_EQ(business().FirstField(Sql("SELECT Employee_ID FROM Diary WHERE Diary_ID = 1")).ToLong(),
+            2);
+  EXPECT_FALSE(Find<QLabel>(screen, "lblNoEmployee")->isVisible());
+
+  grid->setCurrentIndex(grid->model()->index(0, kSequence));
+  QTest::keyClick(grid, Qt::Key_F2);
+  auto* editor = Find<QLineEdit>(grid->viewport(), "editor");
+  QTest::keyClicks(editor, "x9");
+  QTest::keyClick(editor, Qt::Key_Return);
+  QTest::qWait(0);
+  EXPECT_EQ(Names(), "Brown Chen Diaz Abbott") << "letters are no sequence, 9 is the last place";
+}
+
+TEST_F(DiaryScreenTest, ReordersByDragAndByKeys) {
+  Open();
+  const auto order = [&] {
+    QStringList clients;
+    for (const Record row : Run(Sql("SELECT Client_ID FROM Diary WHERE Schedule_Date = {} "
+                                    "ORDER BY [Sequence]",
+                                    QDate(2026, 11, 2))))
+      clients += row[u"Client_ID"].ToText();
+    return clients.join(u' ');
+  };
+  QTest::mousePress(grid->viewport(), Qt::LeftButton, {}, Middle(0, kDisplayName));
+  QTest::mouseMove(grid->viewport(), Middle(1, kDisplayName));
+  QMouseEvent move(QEvent::MouseMove, Middle(2, kDisplayName),
+                   grid->viewport()->mapToGlobal(Middle(2, kDisplayName)), Qt::NoButton,
+                   Qt::LeftButton, Qt::NoModifier);
+  QApplication::sendEvent(grid->viewport(), &move);
+  QTest::mouseRelease(grid->viewport(), Qt::LeftButton, {}, Middle(2, kDisplayName));
+  EXPECT_EQ(Names(), "Brown Chen Abbott Diaz");
+  EXPECT_EQ(order(), "2 3 1 4");
+  QTest::keyClick(grid, Qt::Key_Up, Qt::AltModifier);
+  EXPECT_EQ(order(), "2 1 3 4");
+  Find<QLineEdit>(screen, "txtFilter")->setText("a");
+  QTest::keyClick(grid, Qt::Key_Up, Qt::AltModifier);
+  EXPECT_EQ(order(), "2 1 3 4") << "a place among some of the rows means nothing";
+}
+
+TEST_F(DiaryScreenTest, CommandsOfOtherScreensFollowTheNavigator) {
+  qint64 opened = 0;
+  navigator.Register<OpenClient>([&](const OpenClient& request) { opened = request.clientId; });
+  Open();
+  EXPECT_FALSE(Find<QPushButton>(screen, "cmdDonePaid")->isEnabled());
+  EXPECT_FALSE(Find<QPushButton>(screen, "cmdCreateInvoice")->isEnabled());
+  grid->SelectKey(2);
+  ClickOn(screen, "cmdClientDetails");
+  EXPECT_EQ(opened, 2);
+}
+
+TEST_F(DiaryScreenTest, ButtonsOnTheRowsPressTheCommand) {
+  outside.settings.Write("Form", "Use Buttons In Diary", "1");
+  Open();
+  QTest::qWait(0);
+  const auto buttons = grid->viewport()->findChildren<QPushButton*>("cmdDoneUnPaidOnRow");
+  ASSERT_EQ(buttons.size(), 4);
+  for (QPushButton* button : buttons)
+    if (button->parentWidget()->property("row").toInt() == 1) Click(button);
+  EXPECT_EQ(StatusOf(2), "JD");
+}
+
+TEST_F(DiaryScreenTest, AFailureReachesTheErrorScreenUnderItsNames) {
+  Open();
+  ExpectRefused("SELECT Diary.Sequence");
+  Run(Sql("DROP TABLE Diary_Services"));
+  ClickOn(screen, "cmdRefreshList");
+  const QStringList reports = outside.errors.TakeReports();
+  ASSERT_EQ(reports.size(), 1);
+  EXPECT_TRUE(reports.first().startsWith("frmDiary|LoadScheduleGrid|Error: 91 - "));
+  EXPECT_EQ(outside.busy.depth, 0) << "the pointer is given back";
+}
+
+}  // namespace
+}  // namespace quillary

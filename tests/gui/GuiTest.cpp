@@ -1,0 +1,55 @@
+#include "gui/GuiTest.h"
+
+#include "data/Schema.h"
+#include "setup/DemoBusiness.h"
+
+namespace quillary {
+
+QApplication& TestApplication() {
+  static int count = 1;
+  static char name[] = "test_gui";
+  static char* arguments[] = {name, nullptr};
+  static auto* application = new QApplication(count, arguments);
+  return *application;
+}
+
+void Click(QWidget* control) {
+  QTest::mouseClick(control, Qt::LeftButton);
+}
+
+void ClickOn(const QObject* in, const char* name) {
+  Click(Find<QPushButton>(in, name));
+}
+
+void ProgramTest::SetUp() {
+  TestApplication();
+  CreateEmptyBusiness(File());
+}
+
+void ProgramTest::Start() {
+  {
+    Business business(outside.Ports(), File());
+    business.ConnectToDatabase();
+    WriteDemoBusiness(business, {.clients = 20, .months = 1});
+    business.CloseConnection();
+  }
+  program = std::make_unique<Program>(outside.Ports(), navigator, folder.path());
+  program->UseFile(File());
+  ASSERT_TRUE(program->Start({}));
+}
+
+void ProgramTest::TearDown() {
+  program.reset();
+  outside.prompter.CheckAllAsked();
+  for (const QString& report : outside.errors.TakeReports())
+    ADD_FAILURE() << "Reported: " << report.toStdString();
+}
+
+void SingleHost::ShowScreen(Screen* screen) {
+  shown.reset(screen);
+  screen->resize(1280, 640);
+  screen->show();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(screen));
+}
+
+}  // namespace quillary
