@@ -10,6 +10,9 @@ RUN_PACKAGES=(libqt6svg6 qt6-qpa-plugins breeze-icon-theme fonts-noto-core)
 TEST_PACKAGES=(libgtest-dev python3 git clang-format qpdf poppler-utils sqlite3)
 BENCH_PACKAGES=(libhpdf-dev ledger)
 
+# Another clone, or a build folder of another name, finds what this one compiled.
+export CCACHE_NOHASHDIR=true
+
 # install_packages NAME...: installs those that are missing; quiet when there are none.
 install_packages() {
   local missing=() name
