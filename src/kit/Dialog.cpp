@@ -53,13 +53,17 @@ void Dialog::SetContent(QLayout* content) {
 }
 
 void Dialog::AddActions(const QList<QPushButton*>& actions) {
+  QPushButton* main = nullptr;
   for (QPushButton* action : actions) {
-    if (KindOf(action) == QLatin1StringView("danger"))
-      apart_->addWidget(action);
+    const QString kind = KindOf(action);
+    if (kind == QLatin1StringView("main"))
+      main = action;
     else
-      actions_->addWidget(action);
-    if (KindOf(action) == QLatin1StringView("main")) action->setDefault(true);
+      (kind == QLatin1StringView("danger") ? apart_ : actions_)->addWidget(action);
   }
+  if (!main) return;
+  actions_->addWidget(main);
+  main->setDefault(true);
 }
 
 QSize Dialog::sizeHint() const {
@@ -75,6 +79,11 @@ QSize Dialog::sizeHint() const {
   }
   wanted = wanted.expandedTo(room_);
   return screen() ? wanted.boundedTo(screen()->availableSize() - kFrame) : wanted;
+}
+
+void Dialog::setVisible(bool visible) {
+  if (visible && !testAttribute(Qt::WA_Resized)) resize(sizeHint());
+  QDialog::setVisible(visible);
 }
 
 bool Dialog::MayLeave() {

@@ -33,6 +33,8 @@ class Dialog : public QDialog {
   Dialog(const char* name, const QString& title, Prompter& prompter, QWidget* parent = nullptr);
 
   QSize sizeHint() const override;
+  /// Opens as large as its fields ask for and the display allows.
+  void setVisible(bool visible) override;
   /// Closes without saving, unless the user would rather not lose a change.
   void reject() override;
 

@@ -31,6 +31,7 @@ RecordListScreen::RecordListScreen(RecordList list, const ScreenTools& tools, co
   state_.Watch(fields_.Controls());
   ConnectControls();
   if (list_.settle) list_.settle(fields_);
+  grid_->setFocus();
 }
 
 void RecordListScreen::MakeControls() {
@@ -53,13 +54,14 @@ void RecordListScreen::MakeControls() {
 }
 
 QBoxLayout* RecordListScreen::ListColumn() {
-  overList_ = new QHBoxLayout;
-  overList_->setSpacing(8);
-  overList_->addStretch(1);
-  overList_->addWidget(txtFilter, 1);
+  auto* over = new QHBoxLayout;
+  over->setSpacing(8);
+  if (list_.overList) over->addWidget(list_.overList());
+  over->addStretch(1);
+  over->addWidget(txtFilter, 1);
   auto* column = new QVBoxLayout;
   column->setSpacing(12);
-  column->addLayout(overList_);
+  column->addLayout(over);
   column->addWidget(grid_, 1);
   if (!list_.hint.isEmpty())
     column->addWidget(MakeParagraph("lblHint", list_.hint, LabelRole::Hint));
@@ -120,12 +122,9 @@ void RecordListScreen::LayOut() {
   all->addLayout(CommandLine());
 }
 
-void RecordListScreen::AddOverList(QWidget* control) {
-  overList_->insertWidget(overList_->count() - 2, control);
-}
-
 void RecordListScreen::AddCommand(QPushButton* command) {
   commands_->insertWidget(commands_->count() - 2, command);
+  setTabOrder(command, cmdClose);
 }
 
 void RecordListScreen::ConnectControls() {

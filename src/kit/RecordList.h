@@ -28,8 +28,8 @@ struct RecordCommand {
 ///     return {.name = "frmDivisions",
 ///             .title = "Divisions",
 ///             .gridName = "fgDivisions",
-///             .columns = {{"", ColumnKind::HiddenId}, {"Division", ColumnKind::StrongText, 200}},
-///             .fields = {{"txtDivisionName", "Division &name", FieldKind::Text, 1, 50}},
+///             .columns = {{"Division", ColumnKind::StrongText, 200}, {"", ColumnKind::HiddenId}},
+///             .fields = {{"txtDivisionName", "Division &name", FieldKind::Text, 0, 50}},
 ///             .load = [&] { return RowsOf(ListDivisions(business)); },
 ///             .insert = [&](const RecordFields& fields) {
 ///               return InsertDivision(business, {fields.Text("txtDivisionName")}); }};
@@ -54,6 +54,8 @@ struct RecordList {
   std::function<std::optional<Refusal>(std::optional<qint64> key)> remove = {};
   /// For lists whose cells are edited in place.
   std::function<std::optional<Refusal>(qint64 key, int column, const Value&)> editCell = {};
+  /// Makes what stands before the search box: a choice of what is listed.
+  std::function<QWidget*()> overList = {};
   /// After each change of a field: which fields go together.
   std::function<void(const RecordFields&)> settle = {};
 
@@ -78,8 +80,6 @@ class RecordListScreen : public Screen {
   void loaded();
 
  protected:
-  /// A control of a particular list, before the search box: a choice of what is listed.
-  void AddOverList(QWidget* control);
   /// A further command, in the line below everything.
   void AddCommand(QPushButton* command);
   const RecordFields& Fields() const { return fields_; }
@@ -111,7 +111,6 @@ class RecordListScreen : public Screen {
   Outside world_;
   RecordFields fields_;
   FormState state_;
-  QBoxLayout* overList_;
   QBoxLayout* commands_;
   Grid* grid_;
   QLineEdit* txtFilter;

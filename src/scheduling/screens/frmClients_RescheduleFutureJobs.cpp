@@ -7,11 +7,11 @@ namespace quillary {
 
 namespace {
 
-enum Column { kClientServiceId, kService, kPrice, kStatus, kFrequency, kStartDate, kEmployee };
+enum Column { kService, kClientServiceId, kPrice, kStatus, kFrequency, kStartDate, kEmployee };
 
 std::vector<GridColumn> Columns() {
-  return {{{}, ColumnKind::HiddenId},
-          {QObject::tr("Service"), ColumnKind::StrongText, 176},
+  return {{QObject::tr("Service"), ColumnKind::StrongText, 176},
+          {{}, ColumnKind::HiddenId},
           {QObject::tr("Price"), ColumnKind::Money, 88},
           {QObject::tr("Job type"), ColumnKind::Text, 96},
           {QObject::tr("Frequency (days)"), ColumnKind::Number, 136, true},
@@ -77,7 +77,7 @@ void frmClients_RescheduleFutureJobs::LoadClientServices() {
 void frmClients_RescheduleFutureJobs::ShowServices() {
   std::vector<GridRow> rows;
   for (const ServiceRhythm& service : services_)
-    rows.push_back({{service.clientServiceId, service.service, service.price, service.status,
+    rows.push_back({{service.service, service.clientServiceId, service.price, service.status,
                      service.frequency, service.StartDateText(), service.employeeName}});
   grdServices->SetRows(std::move(rows));
 }

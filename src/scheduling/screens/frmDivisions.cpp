@@ -20,10 +20,10 @@ RecordList DivisionsList(Business& business) {
       .about = QStringLiteral("The following Divisions will be listed throughout the program"),
       .emptyWhat = QObject::tr("There are no divisions yet."),
       .emptyNext = QObject::tr("Fill in the name of a division and add it."),
-      .columns = {{{}, ColumnKind::HiddenId},
-                  {QObject::tr("Division"), ColumnKind::StrongText, 200},
+      .columns = {{QObject::tr("Division"), ColumnKind::StrongText, 200},
+                  {{}, ColumnKind::HiddenId},
                   {QObject::tr("Nature of business"), ColumnKind::Text, 280}},
-      .fields = {{"txtDivisionName", QObject::tr("Di&vision"), FieldKind::Text, 1, 30},
+      .fields = {{"txtDivisionName", QObject::tr("Di&vision"), FieldKind::Text, 0, 30},
                  {"txtNatureOfBusiness", QObject::tr("Nature of &business"), FieldKind::Text, 2,
                   50}},
       .load =
@@ -31,7 +31,7 @@ RecordList DivisionsList(Business& business) {
             std::vector<GridRow> rows;
             for (const Division& division : ListDivisions(business))
               rows.push_back(
-                  {{division.divisionId, division.divisionName, division.natureOfBusiness}});
+                  {{division.divisionName, division.divisionId, division.natureOfBusiness}});
             return rows;
           },
       .insert =

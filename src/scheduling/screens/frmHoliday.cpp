@@ -11,7 +11,7 @@ namespace quillary {
 
 namespace {
 
-enum Column { kHolId, kDayMonth, kYear, kHoliday, kRecurring };
+enum Column { kDayMonth, kHolId, kYear, kHoliday, kRecurring };
 
 HolidayForm FormOf(const RecordFields& fields) {
   return {fields.Text("txtDayMonth"), fields.Text("txtYear"), fields.Text("txtHoliday"),
@@ -24,9 +24,20 @@ std::vector<GridRow> Rows(Business& business, int year) {
     const GridCell yearCell = holiday.recurring ? GridCell(Value(), QObject::tr("Every year"))
                                                 : GridCell(QString::number(holiday.year));
     rows.push_back(
-        {{holiday.holId, holiday.dayMonth, yearCell, holiday.description, holiday.recurring}});
+        {{holiday.dayMonth, holiday.holId, yearCell, holiday.description, holiday.recurring}});
   }
   return rows;
+}
+
+QWidget* MakeYearChoice() {
+  auto* cboYear = Named(new QComboBox, "cboYear");
+  auto* year = new QWidget;
+  auto* line = new QHBoxLayout(year);
+  line->setContentsMargins(0, 0, 0, 0);
+  line->setSpacing(8);
+  line->addWidget(MakeLabelFor(cboYear, QObject::tr("Holidays of &the year")));
+  line->addWidget(cboYear);
+  return year;
 }
 
 }  // namespace
@@ -44,8 +55,8 @@ RecordList frmHoliday::HolidayList(Business& business, const std::shared_ptr<Sho
           "Functions -> Reschedule..."),
       .emptyWhat = QObject::tr("No holidays are listed for this year."),
       .emptyNext = QObject::tr("Fill in day and month, and add the holiday."),
-      .columns = {{{}, ColumnKind::HiddenId},
-                  {QObject::tr("Day/month"), ColumnKind::Text, 104},
+      .columns = {{QObject::tr("Day/month"), ColumnKind::Text, 104},
+                  {{}, ColumnKind::HiddenId},
                   {QObject::tr("Year"), ColumnKind::Text, 104},
                   {QObject::tr("Holiday"), ColumnKind::StrongText, 256},
                   {QObject::tr("Recurs"), ColumnKind::Tick, 80}},
@@ -68,6 +79,7 @@ RecordList frmHoliday::HolidayList(Business& business, const std::shared_ptr<Sho
             return UpdateHoliday(business, key, FormOf(fields));
           },
       .remove = [&business](std::optional<qint64> key) { return DeleteHoliday(business, key); },
+      .overList = MakeYearChoice,
       .settle =
           [](const RecordFields& fields) {
             fields.Enable("txtYear", !fields.IsTicked("chkRecurring"));
@@ -82,14 +94,7 @@ frmHoliday::frmHoliday(Business& business, const ScreenTools& tools, std::shared
     : RecordListScreen(HolidayList(business, shown), tools, business.World()),
       business_(business),
       shown_(std::move(shown)) {
-  cboYear = Named(new QComboBox, "cboYear");
-  auto* year = new QWidget;
-  auto* line = new QHBoxLayout(year);
-  line->setContentsMargins(0, 0, 0, 0);
-  line->setSpacing(8);
-  line->addWidget(MakeLabelFor(cboYear, tr("Holidays of &the year")));
-  line->addWidget(cboYear);
-  AddOverList(year);
+  cboYear = findChild<QComboBox*>(QStringLiteral("cboYear"));
   connect(cboYear, &QComboBox::activated, this, [this] {
     shown_->year = cboYear->currentText().toInt();
     Reload();

@@ -19,8 +19,6 @@ namespace quillary {
 
 namespace {
 
-enum LineColumn { kLineId, kServiceId, kCode, kPrice, kAccount };
-
 QVariant KeyOf(const std::optional<qint64>& id) {
   return id ? QVariant(*id) : QVariant();
 }
@@ -108,8 +106,7 @@ void frmJobs::ShowServices() {
   services_ = LoadServices(business_, job_.diaryId);
   std::vector<GridRow> rows;
   for (const JobService& line : services_.rows)
-    rows.push_back(
-        {{line.diaryServiceId, line.serviceId, line.serviceCode, line.price, line.accountName}});
+    rows.push_back({{line.serviceCode, line.diaryServiceId, line.price, line.accountName}});
   grdServices->SetRows(std::move(rows));
   lblServicesTotal->setText(services_.TotalWords());
   ShowSelectedLine();

@@ -34,7 +34,7 @@ Hue HueOfJob(CheckedJobColour colour) {
 std::vector<GridRow> RowsOf(const CheckedPayments& payments) {
   std::vector<GridRow> rows;
   for (const CheckedPayment& payment : payments.rows)
-    rows.push_back({{payment.paymentId, payment.displayName, payment.paymentDate, payment.amount,
+    rows.push_back({{payment.displayName, payment.paymentId, payment.paymentDate, payment.amount,
                      payment.paymentMethod, payment.accounts}});
   return rows;
 }
@@ -49,6 +49,7 @@ frmJobsAndPaymentChecker::frmJobsAndPaymentChecker(Business& business, const Scr
   LayOut();
   ConnectControls();
   EnableCommands();
+  grdClients->setFocus();
 }
 
 void frmJobsAndPaymentChecker::ConnectControls() {
@@ -101,7 +102,7 @@ void frmJobsAndPaymentChecker::LoadClientsIntoGrid() {
   std::vector<GridRow> rows;
   for (const CheckedClient& client : ListCheckedClients(business_)) {
     GridRow row;
-    row.cells = {client.clientId, client.displayName, client.status, client.billedClient.trimmed(),
+    row.cells = {client.displayName, client.clientId, client.status, client.billedClient.trimmed(),
                  client.amountOwing};
     row.hue = HueOfClient(client.status);
     rows.push_back(std::move(row));
@@ -125,11 +126,11 @@ void frmJobsAndPaymentChecker::LoadPastJobs(qint64 clientId) {
   const CheckedJobs jobs = ListCheckedJobs(business_, clientId);
   std::vector<GridRow> rows;
   for (const CheckedJob& job : jobs.rows) {
+    const QString words = job.isPaid ? tr("%1 · paid").arg(job.StatusWords()) : job.StatusWords();
     GridRow row;
-    row.cells = {job.diaryId,     job.displayName, job.scheduleDate,
-                 job.description, job.totalPrice,  GridCell(job.status, job.StatusWords())};
+    row.cells = {job.displayName, job.diaryId,    job.scheduleDate,
+                 job.description, job.totalPrice, GridCell(job.status, words)};
     row.hue = HueOfJob(job.Colour());
-    if (job.isPaid) row.note = tr("Added to a payment");
     rows.push_back(std::move(row));
   }
   const size_t count = rows.size();

@@ -42,16 +42,16 @@ void frmJobsAndPaymentChecker::MakeControls() {
   cmdRefreshList = MakeButton("cmdRefreshList", tr("Refresh"), ButtonKind::Plain, "view-refresh");
   cmdRefreshList->setToolTip(tr("Loads the lists again (F5)"));
   grdClients = new Grid(QStringLiteral("grdClients"));
-  grdClients->SetColumns({{{}, ColumnKind::HiddenId},
-                          {tr("Client"), ColumnKind::StrongText, 152},
+  grdClients->SetColumns({{tr("Client"), ColumnKind::StrongText, 152},
+                          {{}, ColumnKind::HiddenId},
                           {tr("Status"), ColumnKind::Chip, 120},
                           {tr("Billed to"), ColumnKind::Text, 120},
                           {tr("Owing"), ColumnKind::Money, 96}});
   grdClients->SetEmptyText(tr("There are no clients yet."), tr("Add a client first."));
   grdClients->FilterBy(txtFilter);
   grdJobs = new Grid(QStringLiteral("grdJobs"));
-  grdJobs->SetColumns({{{}, ColumnKind::HiddenId},
-                       {tr("Client"), ColumnKind::StrongText, 144},
+  grdJobs->SetColumns({{tr("Client"), ColumnKind::StrongText, 144},
+                       {{}, ColumnKind::HiddenId},
                        {tr("Date"), ColumnKind::Date, 96},
                        {tr("Services"), ColumnKind::Text, 104},
                        {tr("Price"), ColumnKind::Money, 88},
@@ -79,8 +79,8 @@ void frmJobsAndPaymentChecker::MakeControls() {
 Grid* frmJobsAndPaymentChecker::MakePaymentGrid(const char* name, const QString& heardAs) {
   auto* grid = new Grid(QString::fromLatin1(name));
   grid->setAccessibleName(heardAs);
-  grid->SetColumns({{{}, ColumnKind::HiddenId},
-                    {tr("Client"), ColumnKind::StrongText, 128},
+  grid->SetColumns({{tr("Client"), ColumnKind::StrongText, 128},
+                    {{}, ColumnKind::HiddenId},
                     {tr("Date"), ColumnKind::Date, 96},
                     {tr("Amount"), ColumnKind::Money, 88},
                     {tr("Method"), ColumnKind::Text, 96},

@@ -44,9 +44,8 @@ void frmJobs::MakeControls() {
 void frmJobs::MakeLineControls() {
   grdServices = new Grid(QStringLiteral("grdServices"));
   grdServices->setAccessibleName(tr("Services of the job"));
-  grdServices->SetColumns({{{}, ColumnKind::HiddenId},
+  grdServices->SetColumns({{tr("Service"), ColumnKind::StrongText, 80},
                            {{}, ColumnKind::HiddenId},
-                           {tr("Service"), ColumnKind::StrongText, 80},
                            {tr("Price"), ColumnKind::Money, 96},
                            {tr("Revenue account"), ColumnKind::Text, 200}});
   grdServices->SetEmptyText(tr("No services yet."),

@@ -19,8 +19,8 @@ namespace quillary {
 namespace {
 
 enum Column {
-  kListedId,
   kListedDate,
+  kListedId,
   kListedClient,
   kListedAddress,
   kListedServices,
@@ -31,8 +31,8 @@ enum Column {
 };
 
 std::vector<GridColumn> Columns() {
-  return {{{}, ColumnKind::HiddenId},
-          {QObject::tr("Date"), ColumnKind::Date, 104},
+  return {{QObject::tr("Date"), ColumnKind::Date, 104},
+          {{}, ColumnKind::HiddenId},
           {QObject::tr("Client"), ColumnKind::StrongText, 192},
           {QObject::tr("Address"), ColumnKind::Text, 256},
           {QObject::tr("Services"), ColumnKind::Text, 136},
@@ -57,11 +57,12 @@ Hue HueOf(const JobsListRow& row) {
 }
 
 GridRow RowOf(const JobsListRow& job) {
+  const QString words =
+      job.isPaid ? QObject::tr("%1 · paid").arg(job.StatusWords()) : job.StatusWords();
   GridRow row;
-  row.cells = {
-      job.diaryId,     job.scheduleDate, job.displayName, job.address.simplified(),
-      job.description, job.totalPrice,   job.totalGST,    GridCell(job.status, job.StatusWords()),
-      job.sequence};
+  row.cells = {job.scheduleDate, job.diaryId,    job.displayName, job.address.simplified(),
+               job.description,  job.totalPrice, job.totalGST,    GridCell(job.status, words),
+               job.sequence};
   row.hue = HueOf(job);
   return row;
 }

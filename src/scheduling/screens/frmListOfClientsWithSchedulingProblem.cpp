@@ -14,9 +14,9 @@ namespace quillary {
 namespace {
 
 std::vector<GridColumn> Columns() {
-  return {{{}, ColumnKind::HiddenId},
-          {QObject::tr("Client"), ColumnKind::StrongText, 192},
-          {QObject::tr("Status"), ColumnKind::Chip, 120},
+  return {{QObject::tr("Client"), ColumnKind::StrongText, 192},
+          {{}, ColumnKind::HiddenId},
+          {QObject::tr("Status"), ColumnKind::Text, 96},
           {QObject::tr("Address"), ColumnKind::Text, 288},
           {QObject::tr("Days"), ColumnKind::Number, 72},
           {QObject::tr("Next visit"), ColumnKind::Date, 120},
@@ -30,8 +30,8 @@ GridCell DayOr(QDate day, const QString& words) {
 
 GridRow RowOf(qint64 place, const ScheduleProblem& problem) {
   GridRow row;
-  row.cells = {place,
-               problem.displayName,
+  row.cells = {problem.displayName,
+               place,
                problem.status,
                problem.address.simplified(),
                problem.frequency,

@@ -25,6 +25,9 @@ frmReschedule::frmReschedule(Business& business, const ScreenTools& tools)
   cmdRecreate =
       MakeButton("cmdRecreate", QStringLiteral("&Recreate entire schedule"), ButtonKind::Main);
   AddActions({cmdCancel, cmdRecreate});
+  // It takes long and cannot be taken back, so Enter alone shall not start it.
+  cmdRecreate->setDefault(false);
+  cmdCancel->setFocus();
   connect(cmdCancel, &QPushButton::clicked, this, &Dialog::reject);
   tools.runner.OnClick(cmdRecreate, objectName(), [this] { Recreate(); });
 }

@@ -10,13 +10,13 @@ namespace quillary {
 
 namespace {
 
-enum Column { kServiceId, kAccountId, kService, kCode, kAccount, kRegular, kDefault };
+enum Column { kService, kServiceId, kAccountId, kCode, kAccount, kRegular, kDefault };
 
 std::vector<GridRow> Rows(Business& business) {
   std::vector<GridRow> rows;
   for (const Service& service : ListServices(business))
     rows.push_back(
-        {{service.serviceId, service.defaultGLAccountId, service.service, service.serviceCode,
+        {{service.service, service.serviceId, service.defaultGLAccountId, service.serviceCode,
           service.accountName, service.regular, service.isDefault}});
   return rows;
 }
@@ -37,9 +37,9 @@ RecordList ServicesList(Business& business) {
                            "the diary shows."),
       .emptyWhat = QObject::tr("There are no services yet."),
       .emptyNext = QObject::tr("Fill in the service, its code and its account, and add it."),
-      .columns = {{{}, ColumnKind::HiddenId},
+      .columns = {{QObject::tr("Service"), ColumnKind::StrongText, 200},
                   {{}, ColumnKind::HiddenId},
-                  {QObject::tr("Service"), ColumnKind::StrongText, 200},
+                  {{}, ColumnKind::HiddenId},
                   {QObject::tr("Code"), ColumnKind::Text, 72},
                   {QObject::tr("Revenue account"), ColumnKind::Text, 192},
                   {QObject::tr("Regular"), ColumnKind::Tick, 80},

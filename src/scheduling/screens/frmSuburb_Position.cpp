@@ -8,7 +8,7 @@ namespace quillary {
 
 namespace {
 
-enum Column { kRow, kPosition, kSuburb };
+enum Column { kPosition, kRow, kSuburb };
 
 }  // namespace
 
@@ -36,8 +36,8 @@ void frmSuburb_Position::MakeControls() {
                  QStringLiteral("&Update list by acquiring suburbs from Client details"));
   grdSuburbs = new Grid(QStringLiteral("grdSuburbs"));
   grdSuburbs->setAccessibleName(tr("Suburbs in their order"));
-  grdSuburbs->SetColumns({{{}, ColumnKind::HiddenId},
-                          {tr("Position"), ColumnKind::Number, 88, true},
+  grdSuburbs->SetColumns({{tr("Position"), ColumnKind::Number, 88, true},
+                          {{}, ColumnKind::HiddenId},
                           {tr("Suburb"), ColumnKind::StrongText, 320}});
   grdSuburbs->SetEmptyText(tr("No suburbs are listed yet."),
                            tr("Update the list from the details of your clients."));
@@ -102,7 +102,7 @@ void frmSuburb_Position::ConnectControls() {
 void frmSuburb_Position::LoadSuburbsIntoGrid() {
   std::vector<GridRow> rows;
   for (const SuburbPosition& suburb : ListSuburbPositions(business_))
-    rows.push_back({{static_cast<qint64>(rows.size()), suburb.position, suburb.suburbName}});
+    rows.push_back({{suburb.position, static_cast<qint64>(rows.size()), suburb.suburbName}});
   const size_t count = rows.size();
   grdSuburbs->SetRows(std::move(rows));
   lblCount->setText(count == 1 ? tr("1 suburb") : tr("%1 suburbs").arg(count));

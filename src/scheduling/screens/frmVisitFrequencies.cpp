@@ -14,14 +14,14 @@ RecordList VisitFrequenciesList(Business& business) {
       .hint = QObject::tr("Double-click a number, or press F2, to change it."),
       .emptyWhat = QObject::tr("There are no frequencies yet."),
       .emptyNext = QObject::tr("Add one, then type its number of days."),
-      .columns = {{{}, ColumnKind::HiddenId},
-                  {QObject::tr("Days between visits"), ColumnKind::Number, 176, true},
+      .columns = {{QObject::tr("Days between visits"), ColumnKind::Number, 176, true},
+                  {{}, ColumnKind::HiddenId},
                   {{}, ColumnKind::Text, 200}},
       .load =
           [&business] {
             std::vector<GridRow> rows;
             for (const Frequency& frequency : ListFrequencies(business))
-              rows.push_back({{frequency.frequencyId, frequency.days, QString()}});
+              rows.push_back({{frequency.days, frequency.frequencyId, QString()}});
             return rows;
           },
       .insert = [&business](const RecordFields&) -> std::optional<Refusal> {
