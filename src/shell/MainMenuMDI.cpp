@@ -105,6 +105,7 @@ void MainMenuMDI::ShowYourself() {
   show();
   auto* splash = new MainMenuMDI_Splash(ReadBusinessFacts(business_).companyName, this);
   splash->ShowOver(this);
+  activateWindow();  // the keyboard belongs to the frame at once
   RestoreTabs();
 }
 
