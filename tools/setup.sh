@@ -2,7 +2,7 @@
 
 BUILD_PACKAGES=(
   g++ cmake ninja-build ccache pkg-config
-  qt6-base-dev libqt6svg6-dev libgl-dev
+  qt6-base-dev libgl-dev
   libsqlite3-dev mdbtools-dev libglib2.0-dev
   fonts-urw-base35
 )
