@@ -1,0 +1,105 @@
+#include "base/ports/requests/Scheduling.h"
+#include "base/ports/requests/Setup.h"
+#include "gui/ScreenFixture.h"
+
+#include <QAbstractButton>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMap>
+
+namespace quillary {
+namespace {
+
+/// Letters that the menu bar takes with Alt, which a screen in a tab must leave alone.
+constexpr char kMenuLetters[] = "DACQFRNSHE";
+
+QChar MnemonicOf(const QString& caption) {
+  for (qsizetype at = 0; at + 1 < caption.size(); ++at) {
+    if (caption[at] != u'&') continue;
+    if (caption[++at] != u'&') return caption[at].toUpper();
+  }
+  return {};
+}
+
+bool IsControl(const QWidget* widget) {
+  return widget->focusPolicy() != Qt::NoFocus && widget->isVisible() &&
+         (qobject_cast<const QAbstractButton*>(widget) || qobject_cast<const QLineEdit*>(widget) ||
+          qobject_cast<const QComboBox*>(widget) || qobject_cast<const QTableView*>(widget));
+}
+
+/// What every screen owes to those who use it by keyboard or hear it.
+class ScreenHabitsTest : public ScreenFixture {
+ protected:
+  static void Check(const QWidget& screen, const QString& taken) {
+    const std::string name = screen.objectName().toStdString();
+    QMap<QChar, QString> letters;
+    for (const QChar letter : taken) letters.insert(letter, "the menu bar");
+    const auto take = [&](const QString& caption) {
+      const QChar letter = MnemonicOf(caption);
+      if (letter.isNull()) return;
+      EXPECT_FALSE(letters.contains(letter))
+          << name << ": Alt+" << letter.toLatin1() << " stands for " << caption.toStdString()
+          << " and for " << letters.value(letter).toStdString();
+      letters.insert(letter, caption);
+    };
+    for (const QWidget* widget : screen.findChildren<QWidget*>()) {
+      if (const auto* label = qobject_cast<const QLabel*>(widget); label && label->buddy())
+        take(label->text());
+      if (!IsControl(widget) || widget->objectName().startsWith("qt_")) continue;
+      if (const auto* button = qobject_cast<const QAbstractButton*>(widget)) {
+        if (button->inherits("QToolButton") || button->inherits("QTableCornerButton")) continue;
+        take(button->text());
+      }
+      if (qobject_cast<const QComboBox*>(widget->parentWidget())) continue;
+      EXPECT_FALSE(widget->accessibleName().isEmpty())
+          << name << ": " << widget->objectName().toStdString() << " is not heard";
+      EXPECT_FALSE(widget->objectName().isEmpty()) << name;
+    }
+    CheckTabOrder(screen);
+  }
+
+  /// Tab goes down the screen: it never climbs back to a control that stands above and to the left.
+  static void CheckTabOrder(const QWidget& screen) {
+    const QWidget* start = &screen;
+    QPoint last(-1, -1);
+    QString from;
+    for (const QWidget* at = start->nextInFocusChain(); at != start; at = at->nextInFocusChain()) {
+      if (!screen.isAncestorOf(at) || !IsControl(at) || !at->isEnabled()) continue;
+      if (qobject_cast<const QComboBox*>(at->parentWidget())) continue;
+      const QPoint place = at->mapTo(&screen, QPoint(0, 0));
+      EXPECT_FALSE(place.y() + at->height() < last.y() && place.x() <= last.x())
+          << screen.objectName().toStdString() << ": Tab climbs from " << from.toStdString()
+          << " to " << at->objectName().toStdString();
+      last = place;
+      from = at->objectName();
+    }
+  }
+};
+
+TEST_F(ScreenHabitsTest, ScreensInTabs) {
+  Check(OpenTab(OpenJobsList{}), kMenuLetters);
+  Check(OpenTab(OpenJobsAndPaymentChecker{}), kMenuLetters);
+  Check(OpenTab(OpenListOfClientsWithSchedulingProblem{}), kMenuLetters);
+  Check(OpenTab(OpenHoliday{}), kMenuLetters);
+  Check(OpenTab(OpenServices{}), kMenuLetters);
+  Check(OpenTab(OpenVisitFrequencies{}), kMenuLetters);
+  Check(OpenTab(OpenDivisions{}), kMenuLetters);
+}
+
+TEST_F(ScreenHabitsTest, Dialogs) {
+  const auto check = [](Dialog& dialog) {
+    Check(dialog, {});
+    EXPECT_LE(dialog.width(), 1248) << dialog.objectName().toStdString();
+    EXPECT_LE(dialog.height(), 664) << dialog.objectName().toStdString();
+  };
+  UseDialog(AddJob{1}, check);
+  UseDialog(AddVisit{}, check);
+  UseDialog(OpenReschedule{}, check);
+  UseDialog(RescheduleFutureJobs{1}, check);
+  UseDialog(EditSuburbPositions{}, check);
+}
+
+}  // namespace
+}  // namespace quillary
