@@ -121,7 +121,7 @@ QTableView:focus, QListView:focus, QTreeView:focus { border-color: @accent; }
 QListView::item { padding: 4px 8px; border-radius: 3px; }
 QListView::item:selected { background: @selection; color: @text; }
 QListView::item:hover:!selected { background: @hover; }
-QHeaderView { background: @raised; border: none; }
+QHeaderView { background: @surface; border: none; }
 QTableCornerButton::section { background: @raised; border: none; border-bottom: 1px solid @line; }
 QTableView QLineEdit, QTableView QComboBox { border: 1px solid @accent; border-radius: 3px;
   padding: 0px 8px; min-height: 0px; }
