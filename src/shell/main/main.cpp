@@ -12,6 +12,7 @@
 #include <QTextStream>
 
 #include <iostream>
+#include <optional>
 
 using namespace quillary;
 
@@ -98,9 +99,27 @@ int RunDesktop(DesktopApplication& application, const Options& options) {
   return code;
 }
 
+/// What needs no display is answered before one is asked for. Nothing when the program is to run.
+std::optional<int> AnswerWithoutDisplay(const Options& options) {
+  if (options.help || options.version) {
+    std::cout << (options.help ? kHelp : qPrintable(VersionText() + u'\n'));
+    return 0;
+  }
+  if (options.wrong.isEmpty()) return std::nullopt;
+  std::cerr << "quillary: " << qPrintable(options.wrong) << " needs a value\n" << kHelp;
+  return 2;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
+  QStringList words;
+  for (int at = 0; at < argc; ++at) words += QString::fromLocal8Bit(argv[at]);
+  const Options asked = ReadOptions(words);
+  if (const auto code = AnswerWithoutDisplay(asked)) return *code;
+  if (!asked.dayRunFolder.isEmpty() && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+
   DesktopApplication application(argc, argv);
   QApplication::setApplicationName(QStringLiteral("Quillary"));
   QApplication::setApplicationVersion(VersionText());
@@ -108,20 +127,11 @@ int main(int argc, char** argv) {
   QApplication::setQuitOnLastWindowClosed(false);  // the main window decides when we leave
   QApplication::setWindowIcon(ProgramIcon());
 
+  // Without the words that the toolkit takes for itself.
   const Options options = ReadOptions(QCoreApplication::arguments());
-  if (options.help || options.version) {
-    std::cout << (options.help ? kHelp : qPrintable(VersionText() + u'\n'));
-    return 0;
-  }
-  if (!options.wrong.isEmpty()) {
-    std::cerr << "quillary: " << qPrintable(options.wrong) << " needs a value\n" << kHelp;
-    return 2;
-  }
   ApplyTheme(application, ReadThemeChoice(PerUserSettings()));
-  if (!options.dayRunFolder.isEmpty()) {
-    // The platform without a display remarks on every window that it does not show.
-    QLoggingCategory::setFilterRules(QStringLiteral("default.warning=false"));
-    return RunTheDay(options.rest.join(u' '), options.file, options.dayRunFolder);
-  }
-  return RunDesktop(application, options);
+  if (options.dayRunFolder.isEmpty()) return RunDesktop(application, options);
+  // The platform without a display remarks on every window that it does not show.
+  QLoggingCategory::setFilterRules(QStringLiteral("default.warning=false"));
+  return RunTheDay(options.rest.join(u' '), options.file, options.dayRunFolder);
 }
