@@ -6,7 +6,7 @@ BUILD_PACKAGES=(
   libsqlite3-dev mdbtools-dev libglib2.0-dev
   fonts-urw-base35
 )
-RUN_PACKAGES=(libqt6svg6 qt6-qpa-plugins breeze-icon-theme fonts-noto-core)
+RUN_PACKAGES=(libqt6svg6 breeze-icon-theme fonts-noto-core)
 TEST_PACKAGES=(libgtest-dev python3 git clang-format qpdf poppler-utils sqlite3)
 BENCH_PACKAGES=(libhpdf-dev ledger)
 
