@@ -9,6 +9,7 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QRadioButton>
+#include <QScrollArea>
 #include <QTabWidget>
 
 namespace quillary {
@@ -110,10 +111,12 @@ void ClearControls(QWidget* form) {
 bool FocusField(QWidget* form, const QString& name) {
   auto* field = name.isEmpty() ? nullptr : form->findChild<QWidget*>(name);
   if (!field) return false;
-  for (QWidget* page = field; page && page != form; page = page->parentWidget())
+  for (QWidget* page = field; page && page != form; page = page->parentWidget()) {
+    if (auto* area = qobject_cast<QScrollArea*>(page)) area->ensureWidgetVisible(field);
     if (auto* tabs = qobject_cast<QTabWidget*>(page))
       for (int at = 0; at < tabs->count(); ++at)
         if (tabs->widget(at)->isAncestorOf(field)) tabs->setCurrentIndex(at);
+  }
   field->setFocus(Qt::OtherFocusReason);
   if (auto* line = qobject_cast<QLineEdit*>(field)) line->selectAll();
   return true;

@@ -53,8 +53,8 @@ class FormState : public QObject {
 /// Empties every text box and every editable combo below `form`; the rest stays as it is.
 void ClearControls(QWidget* form);
 
-/// Puts the focus on the control of that name, bringing the tab it stands on to the front, and
-/// selects what it holds. False when there is none.
+/// Puts the focus on the control of that name, bringing it into view on its tab, and selects
+/// what it holds. False when there is none.
 bool FocusField(QWidget* form, const QString& name);
 
 /// Tells the user what was refused and puts the focus where it has to be mended; true when nothing

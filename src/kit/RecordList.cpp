@@ -6,6 +6,7 @@
 #include <QComboBox>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QScrollArea>
 #include <QShortcut>
 #include <QVBoxLayout>
 
@@ -31,7 +32,7 @@ RecordListScreen::RecordListScreen(RecordList list, const ScreenTools& tools, co
   state_.Watch(fields_.Controls());
   ConnectControls();
   if (list_.settle) list_.settle(fields_);
-  grid_->setFocus();
+  setFocusProxy(grid_);
 }
 
 void RecordListScreen::MakeControls() {
@@ -65,23 +66,39 @@ QBoxLayout* RecordListScreen::ListColumn() {
   column->addWidget(grid_, 1);
   if (!list_.hint.isEmpty())
     column->addWidget(MakeParagraph("lblHint", list_.hint, LabelRole::Hint));
-  grid_->setMinimumHeight(120);
+  grid_->setMinimumHeight(104);
   return column;
+}
+
+QWidget* RecordListScreen::FieldArea() {
+  auto* fields = new QWidget;
+  auto* column = new QVBoxLayout(fields);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(12);
+  fields_.Build(list_.fields, column);
+  auto* area = new QScrollArea;
+  area->setFrameShape(QFrame::NoFrame);
+  area->setWidgetResizable(true);
+  area->setFocusPolicy(Qt::NoFocus);
+  area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  area->setWidget(fields);
+  // The commands follow the last field; only a display that is too small makes the fields scroll.
+  area->setMaximumHeight(fields->sizeHint().height());
+  return area;
 }
 
 QBoxLayout* RecordListScreen::FieldColumn() {
   auto* column = new QVBoxLayout;
   column->setSpacing(12);
-  fields_.Build(list_.fields, column);
+  if (!list_.fields.empty()) column->addWidget(FieldArea(), 1);
   auto* line = new QHBoxLayout;
   line->setSpacing(8);
   if (cmdDelete) line->addWidget(cmdDelete);
   line->addStretch(1);
   if (cmdInsert) line->addWidget(cmdInsert);
   if (cmdUpdate) line->addWidget(cmdUpdate);
-  column->addSpacing(4);
   column->addLayout(line);
-  if (!list_.fields.empty()) column->addStretch(1);
+  if (!list_.fields.empty()) column->addStretch();
   return column;
 }
 

@@ -88,6 +88,7 @@ class RecordListScreen : public Screen {
  private:
   void MakeControls();
   QBoxLayout* ListColumn();
+  QWidget* FieldArea();
   QBoxLayout* FieldColumn();
   QBoxLayout* CommandLine();
   void LayOut();

@@ -30,6 +30,7 @@ void ShowTab(const ScreenTools& tools, const char* name, const Make& make) {
     tools.host.ShowScreen(screen);
   }
   screen->Reload();
+  screen->setFocus();  // on the list: the arrow keys work at once
 }
 
 bool Run(Dialog&& dialog) {

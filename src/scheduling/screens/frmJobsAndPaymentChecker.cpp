@@ -49,7 +49,7 @@ frmJobsAndPaymentChecker::frmJobsAndPaymentChecker(Business& business, const Scr
   LayOut();
   ConnectControls();
   EnableCommands();
-  grdClients->setFocus();
+  setFocusProxy(grdClients);
 }
 
 void frmJobsAndPaymentChecker::ConnectControls() {

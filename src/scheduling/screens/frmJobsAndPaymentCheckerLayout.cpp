@@ -23,7 +23,7 @@ QWidget* Section(const QString& words, Grid* grid, const QList<QWidget*>& totals
   for (QWidget* total : totals) head->addWidget(total);
   column->addLayout(head);
   column->addWidget(grid, 1);
-  grid->setMinimumHeight(72);
+  grid->setMinimumHeight(40);
   return section;
 }
 
