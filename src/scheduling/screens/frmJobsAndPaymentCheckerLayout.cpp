@@ -3,6 +3,7 @@
 #include "kit/Layouts.h"
 #include "scheduling/screens/frmJobsAndPaymentChecker.h"
 
+#include <QScrollArea>
 #include <QSplitter>
 
 /// How the checker of jobs and payments looks.
@@ -23,7 +24,7 @@ QWidget* Section(const QString& words, Grid* grid, const QList<QWidget*>& totals
   for (QWidget* total : totals) head->addWidget(total);
   column->addLayout(head);
   column->addWidget(grid, 1);
-  grid->setMinimumHeight(40);
+  grid->setMinimumHeight(104);
   return section;
 }
 
@@ -123,7 +124,12 @@ QWidget* frmJobsAndPaymentChecker::MoneySide() {
                      Section(QStringLiteral("Payment(s) made by the attached clients"),
                              grdPayments2, {txtTotalPayments2})});
   payments->setMinimumWidth(320);
-  return payments;
+  auto* area = new QScrollArea;  // three lists need more height than a small display has
+  area->setFrameShape(QFrame::NoFrame);
+  area->setWidgetResizable(true);
+  area->setFocusPolicy(Qt::NoFocus);
+  area->setWidget(payments);
+  return area;
 }
 
 QLayout* frmJobsAndPaymentChecker::CommandLine() {
