@@ -43,15 +43,19 @@ class PageBar : public QTabBar {
   void PaintTab(QPainter* painter, const Roles& roles, int tab) const {
     const QRect area = tabRect(tab);
     const bool shown = tab == currentIndex();
+    if (shown && hasFocus()) {
+      painter->setRenderHint(QPainter::Antialiasing);
+      painter->setPen(Qt::NoPen);
+      painter->setBrush(roles.selection);
+      painter->drawRoundedRect(area.adjusted(2, 4, -2, -6), 5, 5);
+      painter->setRenderHint(QPainter::Antialiasing, false);
+    }
     painter->setFont(shown ? Strong() : font());
     painter->setPen(!isTabEnabled(tab) ? roles.faint : shown ? roles.text : roles.muted);
     painter->drawText(area, Qt::AlignCenter | Qt::TextShowMnemonic, tabText(tab));
     if (!shown) return;
     const QRect line(area.left(), area.bottom() - kUnderline + 1, area.width(), kUnderline);
     painter->fillRect(line, roles.accent);
-    if (!hasFocus()) return;
-    painter->setPen(roles.accent);
-    painter->drawRect(area.adjusted(0, 2, -1, -1));
   }
 };
 

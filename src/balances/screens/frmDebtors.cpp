@@ -29,14 +29,13 @@ std::vector<GridColumn> Columns() {
           {QObject::tr("Status"), ColumnKind::Chip, 152},
           {QObject::tr("Phone"), ColumnKind::Text, 160},
           {QObject::tr("Invoice type"), ColumnKind::Text, 120},
-          {QObject::tr("Amount owing"), ColumnKind::Money, 136},
-          {{}, ColumnKind::Text, 40}};
+          {QObject::tr("Amount owing"), ColumnKind::Money, 136}};
 }
 
 GridRow RowOf(const DebtorRow& debtor) {
   GridRow row;
   row.cells = {false,         debtor.clientId,      debtor.displayName, debtor.status,
-               debtor.phone1, debtor.statementType, debtor.amountOwing, Value()};
+               debtor.phone1, debtor.statementType, debtor.amountOwing};
   const QString status = debtor.status.toUpper();
   row.hue = status == u"ACTIVE"       ? Hue::Green
             : status == u"BAD DEBTOR" ? Hue::Blue

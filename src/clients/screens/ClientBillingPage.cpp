@@ -3,6 +3,7 @@
 #include "base/ports/requests/Clients.h"
 #include "clients/ClientChoices.h"
 #include "clients/ClientStatus.h"
+#include "clients/screens/WordCombo.h"
 #include "clients/screens/frmSetJobPricesForMonthly.h"
 #include "kit/ComboSearch.h"
 #include "kit/Combos.h"
@@ -55,7 +56,7 @@ void ClientBillingPage::MakeControls() {
       MakeButton("cmdSetJobPricesForMonthly", tr("Set &job prices for client who pays monthly..."));
   txtClaimNumber = Part<QLineEdit>("txtClaimNumber");
   SelectAllText(txtClaimNumber);
-  cmbWorkCoverLabel = Part<ComboSearch>("cmbWorkCoverLabel");
+  cmbWorkCoverLabel = new WordCombo("cmbWorkCoverLabel");
   cmbWorkCoverLabel->setMinimumContentsLength(8);
 }
 

@@ -20,6 +20,7 @@ namespace quillary {
 
 class ComboSearch;
 class DateField;
+class WordCombo;
 
 /// Who pays for the client, what it owes, and what its documents show.
 class ClientBillingPage : public QWidget {
@@ -79,7 +80,7 @@ class ClientBillingPage : public QWidget {
   QPushButton* cmdSetJobPricesForMonthly;
   std::array<QCheckBox*, 6> ticks_;
   QLineEdit* txtClaimNumber;
-  ComboSearch* cmbWorkCoverLabel;
+  WordCombo* cmbWorkCoverLabel;
 };
 
 }  // namespace quillary

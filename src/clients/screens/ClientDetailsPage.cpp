@@ -2,7 +2,7 @@
 
 #include "clients/ClientStatus.h"
 #include "clients/screens/ClientFields.h"
-#include "kit/ComboSearch.h"
+#include "clients/screens/WordCombo.h"
 #include "kit/Combos.h"
 #include "kit/Keys.h"
 #include "kit/Layouts.h"
@@ -46,6 +46,7 @@ void ClientDetailsPage::MakeControls() {
   txtSurname = Line("txtSurname");
   cmbStatus = Named(new QComboBox, "cmbStatus");
   cmbStatus->setIconSize({kSwatch, kSwatch});
+  FillStatuses();
   txtDisplayName = Line("txtDisplayName");
   cmdUpdateBillingName = MakeButton("cmdUpdateBillingName", tr("U&pdate from names"));
   cmdUpdateBillingName->setToolTip(tr("Makes the billing name of first name and surname"));
@@ -55,8 +56,8 @@ void ClientDetailsPage::MakeControls() {
   txtClientID->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
   txtStreetNumber = Line("txtStreetNumber");
   txtStreet = Line("txtStreet");
-  cmbSuburb = Named(new ComboSearch, "cmbSuburb");
-  cmbPostcode = Named(new ComboSearch, "cmbPostcode");
+  cmbSuburb = new WordCombo("cmbSuburb");
+  cmbPostcode = new WordCombo("cmbPostcode");
   txtMap = Line("txtMap");
   txtPhone1 = Line("txtPhone1");
   txtPhone2 = Line("txtPhone2");
@@ -109,9 +110,9 @@ void ClientDetailsPage::LayOut() {
 }
 
 void ClientDetailsPage::ConnectControls() {
-  connect(cmbStatus, &QComboBox::currentIndexChanged, this, &ClientDetailsPage::statusChosen);
+  connect(cmbStatus, &QComboBox::activated, this, &ClientDetailsPage::statusChosen);
   connect(txtDisplayName, &QLineEdit::textChanged, this, &ClientDetailsPage::nameTyped);
-  connect(cmbSuburb, &ComboSearch::picked, this, &ClientDetailsPage::TakePostCodeOf);
+  connect(cmbSuburb, &WordCombo::wordsTaken, this, &ClientDetailsPage::TakePostCodeOf);
   connect(cmbBillingGoesTo, &QComboBox::activated, this,
           [this](int at) { emit billingChosen(static_cast<BillingChoice>(at)); });
   desk_.OnClick(cmdUpdateBillingName, [this] { UpdateName(); });
@@ -127,7 +128,6 @@ void ClientDetailsPage::LoadChoices() {
   suburbs_ = ListSuburbChoices(desk_.business);
   FillComboWithWords(cmbSuburb, suburbs_.suburbs);
   FillComboWithWords(cmbPostcode, suburbs_.postCodes);
-  if (cmbStatus->count() == 0) FillStatuses();
   FillComboWithWords(cmbBillingGoesTo, BillingChoiceWords());
 }
 
@@ -144,9 +144,8 @@ QString ClientDetailsPage::Status() const {
   return cmbStatus->currentText();
 }
 
-void ClientDetailsPage::TakePostCodeOf(int suburb) {
-  if (suburb < 0) return;
-  const QString code = suburbs_.PostCodeOf(cmbSuburb->itemText(suburb));
+void ClientDetailsPage::TakePostCodeOf(const QString& suburb) {
+  const QString code = suburbs_.PostCodeOf(suburb);
   if (!code.isEmpty()) ShowWords(cmbPostcode, code);
 }
 

@@ -13,7 +13,7 @@ class QPushButton;
 
 namespace quillary {
 
-class ComboSearch;
+class WordCombo;
 
 /// Who the client is, where the work is done, how to reach it, and who pays.
 class ClientDetailsPage : public QWidget {
@@ -43,7 +43,7 @@ class ClientDetailsPage : public QWidget {
   void LayOut();
   void ConnectControls();
   void FillStatuses();
-  void TakePostCodeOf(int suburb);
+  void TakePostCodeOf(const QString& suburb);
   void UpdateName();
 
   ClientDesk& desk_;
@@ -59,8 +59,8 @@ class ClientDetailsPage : public QWidget {
   QLineEdit* txtClientID;
   QLineEdit* txtStreetNumber;
   QLineEdit* txtStreet;
-  ComboSearch* cmbSuburb;
-  ComboSearch* cmbPostcode;
+  WordCombo* cmbSuburb;
+  WordCombo* cmbPostcode;
   QLineEdit* txtMap;
   QLineEdit* txtPhone1;
   QLineEdit* txtPhone2;

@@ -1,7 +1,7 @@
 #include "clients/screens/ClientFields.h"
 
 #include "clients/ClientColumns.h"
-#include "kit/Combos.h"
+#include "clients/screens/WordCombo.h"
 #include "kit/Form.h"
 
 #include <QCheckBox>
@@ -43,9 +43,10 @@ QString TextOf(const QWidget* control) {
 }  // namespace
 
 void ShowWords(QComboBox* combo, const QString& words) {
-  const int at = combo->findText(words, Qt::MatchFixedString);
-  SelectComboItem(combo, at < 0 ? QVariant() : combo->itemData(at));
-  if (at < 0 && combo->isEditable()) combo->setEditText(words);
+  if (auto* free = qobject_cast<WordCombo*>(combo))
+    free->ShowWords(words);
+  else
+    combo->setCurrentIndex(combo->findText(words, Qt::MatchFixedString));
 }
 
 void ShowClientFields(const QWidget* form, const ClientRecord& client) {

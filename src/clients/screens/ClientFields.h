@@ -16,8 +16,8 @@ QList<QWidget*> ClientFieldControls(const QWidget* form);
 /// No field takes more letters than its column holds.
 void LimitClientFields(Business& business, const QWidget* form);
 
-/// Shows a text in a list that is searched while typing but takes other words as well, such as a
-/// suburb nobody has lived in before.
+/// Picks the entry of those words, without regard to case. Without one a WordCombo shows the words
+/// themselves, and any other list nothing.
 void ShowWords(QComboBox* combo, const QString& words);
 
 }  // namespace quillary

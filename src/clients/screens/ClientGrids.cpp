@@ -67,13 +67,13 @@ Hue HueOfClientStatus(const QString& status) {
 
 std::vector<GridColumn> ServiceColumns() {
   return {{{}, ColumnKind::HiddenId},
-          {QObject::tr("Service"), ColumnKind::StrongText, 200},
-          {QObject::tr("Price"), ColumnKind::Money, 84},
-          {QObject::tr("Notes"), ColumnKind::Text, 120},
-          {QObject::tr("Job type"), ColumnKind::Text, 88},
-          {QObject::tr("Days"), ColumnKind::Number, 56},
-          {QObject::tr("Employee"), ColumnKind::Text, 112},
-          {QObject::tr("Next"), ColumnKind::Date, 104}};
+          {QObject::tr("Service"), ColumnKind::StrongText, 232},
+          {QObject::tr("Price"), ColumnKind::Money, 80},
+          {QObject::tr("Notes"), ColumnKind::Text, 88},
+          {QObject::tr("Job type"), ColumnKind::Text, 80},
+          {QObject::tr("Days"), ColumnKind::Number, 52},
+          {QObject::tr("Employee"), ColumnKind::Text, 104},
+          {QObject::tr("Next"), ColumnKind::Date, 100}};
 }
 
 std::vector<GridRow> ServiceRows(const ClientServiceArray& services) {
@@ -215,14 +215,14 @@ std::vector<GridColumn> ClientListColumns() {
   return {{{}, ColumnKind::HiddenId},
           {QObject::tr("Name"), ColumnKind::StrongText, 168},
           {QObject::tr("First name"), ColumnKind::Text, 88},
-          {QObject::tr("Surname"), ColumnKind::Text, 104},
-          {QObject::tr("Street"), ColumnKind::Text, 144},
+          {QObject::tr("Surname"), ColumnKind::Text, 88},
+          {QObject::tr("Street"), ColumnKind::Text, 136},
           {QObject::tr("Suburb"), ColumnKind::Text, 120},
-          {QObject::tr("Code"), ColumnKind::Text, 64},
-          {QObject::tr("Phone"), ColumnKind::Text, 176},
-          {QObject::tr("Fax"), ColumnKind::Text, 72},
-          {QObject::tr("Email"), ColumnKind::Text, 136},
-          {QObject::tr("Status"), ColumnKind::Chip, 128}};
+          {QObject::tr("Code"), ColumnKind::Text, 56},
+          {QObject::tr("Phone"), ColumnKind::Text, 200},
+          {QObject::tr("Fax"), ColumnKind::Text, 56},
+          {QObject::tr("Email"), ColumnKind::Text, 128},
+          {QObject::tr("Status"), ColumnKind::Chip, 124}};
 }
 
 GridRow ClientListGridRow(const ClientListRow& client) {

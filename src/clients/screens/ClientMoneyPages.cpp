@@ -160,7 +160,7 @@ void ClientPaymentsPage::LayOut() {
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(0);
-  column->addSpacing(4);
+  lblPaymentNote->setContentsMargins(0, 12, 0, 0);
   column->addWidget(lblPaymentNote);
   column->addWidget(fraPayments, 1);
 }

@@ -3,6 +3,7 @@
 #include "clients/ClientChoices.h"
 #include "clients/screens/ClientFields.h"
 #include "clients/screens/ClientGrids.h"
+#include "clients/screens/WordCombo.h"
 #include "kit/ComboSearch.h"
 #include "kit/Combos.h"
 #include "kit/DateField.h"
@@ -35,7 +36,7 @@ void ClientServicesPage::MakeControls() {
   grdServices->SetEmptyText(tr("This client has no services yet."),
                             tr("Fill in the fields below and press Update: the first service "
                                "becomes the main one."));
-  grdServices->setMinimumHeight(31 + 2 * 35 + 4);
+  grdServices->setMinimumHeight(31 + 2 * 35 + 2);
   txtClientServiceID = Named(new QLineEdit(this), "txtClientServiceID");
   txtClientServiceID->hide();  // the key of the chosen service is nothing to look at
   cmbService = Named(new ComboSearch, "cmbService");
@@ -43,8 +44,9 @@ void ClientServicesPage::MakeControls() {
   txtPrice->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
   SelectAllText(txtPrice);
   cmbJobType = Named(new QComboBox, "cmbJobType");
-  cmbFrequency = Named(new ComboSearch, "cmbFrequency");
+  cmbFrequency = new WordCombo("cmbFrequency");
   new KeyFilter(cmbFrequency->lineEdit(), KeyMode::Digits);
+  cmbFrequency->setCompleter(nullptr);  // a number is whole as typed: 14 is not to become 140
   dtpServiceNextVisit = Named(new DateField(desk_.business.Today()), "dtpServiceNextVisit");
   cmbEmployee = Named(new ComboSearch, "cmbEmployee");
   txtNotes = Named(new QPlainTextEdit, "txtNotes");
@@ -75,8 +77,13 @@ void ClientServicesPage::MakeCommands() {
 QBoxLayout* ClientServicesPage::FieldRows() {
   auto* rows = new QVBoxLayout;
   rows->setSpacing(8);
-  rows->addLayout(
-      InLine({{LabelOver(cmbService, tr("Serv&ice")), 2}, {LabelOver(txtPrice, tr("&Price")), 1}}));
+  auto* follow = new QVBoxLayout;
+  follow->addStretch(1);
+  follow->addWidget(chkSameScheduleAsMain);
+  follow->addSpacing(4);
+  rows->addLayout(InLine({{LabelOver(cmbService, tr("Serv&ice")), 3},
+                          {LabelOver(txtPrice, tr("&Price")), 1},
+                          {follow, 0}}));
   fraDiffSchedule = new QWidget;
   fraDiffSchedule->setObjectName(QStringLiteral("fraDiffSchedule"));
   auto* frequency = LabelOver(cmbFrequency, tr("Frequency (days)"));
@@ -93,7 +100,7 @@ QBoxLayout* ClientServicesPage::FieldRows() {
   return rows;
 }
 
-QBoxLayout* ClientServicesPage::ServiceCommands() {
+QLayout* ClientServicesPage::ServiceCommands() {
   auto* line = new QHBoxLayout;
   line->setSpacing(8);
   line->addWidget(cmdRemoveService);
@@ -112,7 +119,6 @@ QWidget* ClientServicesPage::ScheduleFrame() {
   column->setSpacing(8);
   column->addWidget(grdServices, 1);
   column->addLayout(FieldRows());
-  column->addWidget(chkSameScheduleAsMain);
   column->addLayout(ServiceCommands());
   column->addSpacing(4);
   auto* diary = new QHBoxLayout;

@@ -18,6 +18,7 @@ namespace quillary {
 class ComboSearch;
 class DateField;
 class Grid;
+class WordCombo;
 
 /// The services a client takes: the list, the fields of the chosen one, and the diary that is made
 /// from them.
@@ -46,7 +47,7 @@ class ClientServicesPage : public QWidget {
   void LayOut();
   QWidget* ScheduleFrame();
   QBoxLayout* FieldRows();
-  QBoxLayout* ServiceCommands();
+  QLayout* ServiceCommands();
   void ConnectControls();
 
   void ShowSelected();
@@ -79,7 +80,7 @@ class ClientServicesPage : public QWidget {
   QWidget* fraDiffSchedule;
   QComboBox* cmbJobType;
   QLabel* lblFrequency;
-  ComboSearch* cmbFrequency;
+  WordCombo* cmbFrequency;
   DateField* dtpServiceNextVisit;
   ComboSearch* cmbEmployee;
   QPlainTextEdit* txtNotes;

@@ -27,8 +27,8 @@ QBoxLayout* Heading(QLabel* words, QLabel* remark) {
   strong.setWeight(QFont::DemiBold);
   words->setFont(strong);
   line->addWidget(words);
-  line->addWidget(remark);
-  line->addStretch(1);
+  remark->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  line->addWidget(remark, 1);
   return line;
 }
 
@@ -41,7 +41,7 @@ ClientSidePanel::ClientSidePanel(ClientDesk&) {
   grdNextJobs->SetColumns(NextJobColumns());
   grdNextJobs->SetEmptyText(tr("No job is planned."), {});
   grdNextJobs->setFixedHeight(31 + 3 * 35 + 4);
-  grdNextJobs->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  grdNextJobs->setMinimumWidth(160);
   txtGeneralNotes = NotesBox("txtGeneralNotes");
   txtPrivateNotes = NotesBox("txtPrivateNotes");
 

@@ -191,6 +191,7 @@ void frmClients::ShowHeader() {
            : payer.isEmpty()   ? tr("billed to a client that is no longer there")
                                : tr("billed to %1").arg(payer);
   lblFacts->setText(facts.join(QStringLiteral(" · ")));
+  lblFacts->setToolTip(lblFacts->text());
   const bool owes = client.CurrentlyOwing() > Money() && client.debtorSince;
   lblOwing->setText(client.CurrentlyOwing().ToCurrencyText());
   lblOwingSince->setText(owes ? tr("since %1").arg(ToShortDateText(*client.debtorSince))

@@ -3,8 +3,8 @@
 #include "clients/BillingChoice.h"
 #include "clients/ClientColumns.h"
 #include "clients/screens/ClientFields.h"
+#include "clients/screens/WordCombo.h"
 #include "data/FixedLists.h"
-#include "kit/ComboSearch.h"
 #include "kit/Combos.h"
 #include "kit/Keys.h"
 #include "kit/Layouts.h"
@@ -25,9 +25,9 @@ frmNewBillingAddress::frmNewBillingAddress(Business& business, const ScreenTools
   cmdSave = MakeButton("cmdSave", tr("&Save"), ButtonKind::Main);
   AddActions({cmdCancel, cmdSave});
   connect(cmdCancel, &QPushButton::clicked, this, &Dialog::reject);
-  connect(cboSuburb, &ComboSearch::picked, this, [this](int at) {
-    const QString code = at < 0 ? QString() : suburbs_.PostCodeOf(cboSuburb->itemText(at));
-    if (!code.isEmpty()) ShowWords(cboPostCode, code);
+  connect(cboSuburb, &WordCombo::wordsTaken, this, [this](const QString& suburb) {
+    const QString code = suburbs_.PostCodeOf(suburb);
+    if (!code.isEmpty()) cboPostCode->ShowWords(code);
   });
   tools.runner.OnClick(cmdUpdateBillingName, objectName(), [this] {
     txtBillingName->setText(UpdateBillingName(business_, txtFirstName->text(), txtSurname->text()));
@@ -58,8 +58,8 @@ void frmNewBillingAddress::MakeControls() {
   txtPhone2 = line("txtPhone2", "Phone_2");
   txtEmail = line("txtEmail", "Email");
   txtFax = line("txtFax", "Fax");
-  cboSuburb = Named(new ComboSearch, "cboSuburb");
-  cboPostCode = Named(new ComboSearch, "cboPostCode");
+  cboSuburb = new WordCombo("cboSuburb");
+  cboPostCode = new WordCombo("cboPostCode");
   cboPostCode->setMinimumContentsLength(5);
   for (const auto& [combo, column] : {std::pair(cboSuburb, "Suburb"), {cboPostCode, "Post_Code"}})
     LimitTo(combo, ColumnWidth(business_, QStringLiteral("Clients"), column).value_or(0));
@@ -87,8 +87,9 @@ QLayout* frmNewBillingAddress::Fields() {
                           {LabelOver(txtPhone2, tr("Phone &2")), 3},
                           {LabelOver(txtFax, tr("Fa&x")), 3},
                           {LabelOver(txtEmail, tr("&Email")), 4}}));
-  rows->addLayout(InLine({{LabelOver(txtNotes, tr("Notes")), 3},
-                          {LabelOver(cmbStatementType, tr("State&ment type")), 1}}));
+  auto* type = LabelOver(cmbStatementType, tr("State&ment type"));
+  type->addStretch(1);
+  rows->addLayout(InLine({{LabelOver(txtNotes, tr("Notes")), 3}, {type, 1}}));
   return rows;
 }
 

@@ -12,7 +12,7 @@ class QPushButton;
 
 namespace quillary {
 
-class ComboSearch;
+class WordCombo;
 
 /// An address that clients are billed at, without work of its own.
 class frmNewBillingAddress : public Dialog {
@@ -45,8 +45,8 @@ class frmNewBillingAddress : public Dialog {
   QLineEdit* txtSurname;
   QLineEdit* txtStreetNumber;
   QLineEdit* txtStreet;
-  ComboSearch* cboSuburb;
-  ComboSearch* cboPostCode;
+  WordCombo* cboSuburb;
+  WordCombo* cboPostCode;
   QLineEdit* txtPhone1;
   QLineEdit* txtPhone2;
   QLineEdit* txtEmail;

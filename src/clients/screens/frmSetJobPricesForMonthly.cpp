@@ -33,7 +33,6 @@ frmSetJobPricesForMonthly::frmSetJobPricesForMonthly(Business& business, const S
   const MonthRange month = MonthOf(business.Today());
   dtFrom = Named(new DateField(business.Today()), "dtFrom");
   dtTo = Named(new DateField(business.Today()), "dtTo");
-  for (DateField* field : {dtFrom, dtTo}) field->ShowWeekday(false);
   dtFrom->SetDate(month.from);
   dtTo->SetDate(month.to);
   cmdList = MakeButton("cmdList", tr("&Load jobs..."));
@@ -69,7 +68,10 @@ void frmSetJobPricesForMonthly::LayOut() {
                             {LabelOver(txtAmount, tr("Monthly &amount")), 0}}));
   column->addWidget(MakeParagraph(
       "lblNote", QStringLiteral("The monthly amount is equally allotted to the jobs selected")));
-  column->addWidget(chkTickUntickAll);
+  auto* ticks = new QHBoxLayout;
+  ticks->addWidget(chkTickUntickAll);
+  ticks->addStretch(1);
+  column->addLayout(ticks);
   column->addWidget(fgJobs, 1);
   SetContent(column);
   SetRoom({720, 520});

@@ -4,6 +4,7 @@
 #include "kit/Dialog.h"
 #include "kit/Screen.h"
 
+class QCheckBox;
 class QPushButton;
 
 namespace quillary {
@@ -32,7 +33,7 @@ class frmSetJobPricesForMonthly : public Dialog {
   DateField* dtTo;
   QPushButton* cmdList;
   CurrencyField* txtAmount;
-  class QCheckBox* chkTickUntickAll;
+  QCheckBox* chkTickUntickAll;
   Grid* fgJobs;
   RowTicks* ticks_;
   QPushButton* cmdClose;
