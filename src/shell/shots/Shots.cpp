@@ -74,6 +74,7 @@ void Shots::Run() {
   program_.MainMenu()->move(0, 0);
   program_.MainMenu()->resize(1280, 720);
   Diary();
+  Clients();
   Menus();
   Dialogs();
   Boxes();

@@ -22,6 +22,9 @@ class Shots {
   void SaveWithOverlays(const QString& name);
   void StartUpScreens();
   void Diary();
+  void Clients();
+  void ClientDialogs(qint64 clientId);
+  void CloseScreen();
   void Menus();
   void Dialogs();
   void Boxes();
