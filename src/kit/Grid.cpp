@@ -141,8 +141,10 @@ QRect Grid::RowRect(int row) const {
 }
 
 void Grid::SelectLoaded(int row) {
-  const int wanted = currentIndex().isValid() ? currentIndex().column() : 0;
-  const int column = isColumnHidden(wanted) ? 0 : wanted;
+  // On a hidden column the arrow keys would be dead.
+  int column = currentIndex().isValid() ? currentIndex().column() : 0;
+  if (isColumnHidden(column)) column = 0;
+  while (isColumnHidden(column) && column + 1 < model_->columnCount()) ++column;
   const QModelIndex at = view_->mapFromSource(model_->index(row, column));
   if (!at.isValid()) return;
   selectionModel()->setCurrentIndex(

@@ -37,7 +37,7 @@ class ClientDayTest : public ProgramTest {
   /// What stands in a field is selected as it is entered, and so typed over.
   void TypeInto(const char* field, const QString& words) {
     On<QLineEdit>(field)->setFocus(Qt::TabFocusReason);
-    QTest::qWait(0);
+    QTest::qWait(20);
     Keys(words);
   }
   /// A mnemonic shows the button go down before it clicks.
@@ -48,7 +48,7 @@ class ClientDayTest : public ProgramTest {
   void Pick(const char* combo, const QString& words) {
     auto* control = On<QComboBox>(combo);
     control->setFocus(Qt::TabFocusReason);
-    QTest::qWait(0);
+    QTest::qWait(20);
     // One letter is enough for a short list, and a slow machine would take more for two searches.
     if (control->isEditable())
       QTest::keyClicks(control->lineEdit(), words);

@@ -104,7 +104,7 @@ TEST_F(ClientScreenTest, LeavingTheFrequencyTellsOnceWhatItTakes) {
     QTest::keyClick(frequency->lineEdit(), Qt::Key_Delete);
     QTest::keyClicks(frequency->lineEdit(), typed);
     Find<QWidget>(screen, "cmbEmployee")->setFocus();
-    QTest::qWait(0);
+    QTest::qWait(20);
     return Told();
   };
   EXPECT_EQ(leaveWith("400"), "Please enter a value between 1 - 365.");

@@ -74,7 +74,7 @@ class DiaryScreenTest : public BusinessTest {
     auto* editor = Find<QComboBox>(grid->viewport(), "editor");
     editor->setCurrentIndex(editor->findText(word));
     emit editor->activated(editor->currentIndex());
-    QTest::qWait(0);
+    QTest::qWait(20);
   }
 
   Navigator navigator;
@@ -209,7 +209,7 @@ TEST_F(DiaryScreenTest, EditsInItsCells) {
   auto* editor = Find<QLineEdit>(grid->viewport(), "editor");
   QTest::keyClicks(editor, "x9");
   QTest::keyClick(editor, Qt::Key_Return);
-  QTest::qWait(0);
+  QTest::qWait(20);
   EXPECT_EQ(Names(), "Brown Chen Diaz Abbott") << "letters are no sequence, 9 is the last place";
 }
 
@@ -253,7 +253,7 @@ TEST_F(DiaryScreenTest, CommandsOfOtherScreensFollowTheNavigator) {
 TEST_F(DiaryScreenTest, ButtonsOnTheRowsPressTheCommand) {
   outside.settings.Write("Form", "Use Buttons In Diary", "1");
   Open();
-  QTest::qWait(0);
+  QTest::qWait(20);
   const auto buttons = grid->viewport()->findChildren<QPushButton*>("cmdDoneUnPaidOnRow");
   ASSERT_EQ(buttons.size(), 4);
   for (QPushButton* button : buttons)

@@ -281,7 +281,7 @@ TEST_F(MenuTest, WindowTellsItsBusinessAndRemembersItsTabs) {
   EXPECT_EQ(Find<QTabWidget>(&Window(), "tabs")->count(), 1) << "one tab a screen";
 
   ClickOn(Find<Screen>(&Window(), "frmDiary"), "cmdClose");
-  QTest::qWait(0);
+  QTest::qWait(20);
   program.reset();
   program = std::make_unique<Program>(outside.Ports(), navigator, folder.path());
   program->UseFile(File());

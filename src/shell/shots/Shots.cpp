@@ -75,6 +75,8 @@ void Shots::Run() {
   program_.MainMenu()->resize(1280, 720);
   Diary();
   Clients();
+  ScheduleLists();
+  ScheduleDialogs();
   Menus();
   Dialogs();
   Boxes();

@@ -24,6 +24,10 @@ class Shots {
   void Diary();
   void Clients();
   void ClientDialogs(qint64 clientId);
+  void ScheduleLists();
+  void ScheduleDialogs();
+  template <typename Request>
+  void SaveDialogOf(const Request& request);
   void CloseScreen();
   void Menus();
   void Dialogs();
