@@ -69,16 +69,19 @@ Value TextOrNull(const QString& text) {
   return text;
 }
 
-Value DayOrNull(QDate day) {
+/// For people a day is a day; programs read every moment in one form.
+Value DayOrNull(const Call& call, QDate day) {
   if (!day.isValid()) return {};
-  return day;
+  if (call.json) return day;
+  return day.toString(Qt::ISODate);
 }
 
-std::vector<std::pair<QString, Value>> FieldsOf(const Job& job, const JobServices& lines) {
+std::vector<std::pair<QString, Value>> FieldsOf(const Call& call, const Job& job,
+                                                const JobServices& lines) {
   const QString status = job.statusPosition ? JobStatusAt(*job.statusPosition) : QString();
   return {{"Diary_ID", job.diaryId},
           {"Client_ID", KeyOrNull(job.clientId)},
-          {"Schedule_Date", job.date},
+          {"Schedule_Date", DayOrNull(call, job.date)},
           {"Employee_ID", KeyOrNull(job.employeeId)},
           {"Description", job.description},
           {"Notes", job.notes},
@@ -101,14 +104,14 @@ void RunJob(const Call& call) {
         {line.diaryServiceId, line.serviceId, line.serviceCode, line.price, line.accountName});
   if (call.json) {
     QStringList fields;
-    for (const auto& [name, value] : FieldsOf(*job, lines))
+    for (const auto& [name, value] : FieldsOf(call, *job, lines))
       fields += ToJson(name) + QStringLiteral(": ") + ToJson(value);
     call.out << '{' << fields.join(QStringLiteral(", ")) << ", \"services\": ";
     services.PrintJson(call.out);
     call.out << "}\n";
     return;
   }
-  for (const auto& [name, value] : FieldsOf(*job, lines))
+  for (const auto& [name, value] : FieldsOf(call, *job, lines))
     call.out << (name + u':').leftJustified(20) << OneLine(value.ToText()) << '\n';
   call.out << "\nservices\n";
   services.PrintAligned(call.out);
@@ -123,7 +126,7 @@ void RunScheduleCheck(const Call& call) {
   for (const ScheduleProblem& problem : problems)
     table.AddRow({problem.clientId, problem.status, problem.displayName, problem.address,
                   problem.clientServiceId, problem.serviceId, problem.frequency,
-                  DayOrNull(problem.nextVisit), DayOrNull(problem.missingOn)});
+                  DayOrNull(call, problem.nextVisit), DayOrNull(call, problem.missingOn)});
   if (call.json) {
     table.PrintJson(call.out);
     call.out << '\n';

@@ -78,14 +78,20 @@ std::vector<std::pair<QString, Value>> FieldsOf(const ClientRecord& client) {
   return fields;
 }
 
-ResultTable ServicesOf(Business& business, qint64 clientId) {
+/// For people a day is a day; programs read every moment in one form.
+Value Day(const Call& call, QDate day) {
+  if (call.json) return day;
+  return day.toString(Qt::ISODate);
+}
+
+ResultTable ServicesOf(const Call& call, Business& business, qint64 clientId) {
   ResultTable table({"Client_Service_ID", "Service", "Price", "Notes", "Status", "Frequency",
                      "Employee_Name", "Next_Visit", "Other_Schedule_Client_Service_ID"});
   for (const ClientServiceRecord& service : LoadClientServicesIntoArray(business, clientId)) {
     if (service.IsEmpty()) continue;
     table.AddRow({service.clientServiceId, service.service, service.price, service.notes,
-                  service.status, service.frequency, service.employeeName, service.nextVisit,
-                  service.otherScheduleClientServiceId});
+                  service.status, service.frequency, service.employeeName,
+                  Day(call, service.nextVisit), service.otherScheduleClientServiceId});
   }
   return table;
 }
@@ -97,12 +103,12 @@ ResultTable SitesOf(Business& business, qint64 clientId) {
   return table;
 }
 
-ResultTable TableOf(const std::vector<ClientJob>& jobs) {
+ResultTable TableOf(const Call& call, const std::vector<ClientJob>& jobs) {
   ResultTable table({"Diary_ID", "Schedule_Date", "Display_Name", "Description", "Total_Price",
                      "Status", "Status_Words"});
   for (const ClientJob& job : jobs)
-    table.AddRow({job.diaryId, job.scheduleDate, job.displayName, job.description, job.totalPrice,
-                  job.status, job.StatusWords()});
+    table.AddRow({job.diaryId, Day(call, job.scheduleDate), job.displayName, job.description,
+                  job.totalPrice, job.status, job.StatusWords()});
   return table;
 }
 
@@ -123,10 +129,10 @@ void RunClient(const Call& call) {
   const auto business = OpenCurrentBusiness(call);
   const ClientRecord client = ClientOf(*business, clientId);
   const std::pair<const char*, ResultTable> parts[] = {
-      {"services", ServicesOf(*business, clientId)},
+      {"services", ServicesOf(call, *business, clientId)},
       {"sites", SitesOf(*business, clientId)},
-      {"future_jobs", TableOf(LoadFutureJobs(*business, client))},
-      {"past_jobs", TableOf(LoadPastJobs(*business, client))}};
+      {"future_jobs", TableOf(call, LoadFutureJobs(*business, client))},
+      {"past_jobs", TableOf(call, LoadPastJobs(*business, client))}};
   business->CloseConnection();
   if (call.json) {
     call.out << '{';
