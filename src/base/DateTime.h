@@ -18,9 +18,7 @@ struct DateTime {
   DateTime(QDate day, QTime clock) : date(day), time(clock) {}
 
   bool IsValid() const { return date.isValid() && time.isValid(); }
-  bool operator==(const DateTime& other) const {
-    return date == other.date && time == other.time;
-  }
+  bool operator==(const DateTime& other) const { return date == other.date && time == other.time; }
   bool operator!=(const DateTime& other) const { return !(*this == other); }
   bool operator<(const DateTime& other) const {
     return date != other.date ? date < other.date : time < other.time;

@@ -1,14 +1,14 @@
 #pragma once
 
+#include "base/DateTime.h"
+#include "base/Money.h"
+
 #include <QString>
 
 #include <cmath>
 #include <optional>
 #include <type_traits>
 #include <variant>
-
-#include "base/DateTime.h"
-#include "base/Money.h"
 
 namespace quillary {
 
@@ -22,17 +22,16 @@ class Value {
   Value() = default;
   Value(std::nullptr_t) {}  // NOLINT: values are meant to convert
   template <typename T>
-    requires std::is_integral_v<T> && (!std::is_same_v<T, bool>)
-  Value(T number) : variant_(static_cast<qint64>(number)) {}  // NOLINT
+  requires std::is_integral_v<T> &&(!std::is_same_v<T, bool>)Value(T number)
+      : variant_(static_cast<qint64>(number)) {}  // NOLINT
   template <typename T>
-    requires std::is_same_v<T, bool>
-  Value(T yes) : variant_(yes) {}  // NOLINT
-  Value(double number) : variant_(number) {}  // NOLINT
-  Value(Money amount) : variant_(amount) {}  // NOLINT
-  Value(QDate date) : variant_(DateTime(date)) {}  // NOLINT
-  Value(const DateTime& moment) : variant_(moment) {}  // NOLINT
-  Value(QString text) : variant_(std::move(text)) {}  // NOLINT
-  Value(const char* text) : variant_(QString::fromUtf8(text)) {}  // NOLINT
+  requires std::is_same_v<T, bool> Value(T yes) : variant_(yes) {}  // NOLINT
+  Value(double number) : variant_(number) {}                        // NOLINT
+  Value(Money amount) : variant_(amount) {}                         // NOLINT
+  Value(QDate date) : variant_(DateTime(date)) {}                   // NOLINT
+  Value(const DateTime& moment) : variant_(moment) {}               // NOLINT
+  Value(QString text) : variant_(std::move(text)) {}                // NOLINT
+  Value(const char* text) : variant_(QString::fromUtf8(text)) {}    // NOLINT
   template <typename T>
   Value(const std::optional<T>& value) {  // NOLINT
     if (value) *this = Value(*value);

@@ -1,17 +1,17 @@
 #pragma once
 
-#include <QString>
-
-#include <functional>
-#include <memory>
-#include <vector>
-
 #include "base/ports/Outside.h"
 #include "data/Holidays.h"
 #include "data/SharedValues.h"
 #include "data/store/Recordset.h"
 #include "data/store/Sql.h"
 #include "data/store/StorageFailure.h"
+
+#include <QString>
+
+#include <functional>
+#include <memory>
+#include <vector>
 
 namespace quillary {
 

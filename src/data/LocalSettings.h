@@ -1,8 +1,8 @@
 #pragma once
 
-#include <QString>
-
 #include "base/ports/Prompter.h"
+
+#include <QString>
 
 namespace quillary {
 

@@ -1,10 +1,10 @@
 #pragma once
 
+#include "data/store/Sql.h"
+
 #include <QString>
 
 #include <vector>
-
-#include "data/store/Sql.h"
 
 /// The rows that every business begins with, as statements, for new files and for old ones whose
 /// lists are made anew.

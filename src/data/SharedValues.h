@@ -1,9 +1,9 @@
 #pragma once
 
-#include <QString>
-
 #include "base/Value.h"
 #include "base/ports/HeadOffice.h"
+
+#include <QString>
 
 namespace quillary {
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <vector>
-
 #include "data/Upgrader.h"
+
+#include <vector>
 
 namespace quillary {
 

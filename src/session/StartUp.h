@@ -1,11 +1,11 @@
 #pragma once
 
+#include "data/Business.h"
+#include "data/LocalSettings.h"
+
 #include <QString>
 
 #include <memory>
-
-#include "data/Business.h"
-#include "data/LocalSettings.h"
 
 /// The program's road from start to main menu and from the exit command to its end, without
 /// screens: the desktop and the companion supply what is shown at each step.

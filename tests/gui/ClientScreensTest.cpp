@@ -217,6 +217,26 @@ TEST_F(ClientScreenTest, AProspectShowsItsStatusAndIsNoChange) {
   EXPECT_EQ(Told(), "Please select a client status.");
 }
 
+TEST_F(ClientScreenTest, WhatPagesShareIsEnteredWhereItIsRead) {
+  const QWidget* screen = OpenOf(3);
+  struct Step {
+    const char* page;
+    const char* from;
+    const char* to;
+  };
+  for (const Step& step : {Step{"Services", "cmdAddVisit", "grdNextJobs"},
+                           Step{"Details", "cmbBillingGoesTo", "cmbOtherAddressToBill"},
+                           Step{"Details", "cmdEditExisingAddress", "grdNextJobs"},
+                           Step{"Billing", "optBillNewAddress", "cmbOtherAddressToBill"}}) {
+    ShowPage(screen, step.page);
+    auto* from = Find<QWidget>(screen, step.from);
+    from->setEnabled(true);  // what opens other screens is off until these exist
+    from->setFocus();
+    QTest::keyClick(from, Qt::Key_Tab);
+    EXPECT_EQ(FocusOf(screen), step.to) << step.page << " after " << step.from;
+  }
+}
+
 TEST_F(ClientScreenTest, NoFieldTakesMoreThanItsColumn) {
   const QWidget* screen = OpenOf(1);
   auto* name = Line(screen, "txtFirstname");

@@ -1,13 +1,13 @@
 #pragma once
 
-#include <gtest/gtest.h>
+#include "data/Business.h"
+#include "support/ScriptedOutside.h"
 
 #include <QTemporaryDir>
 
-#include <memory>
+#include <gtest/gtest.h>
 
-#include "data/Business.h"
-#include "support/ScriptedOutside.h"
+#include <memory>
 
 namespace quillary {
 

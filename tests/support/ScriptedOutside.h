@@ -1,13 +1,13 @@
 #pragma once
 
-#include <gtest/gtest.h>
+#include "base/ports/Outside.h"
 
 #include <QStringList>
 
+#include <gtest/gtest.h>
+
 #include <deque>
 #include <map>
-
-#include "base/ports/Outside.h"
 
 namespace quillary {
 

@@ -6,7 +6,9 @@
 
 namespace quillary {
 
-inline QString SystemTitle() { return QStringLiteral("Quillary System"); }
+inline QString SystemTitle() {
+  return QStringLiteral("Quillary System");
+}
 
 enum class Answer { Yes, No, Cancel };
 enum class Tone { Information, Exclamation, Stop };

@@ -42,6 +42,7 @@ void ClientBillingPage::MakeControls() {
         Named(new QRadioButton(captions[at]), names[at], PlainCaption(captions[at]));
   cmbInvoiceType = Part<QComboBox>("cmbInvoiceType");
   dtDebtorSince = Named(new DateField(desk_.business.Today()), "dtDebtorSince");
+  dtDebtorSince->setFixedWidth(168);
   txtCurrentlyOwing = Part<QLineEdit>("txtCurrentlyOwing");
   txtCurrentlyOwing->setReadOnly(true);
   txtCurrentlyOwing->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
@@ -117,11 +118,12 @@ void ClientBillingPage::LayOut() {
   auto* choice = new QVBoxLayout;
   choice->setSpacing(4);
   choice->addWidget(MakeLabel("lblBillingGoesTo", tr("Billing goes to"), LabelRole::Muted));
-  auto* options = new QHBoxLayout;
-  options->setSpacing(16);
-  for (QRadioButton* option : choices_) options->addWidget(option);
-  options->addStretch(1);
-  choice->addLayout(options);
+  for (QRadioButton* option : choices_) {
+    auto* line = new QHBoxLayout;
+    line->addWidget(option);
+    line->addStretch(1);
+    choice->addLayout(line);
+  }
   left->addLayout(choice);
   payerSlot_ = new QVBoxLayout;
   payerSlot_->addWidget(ExistingAddressFrame());
@@ -170,6 +172,16 @@ void ClientBillingPage::AskForPayer() {
   fraBillSameAddress->hide();
   fraBillExistingAddress->show();
   cmbOtherAddressToBill->setFocus();
+}
+
+QWidget* ClientBillingPage::PayerFollowsInTabOrder(QWidget* field) const {
+  setTabOrder(field, cmbOtherAddressToBill);
+  setTabOrder(cmbOtherAddressToBill, cmdEditExisingAddress);
+  return cmdEditExisingAddress;
+}
+
+QWidget* ClientBillingPage::LastChoice() const {
+  return choices_.back();
 }
 
 void ClientBillingPage::ShowBilling() {

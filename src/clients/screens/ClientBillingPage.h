@@ -37,6 +37,9 @@ class ClientBillingPage : public QWidget {
   /// another.
   QWidget* PayerFrame() { return fraBillExistingAddress; }
   QBoxLayout* PayerSlot() { return payerSlot_; }
+  /// Enters the list of payers after the field that asks who pays, and gives its last control.
+  QWidget* PayerFollowsInTabOrder(QWidget* field) const;
+  QWidget* LastChoice() const;
   /// Who pays, with the frame that belongs to it.
   void ShowBilling();
   /// What the client owes and since when.

@@ -140,6 +140,10 @@ void ClientDetailsPage::ShowChoice(BillingChoice choice) {
   cmbBillingGoesTo->setCurrentIndex(static_cast<int>(choice));
 }
 
+QWidget* ClientDetailsPage::LastField() const {
+  return cmbBillingGoesTo;
+}
+
 QString ClientDetailsPage::Status() const {
   return cmbStatus->currentText();
 }

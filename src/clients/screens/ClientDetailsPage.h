@@ -32,6 +32,7 @@ class ClientDetailsPage : public QWidget {
   /// The room beside the choice of who pays.
   QBoxLayout* PayerSlot() { return payerSlot_; }
   void ShowChoice(BillingChoice choice);
+  QWidget* LastField() const;
 
  signals:
   void statusChosen();

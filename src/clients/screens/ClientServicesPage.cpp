@@ -48,6 +48,7 @@ void ClientServicesPage::MakeControls() {
   new KeyFilter(cmbFrequency->lineEdit(), KeyMode::Digits);
   cmbFrequency->setCompleter(nullptr);  // a number is whole as typed: 14 is not to become 140
   dtpServiceNextVisit = Named(new DateField(desk_.business.Today()), "dtpServiceNextVisit");
+  dtpServiceNextVisit->setFixedWidth(168);
   cmbEmployee = Named(new ComboSearch, "cmbEmployee");
   txtNotes = Named(new QPlainTextEdit, "txtNotes");
   txtNotes->setTabChangesFocus(true);
@@ -175,6 +176,10 @@ void ClientServicesPage::ShowServices(qint64 select) {
   grdServices->SetRows(ServiceRows(desk_.services));
   if (select == 0 || !grdServices->SelectKey(select)) grdServices->SelectFirst();
   ShowSelected();
+}
+
+QWidget* ClientServicesPage::LastField() const {
+  return cmdAddVisit;
 }
 
 qint64 ClientServicesPage::SelectedKey() const {

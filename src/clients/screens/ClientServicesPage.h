@@ -33,6 +33,7 @@ class ClientServicesPage : public QWidget {
   /// main service.
   void ShowServices(qint64 select = 0);
   qint64 SelectedKey() const;
+  QWidget* LastField() const;
   /// Opens the screen for a job that is not one of the services.
   void AddAJob();
   /// A billing address has no services of its own.

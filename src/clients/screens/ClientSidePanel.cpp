@@ -62,6 +62,12 @@ ClientSidePanel::ClientSidePanel(ClientDesk&) {
           [this](int row) { emit jobOpened(grdNextJobs->Key(row)); });
 }
 
+void ClientSidePanel::FollowInTabOrder(QWidget* last) {
+  setTabOrder(last, grdNextJobs);
+  setTabOrder(grdNextJobs, txtGeneralNotes);
+  setTabOrder(txtGeneralNotes, txtPrivateNotes);
+}
+
 void ClientSidePanel::ShowJobs(const std::vector<ClientJob>& futureJobs) {
   const size_t shown = qMin(futureJobs.size(), kShownJobs);
   lblNextJobs->setText(futureJobs.empty() ? QString()

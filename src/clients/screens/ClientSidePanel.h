@@ -19,6 +19,8 @@ class ClientSidePanel : public QWidget {
  public:
   explicit ClientSidePanel(ClientDesk& desk);
 
+  /// It is read after the page beside it, and so entered after that page's last control.
+  void FollowInTabOrder(QWidget* last);
   void ShowJobs(const std::vector<ClientJob>& futureJobs);
 
  signals:

@@ -44,6 +44,7 @@ void dlgDateWithClients::MakeControls() {
   const MonthRange month = MonthOf(business_.Today());
   dtFrom = Named(new DateField(business_.Today()), "dtFrom");
   dtTo = Named(new DateField(business_.Today()), "dtTo");
+  for (DateField* field : {dtFrom, dtTo}) field->setFixedWidth(168);
   dtFrom->SetDate(month.from);
   dtTo->SetDate(month.to);
   cmbSortBy = Named(new QComboBox, "cmbSortBy");

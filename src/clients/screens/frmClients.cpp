@@ -115,10 +115,13 @@ void frmClients::PlaceShared() {
   if (pages_->IsShown(details_)) {
     details_->SideSlot()->addWidget(side_);
     details_->PayerSlot()->addWidget(billing_->PayerFrame());
+    side_->FollowInTabOrder(billing_->PayerFollowsInTabOrder(details_->LastField()));
   } else if (pages_->IsShown(services_)) {
     services_->SideSlot()->addWidget(side_);
+    side_->FollowInTabOrder(services_->LastField());
   } else if (pages_->IsShown(billing_)) {
     billing_->PayerSlot()->addWidget(billing_->PayerFrame());
+    billing_->PayerFollowsInTabOrder(billing_->LastChoice());
   }
 }
 

@@ -112,6 +112,8 @@ void frmNewBillingAddress::Show() {
   txtPhone2->setText(address_.phone2);
   txtEmail->setText(address_.email);
   txtFax->setText(address_.fax);
+  for (QLineEdit* line : {txtBillingName, txtFirstName, txtStreet, txtEmail})
+    line->setCursorPosition(0);
   txtNotes->setPlainText(address_.notes);
   ShowWords(cmbStatementType, address_.statementType);
 }

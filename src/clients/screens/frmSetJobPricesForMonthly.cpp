@@ -33,6 +33,7 @@ frmSetJobPricesForMonthly::frmSetJobPricesForMonthly(Business& business, const S
   const MonthRange month = MonthOf(business.Today());
   dtFrom = Named(new DateField(business.Today()), "dtFrom");
   dtTo = Named(new DateField(business.Today()), "dtTo");
+  for (DateField* field : {dtFrom, dtTo}) field->setFixedWidth(168);
   dtFrom->SetDate(month.from);
   dtTo->SetDate(month.to);
   cmdList = MakeButton("cmdList", tr("&Load jobs..."));

@@ -1,19 +1,19 @@
 #pragma once
 
-#include <sqlite3.h>
+#include "data/store/Recordset.h"
+#include "data/store/SchemaCatalogue.h"
+#include "data/store/Sql.h"
+#include "data/store/Statement.h"
 
 #include <QString>
+
+#include <sqlite3.h>
 
 #include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <unordered_map>
-
-#include "data/store/Recordset.h"
-#include "data/store/SchemaCatalogue.h"
-#include "data/store/Sql.h"
-#include "data/store/Statement.h"
 
 namespace quillary {
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <sqlite3.h>
-
 #include "data/store/Recordset.h"
+
+#include <sqlite3.h>
 
 namespace quillary {
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <sqlite3.h>
-
 #include <QString>
+
+#include <sqlite3.h>
 
 namespace quillary {
 

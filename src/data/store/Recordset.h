@@ -1,11 +1,11 @@
 #pragma once
 
-#include <memory>
-#include <vector>
-
 #include "base/Errors.h"
 #include "base/Value.h"
 #include "data/jet/Translator.h"
+
+#include <memory>
+#include <vector>
 
 namespace quillary {
 

@@ -1,10 +1,10 @@
 #pragma once
 
+#include "data/jet/Catalogue.h"
+
 #include <sqlite3.h>
 
 #include <map>
-
-#include "data/jet/Catalogue.h"
 
 namespace quillary {
 

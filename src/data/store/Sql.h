@@ -1,9 +1,9 @@
 #pragma once
 
+#include "base/Value.h"
+
 #include <string>
 #include <vector>
-
-#include "base/Value.h"
 
 namespace quillary {
 

@@ -1,15 +1,15 @@
 #pragma once
 
-#include <sqlite3.h>
-
-#include <QString>
-
-#include <memory>
-#include <string>
-
 #include "base/Value.h"
 #include "data/jet/Catalogue.h"
 #include "data/store/StorageFailure.h"
+
+#include <QString>
+
+#include <sqlite3.h>
+
+#include <memory>
+#include <string>
 
 namespace quillary {
 
