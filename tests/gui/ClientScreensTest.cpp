@@ -229,6 +229,7 @@ TEST_F(ClientScreenTest, WhatPagesShareIsEnteredWhereItIsRead) {
                            Step{"Details", "cmdEditExisingAddress", "grdNextJobs"},
                            Step{"Billing", "optBillNewAddress", "cmbOtherAddressToBill"}}) {
     ShowPage(screen, step.page);
+    QTest::qWait(0);
     auto* from = Find<QWidget>(screen, step.from);
     from->setEnabled(true);  // what opens other screens is off until these exist
     from->setFocus();
