@@ -61,8 +61,9 @@ void ComboSearch::Search(const QString& typed) {
 }
 
 void ComboSearch::Settle() {
-  // Typed whole, perhaps in other letters, it is the entry as well.
-  if (currentIndex() < 0) setCurrentIndex(findText(lineEdit()->text(), Qt::MatchFixedString));
+  // Typed whole, perhaps in other letters, it is the entry as well. What matches none stays typed.
+  const int match = currentIndex() < 0 ? findText(lineEdit()->text(), Qt::MatchFixedString) : -1;
+  if (match >= 0) setCurrentIndex(match);
   if (currentIndex() == settled_) return;
   settled_ = currentIndex();
   emit picked(settled_);
