@@ -104,6 +104,18 @@ void LoadBillingDetails(Business& business, ClientRecord& client) {
   client.accountBalance = rows.Field(u"Account_Balance").ToMoney();
 }
 
+namespace {
+
+/// The list's own spelling of a word that was typed in other letters.
+QString AsListed(const QStringList& list, const QString& word) {
+  for (const QString& listed : list) {
+    if (listed.compare(word, Qt::CaseInsensitive) == 0) return listed;
+  }
+  return word;
+}
+
+}  // namespace
+
 std::optional<Refusal> CheckClientDetails(const ClientRecord& client) {
   if (!OfferedClientStatuses().contains(client.status, Qt::CaseInsensitive)) {
     return Refusal{QStringLiteral("Please select a client status."), QStringLiteral("cmbStatus")};
@@ -124,6 +136,8 @@ std::optional<Refusal> SaveClientDetails(Business& business, ClientRecord& clien
   Transaction save(business);
   ClientRecord saved = client;
   saved.suburb = client.suburb.trimmed().toUpper();
+  saved.status = AsListed(OfferedClientStatuses(), client.status);
+  saved.statementType = AsListed(InvoiceTypes(), client.statementType);
   if (saved.IsNew()) {
     saved.clientId = InsertClient(business);
     if (client.IsBilledTo()) saved.billingClientId = saved.clientId;

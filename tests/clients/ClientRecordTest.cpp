@@ -85,8 +85,9 @@ TEST_F(ClientsTest, CancellingTakesOpenJobsAlone) {
   client.status = "Transferred";
   ASSERT_FALSE(SaveClientDetails(business(), client));
   EXPECT_EQ(Rows(Sql("SELECT Status FROM Diary ORDER BY Diary_ID")), "J,JD,JI,V,Q,J");
-  client.status = "Cancelled";
+  client.status = "cancelled";
   ASSERT_FALSE(SaveClientDetails(business(), client));
+  EXPECT_EQ(client.status, "Cancelled") << "a word typed in other letters is the list's";
   EXPECT_EQ(Rows(Sql("SELECT Status FROM Diary ORDER BY Diary_ID")), "JC,JD,JI,V,Q,J");
 }
 
