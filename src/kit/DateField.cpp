@@ -37,7 +37,7 @@ DateField::DateField(QDate today, QWidget* parent) : QLineEdit(parent), today_(t
 
 void DateField::ShowWeekday(bool show) {
   format_ = show ? QStringLiteral("ddd d MMM yyyy") : QStringLiteral("d MMM yyyy");
-  setFixedWidth(show ? 152 : 136);
+  setFixedWidth(show ? 152 : 128);
   SetDate(date_);
 }
 
