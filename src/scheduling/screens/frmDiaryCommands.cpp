@@ -2,6 +2,7 @@
 #include "base/ports/requests/Clients.h"
 #include "base/ports/requests/Scheduling.h"
 #include "scheduling/DiaryCommands.h"
+#include "scheduling/screens/OpenEntry.h"
 #include "scheduling/screens/frmDiary.h"
 
 /// The diary's commands. Those that open another screen ask the navigator for it.
@@ -52,12 +53,7 @@ void frmDiary::EnableCommands() {
 void frmDiary::EditSelected() {
   const DiaryRow* job = SelectedJob();
   if (!job) return;
-  if (job->status.startsWith(u'V'))
-    tools_.navigator.Open(EditVisit{job->diaryId});
-  else if (job->status == QLatin1StringView("Q"))
-    tools_.navigator.Open(EditQuoteVisit{job->diaryId});
-  else
-    tools_.navigator.Open(EditJob{job->diaryId});
+  OpenEntry(tools_.navigator, job->status, job->diaryId);
   LoadScheduleGrid();
 }
 

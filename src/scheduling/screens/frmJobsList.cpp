@@ -13,6 +13,7 @@
 #include "scheduling/DiaryCommands.h"
 #include "scheduling/DiaryDay.h"
 #include "scheduling/screens/DiaryGrid.h"
+#include "scheduling/screens/OpenEntry.h"
 
 namespace quillary {
 
@@ -216,12 +217,7 @@ const JobsListRow* frmJobsList::Selected(JobsListCommand command) {
 void frmJobsList::ViewJob() {
   const JobsListRow* job = Selected(JobsListCommand::ViewJob);
   if (!job) return;
-  if (job->status.startsWith(u'V'))
-    tools_.navigator.Open(EditVisit{job->diaryId});
-  else if (job->status == QLatin1StringView("Q"))
-    tools_.navigator.Open(EditQuoteVisit{job->diaryId});
-  else
-    tools_.navigator.Open(EditJob{job->diaryId});
+  OpenEntry(tools_.navigator, job->status, job->diaryId);
   LoadScheduleGrid();
 }
 
