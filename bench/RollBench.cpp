@@ -109,7 +109,7 @@ Handle OpenRaw(const QString& path) {
   Check(sqlite3_open(path.toUtf8().constData(), &database));
   Check(sqlite3_exec(database,
                      "PRAGMA locking_mode = EXCLUSIVE; PRAGMA temp_store = MEMORY;"
-                     "PRAGMA cache_size = -48000; PRAGMA journal_mode = WAL;"
+                     "PRAGMA cache_size = -16000; PRAGMA journal_mode = WAL;"
                      "PRAGMA synchronous = FULL",
                      nullptr, nullptr, nullptr));
   return Handle(database);

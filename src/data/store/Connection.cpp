@@ -115,7 +115,7 @@ void Connection::Configure() {
   sqlite3_db_config(database, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
   Execute(database,
           "PRAGMA locking_mode = EXCLUSIVE; PRAGMA temp_store = MEMORY;"
-          "PRAGMA cache_size = -48000");
+          "PRAGMA cache_size = -16000");
   RegisterSqlFunctions(database);
 }
 
