@@ -73,5 +73,9 @@ std::vector<Command> ScheduleCommands();
 std::vector<Command> DiaryCommands();
 std::vector<Command> ClientCommands();
 std::vector<Command> BalanceCommands();
+std::vector<Command> InvoiceCommands();
+std::vector<Command> PaymentCommands();
+std::vector<Command> DocumentCommands();
+std::vector<Command> RepairCommands();
 
 }  // namespace quillary

@@ -14,8 +14,10 @@ constexpr int kWrongUsage = 2;
 const std::vector<Command>& AllCommands() {
   static const std::vector<Command> commands = [] {
     std::vector<Command> all;
-    for (const auto& group : {FileCommands(), StatementCommands(), ScheduleCommands(),
-                              DiaryCommands(), ClientCommands(), BalanceCommands()}) {
+    for (const auto& group :
+         {FileCommands(), StatementCommands(), ScheduleCommands(), DiaryCommands(),
+          ClientCommands(), BalanceCommands(), InvoiceCommands(), PaymentCommands(),
+          DocumentCommands(), RepairCommands()}) {
       all.insert(all.end(), group.begin(), group.end());
     }
     return all;

@@ -69,7 +69,7 @@ ClientInvoicesPage::ClientInvoicesPage(ClientDesk& desk) : desk_(desk) {
   LayOut();
   desk_.OnClick(cmdDeleteInvoice, [this] { DeleteSelected(); });
   desk_.OnClick(cmdCreateInvoice, [this] {
-    desk_.tools.navigator.Open(CreateInvoiceFor{desk_.client.billingClientId, 0});
+    desk_.tools.navigator.Open(AddInvoice{desk_.client.clientId, {}});
     desk_.loadMoney();
     desk_.loadJobs();
   });
@@ -93,7 +93,7 @@ void ClientInvoicesPage::LayOut() {
 
 void ClientInvoicesPage::EnableCommands() {
   const Navigator& to = desk_.tools.navigator;
-  cmdCreateInvoice->setEnabled(to.CanOpen<CreateInvoiceFor>());
+  cmdCreateInvoice->setEnabled(to.CanOpen<AddInvoice>());
   cmdEditInvoice->setEnabled(to.CanOpen<EditInvoice>() && grdInvoices->SelectedRow());
 }
 

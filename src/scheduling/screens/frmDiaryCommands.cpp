@@ -41,7 +41,7 @@ void frmDiary::EnableCommands() {
   const Navigator& to = tools_.navigator;
   cmdEditJob->setEnabled(to.CanOpen<EditJob>());
   cmdClientDetails->setEnabled(to.CanOpen<OpenClient>());
-  cmdCreateInvoice->setEnabled(to.CanOpen<CreateInvoiceFor>());
+  cmdCreateInvoice->setEnabled(to.CanOpen<ChooseInvoiceFor>());
   cmdViewCreatePayment->setEnabled(to.CanOpen<PayForJob>());
   cmdDonePaid->setEnabled(to.CanOpen<PayForJob>());
   cmdNext->setEnabled(to.CanOpen<RescheduleFutureJobs>());
@@ -64,7 +64,8 @@ void frmDiary::OpenClientOfSelected() {
 void frmDiary::CreateInvoiceForSelected() {
   const DiaryRow* job = SelectedJob();
   if (!job) return;
-  tools_.navigator.Open(CreateInvoiceFor{job->billingClientId, job->diaryId});
+  const QDate day = optShowJobsOn->isChecked() ? dtJobDate->Date() : job->scheduleDate;
+  tools_.navigator.Open(ChooseInvoiceFor{job->billingClientId, job->diaryId, day, day});
   LoadScheduleGrid();
 }
 
@@ -80,7 +81,7 @@ void frmDiary::PayForSelected() {
 
 void frmDiary::PayAndMarkDone() {
   ChangeSelected([this](const DiaryRow& job) {
-    tools_.navigator.Open(PayForJob{job.billingClientId, job.diaryId, job.totalPrice, true});
+    tools_.navigator.Open(PayForJob{job.billingClientId, job.diaryId, job.totalPrice});
   });
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QDate>
 #include <QStringList>
 
 #include <vector>
@@ -8,6 +9,27 @@
 namespace quillary {
 
 struct OpenSentDocuments {};
+
+/// The three documents of the invoices that are selected for printing. Each is written in the
+/// format that the user has chosen; the answer is whether a document came out.
+struct PrintInvoices {
+  using Result = bool;
+  QString fileNamePart;
+  bool priceIncludesGST = true;
+};
+struct PrintStatements {
+  using Result = bool;
+  QDate from;
+  QDate to;
+  bool priceIncludesGST = true;
+};
+struct PrintReminders {
+  using Result = bool;
+  bool priceIncludesGST = true;
+};
+/// Mails the document that was written last.
+struct EmailLastDocument {};
+
 /// A list as it stands on its screen.
 struct PrintList {
   QString title;

@@ -1,0 +1,16 @@
+#include "accounts/TaxNames.h"
+
+namespace quillary {
+
+TaxNames GetCountryTaxNames(Business& business, std::optional<qint64> countryId) {
+  TaxNames names;
+  for (const Record row : business.RunSQL(Sql(
+           "SELECT Registration_Name, Tax_Name FROM Countries WHERE Country_ID = {}", countryId))) {
+    names = {row[u"Registration_Name"].ToText(), row[u"Tax_Name"].ToText()};
+  }
+  if (names.registrationName.isEmpty()) names.registrationName = QStringLiteral("ABN");
+  if (names.taxName.isEmpty()) names.taxName = QStringLiteral("GST");
+  return names;
+}
+
+}  // namespace quillary

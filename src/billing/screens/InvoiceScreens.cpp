@@ -1,0 +1,7 @@
+#include "billing/screens/InvoiceScreens.h"
+
+namespace quillary {
+
+void RegisterInvoiceScreens(Business&, const ScreenTools&) {}
+
+}  // namespace quillary

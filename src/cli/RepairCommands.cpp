@@ -1,0 +1,9 @@
+#include "cli/Command.h"
+
+namespace quillary {
+
+std::vector<Command> RepairCommands() {
+  return {};
+}
+
+}  // namespace quillary

@@ -1,0 +1,7 @@
+#include "documents/screens/DocumentScreens.h"
+
+namespace quillary {
+
+void RegisterDocumentScreens(Business&, const ScreenTools&) {}
+
+}  // namespace quillary

@@ -1,0 +1,12 @@
+#pragma once
+
+#include "kit/Screen.h"
+
+namespace quillary {
+
+class Business;
+
+/// Lets the navigator open the preview and print the documents.
+void RegisterDocumentScreens(Business& business, const ScreenTools& tools);
+
+}  // namespace quillary
