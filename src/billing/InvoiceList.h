@@ -1,0 +1,56 @@
+#pragma once
+
+#include "base/Money.h"
+#include "base/Refusal.h"
+#include "base/ports/requests/Billing.h"
+#include "data/Business.h"
+
+#include <QDate>
+#include <QString>
+
+#include <optional>
+#include <vector>
+
+/// The invoices of a period.
+namespace quillary {
+
+struct InvoiceListQuery {
+  QDate from;
+  QDate to;  // with its whole day
+  bool monthlyOnly = false;
+};
+/// The month of `today`, all invoices or the monthly ones.
+InvoiceListQuery InvoicesOfMonth(QDate today, bool monthlyOnly);
+
+struct InvoiceListRow {
+  qint64 invoiceId = 0;
+  qint64 clientId = 0;
+  QString displayName;  // of the client who is billed
+  QDate generationDate;
+  QString description;
+  Money totalAmount;  // as it stood when the invoice was saved last, tax included
+  QString invoiceNumber;
+  QString statementType;
+  bool isPaid = false;
+
+  /// "Yes" or "No".
+  QString IsPaidWord() const;
+};
+/// The newest first, then by name. Old rows that stand for statements are left out; the monthly
+/// ones are those of active clients who are still billed by the month.
+std::vector<InvoiceListRow> LoadInvoicesList(Business& business, const InvoiceListQuery& query);
+
+/// Refuses when no invoice is selected for viewing.
+std::optional<Refusal> CheckInvoiceSelected(const std::optional<qint64>& invoiceId);
+
+/// Deletes the invoices with their items and takes them off their jobs, whose status stays: a job
+/// that was invoiced goes on counting as invoiced. Whole or not at all.
+void DeleteInvoices(Business& business, const std::vector<qint64>& invoiceIds);
+/// Asks once, and deletes. False when the user declined.
+bool DeleteTickedInvoices(Business& business, Prompter& prompter,
+                          const std::vector<qint64>& invoiceIds);
+
+/// This month, by name.
+InvoiceListCriteria InvoiceListOfMonth(QDate today);
+
+}  // namespace quillary
