@@ -23,8 +23,8 @@ struct RevenueLines {
 RevenueLines LoadAccounts(Business& business, qint64 paymentId);
 
 struct RevenueLineForm {
-  std::optional<qint64> glEntryId;  // of the line that was picked
-  std::optional<qint64> glAccountId;
+  std::optional<qint64> glEntryId = {};  // of the line that was picked
+  std::optional<qint64> glAccountId = {};
   Money amount;
   Money gst;
 };
