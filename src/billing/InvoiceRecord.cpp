@@ -53,12 +53,12 @@ void WriteOptions(Business& business, const InvoiceForm& form) {
 
 }  // namespace
 
-QStringList InvoiceTypes() {
+QStringList TypesOfInvoice() {
   return {QStringLiteral("With job"), QStringLiteral("Monthly")};
 }
 
 QString InvoiceTypeOf(const QString& stored) {
-  for (const QString& type : InvoiceTypes())
+  for (const QString& type : TypesOfInvoice())
     if (type.compare(stored, Qt::CaseInsensitive) == 0) return type;
   return {};
 }
@@ -77,7 +77,7 @@ InvoiceForm NewInvoice(Business& business, std::optional<qint64> clientId,
   InvoiceForm form;
   form.forJob = diaryId;
   form.date = business.Today();
-  form.statementType = InvoiceTypes().front();
+  form.statementType = TypesOfInvoice().front();
   form.description = QStringLiteral("TAX INVOICE");
   if (diaryId) RecalculateDiaryEntryGST(business, *diaryId);
   std::optional<qint64> payer = clientId ? PayerOf(business, *clientId) : std::nullopt;

@@ -34,7 +34,7 @@ struct InvoiceForm {
   QString description;
   QString madeOutTo;      // the address block, in several lines
   QString notes;          // printed on the invoice
-  QString statementType;  // one of InvoiceTypes(); empty when none is chosen
+  QString statementType;  // one of TypesOfInvoice(); empty when none is chosen
   bool isPaid = false;    // set by hand or with a payment, never computed
   Money totalAmount;      // tax included
   Money totalGST;
@@ -44,9 +44,9 @@ struct InvoiceForm {
 };
 
 /// "With job" and "Monthly".
-QStringList InvoiceTypes();
-/// The entry of InvoiceTypes() for a stored type, without regard to case, since generated invoices
-/// spell theirs "With Job"; empty for any other.
+QStringList TypesOfInvoice();
+/// The entry of TypesOfInvoice() for a stored type, without regard to case, since generated
+/// invoices spell theirs "With Job"; empty for any other.
 QString InvoiceTypeOf(const QString& stored);
 
 /// An invoice that is not stored yet: dated today, with a number that is spent from here on even if

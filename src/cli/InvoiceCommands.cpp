@@ -1,9 +1,233 @@
+#include "billing/InvoiceJobs.h"
+#include "billing/InvoiceList.h"
+#include "billing/MonthlyRun.h"
+#include "billing/WithJobRun.h"
 #include "cli/Command.h"
+#include "cli/Printing.h"
+#include "cli/WorkingBusiness.h"
+#include "clients/ClientMoney.h"
+#include "scheduling/DiaryDay.h"
+#include "scheduling/JobPicker.h"
+
+#include <algorithm>
+#include <limits>
 
 namespace quillary {
+namespace {
+
+constexpr qint64 kHighestKey = std::numeric_limits<qint32>::max();
+
+void ThrowIf(const std::optional<Refusal>& refusal) {
+  if (refusal) throw CommandFailure(refusal->message);
+}
+
+/// A statement that is refused would leave half of what was asked for.
+void FailOnRefusal(Business& business) {
+  business.OnRefusedStatement([](const RefusedStatement& refused) {
+    throw CommandFailure(QStringLiteral("refused: ") + refused.reason);
+  });
+}
+
+Value Day(const Call& call, QDate day) {
+  if (call.json) return day;
+  return day.toString(Qt::ISODate);
+}
+
+QDate Needed(const Call& call, const char* option) {
+  if (const auto day = call.arguments.Date(option)) return *day;
+  throw WrongUsage(QStringLiteral("--%1 is missing").arg(QLatin1String(option)));
+}
+
+struct Days {
+  QDate from;
+  QDate to;
+};
+
+Days DaysOf(const Call& call) {
+  const Days days{Needed(call, "from"), Needed(call, "to")};
+  if (days.from > days.to) throw CommandFailure(QString::fromLatin1(kInvalidDateRange));
+  return days;
+}
+
+void Print(const Call& call, const ResultTable& table) {
+  if (call.json) {
+    table.PrintJson(call.out);
+    call.out << '\n';
+  } else {
+    table.PrintAligned(call.out);
+  }
+}
+
+/// The jobs named, each of which the list of the screen would offer for this client.
+std::vector<qint64> JobsFor(Business& business, qint64 clientId, const QString& listed) {
+  const QDate earliest(1900, 1, 1);
+  const QDate latest(9999, 12, 31);
+  const auto offered = ListPickableJobs(business, clientId, earliest, latest);
+  std::vector<qint64> jobs;
+  for (const QString& word : listed.split(u',')) {
+    const qint64 key = ParseKey(word.trimmed());
+    const bool isOffered = std::any_of(offered.begin(), offered.end(),
+                                       [&](const PickableJob& job) { return job.diaryId == key; });
+    if (!isOffered)
+      throw CommandFailure(
+          QStringLiteral("entry %1 is no job that client %2 is billed for").arg(key).arg(clientId));
+    jobs.push_back(key);
+  }
+  return jobs;
+}
+
+void RequireJob(Business& business, qint64 diaryId) {
+  const QString status =
+      business.FirstField(Sql("SELECT Status FROM Diary WHERE Diary_ID = {}", diaryId)).ToText();
+  if (!status.startsWith(u'J', Qt::CaseInsensitive))
+    throw CommandFailure(QStringLiteral("entry %1 is no job").arg(diaryId));
+}
+
+InvoiceForm AskedFor(const Call& call, Business& business) {
+  const auto job = call.arguments.Number("job", 1, kHighestKey);
+  const auto client = call.arguments.Number("client", 1, kHighestKey);
+  if (job.has_value() == client.has_value())
+    throw WrongUsage(QStringLiteral("invoice needs either --job or --client with --jobs"));
+  if (client && !call.arguments.Has("jobs"))
+    throw WrongUsage(QStringLiteral("--client needs --jobs"));
+  if (job) RequireJob(business, *job);
+  InvoiceForm form = NewInvoice(business, client, job);
+  if (client && form.clientId)
+    form.jobsToAttach =
+        JobsFor(business, *form.clientId, call.arguments.options.value(QStringLiteral("jobs")));
+  if (call.arguments.Has("description"))
+    form.description = call.arguments.options.value(QStringLiteral("description"));
+  if (call.arguments.Has("number"))
+    form.number = call.arguments.options.value(QStringLiteral("number"));
+  if (form.description.size() > kInvoiceDescriptionWidth ||
+      form.number.size() > kInvoiceNumberWidth)
+    throw CommandFailure(QStringLiteral("a description has at most %1 characters, a number %2")
+                             .arg(kInvoiceDescriptionWidth)
+                             .arg(kInvoiceNumberWidth));
+  return form;
+}
+
+void RunInvoice(const Call& call) {
+  const auto business = OpenCurrentBusiness(call);
+  FailOnRefusal(*business);
+  Transaction all(*business);
+  InvoiceForm form = AskedFor(call, *business);
+  const AttachedJobs jobs = LoadAttachedJobs(*business, form);
+  form.totalAmount = jobs.totalAmount;
+  form.totalGST = jobs.totalGST;
+  ThrowIf(SaveInvoices(*business, form));
+  all.Commit();
+  business->CloseConnection();
+  ResultTable table({"Invoice_ID", "Invoice_Number", "Client_ID", "Generation_Date",
+                     "Invoice_Description", "Total_Amount", "Total_GST", "Jobs"});
+  table.AddRow({form.invoiceId, form.number, form.clientId, Day(call, form.date), form.description,
+                form.totalAmount, form.totalGST, jobs.rows.size()});
+  Print(call, table);
+}
+
+void RunInvoiceRun(const Call& call) {
+  const QString kind = call.arguments.positional.at(1);
+  const bool monthly = kind == u"monthly";
+  if (!monthly && kind != u"with-job")
+    throw WrongUsage(QStringLiteral("invoice-run is either monthly or with-job"));
+  if (!monthly && call.arguments.Has("generated"))
+    throw WrongUsage(QStringLiteral("--generated goes with monthly"));
+  const Days days = DaysOf(call);
+  const auto business = OpenCurrentBusiness(call);
+  const QDate generated = call.arguments.Date("generated").value_or(business->Today());
+  const InvoiceRunCount count =
+      monthly ? GenerateMonthlyInvoices(*business, {days.from, days.to, generated})
+              : GenerateWithJobInvoices(*business, days.from, days.to);
+  business->CloseConnection();
+  if (call.json) {
+    call.out << "{\"Invoices_Made\": " << count.invoicesMade
+             << ", \"Total_Amount\": " << count.totalAmount.ToText()
+             << ", \"Failed\": " << count.failed << "}\n";
+  } else {
+    call.out << "invoices made: " << count.invoicesMade << '\n'
+             << "total amount:  " << count.totalAmount.ToCurrencyText() << '\n';
+    if (count.failed > 0) call.out << "failed:        " << count.failed << '\n';
+  }
+}
+
+void RunInvoices(const Call& call) {
+  const Days days = DaysOf(call);
+  const auto business = OpenCurrentBusiness(call);
+  const auto invoices =
+      LoadInvoicesList(*business, {days.from, days.to, call.arguments.Has("monthly")});
+  business->CloseConnection();
+  ResultTable table({"Invoice_ID", "Client_ID", "Display_Name", "Generation_Date",
+                     "Invoice_Description", "Total_Amount", "Invoice_Number", "Statement_Type",
+                     "IsPaid"});
+  for (const InvoiceListRow& row : invoices)
+    table.AddRow({row.invoiceId, row.clientId, row.displayName, Day(call, row.generationDate),
+                  row.description, row.totalAmount, row.invoiceNumber, row.statementType,
+                  row.isPaid});
+  Print(call, table);
+}
+
+void RunInvoiceDelete(const Call& call) {
+  const qint64 invoiceId = ParseKey(call.arguments.positional.at(1));
+  const auto business = OpenCurrentBusiness(call);
+  const Recordset invoice =
+      business->RunSQL(Sql("SELECT Client_ID FROM Invoices WHERE Invoice_ID = {}", invoiceId));
+  if (invoice.EndOfFile())
+    throw CommandFailure(QStringLiteral("there is no invoice %1").arg(invoiceId));
+  call.world.prompter.BeQuiet();
+  call.world.prompter.AnswerYes();
+  if (call.arguments.Has("from-client"))
+    ThrowIf(DeleteClientInvoice(*business, call.world.prompter,
+                                invoice.Field(u"Client_ID").ToLong(), invoiceId));
+  else
+    DeleteInvoices(*business, {invoiceId});
+  business->CloseConnection();
+  ResultTable table({"Invoice_ID", "Deleted"});
+  table.AddRow({invoiceId, true});
+  Print(call, table);
+}
+
+}  // namespace
 
 std::vector<Command> InvoiceCommands() {
-  return {};
+  return {
+      {"invoice",
+       "FILE --job DIARY_ID | --client ID --jobs ID,... [--description T] [--number N]",
+       "Makes an invoice for one job, which then counts as invoiced, or for several jobs of a "
+       "client, whose status stays.",
+       {{"job", "DIARY_ID", "the one job"},
+        {"client", "ID", "who is billed, or any client billed to it"},
+        {"jobs", "ID,...", "jobs of the client and of all who are billed to it"},
+        {"description", "T", "the heading; TAX INVOICE when missing"},
+        {"number", "N", "the next number when missing; a number is spent in any case"}},
+       1,
+       1,
+       RunInvoice},
+      {"invoice-run",
+       "FILE monthly|with-job --from DATE --to DATE [--generated DATE]",
+       "Makes the invoices of clients who are billed by the month, or with each job.",
+       {{"from", "DATE", "the first day, YYYY-MM-DD"},
+        {"to", "DATE", "the last day"},
+        {"generated", "DATE", "the date on monthly invoices; today when missing"}},
+       2,
+       2,
+       RunInvoiceRun},
+      {"invoices",
+       "FILE --from DATE --to DATE [--monthly]",
+       "Lists the invoices of a period, the newest first.",
+       {{"from", "DATE", "the first day, YYYY-MM-DD"},
+        {"to", "DATE", "the last day"},
+        {"monthly", nullptr, "only monthly ones, of clients still billed so"}},
+       1,
+       1,
+       RunInvoices},
+      {"invoice-delete",
+       "FILE ID [--from-client]",
+       "Deletes an invoice and takes it off its jobs, whose status stays.",
+       {{"from-client", nullptr, "as on the client's screen: its jobs become done, not invoiced"}},
+       2,
+       2,
+       RunInvoiceDelete},
+  };
 }
 
 }  // namespace quillary
