@@ -198,7 +198,7 @@ std::vector<Command> InvoiceCommands() {
         {"client", "ID", "who is billed, or any client billed to it"},
         {"jobs", "ID,...", "jobs of the client and of all who are billed to it"},
         {"description", "T", "the heading; TAX INVOICE when missing"},
-        {"number", "N", "the next number when missing; a number is spent in any case"}},
+        {"number", "N", "the next number when missing"}},
        1,
        1,
        RunInvoice},

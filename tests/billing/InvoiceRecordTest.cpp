@@ -1,0 +1,307 @@
+#include "InvoiceTest.h"
+#include "billing/InvoiceJobs.h"
+#include "billing/InvoiceList.h"
+#include "billing/InvoicePrint.h"
+#include "billing/InvoiceTexts.h"
+#include "billing/MonthlyReminder.h"
+#include "clients/ClientMoney.h"
+#include "scheduling/DiaryEntryGST.h"
+
+namespace quillary {
+namespace {
+
+const QDate kDay(2026, 10, 20);
+
+using InvoiceRecordTest = InvoiceTest;
+
+TEST_F(InvoiceRecordTest, ChecksSpeakInTheOrderOfTheScreen) {
+  struct Case {
+    const char* fault;
+    std::optional<qint64> client;
+    const char* number;
+    const char* type;
+    const char* message;
+    const char* field;
+  };
+  const Case cases[] = {
+      {"all wrong", {}, "", "", "Please select the billed client.", "cmdBilledClient"},
+      {"blank number", 1, "  ", "", "Please enter the invoice number.", "txtInvoiceNumber"},
+      {"number 0", 1, "0", "With job", "Please enter the invoice number.", "txtInvoiceNumber"},
+      {"letters before digits", 1, "A12", "With job", "Please enter the invoice number.",
+       "txtInvoiceNumber"},
+      {"no type", 1, "12", "", "Please select the type of this invoice.", "cmbType"},
+      {"old type of statements", 1, "12", "Statement", "Please select the type of this invoice.",
+       "cmbType"},
+  };
+  for (const Case& c : cases) {
+    InvoiceForm form = NewInvoice(business(), std::nullopt, std::nullopt);
+    form.clientId = c.client;
+    form.number = c.number;
+    form.statementType = c.type;
+    const auto refusal = SaveInvoices(business(), form);
+    ASSERT_TRUE(refusal) << c.fault;
+    EXPECT_EQ(refusal->message, c.message) << c.fault;
+    EXPECT_EQ(refusal->field, c.field) << c.fault;
+  }
+  EXPECT_EQ(Count("Invoices"), 0);
+}
+
+TEST_F(InvoiceRecordTest, NumbersAreBurntTypedAndRepeated) {
+  NewInvoice(business(), 1, std::nullopt);  // and cancelled
+  EXPECT_EQ(Count("Invoices"), 0);
+  EXPECT_EQ(Number(Sql("SELECT Invoice_Number FROM infSystem")), 1001);
+  InvoiceForm first = AddInvoice(1);
+  EXPECT_EQ(first.number, "1002");
+  first.number = "12A";
+  InvoiceForm second = AddInvoice(1);
+  second.number = "12A";
+  EXPECT_FALSE(SaveInvoices(business(), first));
+  EXPECT_FALSE(SaveInvoices(business(), second));
+  EXPECT_EQ(Rows(Sql("SELECT Invoice_Number FROM Invoices")), "12A,12A");
+  EXPECT_EQ(LoadInvoiceDetails(business(), second.invoiceId)->number, "12");
+  EXPECT_EQ(Number(Sql("SELECT Invoice_Number FROM infSystem")), 1003);
+}
+
+TEST_F(InvoiceRecordTest, WhoPaysIsBilledUnderItsAddress) {
+  const qint64 job = AddJob(3, "J", kDay);
+  EXPECT_EQ(NewInvoice(business(), 3, std::nullopt).clientId, 2);
+  EXPECT_EQ(NewInvoice(business(), std::nullopt, job).clientId, 2);
+  EXPECT_FALSE(NewInvoice(business(), std::nullopt, std::nullopt).clientId);
+  Run(Sql("UPDATE Clients SET Account_Balance = -55.5 WHERE Client_ID = 1"));
+  InvoiceForm form;
+  form.madeOutTo = "typed before";
+  const BilledClient client = ChooseBilledClient(business(), form, 1);
+  EXPECT_EQ(form.madeOutTo, "Abbott\n18 High St\nKEW 3101");
+  EXPECT_EQ(client.OutstandingWords(), "Current outstanding amount is $55.50");
+  EXPECT_EQ(form.options, (InvoiceOptions{false, true, false}));
+}
+
+TEST_F(InvoiceRecordTest, ListsWhoIsBilled) {
+  AddClient("Aaron", "Cancelled", "Monthly", 4);
+  const auto names = [&](BilledClients which) {
+    QStringList words;
+    for (const Choice& choice : ListBilledClients(business(), which)) words += choice.words;
+    return words.join(u',');
+  };
+  EXPECT_EQ(names(BilledClients::Active), "Abbott,Strata");
+  EXPECT_EQ(names(BilledClients::All), "Aaron,Abbott,Strata");
+}
+
+TEST_F(InvoiceRecordTest, OneDateGoesIntoAllThreeAndOptionsToTheClient) {
+  InvoiceForm form = NewInvoice(business(), 1, std::nullopt);
+  form.date = {2026, 9, 1};
+  form.madeOutTo = "it's\nmine";
+  form.notes = "  note ";
+  form.statementType = "Monthly";
+  form.isPaid = true;
+  form.totalAmount = Money::FromWhole(33);
+  form.totalGST = Money::FromWhole(3);
+  form.options = {true, false, true};
+  EXPECT_FALSE(SaveInvoices(business(), form));
+  EXPECT_EQ(Rows(Sql("SELECT From_Date, To_Date, Generation_Date, Invoice_Description, "
+                     "Total_Amount, Total_GST, Statement_Type, IsPaid, Done_For, "
+                     "Balance_Carried_Across FROM Invoices")),
+            "2026-09-01 2026-09-01 2026-09-01 TAX INVOICE 33 3 Monthly True - -");
+  EXPECT_EQ(Rows(Sql("SELECT InvoiceWithOutstanding, InvoiceWithNextJob, "
+                     "InvoiceWithUnpaidPastJobs FROM Clients WHERE Client_ID = 1")),
+            "True False True");
+  const auto loaded = LoadInvoiceDetails(business(), form.invoiceId);
+  EXPECT_EQ(loaded->madeOutTo, "it's\nmine");
+  EXPECT_EQ(loaded->notes, "note");
+  EXPECT_EQ(loaded->statementType, "Monthly");
+  EXPECT_TRUE(loaded->isPaid);
+  Run(Sql("UPDATE Invoices SET Statement_Type = 'With Job', Generation_Date = NULL"));
+  EXPECT_EQ(LoadInvoiceDetails(business(), form.invoiceId)->statementType, "With job");
+  EXPECT_EQ(LoadInvoiceDetails(business(), form.invoiceId)->date, business().Today());
+  EXPECT_FALSE(LoadInvoiceDetails(business(), 99));
+}
+
+TEST_F(InvoiceRecordTest, OnlyTheJobAnInvoiceIsMadeForBecomesInvoiced) {
+  const qint64 made = AddJob(1, "JD", kDay);
+  const qint64 also = AddJob(1, "J", kDay);
+  InvoiceForm form = NewInvoice(business(), 1, made);
+  EXPECT_EQ(form.totalAmount, Money::FromWhole(110)) << "the job's amounts, before it is attached";
+  form.jobsToAttach = {also};
+  EXPECT_FALSE(SaveInvoices(business(), form));
+  EXPECT_EQ(JobStates(), "JI 1,J 1");
+  Run(Sql("UPDATE Diary SET Status = 'JC'"));
+  EXPECT_FALSE(SaveInvoices(business(), form));
+  EXPECT_EQ(JobStates(), "JC 1,JC 1") << "later saves leave the jobs alone";
+}
+
+TEST_F(InvoiceRecordTest, StatusAndInvoiceOfAJobMoveIndependently) {
+  struct Case {
+    const char* fault;
+    std::function<void(InvoiceForm&, qint64)> act;
+    const char* state;
+  };
+  const Case cases[] = {
+      {"removing changed the status",
+       [&](InvoiceForm& form, qint64 job) { EXPECT_FALSE(RemoveJob(business(), form, job)); },
+       "JI -"},
+      {"deleting from the list changed the status",
+       [&](InvoiceForm& form, qint64) {
+         outside.prompter.Expect("Are you sure you want to delete ticked invoices ", Answer::Yes);
+         DeleteTickedInvoices(business(), outside.prompter, {form.invoiceId});
+       },
+       "JI -"},
+      {"deleting from the client left the status",
+       [&](InvoiceForm& form, qint64) {
+         outside.prompter.Expect("Are you sure you want to delete this invoice?", Answer::Yes);
+         DeleteClientInvoice(business(), outside.prompter, 1, form.invoiceId);
+       },
+       "JD -"},
+  };
+  for (const Case& c : cases) {
+    const qint64 job = AddJob(1, "JU", kDay);
+    InvoiceForm form = NewInvoice(business(), 1, job);
+    EXPECT_FALSE(SaveInvoices(business(), form));
+    EXPECT_EQ(StateOf(job), QStringLiteral("JI %1").arg(form.invoiceId));
+    c.act(form, job);
+    EXPECT_EQ(StateOf(job), c.state) << c.fault;
+  }
+  InvoiceForm form = AddInvoice(1);
+  EXPECT_EQ(RemoveJob(business(), form, std::nullopt)->message, "Please select a job to remove.");
+}
+
+TEST_F(InvoiceRecordTest, AttachingMovesAJobAndLeavesOldTotalsStale) {
+  const qint64 job = AddJob(3, "J", kDay);
+  InvoiceForm first = NewInvoice(business(), 2, std::nullopt);
+  first.jobsToAttach = {job};
+  AttachedJobs jobs = LoadAttachedJobs(business(), first);
+  first.totalAmount = jobs.totalAmount;
+  EXPECT_FALSE(SaveInvoices(business(), first));
+  const InvoiceForm second = AddInvoice(2);
+  AttachJobs(business(), second.invoiceId, {job});
+  EXPECT_EQ(StateOf(job), "J 2");
+  EXPECT_TRUE(LoadAttachedJobs(business(), first).rows.empty());
+  EXPECT_EQ(LoadInvoiceDetails(business(), first.invoiceId)->totalAmount, Money::FromWhole(110));
+  Run(Sql("UPDATE Diary SET Total_Price = 220, Total_GST = NULL"));
+  jobs = LoadAttachedJobs(business(), second);
+  ASSERT_EQ(jobs.rows.size(), 1U);
+  EXPECT_EQ(jobs.rows[0].displayName, "Site");
+  EXPECT_EQ(jobs.totalAmount, Money::FromWhole(220)) << "live, not as stored";
+  EXPECT_EQ(jobs.totalGST, Money());
+}
+
+TEST_F(InvoiceRecordTest, InvoicesMoveNoBalance) {
+  Run(Sql("UPDATE Clients SET Account_Balance = -42"));
+  const qint64 job = AddJob(1, "JD", kDay);
+  InvoiceForm form = NewInvoice(business(), 1, job);
+  EXPECT_FALSE(SaveInvoices(business(), form));
+  EXPECT_FALSE(RemoveJob(business(), form, job));
+  DeleteInvoices(business(), {form.invoiceId});
+  EXPECT_EQ(Rows(Sql("SELECT Account_Balance FROM Clients")), "-42,-42,-42");
+}
+
+TEST_F(InvoiceRecordTest, NotesAreListedOnceAndTheGeneralOneLast) {
+  for (const char* note : {"Thanks", "", "Away in May", "Thanks"})
+    Run(Sql("INSERT INTO Invoices (Invoice_Notes) VALUES ({})", note));
+  Run(Sql("UPDATE infOptions SET Invoice_Notes = 'A general note'"));
+  EXPECT_EQ(ListInvoiceNotes(business()).join(u'|'), "Away in May|Thanks|A general note");
+  EXPECT_EQ(CheckNoteSelected(false)->message, "Please select a note from the list");
+}
+
+struct RateCase {
+  const char* fault;
+  Value rate;
+  const char* lines;
+  const char* total;
+};
+
+TEST_F(InvoiceRecordTest, TaxOfAnEntryCountsWholePercents) {
+  const qint64 job = AddJob(1, "J", kDay, 100, 99);
+  const qint64 bare = AddJob(1, "J", kDay, 100, 99);
+  for (const double price : {55.0, 44.44})
+    Run(Sql("INSERT INTO Diary_Services (Diary_ID, Service_ID, Price) VALUES ({}, 1, {})", job,
+            price));
+  const RateCase cases[] = {
+      {"lines were rounded", 0.1, "5,4.04", "9.04"},
+      {"half a percent did not go up", 0.125, "6.3274,5.1126", "11.44"},
+      {"a broken percent was used", 0.124, "5.8929,4.7614", "10.65"},
+      {"no rate", Value(), "0,0", "0"},
+  };
+  for (const RateCase& c : cases) {
+    Run(Sql("UPDATE infOptions SET GST_Percentage = {}", c.rate));
+    RecalculateDiaryEntryGST(business(), job);
+    EXPECT_EQ(Rows(Sql("SELECT GST FROM Diary_Services ORDER BY Diary_Service_ID")), c.lines)
+        << c.fault;
+    EXPECT_EQ(Rows(Sql("SELECT Total_GST FROM Diary WHERE Diary_ID = {}", job)), c.total)
+        << c.fault;
+  }
+  RecalculateDiaryEntryGST(business(), bare);
+  EXPECT_EQ(Rows(Sql("SELECT Total_GST FROM Diary WHERE Diary_ID = {}", bare)), "99");
+}
+
+TEST_F(InvoiceRecordTest, ListShowsThePeriodAndTheMonthlyOnes) {
+  const qint64 bad = AddClient("Gone", "Bad debtor", "Monthly", 4);
+  const auto add = [&](qint64 client, const char* type, const DateTime& day, const char* number) {
+    Run(
+        Sql("INSERT INTO Invoices (Client_ID, Statement_Type, Generation_Date, Invoice_Number) "
+            "VALUES ({}, {}, {}, {})",
+            client, type, day, number));
+  };
+  add(1, "With job", QDate(2026, 11, 1), "1");
+  add(2, "Monthly", DateTime({2026, 11, 30}, {23, 58}), "2");
+  add(1, "Monthly", QDate(2026, 11, 5), "client is not billed by the month");
+  add(bad, "Monthly", QDate(2026, 11, 5), "bad debtor");
+  add(1, "Statement", QDate(2026, 11, 2), "old statement");
+  add(1, "With job", QDate(2026, 12, 1), "next month");
+  const auto numbers = [&](bool monthly) {
+    QStringList words;
+    const auto query = InvoicesOfMonth(business().Today(), monthly);
+    for (const InvoiceListRow& row : LoadInvoicesList(business(), query))
+      words += row.invoiceNumber;
+    return words.join(u',');
+  };
+  EXPECT_EQ(numbers(false), "2,client is not billed by the month,bad debtor,1");
+  EXPECT_EQ(numbers(true), "2");
+}
+
+TEST_F(InvoiceRecordTest, TickedInvoicesGoAfterOneQuestion) {
+  const InvoiceForm one = AddInvoice(1, {AddJob(1, "J", kDay)});
+  const InvoiceForm two = AddInvoice(1, {AddJob(1, "JI", kDay)});
+  const InvoiceForm kept = AddInvoice(1, {AddJob(1, "JP", kDay)});
+  Run(Sql("INSERT INTO Invoice_Items (Invoice_ID) VALUES ({})", one.invoiceId));
+  Run(Sql("INSERT INTO Invoice_Items (Invoice_ID) VALUES ({})", kept.invoiceId));
+  for (const Answer answer : {Answer::No, Answer::Yes}) {
+    outside.prompter.Expect("Are you sure you want to delete ticked invoices ", answer);
+    EXPECT_EQ(DeleteTickedInvoices(business(), outside.prompter, {one.invoiceId, two.invoiceId}),
+              answer == Answer::Yes);
+    EXPECT_EQ(Count("Invoices"), answer == Answer::Yes ? 1 : 3);
+  }
+  EXPECT_EQ(Count("Invoice_Items"), 1);
+  EXPECT_EQ(JobStates(), "J -,JI -,JP 3");
+}
+
+TEST_F(InvoiceRecordTest, PrintingSelectsAnewAndRecomputesWhereAsked) {
+  AddJob(1, "JD", kDay);
+  outside.headOffice.sessionKey = "S";
+  SelectInvoicesToPrint(business(), {7, 8});
+  PrepareInvoicePrint(business(), 5);
+  EXPECT_EQ(Rows(Sql("SELECT Invoice_ID FROM lstInvoicesToPrint")), "5");
+  EXPECT_EQ(Rows(Sql("SELECT Account_Balance FROM Clients WHERE Client_ID = 1")), "0");
+  EXPECT_TRUE(outside.headOffice.activities.isEmpty());
+  business().values.recalculateClientAmtsOwingOnPrint = true;
+  PrepareInvoicePrint(business(), 6);
+  EXPECT_EQ(Rows(Sql("SELECT Account_Balance FROM Clients WHERE Client_ID = 1")), "-110");
+  EXPECT_EQ(
+      outside.headOffice.activities,
+      QStringList({"cmdPrintInvoice_Click (RecalculateAmountOwingOfAllClients)->09:00:00",
+                   "cmdPrintInvoice_Click (RecalculateAmountOwingOfAllClients End)->09:00:00"}));
+  SelectInvoicesToPrint(business(), {});
+  EXPECT_EQ(Count("lstInvoicesToPrint"), 0);
+  EXPECT_EQ(CheckInvoicePrint(0)->message, "Please select jobs to included on the invoice.");
+}
+
+TEST_F(InvoiceRecordTest, ReminderIsMovedByTheOwnerAlone) {
+  EXPECT_FALSE(LoadMonthlyReminder(business()).stored);
+  EXPECT_EQ(LoadMonthlyReminder(business()).proposed, QDate(2026, 12, 2));
+  SaveMonthlyReminder(business(), QDate(2026, 12, 24));
+  EXPECT_EQ(LoadMonthlyReminder(business()).stored, QDate(2026, 12, 24));
+  SaveMonthlyReminder(business(), std::nullopt);
+  EXPECT_FALSE(LoadMonthlyReminder(business()).stored);
+}
+
+}  // namespace
+}  // namespace quillary
