@@ -2,9 +2,22 @@
 
 #include "base/Errors.h"
 
+#include <QLineEdit>
+
 #include <new>
 
 namespace quillary {
+
+namespace {
+
+/// A mnemonic presses a button while the field that is being typed into keeps the focus; the
+/// command has to see what stands there.
+void TakeTyped(const QWidget* button) {
+  if (auto* line = qobject_cast<QLineEdit*>(button->window()->focusWidget()))
+    emit line->editingFinished();
+}
+
+}  // namespace
 
 bool CommandRunner::Run(const QString& form, const QString& procedure,
                         const std::function<void()>& command) {
@@ -32,8 +45,11 @@ bool CommandRunner::RunBusy(const QString& form, const QString& procedure,
 void CommandRunner::OnClick(QAbstractButton* button, const QString& form,
                             std::function<void()> command) {
   QObject::connect(button, &QAbstractButton::clicked, button,
-                   [this, form, name = button->objectName(), command = std::move(command)] {
-                     Run(form, name + QStringLiteral("_Click"), command);
+                   [this, button, form, name = button->objectName(), command = std::move(command)] {
+                     Run(form, name + QStringLiteral("_Click"), [&] {
+                       TakeTyped(button);
+                       command();
+                     });
                    });
 }
 

@@ -111,6 +111,7 @@ QLabel[role="figure"] { font-size: 17px; font-weight: 700; }
 QLabel[role="muted"] { color: @muted; }
 QLabel[role="hint"] { color: @muted; font-size: 12px; }
 QLabel[role="warning"] { color: @warning; }
+QLabel[role="danger"] { color: @danger; font-weight: 600; }
 )";
 
 const char* const kLists = R"(

@@ -1,7 +1,58 @@
 #include "billing/screens/PaymentScreens.h"
 
+#include "base/ports/requests/Billing.h"
+#include "base/ports/requests/Setup.h"
+#include "billing/screens/dlgPaymentJobs.h"
+#include "billing/screens/dlgPaymentOptions.h"
+#include "billing/screens/frmPaymentMethods.h"
+#include "billing/screens/frmPayments.h"
+#include "billing/screens/frmPaymentsList.h"
+
 namespace quillary {
 
-void RegisterPaymentScreens(Business&, const ScreenTools&) {}
+namespace {
+
+bool Run(Dialog&& dialog) {
+  return dialog.exec() == QDialog::Accepted;
+}
+
+PaymentForm FormOf(Business& business, const AddPayment& request) {
+  if (request.clientId)
+    return NewPayment(business, *request.clientId, request.amount, request.diaryId);
+  PaymentForm form = BlankPayment(business);
+  form.amount = request.amount;
+  form.gst = TaxWithin(business, form.amount, form.taxExempt);
+  form.forJob = request.diaryId;
+  return form;
+}
+
+}  // namespace
+
+void RegisterPaymentScreens(Business& business, const ScreenTools& tools) {
+  Navigator& navigator = tools.navigator;
+  navigator.Register<OpenPaymentsList>([&business, tools](const OpenPaymentsList&) {
+    if (Screen* open = tools.host.BringToFront(QStringLiteral("frmPaymentsList"))) {
+      open->Reload();
+      return;
+    }
+    auto* payments = new frmPaymentsList(business, tools);
+    tools.host.ShowScreen(payments);
+    payments->ShowYourself();
+  });
+  navigator.Register<AddPayment>([&business, tools](const AddPayment& request) {
+    return Run(frmPayments(business, tools, FormOf(business, request)));
+  });
+  navigator.Register<ViewPayment>([&business, tools](const ViewPayment& request) {
+    return Run(frmPayments(business, tools, LoadPayment(business, request.paymentId)));
+  });
+  navigator.Register<PayForJob>([&business, tools](const PayForJob& request) {
+    return Run(dlgPaymentOptions(business, tools, request));
+  });
+  navigator.Register<AllocatePayment>([&business, tools](const AllocatePayment& request) {
+    return Run(dlgPaymentJobs(business, tools, request.paymentId));
+  });
+  navigator.Register<OpenPaymentMethods>(
+      [&business, tools](const OpenPaymentMethods&) { OpenPaymentMethodsList(business, tools); });
+}
 
 }  // namespace quillary

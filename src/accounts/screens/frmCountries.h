@@ -1,0 +1,12 @@
+#pragma once
+
+#include "kit/RecordList.h"
+
+namespace quillary {
+
+class Business;
+
+/// The countries a business can be in, with the names of their tax.
+RecordList CountriesList(Business& business);
+
+}  // namespace quillary

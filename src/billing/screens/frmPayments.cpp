@@ -1,0 +1,311 @@
+#include "billing/screens/frmPayments.h"
+
+#include "base/ports/requests/Billing.h"
+#include "base/ports/requests/Scheduling.h"
+#include "base/ports/requests/Setup.h"
+#include "kit/ComboSearch.h"
+#include "kit/Combos.h"
+#include "kit/Controls.h"
+#include "kit/CurrencyField.h"
+#include "kit/DateField.h"
+#include "kit/Grid.h"
+
+#include <QCheckBox>
+#include <QKeyEvent>
+#include <QPlainTextEdit>
+
+/// What the payment screen shows and stores.
+namespace quillary {
+
+namespace {
+
+enum LineColumn { kLineAccount, kLineEntry, kLineAmount, kLineTax };
+
+/// The payers, and whoever paid this one: that client may be billed to another by now, and the
+/// payment is still its own.
+std::vector<Choice> PayersWith(Business& business, std::optional<qint64> clientId) {
+  std::vector<Choice> payers = ListPayerChoices(business);
+  const auto isClient = [&](const Choice& choice) { return choice.id == clientId; };
+  if (!clientId || std::ranges::any_of(payers, isClient)) return payers;
+  payers.push_back(
+      {*clientId,
+       business.FirstField(Sql("SELECT Display_Name FROM Clients WHERE Client_ID = {}", *clientId))
+           .ToText()});
+  return payers;
+}
+
+/// Picks the entry of those words, whatever their case; words that the list lacks stay to be seen.
+void ShowWords(ComboSearch* combo, const QString& words) {
+  const int at = words.isEmpty() ? -1 : combo->findText(words, Qt::MatchFixedString);
+  combo->SelectComboItem(at < 0 ? QVariant() : combo->itemData(at));
+  if (at < 0) combo->setEditText(words);
+}
+
+}  // namespace
+
+frmPayments::frmPayments(Business& business, const ScreenTools& tools,
+                         const std::optional<PaymentForm>& payment)
+    : Dialog("frmPayments", tr("Payment"), business.World().prompter),
+      business_(business),
+      tools_(tools),
+      form_(payment.value_or(BlankPayment(business))),
+      exists_(payment.has_value()) {
+  MakeControls();
+  LayOut();
+  state_.Watch({cmbClient, dtpPaymentDate, txtAmount, txtGST, chkTaxExempt, cmbPaymentMethod,
+                txtChequeNumber, cmbBank, txtBankBranch, txtBankAccountName, txtNotes,
+                chkMarkInvoiceAsPaid});
+  line_.Watch({cmbRevenueAccount, txtAccountAmount, txtAccountGST});
+  ConnectFields();
+  ConnectCommands();
+  tools_.runner.Run(objectName(), QStringLiteral("ShowPayment"), [this] {
+    FillLists();
+    ShowPayment();
+    LoadAccounts();
+    if (!exists_) ShowMissing();
+  });
+}
+
+void frmPayments::FillLists() {
+  FillCombo(cmbClient, PayersWith(business_, form_.IsNew() ? std::nullopt : form_.clientId));
+  FillMethods();
+  FillComboWithWords(cmbBank, ListBankNames(business_));
+  FillCombo(cmbRevenueAccount, ListRevenueAccountChoices(business_));
+}
+
+void frmPayments::FillMethods() {
+  FillComboWithWords(cmbPaymentMethod, ListPaymentMethodWords(business_));
+}
+
+void frmPayments::ShowPayment() {
+  setWindowTitle(form_.IsNew() ? tr("New payment") : tr("Payment"));
+  txtPaymentID->setText(form_.IsNew() ? QString() : QString::number(form_.paymentId));
+  SelectComboItem(cmbClient, form_.clientId ? QVariant(*form_.clientId) : QVariant());
+  dtpPaymentDate->SetDate(form_.paymentDate);
+  txtAmount->SetAmount(form_.amount);
+  txtGST->SetAmount(form_.gst);
+  chkTaxExempt->setChecked(form_.taxExempt);
+  ShowMethod(form_.paymentMethod);
+  txtChequeNumber->setText(form_.chequeNumber);
+  ShowBank(form_.bank);
+  txtBankBranch->setText(form_.bankBranch);
+  txtBankAccountName->setText(form_.bankAccountName);
+  txtNotes->setPlainText(form_.description);
+  fraJobsBeingPaidFor->setVisible(!form_.forJob);
+  state_.ClearDataChanged();
+  ShowJobs();
+}
+
+void frmPayments::ShowMethod(const QString& word) {
+  ShowWords(cmbPaymentMethod, word);
+  fraCheque->setVisible(IsPaidByCheque(cmbPaymentMethod->currentText()));
+}
+
+void frmPayments::ShowBank(const QString& name) {
+  ShowWords(cmbBank, name);
+}
+
+void frmPayments::TakeHabits() {
+  const auto client = ComboKey(cmbClient);
+  if (!form_.IsNew() || !client) return;
+  const PaymentHabits habits = HabitsOf(business_, *client);
+  ShowMethod(habits.paymentMethod);
+  ShowBank(habits.bank);
+  txtBankBranch->setText(habits.bankBranch);
+  txtBankAccountName->setText(habits.bankAccountName);
+}
+
+void frmPayments::ShowTax() {
+  txtGST->SetAmount(TaxWithin(business_, txtAmount->Amount(), chkTaxExempt->isChecked()));
+}
+
+void frmPayments::ShowLineTax() {
+  txtAccountGST->SetAmount(
+      TaxWithin(business_, txtAccountAmount->Amount(), chkTaxExempt->isChecked()));
+}
+
+void frmPayments::ShowJobs() {
+  const PaidServices services = LoadPaidServices(business_, form_.paymentId);
+  std::vector<GridRow> rows;
+  for (const PaidService& service : services.rows)
+    rows.push_back({{service.scheduleDate, service.diaryId, service.service, service.accountName,
+                     service.invoiceNumber, service.price}});
+  grdJobsPaidFor->SetRows(std::move(rows));
+  txtTotal->setText(tr("Total = %1").arg(services.total.ToCurrencyText()));
+}
+
+void frmPayments::ShowMissing() {
+  lblCaption->setText(QStringLiteral("PAYMENT RECORD DOESN'T EXIST!"));
+  lblCaption->show();
+  setWindowTitle(lblCaption->text());
+  for (QWidget* widget : findChildren<QWidget*>())
+    if (widget->focusPolicy() != Qt::NoFocus && widget != cmdCancel) widget->setEnabled(false);
+  cmdCancel->setFocus();
+}
+
+void frmPayments::LoadAccounts() {
+  lines_ = quillary::LoadAccounts(business_, form_.paymentId);
+  std::vector<GridRow> rows;
+  for (const RevenueLine& line : lines_.rows)
+    rows.push_back({{line.accountName, line.glEntryId, line.amount, line.gst}});
+  grdRevAccounts->SetRows(std::move(rows));
+  lblAccountTotals->setText(lines_.TotalWords());
+  ShowPickedLine();
+}
+
+void frmPayments::ShowPickedLine() {
+  const auto row = grdRevAccounts->SelectedRow();
+  const RevenueLine* line = row ? &lines_.rows[static_cast<size_t>(*row)] : nullptr;
+  SelectComboItem(cmbRevenueAccount, line ? QVariant(line->glAccountId) : QVariant());
+  txtAccountAmount->SetAmount(line ? line->amount : Money());
+  txtAccountGST->SetAmount(line ? line->gst : Money());
+  line_.ClearDataChanged();
+}
+
+PaymentForm frmPayments::Typed() const {
+  PaymentForm form = form_;
+  form.clientId = ComboKey(cmbClient);
+  form.amount = txtAmount->Amount();
+  form.gst = txtGST->Amount();
+  form.taxExempt = chkTaxExempt->isChecked();
+  form.paymentDate = dtpPaymentDate->Date();
+  form.paymentMethod = ComboKey(cmbPaymentMethod) ? cmbPaymentMethod->currentText() : QString();
+  form.chequeNumber = txtChequeNumber->text();
+  form.bank = cmbBank->currentText();
+  form.bankBranch = txtBankBranch->text();
+  form.bankAccountName = txtBankAccountName->text();
+  form.description = txtNotes->toPlainText();
+  form.markInvoicesAsPaid = chkMarkInvoiceAsPaid->isChecked();
+  return form;
+}
+
+bool frmPayments::IsDataChanged() const {
+  return exists_ && (jobsChanged_ || state_.IsDataChanged() || line_.IsDataChanged());
+}
+
+bool frmPayments::SavePaymentDetails() {
+  PaymentForm form = Typed();
+  if (!IsAccepted(quillary::SavePaymentDetails(business_, form))) return false;
+  form_ = form;
+  saved_ = true;
+  jobsChanged_ = false;
+  txtPaymentID->setText(QString::number(form_.paymentId));
+  state_.ClearDataChanged();
+  ShowJobs();
+  return true;
+}
+
+bool frmPayments::HasItsJobs() {
+  if (!RequiresJobs(business_, form_.paymentId)) return true;
+  business_.World().prompter.Tell(Tone::Exclamation, QString::fromLatin1(kRequiresJobs));
+  tools_.navigator.Open(AllocatePayment{form_.paymentId});
+  fraJobsBeingPaidFor->show();  // what was ticked is to be seen, however the screen was opened
+  ShowJobs();
+  return false;
+}
+
+void frmPayments::reject() {
+  bool mayLeave = false;
+  const bool ran = tools_.runner.Run(objectName(), QStringLiteral("cmdCancel_Click"), [&] {
+    mayLeave = (form_.IsNew() || HasItsJobs()) && MayLeave();
+  });
+  // A screen that cannot even ask must not hold its user.
+  if (mayLeave || !ran) Close(saved_ ? Accepted : Rejected);
+}
+
+void frmPayments::ChangeJobsPaidFor() {
+  if (!SavePaymentDetails()) return;
+  tools_.navigator.Open(AllocatePayment{form_.paymentId});
+  ShowJobs();
+  jobsChanged_ = true;
+}
+
+void frmPayments::OpenPickedJob() {
+  const auto row = grdJobsPaidFor->SelectedRow();
+  if (!row || !tools_.navigator.CanOpen<EditJob>()) return;
+  tools_.navigator.Open(EditJob{grdJobsPaidFor->Key(*row)});
+  ShowJobs();
+}
+
+void frmPayments::StoreLine(SaveRevenueLine as) {
+  const auto row = grdRevAccounts->SelectedRow();
+  RevenueLineForm line{.glAccountId = ComboKey(cmbRevenueAccount),
+                       .amount = txtAccountAmount->Amount(),
+                       .gst = txtAccountGST->Amount()};
+  if (row) line.glEntryId = grdRevAccounts->Key(*row);
+  const bool isNew = form_.IsNew();
+  PaymentForm form = Typed();
+  if (!IsAccepted(SaveAccount(business_, form, line, as))) return;
+  if (isNew) {
+    form_ = form;  // it was stored with its first line
+    txtPaymentID->setText(QString::number(form_.paymentId));
+    state_.ClearDataChanged();
+    ShowJobs();
+  }
+  saved_ = true;
+  LoadAccounts();
+  cmbRevenueAccount->setFocus();
+}
+
+void frmPayments::RemoveLine() {
+  const auto row = grdRevAccounts->SelectedRow();
+  const auto entry = row ? std::optional(grdRevAccounts->Key(*row)) : std::nullopt;
+  if (!IsAccepted(RemoveAccount(business_, entry))) return;
+  LoadAccounts();
+  grdRevAccounts->setFocus();
+}
+
+void frmPayments::ConnectFields() {
+  connect(cmbClient, &ComboSearch::picked, this, [this] {
+    tools_.runner.Run(objectName(), QStringLiteral("cmbClient_Click"), [this] { TakeHabits(); });
+  });
+  connect(txtAmount, &CurrencyField::amountChosen, this, &frmPayments::ShowTax);
+  connect(chkTaxExempt, &QCheckBox::clicked, this, &frmPayments::ShowTax);
+  connect(txtAccountAmount, &CurrencyField::amountChosen, this, &frmPayments::ShowLineTax);
+  connect(cmbPaymentMethod, &QComboBox::currentTextChanged, this,
+          [this](const QString& word) { fraCheque->setVisible(IsPaidByCheque(word)); });
+  for (QLineEdit* field : {static_cast<QLineEdit*>(txtAccountAmount),
+                           static_cast<QLineEdit*>(txtAccountGST), cmbRevenueAccount->lineEdit()})
+    field->installEventFilter(this);
+}
+
+void frmPayments::ConnectCommands() {
+  const auto on = [this](QPushButton* button, std::function<void()> command) {
+    tools_.runner.OnClick(button, objectName(), std::move(command));
+  };
+  on(cmdShowPaymentMethods, [this] {
+    const QString word = cmbPaymentMethod->currentText();
+    tools_.navigator.Open(OpenPaymentMethods{});
+    FillMethods();
+    ShowMethod(word);
+  });
+  on(cmdChangeJobsPaidFor, [this] { ChangeJobsPaidFor(); });
+  on(cmdAddRevenueAccount, [this] { StoreLine(SaveRevenueLine::AsNew); });
+  on(cmdUpdateRevenueAccount, [this] { StoreLine(SaveRevenueLine::Picked); });
+  on(cmdRemoveRevenueAccount, [this] { RemoveLine(); });
+  on(cmdSaveOnly, [this] {
+    if (SavePaymentDetails()) Close(Accepted);
+  });
+  on(cmdSave, [this] {
+    // A line may be typed and not stored.
+    if (SavePaymentDetails() && HasItsJobs() && MayLeave()) Close(Accepted);
+  });
+  connect(cmdCancel, &QPushButton::clicked, this, &Dialog::reject);
+  connect(grdRevAccounts, &Grid::selectedRowChanged, this, &frmPayments::ShowPickedLine);
+  connect(grdJobsPaidFor, &Grid::rowOpened, this, [this] {
+    tools_.runner.Run(objectName(), QStringLiteral("grdJobsPaidFor_DblClick"),
+                      [this] { OpenPickedJob(); });
+  });
+}
+
+bool frmPayments::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() != QEvent::KeyPress) return Dialog::eventFilter(watched, event);
+  const int key = static_cast<QKeyEvent*>(event)->key();
+  if (key != Qt::Key_Return && key != Qt::Key_Enter) return Dialog::eventFilter(watched, event);
+  // Enter stores the line that is being typed; it must not save and close over it.
+  grdRevAccounts->setFocus();
+  (grdRevAccounts->SelectedRow() ? cmdUpdateRevenueAccount : cmdAddRevenueAccount)->click();
+  return true;
+}
+
+}  // namespace quillary
