@@ -110,8 +110,11 @@ class Composer {
   Composition Finish(const QString& title);
 
  private:
+  friend class TablePlacer;
+
   Page& CurrentPage() { return document_.pages.back(); }
-  void OpenPage();
+  /// To the next page because this one is full, not because the document says so.
+  void TurnPage();
   void AddFooters();
 
   Composition document_;

@@ -11,6 +11,8 @@ struct ReportPlaces {
   QString fontFolder;
   Paper paper = Paper::A4;
 };
+/// Everything below the folder of the program's files, the metrics beside the program itself.
+ReportPlaces ReportPlacesUnder(const QString& applicationFolder);
 
 /// A report that is done: its pages for the preview, and its file.
 struct ReportDocument {
@@ -81,6 +83,7 @@ class Report {
   ReportDocument EndDocument();
 
  private:
+  void AddTrouble(const QString& text);
   std::optional<PagePicture> LoadPicture(const QString& file, double height);
 
   Business& business_;
