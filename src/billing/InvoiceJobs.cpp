@@ -75,4 +75,28 @@ std::optional<Refusal> RemoveJob(Business& business, InvoiceForm& form,
   return std::nullopt;
 }
 
+std::optional<JobToInvoice> LoadJobToInvoice(Business& business, qint64 diaryId) {
+  const Recordset row = business.RunSQL(
+      Sql("SELECT Clients.Display_Name, Clients.Billing_Client_ID, Diary.Description, "
+          "Diary.Schedule_Date, Diary.Total_Price, Diary.Invoice_ID "
+          "FROM Diary INNER JOIN Clients ON Diary.Client_ID = Clients.Client_ID "
+          "WHERE Diary.Diary_ID = {}",
+          diaryId));
+  if (row.EndOfFile()) return std::nullopt;
+  JobToInvoice job{.diaryId = diaryId,
+                   .displayName = row.Field(u"Display_Name").ToText(),
+                   .billedName = {},
+                   .description = row.Field(u"Description").ToText(),
+                   .scheduleDate = row.Field(u"Schedule_Date").ToDate(),
+                   .totalPrice = row.Field(u"Total_Price").ToMoney(),
+                   .invoiceId = {}};
+  const auto payer = LoadBilledClient(business, row.Field(u"Billing_Client_ID").ToLong());
+  job.billedName = payer ? payer->displayName : job.displayName;
+  // A run can have left the key of an invoice that came to nothing.
+  const Value invoice = business.FirstField(Sql(
+      "SELECT Invoice_ID FROM Invoices WHERE Invoice_ID = {}", row.Field(u"Invoice_ID").ToLong()));
+  if (!invoice.IsNull()) job.invoiceId = invoice.ToLong();
+  return job;
+}
+
 }  // namespace quillary

@@ -35,4 +35,17 @@ void AttachJobs(Business& business, qint64 invoiceId, const std::vector<qint64>&
 std::optional<Refusal> RemoveJob(Business& business, InvoiceForm& form,
                                  std::optional<qint64> diaryId);
 
+/// A job of the diary that is to be invoiced.
+struct JobToInvoice {
+  qint64 diaryId = 0;
+  QString displayName;  // of the client at whose site it is done
+  QString billedName;   // of who pays
+  QString description;
+  QDate scheduleDate;
+  Money totalPrice;                 // tax included
+  std::optional<qint64> invoiceId;  // the invoice it stands on, when that exists
+};
+/// Nothing when there is no such entry.
+std::optional<JobToInvoice> LoadJobToInvoice(Business& business, qint64 diaryId);
+
 }  // namespace quillary

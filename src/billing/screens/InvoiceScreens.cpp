@@ -1,7 +1,73 @@
 #include "billing/screens/InvoiceScreens.h"
 
+#include "base/ports/requests/Billing.h"
+#include "billing/screens/dlgFromDate.h"
+#include "billing/screens/dlgInvoiceList.h"
+#include "billing/screens/dlgInvoiceOptions.h"
+#include "billing/screens/frmInvoice.h"
+#include "billing/screens/frmInvoicesList.h"
+#include "billing/screens/frmListOfJobs.h"
+
 namespace quillary {
 
-void RegisterInvoiceScreens(Business&, const ScreenTools&) {}
+namespace {
+
+void ShowList(Business& business, const ScreenTools& tools, bool monthly) {
+  if (Screen* open = tools.host.BringToFront(QStringLiteral("frmInvoicesList"))) {
+    if (monthly)
+      static_cast<frmInvoicesList*>(open)->ShowYourself(true);
+    else
+      open->Reload();
+    return;
+  }
+  auto* list = new frmInvoicesList(business, tools);
+  tools.host.ShowScreen(list);
+  list->ShowYourself(monthly);
+}
+
+bool Edit(Business& business, const ScreenTools& tools, const InvoiceForm& form) {
+  frmInvoice screen(business, tools, form);
+  screen.exec();
+  return screen.WasSaved();
+}
+
+void RegisterInvoices(Business& business, const ScreenTools& tools) {
+  Navigator& navigator = tools.navigator;
+  navigator.Register<OpenInvoicesList>([&business, tools](const OpenInvoicesList& request) {
+    ShowList(business, tools, request.monthly);
+  });
+  navigator.Register<ChooseInvoiceFor>([&business, tools](const ChooseInvoiceFor& request) {
+    return dlgInvoiceOptions(business, tools, request).exec() == QDialog::Accepted;
+  });
+  navigator.Register<AddInvoice>([&business, tools](const AddInvoice& request) {
+    return Edit(business, tools, NewInvoice(business, request.clientId, request.diaryId));
+  });
+  navigator.Register<EditInvoice>([&business, tools](const EditInvoice& request) {
+    if (const auto form = LoadInvoiceDetails(business, request.invoiceId))
+      return Edit(business, tools, *form);
+    business.World().prompter.Tell(
+        Tone::Exclamation,
+        QObject::tr("This invoice is no longer there. Please refresh the list."));
+    return false;
+  });
+  navigator.Register<AttachJobsToInvoice>([&business, tools](const AttachJobsToInvoice& request) {
+    return frmListOfJobs(business, tools, request.invoiceId, request.clientId).exec() ==
+           QDialog::Accepted;
+  });
+}
+
+}  // namespace
+
+void RegisterInvoiceScreens(Business& business, const ScreenTools& tools) {
+  RegisterInvoices(business, tools);
+  tools.navigator.Register<PickDate>([&business](const PickDate& request) {
+    dlgFromDate dialog(business, request.label);
+    return dialog.exec() == QDialog::Accepted ? std::optional(dialog.Date()) : std::nullopt;
+  });
+  tools.navigator.Register<PickInvoiceList>([&business, tools](const PickInvoiceList&) {
+    dlgInvoiceList dialog(business, tools);
+    return dialog.exec() == QDialog::Accepted ? std::optional(dialog.Criteria()) : std::nullopt;
+  });
+}
 
 }  // namespace quillary

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "scheduling/JobPicker.h"
+
+class QComboBox;
+
+namespace quillary {
+
+/// The months of three years, with that of `today` picked.
+void FillWithMonths(QComboBox* combo, QDate today);
+/// The days of an entry of that list.
+MonthChoice MonthAt(QDate today, int entry);
+
+}  // namespace quillary

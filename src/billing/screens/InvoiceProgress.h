@@ -1,0 +1,20 @@
+#pragma once
+
+#include "billing/InvoiceRun.h"
+
+#include <QProgressBar>
+
+namespace quillary {
+
+/// How far a run has come, shown for as long as it goes on.
+class InvoiceProgress : public QProgressBar {
+  Q_OBJECT
+
+ public:
+  explicit InvoiceProgress(const char* name);
+
+  /// What the run is to call. It keeps the bar moving and takes no clicks meanwhile.
+  RunProgress Listener();
+};
+
+}  // namespace quillary

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "base/ports/requests/Billing.h"
+#include "data/Business.h"
+#include "kit/Dialog.h"
+#include "kit/Screen.h"
+
+class QPushButton;
+class QRadioButton;
+
+namespace quillary {
+
+class DateField;
+
+/// Which invoices a report lists, and in which order.
+class dlgInvoiceList : public Dialog {
+  Q_OBJECT
+
+ public:
+  dlgInvoiceList(Business& business, const ScreenTools& tools);
+
+  InvoiceListCriteria Criteria() const;
+
+ private:
+  DateField* dtStartDate;
+  DateField* dtEndDate;
+  QRadioButton* optByName;
+  QRadioButton* optInvoiceNo;
+  QRadioButton* optByDate;
+  QPushButton* cmdCancel;
+  QPushButton* cmdPreview;
+};
+
+}  // namespace quillary

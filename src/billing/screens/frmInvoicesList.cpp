@@ -1,0 +1,180 @@
+#include "billing/screens/frmInvoicesList.h"
+
+#include "base/ports/requests/Clients.h"
+#include "base/ports/requests/Documents.h"
+#include "billing/InvoicePrint.h"
+#include "billing/MonthlyRun.h"
+#include "billing/screens/InvoiceMonths.h"
+#include "billing/screens/InvoiceProgress.h"
+#include "billing/screens/dlgMonthlyInvoices_Reminder.h"
+#include "billing/screens/frmTermOfTrade.h"
+#include "kit/DateField.h"
+#include "kit/Form.h"
+#include "kit/Grid.h"
+#include "kit/RowTicks.h"
+#include "kit/ShownList.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QShortcut>
+
+/// What the list of invoices shows and does.
+namespace quillary {
+
+frmInvoicesList::frmInvoicesList(Business& business, const ScreenTools& tools)
+    : Screen(QStringLiteral("frmInvoicesList"), QStringLiteral("Invoices")),
+      business_(business),
+      tools_(tools) {
+  MakeControls();
+  LayOut();
+  ConnectControls();
+  ConnectPrintCommands();
+}
+
+void frmInvoicesList::ConnectControls() {
+  const auto on = [this](QPushButton* button, std::function<void()> command) {
+    tools_.runner.OnClick(button, objectName(), std::move(command));
+  };
+  on(cmdViewInvoice, [this] { View(); });
+  on(cmdNewInvoice, [this] {
+    tools_.navigator.Open(AddInvoice{});
+    LoadInvoicesIntoGrid();
+  });
+  on(cmdDeleteInvoice, [this] { DeleteTicked(); });
+  on(cmdGenerateInvoiceAutomatically, [this] { GenerateMonthly(); });
+  on(cmdMonthlyInvoiceReminder, [this] { dlgMonthlyInvoices_Reminder(business_, tools_).exec(); });
+  on(cmdGeneralNotes, [this] { tools_.navigator.Open(EditGeneralNotes{}); });
+  on(cmdTermOfTrade, [this] { frmTermOfTrade(business_, tools_).exec(); });
+  connect(cmdList, &QPushButton::clicked, this, &frmInvoicesList::LoadInvoicesIntoGrid);
+  connect(chkShowMonthly, &QCheckBox::toggled, this, &frmInvoicesList::LoadInvoicesIntoGrid);
+  connect(cboMonth, &QComboBox::activated, this, &frmInvoicesList::TakeMonth);
+  connect(cmdClose, &QPushButton::clicked, this, &Screen::closeRequested);
+  connect(fgInvoices, &Grid::rowOpened, cmdViewInvoice, &QPushButton::click);
+  connect(ticks_, &RowTicks::ticksChanged, this, &frmInvoicesList::ShowTotals);
+  auto* add = new QShortcut(QKeySequence::New, this);
+  add->setContext(Qt::WidgetWithChildrenShortcut);
+  connect(add, &QShortcut::activated, cmdNewInvoice, &QPushButton::click);
+}
+
+void frmInvoicesList::ConnectPrintCommands() {
+  const auto on = [this](QPushButton* button, std::function<void()> command) {
+    tools_.runner.OnClick(button, objectName(), std::move(command));
+  };
+  on(cmdPrintGrid, [this] { tools_.navigator.Open(ShownList(windowTitle(), fgInvoices)); });
+  on(cmdPrintInvoices, [this] {
+    SelectTicked();
+    // The tick only names the file here; prices are always printed with tax.
+    tools_.navigator.Open(PrintInvoices{.fileNamePart = chkPriceExcludesGST->isChecked()
+                                                            ? QStringLiteral("False")
+                                                            : QStringLiteral("True"),
+                                        .priceIncludesGST = true});
+  });
+  on(cmdPrintStatement, [this] {
+    SelectTicked();
+    tools_.navigator.Open(PrintStatements{.from = dtFrom->Date(),
+                                          .to = dtTo->Date(),
+                                          .priceIncludesGST = !chkPriceExcludesGST->isChecked()});
+  });
+  on(cmdPrintReminder, [this] {
+    SelectTicked();
+    tools_.navigator.Open(PrintReminders{.priceIncludesGST = !chkPriceExcludesGST->isChecked()});
+  });
+}
+
+void frmInvoicesList::ShowYourself(bool monthly) {
+  const InvoiceListQuery query = InvoicesOfMonth(business_.Today(), monthly);
+  FillWithMonths(cboMonth, business_.Today());
+  dtFrom->SetDate(query.from);
+  dtTo->SetDate(query.to);
+  {
+    const QSignalBlocker quiet(chkShowMonthly);
+    chkShowMonthly->setChecked(monthly);
+  }
+  LoadInvoicesIntoGrid();
+  fgInvoices->setFocus();
+}
+
+void frmInvoicesList::TakeMonth(int month) {
+  const MonthChoice days = MonthAt(business_.Today(), month);
+  dtFrom->SetDate(days.first);
+  dtTo->SetDate(days.last);
+}
+
+void frmInvoicesList::LoadInvoicesIntoGrid() {
+  tools_.runner.RunBusy(objectName(), QStringLiteral("LoadInvoicesIntoGrid"), [this] {
+    const auto kept = SelectedInvoice();
+    invoices_ =
+        LoadInvoicesList(business_, {dtFrom->Date(), dtTo->Date(), chkShowMonthly->isChecked()});
+    std::vector<GridRow> rows;
+    for (const InvoiceListRow& invoice : invoices_) {
+      GridRow row;
+      row.cells = {false,
+                   invoice.invoiceId,
+                   invoice.displayName,
+                   invoice.generationDate,
+                   invoice.description,
+                   invoice.totalAmount,
+                   GridCell(Value(invoice.invoiceNumber).ToLong(), invoice.invoiceNumber),
+                   invoice.IsPaidWord()};
+      row.hue = invoice.isPaid ? Hue::Blue : Hue::Neutral;
+      rows.push_back(std::move(row));
+    }
+    fgInvoices->SetRows(std::move(rows));
+    ticks_->TakeRows();
+    if (!kept || !fgInvoices->SelectKey(*kept)) fgInvoices->SelectFirst();
+    ShowTotals();
+  });
+}
+
+void frmInvoicesList::ShowTotals() {
+  const size_t ticked = ticks_->TickedKeys().size();
+  Money total;
+  for (const InvoiceListRow& invoice : invoices_) total += invoice.totalAmount;
+  const QString words =
+      invoices_.size() == 1
+          ? tr("1 invoice, %1").arg(total.ToCurrencyText())
+          : tr("%1 invoices, %2").arg(invoices_.size()).arg(total.ToCurrencyText());
+  lblTotals->setText(ticked == 0 ? words : tr("%1 · %2 ticked").arg(words).arg(ticked));
+}
+
+std::optional<qint64> frmInvoicesList::SelectedInvoice() const {
+  const auto row = fgInvoices->SelectedRow();
+  if (!row) return std::nullopt;
+  return fgInvoices->Key(*row);
+}
+
+void frmInvoicesList::View() {
+  const auto invoice = SelectedInvoice();
+  if (!Accepted(business_.World().prompter, this, CheckInvoiceSelected(invoice))) return;
+  tools_.navigator.Open(EditInvoice{*invoice});
+  LoadInvoicesIntoGrid();
+}
+
+void frmInvoicesList::DeleteTicked() {
+  if (DeleteTickedInvoices(business_, business_.World().prompter, ticks_->TickedKeys()))
+    LoadInvoicesIntoGrid();
+}
+
+void frmInvoicesList::GenerateMonthly() {
+  if (!ConfirmMonthlyRun(business_.World().prompter)) return;
+  const auto generated = tools_.navigator.Open(PickDate{tr("Generation date")});
+  if (!generated) return;
+  setEnabled(false);  // nothing may be clicked while the run shows how far it has come
+  const bool done =
+      tools_.runner.Run(objectName(), QStringLiteral("cmdGenerateInvoiceAutomatically_Click"), [&] {
+        GenerateMonthlyInvoices(business_, {dtFrom->Date(), dtTo->Date(), *generated},
+                                prgRun->Listener());
+      });
+  setEnabled(true);
+  prgRun->hide();
+  if (done) LoadInvoicesIntoGrid();
+  fgInvoices->setFocus();
+}
+
+void frmInvoicesList::SelectTicked() {
+  SelectInvoicesToPrint(business_, ticks_->TickedKeys());
+}
+
+}  // namespace quillary

@@ -1,0 +1,82 @@
+#pragma once
+
+#include "billing/InvoiceList.h"
+#include "kit/Screen.h"
+
+class QCheckBox;
+class QComboBox;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+
+namespace quillary {
+
+class DateField;
+class Grid;
+class InvoiceProgress;
+class RowTicks;
+
+/// The invoices of a period: viewed, made by hand or by the monthly run, printed and deleted.
+class frmInvoicesList : public Screen {
+  Q_OBJECT
+
+ public:
+  frmInvoicesList(Business& business, const ScreenTools& tools);
+
+  /// This month, all invoices or the monthly ones.
+  void ShowYourself(bool monthly);
+  void LoadInvoicesIntoGrid();
+  void Reload() override { LoadInvoicesIntoGrid(); }
+
+ private:
+  void MakeControls();
+  void MakeList();
+  void MakeCommands();
+  void MakePrintCommands();
+  void LayOut();
+  QLayout* PeriodLine();
+  QLayout* TicksLine();
+  QLayout* SetupLine();
+  QLayout* CommandLine();
+  void ConnectControls();
+  void ConnectPrintCommands();
+  void TakeMonth(int month);
+  void ShowTotals();
+  std::optional<qint64> SelectedInvoice() const;
+  void View();
+  void DeleteTicked();
+  void GenerateMonthly();
+  /// Makes the ticked invoices the selection for printing.
+  void SelectTicked();
+
+  Business& business_;
+  ScreenTools tools_;
+  std::vector<InvoiceListRow> invoices_;
+
+  QComboBox* cboMonth;
+  DateField* dtFrom;
+  DateField* dtTo;
+  QPushButton* cmdList;
+  QCheckBox* chkShowMonthly;
+  QLineEdit* txtFilter;
+  QCheckBox* chkTickUntickAll;
+  Grid* fgInvoices;
+  RowTicks* ticks_;
+  InvoiceProgress* prgRun;
+  QLabel* lblTotals;
+  QPushButton* cmdGenerateInvoiceAutomatically;
+  QPushButton* cmdMonthlyInvoiceReminder;
+  QPushButton* cmdGeneralNotes;
+  QPushButton* cmdTermOfTrade;
+  QPushButton* cmdPrintGrid;
+  QCheckBox* chkPriceExcludesGST;
+  QPushButton* cmdPrintInvoices;
+  QPushButton* cmdPrintStatement;
+  QPushButton* cmdPrintReminder;
+  QPushButton* cmdDeleteInvoice;
+  QPushButton* cmdClose;
+  QPushButton* cmdNewInvoice;
+  QPushButton* cmdViewInvoice;
+};
+
+}  // namespace quillary

@@ -1,0 +1,187 @@
+#include "billing/screens/frmListOfJobs.h"
+
+#include "billing/InvoiceJobs.h"
+#include "billing/screens/InvoiceMonths.h"
+#include "kit/Chip.h"
+#include "kit/Combos.h"
+#include "kit/DateField.h"
+#include "kit/FlowLayout.h"
+#include "kit/Grid.h"
+#include "kit/Layouts.h"
+#include "kit/RowTicks.h"
+#include "scheduling/DiaryDay.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+
+#include <algorithm>
+
+namespace quillary {
+
+namespace {
+
+Hue HueOf(PickerColour colour) {
+  switch (colour) {
+    case PickerColour::Done:
+      return Hue::Green;
+    case PickerColour::HasInvoice:
+      return Hue::Blue;
+    case PickerColour::NotDone:
+      break;
+  }
+  return Hue::Neutral;
+}
+
+}  // namespace
+
+frmListOfJobs::frmListOfJobs(Business& business, const ScreenTools& tools, qint64 invoiceId,
+                             qint64 clientId, const std::vector<qint64>& chosenBefore)
+    : Dialog("frmListOfJobs", tr("Attach jobs to the invoice"), business.World().prompter),
+      business_(business),
+      tools_(tools),
+      invoiceId_(invoiceId),
+      clientId_(clientId),
+      chosen_(chosenBefore.begin(), chosenBefore.end()) {
+  MakeControls();
+  LayOut();
+  ConnectControls();
+  tools_.runner.Run(objectName(), QStringLiteral("ShowYourself"), [this] {
+    FillWithMonths(cboMonth, business_.Today());
+    TakeMonth(cboMonth->currentIndex());
+    ListJobs();
+    fgJobs->setFocus();
+  });
+}
+
+void frmListOfJobs::MakeControls() {
+  cboMonth = Named(new QComboBox, "cboMonth");
+  dtStartDate = Named(new DateField(business_.Today()), "dtStartDate");
+  dtEndDate = Named(new DateField(business_.Today()), "dtEndDate");
+  for (DateField* field : {dtStartDate, dtEndDate}) field->setFixedWidth(168);
+  cmdList = MakeButton("cmdList", tr("&List jobs"), ButtonKind::Plain, "view-refresh");
+  txtFilter = MakeFilterBox(this);
+  chkTickUntickAll = MakeTickAllBox();
+  fgJobs = new Grid(QStringLiteral("fgJobs"));
+  fgJobs->setAccessibleName(tr("Jobs that the invoice can take"));
+  fgJobs->SetColumns({{{}, ColumnKind::Tick, 40},
+                      {{}, ColumnKind::HiddenId},
+                      {tr("Client"), ColumnKind::StrongText, 168},
+                      {tr("Services"), ColumnKind::Text, 144},
+                      {tr("Date"), ColumnKind::Date, 104},
+                      {tr("Price"), ColumnKind::Money, 96},
+                      {business_.values.taxName + QStringLiteral(" inc."), ColumnKind::Money, 88},
+                      {tr("Status"), ColumnKind::Chip, 144},
+                      {tr("Invoiced"), ColumnKind::Text, 80}});
+  fgJobs->SetEmptyText(tr("No job lies in these days."), tr("Choose another month."));
+  fgJobs->FilterBy(txtFilter);
+  fgJobs->RememberIn(business_.World().settings);
+  fgJobs->setMinimumHeight(160);
+  ticks_ = new RowTicks(fgJobs, 0, chkTickUntickAll);
+  lblTickedTotal = MakeLabel("lblTickedTotal", {}, LabelRole::Figure);
+  cmdClose = MakeButton("cmdClose", tr("&Cancel"));
+  cmdAttachJobsToInvoice =
+      MakeButton("cmdAttachJobsToInvoice", tr("&Attach ticked jobs"), ButtonKind::Main);
+}
+
+void frmListOfJobs::LayOut() {
+  auto* ticks = new QHBoxLayout;
+  ticks->addWidget(chkTickUntickAll);
+  ticks->addStretch(1);
+  ticks->addWidget(lblTickedTotal);
+  auto* column = new QVBoxLayout;
+  column->setSpacing(12);
+  column->addLayout(ChoiceLine());
+  column->addLayout(ticks);
+  column->addWidget(fgJobs, 1);
+  column->addLayout(LegendLine());
+  SetContent(column);
+  SetRoom({960, 600});
+  AddActions({cmdClose, cmdAttachJobsToInvoice});
+}
+
+QLayout* frmListOfJobs::ChoiceLine() {
+  auto* line = new FlowLayout;
+  line->AddWidgets({MakeLabelFor(cboMonth, tr("&Month")), cboMonth,
+                    MakeLabelFor(dtStartDate, tr("Jobs &from")), dtStartDate,
+                    MakeLabelFor(dtEndDate, tr("t&o")), dtEndDate});
+  line->AddWidgets({txtFilter, cmdList}, Qt::AlignRight);
+  return line;
+}
+
+QLayout* frmListOfJobs::LegendLine() {
+  auto* line = new QHBoxLayout;
+  line->setSpacing(8);
+  const auto add = [&](const char* name, const QString& words, PickerColour colour) {
+    auto* chip = new Chip(name);
+    chip->ShowStatus(words, HueOf(colour));
+    line->addWidget(chip);
+  };
+  add("lblNotDone", tr("Not done"), PickerColour::NotDone);
+  add("lblDone", tr("Done"), PickerColour::Done);
+  add("lblHasInvoice", tr("On an invoice already"), PickerColour::HasInvoice);
+  line->addStretch(1);
+  return line;
+}
+
+void frmListOfJobs::ConnectControls() {
+  tools_.runner.OnClick(cmdList, objectName(), [this] { ListJobs(); });
+  tools_.runner.OnClick(cmdAttachJobsToInvoice, objectName(), [this] { AttachTicked(); });
+  connect(cmdClose, &QPushButton::clicked, this, &Dialog::reject);
+  connect(cboMonth, &QComboBox::activated, this, [this](int month) {
+    TakeMonth(month);
+    cmdList->click();
+  });
+  for (DateField* field : {dtStartDate, dtEndDate})
+    connect(field, &DateField::dateChosen, cmdList, &QPushButton::click);
+  connect(ticks_, &RowTicks::ticksChanged, this, &frmListOfJobs::ShowTotals);
+}
+
+void frmListOfJobs::TakeMonth(int month) {
+  const MonthChoice days = MonthAt(business_.Today(), month);
+  dtStartDate->SetDate(days.first);
+  dtEndDate->SetDate(days.last);
+}
+
+void frmListOfJobs::ListJobs() {
+  jobs_ = ListPickableJobs(business_, clientId_, dtStartDate->Date(), dtEndDate->Date());
+  std::vector<GridRow> rows;
+  for (const PickableJob& job : jobs_) {
+    const bool ticked = job.IsOn(invoiceId_) || chosen_.contains(job.diaryId);
+    GridRow row;
+    row.cells = {ticked,
+                 job.diaryId,
+                 job.displayName,
+                 job.description,
+                 job.scheduleDate,
+                 job.totalPrice,
+                 job.totalGST,
+                 GridCell(job.status, DiaryStatusWords(job.status)),
+                 job.HasInvoiceWord()};
+    row.hue = HueOf(job.Colour());
+    rows.push_back(std::move(row));
+  }
+  fgJobs->SetRows(std::move(rows));
+  ticks_->TakeRows();
+  fgJobs->SelectFirst();
+  ShowTotals();
+}
+
+void frmListOfJobs::ShowTotals() {
+  const std::vector<qint64> ticked = ticks_->TickedKeys();
+  const std::set<qint64> keys(ticked.begin(), ticked.end());
+  Money total;
+  for (const PickableJob& job : jobs_)
+    if (keys.contains(job.diaryId)) total += job.totalPrice;
+  lblTickedTotal->setText(
+      keys.size() == 1 ? tr("1 job ticked = %1").arg(total.ToCurrencyText())
+                       : tr("%1 jobs ticked = %2").arg(keys.size()).arg(total.ToCurrencyText()));
+}
+
+void frmListOfJobs::AttachTicked() {
+  const std::vector<qint64> ticked = ticks_->TickedKeys();
+  if (invoiceId_ != kNewInvoice) AttachJobs(business_, invoiceId_, ticked);
+  chosen_.insert(ticked.begin(), ticked.end());
+  Close(Accepted);
+}
+
+}  // namespace quillary
