@@ -5,6 +5,7 @@
 #include "kit/Screen.h"
 
 class QLabel;
+class QLineEdit;
 class QPushButton;
 
 namespace quillary {

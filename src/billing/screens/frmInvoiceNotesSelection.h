@@ -4,6 +4,7 @@
 #include "kit/Dialog.h"
 #include "kit/Screen.h"
 
+class QLineEdit;
 class QPushButton;
 
 namespace quillary {

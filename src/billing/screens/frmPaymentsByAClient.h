@@ -4,6 +4,9 @@
 #include "kit/Dialog.h"
 #include "kit/Screen.h"
 
+class QLineEdit;
+class QPushButton;
+
 namespace quillary {
 
 class Grid;

@@ -77,6 +77,8 @@ void Shots::Run() {
   Clients();
   ScheduleLists();
   ScheduleDialogs();
+  Invoices();
+  Payments();
   Menus();
   Dialogs();
   Boxes();

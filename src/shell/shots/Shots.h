@@ -26,6 +26,10 @@ class Shots {
   void ClientDialogs(qint64 clientId);
   void ScheduleLists();
   void ScheduleDialogs();
+  void Invoices();
+  void InvoiceDialogs();
+  void Payments();
+  void PaymentDialogs();
   template <typename Request>
   void SaveDialogOf(const Request& request);
   void CloseScreen();

@@ -1,0 +1,89 @@
+#include "billing/screens/dlgFromDate.h"
+#include "billing/screens/dlgInvoiceList.h"
+#include "billing/screens/dlgInvoiceOptions.h"
+#include "billing/screens/dlgMonthlyInvoices_Reminder.h"
+#include "billing/screens/frmInvoice.h"
+#include "billing/screens/frmInvoiceNotesSelection.h"
+#include "billing/screens/frmListOfJobs.h"
+#include "billing/screens/frmTermOfTrade.h"
+#include "kit/Grid.h"
+#include "shell/shots/Shots.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QTabWidget>
+
+/// The pictures of the invoices.
+namespace quillary {
+
+void Shots::Invoices() {
+  MainMenuMDI* window = program_.MainMenu();
+  window->Tools().navigator.Open(OpenInvoicesList{});
+  auto* tabs = window->findChild<QTabWidget*>(QStringLiteral("tabs"));
+  QWidget* list = tabs->currentWidget();
+  Save(window, QStringLiteral("frmInvoicesList-empty"));
+  auto* month = list->findChild<QComboBox*>(QStringLiteral("cboMonth"));
+  month->setCurrentIndex(month->currentIndex() - 1);
+  emit month->activated(month->currentIndex());
+  list->findChild<QPushButton*>(QStringLiteral("cmdList"))->click();
+  list->findChild<QCheckBox*>(QStringLiteral("chkTickUntickAll"))->click();
+  Save(window, QStringLiteral("frmInvoicesList"));
+  window->resize(853, 480);
+  Save(window, QStringLiteral("frmInvoicesList-at-150-percent"));
+  window->resize(1280, 720);
+  CloseScreen();
+  InvoiceDialogs();
+}
+
+void Shots::InvoiceDialogs() {
+  Business& business = program_.OpenBusiness();
+  const ScreenTools tools = program_.MainMenu()->Tools();
+  const auto first = [&](const char* statement) {
+    return business.FirstField(Sql(statement)).ToLong();
+  };
+  const auto shoot = [this](QDialog& dialog, const char* name = nullptr) {
+    dialog.show();
+    if (auto* grid = dialog.findChild<Grid*>()) grid->SelectFirst();
+    Save(&dialog, name ? QString(name) : dialog.objectName());
+    dialog.hide();
+  };
+  const qint64 invoice = first(
+      "SELECT TOP 1 Invoice_ID FROM Diary WHERE Invoice_ID IS NOT NULL "
+      "GROUP BY Invoice_ID ORDER BY Count(*) DESC, Invoice_ID");
+  frmInvoice monthly(business, tools, *LoadInvoiceDetails(business, invoice));
+  shoot(monthly);
+  monthly.resize(853, 424);
+  shoot(monthly, "frmInvoice-at-150-percent");
+  const qint64 job = first(
+      "SELECT TOP 1 Diary_ID FROM Diary WHERE Status = 'JD' AND Total_Price > 0 "
+      "ORDER BY Diary_ID DESC");
+  frmInvoice ofJob(business, tools, NewInvoice(business, std::nullopt, job));
+  shoot(ofJob, "frmInvoice-of-a-job");
+  frmInvoice blank(business, tools, NewInvoice(business, std::nullopt, std::nullopt));
+  shoot(blank, "frmInvoice-new");
+  const qint64 payer = LoadInvoiceDetails(business, invoice)->clientId.value_or(0);
+  frmListOfJobs jobs(business, tools, invoice, payer);
+  jobs.findChild<QCheckBox*>(QStringLiteral("chkTickUntickAll"))->click();
+  shoot(jobs);
+  business.RunSQL(
+      Sql("UPDATE Invoices SET Invoice_Notes = 'Thank you for your business.' "
+          "WHERE Invoice_ID = {}",
+          invoice));
+  frmInvoiceNotesSelection notes(business, tools);
+  shoot(notes);
+  dlgInvoiceOptions options(
+      business, tools,
+      {.billingClientId = payer, .diaryId = job, .from = business.Today(), .to = business.Today()});
+  shoot(options);
+  dlgInvoiceList criteria(business, tools);
+  shoot(criteria);
+  dlgFromDate date(business, QStringLiteral("Generation date"));
+  shoot(date);
+  dlgMonthlyInvoices_Reminder reminder(business, tools);
+  shoot(reminder);
+  frmTermOfTrade terms(business, tools);
+  shoot(terms);
+}
+
+}  // namespace quillary
