@@ -16,6 +16,7 @@ dlgInvoiceList::dlgInvoiceList(Business& business, const ScreenTools&)
   dtStartDate->SetDate(month.from);
   dtEndDate = Named(new DateField(business.Today()), "dtEndDate");
   dtEndDate->SetDate(month.to);
+  for (DateField* field : {dtStartDate, dtEndDate}) field->setFixedWidth(184);
   const auto option = [](const char* name, const QString& caption) {
     return Named(new QRadioButton(caption), name, PlainCaption(caption));
   };
@@ -30,8 +31,9 @@ dlgInvoiceList::dlgInvoiceList(Business& business, const ScreenTools&)
   options->addStretch(1);
   auto* column = new QVBoxLayout;
   column->setSpacing(12);
-  column->addLayout(
-      InLine({{LabelOver(dtStartDate, tr("&From"))}, {LabelOver(dtEndDate, tr("&To"))}}));
+  column->addLayout(InLine({{LabelOver(dtStartDate, tr("&From")), 0},
+                            {LabelOver(dtEndDate, tr("&To")), 0},
+                            {new QVBoxLayout, 1}}));
   column->addWidget(order);
   column->addStretch(1);
   SetContent(column);

@@ -47,12 +47,12 @@ QString dlgInvoiceOptions::DaysWords() const {
 
 void dlgInvoiceOptions::LayOut() {
   auto* column = new QVBoxLayout;
-  column->setSpacing(12);
+  column->setSpacing(20);
   const auto choice = [&](const char* name, const QString& title, const QString& words,
                           QPushButton* command) {
     auto* text = new QVBoxLayout;
     text->setSpacing(4);
-    text->addWidget(MakeLabel(name, title, LabelRole::Title));
+    text->addWidget(MakeLabel(name, title));
     text->addWidget(MakeParagraph("", words));
     auto* line = new QHBoxLayout;
     line->setSpacing(24);

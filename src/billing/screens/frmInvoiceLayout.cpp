@@ -3,7 +3,6 @@
 #include "kit/ComboSearch.h"
 #include "kit/CurrencyField.h"
 #include "kit/DateField.h"
-#include "kit/FlowLayout.h"
 #include "kit/Grid.h"
 #include "kit/Keys.h"
 #include "kit/Layouts.h"
@@ -19,6 +18,8 @@ namespace {
 QCheckBox* Tick(const char* name, const QString& caption) {
   return Named(new QCheckBox(caption), name, PlainCaption(caption));
 }
+
+constexpr int kFieldHeight = 32;
 
 QPlainTextEdit* Lines(const char* name) {
   auto* text = Named(new QPlainTextEdit, name);
@@ -46,6 +47,7 @@ void frmInvoice::MakeControls() {
 void frmInvoice::MakeFields() {
   cmdBilledClient = Named(new ComboSearch, "cmdBilledClient");
   chkActiveClients = Tick("chkActiveClients", tr("Acti&ve clients only"));
+  chkActiveClients->setMinimumHeight(kFieldHeight);
   dtInvoiceDate = Named(new DateField(business_.Today()), "dtInvoiceDate");
   dtInvoiceDate->setFixedWidth(168);
   cmbType = Named(new QComboBox, "cmbType");
@@ -66,6 +68,7 @@ void frmInvoice::MakeFields() {
 
 void frmInvoice::MakeOptions() {
   lblOutstanding = MakeLabel("lblOutstanding", {}, LabelRole::Hint);
+  lblOutstanding->setMinimumHeight(kFieldHeight);
   chkShowOutstanding = Tick("chkShowOutstanding", tr("Show the o&utstanding amount"));
   chkShowNextJobdate = Tick("chkShowNextJobdate", tr("S&how the next job date"));
   chkInvoiceWithPastJobs = Tick("chkInvoiceWithPastJobs", tr("Include unpaid &past jobs"));
@@ -98,7 +101,7 @@ void frmInvoice::MakeJobs() {
                       {business_.values.taxName + QStringLiteral(" inc."), ColumnKind::Money, 88},
                       {tr("Status"), ColumnKind::Chip, 144}});
   fgJobs->SetEmptyText(tr("No job is on this invoice yet."), tr("Press Attach a job."));
-  fgJobs->setMinimumHeight(120);
+  fgJobs->setMinimumHeight(112);
   cmdShowListOfJobs = MakeButton("cmdShowListOfJobs", QStringLiteral("&Attach a job"),
                                  ButtonKind::Plain, "list-add");
   cmdRemoveJob = MakeButton("cmdRemoveJob", QStringLiteral("Remove &job"), ButtonKind::Danger);
@@ -124,11 +127,13 @@ void frmInvoice::LayOut() {
   column->addLayout(NumberLine());
   column->addLayout(TextsLine(), 1);
   column->addLayout(OptionsLine());
-  LayOutJobs();
-  column->addWidget(fraLstOfAttachedJobs, 2);
   column->addLayout(TotalsLine());
+  LayOutJobs();
+  column->addWidget(fraLstOfAttachedJobs, 3);
   // An invoice that is made for one job has nothing to choose.
   fraLstOfAttachedJobs->setVisible(!form_.forJob);
+  if (!form_.forJob)  // the height is for the jobs
+    for (QPlainTextEdit* text : {txtMadeOutTo, txtInvoiceNotes}) text->setMaximumHeight(96);
   SetContent(column);
   SetRoom({920, form_.forJob ? 440 : 640});
   AddActions({cmdEmailInvoice, cmdPrintInvoice, cmdClose, cmdSave, cmdSaveAndClose});
@@ -161,8 +166,11 @@ QLayout* frmInvoice::TextsLine() {
 }
 
 QLayout* frmInvoice::OptionsLine() {
-  auto* line = new FlowLayout(16);
-  line->AddWidgets({chkShowOutstanding, chkShowNextJobdate, chkInvoiceWithPastJobs});
+  auto* line = new QHBoxLayout;
+  line->setSpacing(16);
+  for (QCheckBox* option : {chkShowOutstanding, chkShowNextJobdate, chkInvoiceWithPastJobs})
+    line->addWidget(option);
+  line->addStretch(1);
   return line;
 }
 

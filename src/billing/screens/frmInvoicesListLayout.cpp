@@ -36,9 +36,9 @@ void frmInvoicesList::MakeList() {
   fgInvoices->setAccessibleName(tr("Invoices"));
   fgInvoices->SetColumns({{{}, ColumnKind::Tick, 40},
                           {{}, ColumnKind::HiddenId},
-                          {tr("Client"), ColumnKind::StrongText, 216},
+                          {tr("Client"), ColumnKind::StrongText, 184},
                           {tr("Date"), ColumnKind::Date, 112},
-                          {tr("Description"), ColumnKind::Text, 376},
+                          {tr("Description"), ColumnKind::Text, 288},
                           {tr("Amount"), ColumnKind::Money, 112},
                           {tr("Number"), ColumnKind::Number, 96},
                           {tr("Paid"), ColumnKind::Text, 72}});
