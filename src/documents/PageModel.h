@@ -26,7 +26,7 @@ struct Margins {
 struct PageSetup {
   Paper paper = Paper::A4;
   bool landscape = false;
-  Margins margins;
+  Margins margins = {};
 
   double Width() const;   // as the page lies
   double Height() const;  // as the page lies

@@ -4,6 +4,7 @@
 #include "documents/ReportFiles.h"
 #include "documents/Rtf.h"
 #include "pdf/JpegHeader.h"
+#include "pdf/PDFTypes.h"
 
 #include <QCoreApplication>
 #include <QDir>
