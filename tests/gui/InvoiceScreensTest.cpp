@@ -1,8 +1,10 @@
 #include "base/ports/requests/Billing.h"
 #include "base/ports/requests/Documents.h"
 #include "billing/InvoiceRecord.h"
+#include "billing/MonthlyReminder.h"
 #include "billing/screens/InvoiceScreens.h"
 #include "gui/ScreenFixture.h"
+#include "setup/DemoBusiness.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -377,6 +379,28 @@ TEST_F(InvoiceScreensTest, NoLetterStandsForTwoControls) {
   UseDialog(EditInvoice{id}, check);
   UseDialog(AttachJobsToInvoice{id, 1}, check);
   UseDialog(ChooseInvoiceFor{1, AddJob(1, "J"), business().Today(), business().Today()}, check);
+}
+
+class MonthlyReminderTest : public ProgramTest {};
+
+TEST_F(MonthlyReminderTest, TheStartAsksFromItsDayOnAndOpensTheMonthlyInvoices) {
+  {
+    Business business(outside.Ports(), File());
+    business.ConnectToDatabase();
+    WriteDemoBusiness(business, {.clients = 5, .months = 1});
+    SaveMonthlyReminder(business, business.Today());
+    business.CloseConnection();
+  }
+  outside.prompter.Expect(
+      "Reminder! You need to run your monthly invoices. Would you like to do this now?",
+      Answer::Yes);
+  program = std::make_unique<Program>(outside.Ports(), navigator, folder.path());
+  program->UseFile(File());
+  ASSERT_TRUE(program->Start({}));
+  auto* list = Find<Screen>(&Window(), "frmInvoicesList");
+  EXPECT_TRUE(Find<QCheckBox>(list, "chkShowMonthly")->isChecked());
+  EXPECT_EQ(LoadMonthlyReminder(program->OpenBusiness()).stored, QDate(2026, 11, 2))
+      << "answering does not move it";
 }
 
 }  // namespace

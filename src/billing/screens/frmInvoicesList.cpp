@@ -118,7 +118,7 @@ void frmInvoicesList::LoadInvoicesIntoGrid() {
                    invoice.totalAmount,
                    GridCell(Value(invoice.invoiceNumber).ToLong(), invoice.invoiceNumber),
                    invoice.IsPaidWord()};
-      row.hue = invoice.isPaid ? Hue::Blue : Hue::Neutral;
+      row.hue = invoice.isPaid ? Hue::Blue : Hue::None;
       rows.push_back(std::move(row));
     }
     fgInvoices->SetRows(std::move(rows));
