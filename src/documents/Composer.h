@@ -12,12 +12,12 @@ namespace quillary {
 
 struct TextBlock {
   QString text;
-  PageFont font;
+  PageFont font = {};
   Align align = Align::Left;
 };
 struct TableBlock {
   Table table;
-  PageFont font;
+  PageFont font = {};
   std::vector<double> widths;  // of the columns as they were laid out, in twips
 };
 struct RuleBlock {

@@ -45,7 +45,7 @@ struct PageFont {
 /// One line of text in one font.
 struct TextRun {
   QString text;
-  PageFont font;
+  PageFont font = {};
   double x = 0;
   double baseline = 0;
   double width = 0;   // as measured; whoever draws it stretches the text to it

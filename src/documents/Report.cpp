@@ -11,6 +11,7 @@
 #include <QLocale>
 #include <QSaveFile>
 
+#include <algorithm>
 #include <cmath>
 #include <stdexcept>
 

@@ -1,8 +1,8 @@
 #include "documents/ReportHeader.h"
 
-#include <QDir>
+#include "clients/NotesLook.h"
 
-#include <map>
+#include <QDir>
 
 namespace quillary {
 
@@ -12,20 +12,10 @@ const char* const kHeaderSQL =
     "SELECT * FROM infPersonalDetails LEFT JOIN Countries ON infPersonalDetails.Country_ID = "
     "Countries.Country_ID ;";
 constexpr int kAddressIndent = 19;  // blanks, about as wide as the label of the line above
-constexpr double kNotesSize = 8;
 
 QString LineOf(const char* label, const QString& text) {
   if (text.isEmpty()) return {};
   return QString::fromLatin1(label) + text + QStringLiteral("\r\n");
-}
-
-int ColourOf(const QString& word) {
-  static const std::map<QString, int> colours = {
-      {QStringLiteral("WHITE"), 0xFFFFFF},  {QStringLiteral("RED"), 0xFF0000},
-      {QStringLiteral("YELLOW"), 0xFFFF00}, {QStringLiteral("GREEN"), 0x00FF00},
-      {QStringLiteral("CYAN"), 0x00FFFF},   {QStringLiteral("BLUE"), 0x0000FF}};
-  const auto colour = colours.find(word.trimmed().toUpper());
-  return colour == colours.end() ? 0 : colour->second;
 }
 
 }  // namespace
@@ -60,17 +50,12 @@ QString LogoFile(Business& business, const QString& applicationFolder) {
 }
 
 PageFont ReadNotesFont(const SettingsStore& settings) {
-  const auto read = [&](const char* key) {
-    return settings.Read(QStringLiteral("Reports"), QString::fromLatin1(key)).trimmed();
-  };
-  PageFont font;
-  if (const QString name = read("Notes Font"); !name.isEmpty()) font.name = name;
-  font.bold = read("Notes Bold").toDouble() != 0;
-  font.italic = read("Notes Italic").toDouble() != 0;
-  const double size = read("Notes Size").toDouble();
-  font.size = size > 0 ? size : kNotesSize;
-  font.colour = ColourOf(read("Notes Color"));
-  return font;
+  const NotesLook look = LoadNotesLook(settings);
+  return {.name = look.font,
+          .size = static_cast<double>(look.size),
+          .bold = look.bold,
+          .italic = look.italic,
+          .colour = static_cast<int>(NotesColourValue(look.colour))};
 }
 
 }  // namespace quillary

@@ -29,8 +29,7 @@ HeaderStrings SetHeaderVariable(Business& business);
 /// The JPEG of the business's division, below the folder of the program. It need not be there.
 QString LogoFile(Business& business, const QString& applicationFolder);
 
-/// The font of the notes of a document, as the user chose it. Missing settings mean plain black
-/// Arial at 8 points; a colour that is none of the known words is black.
+/// The font of the notes of a document, as the user chose it.
 PageFont ReadNotesFont(const SettingsStore& settings);
 
 }  // namespace quillary

@@ -13,7 +13,7 @@ std::vector<double> FitColumns(const Table& table, double room);
 
 struct LaidCell {
   QStringList lines;
-  PageFont font;
+  PageFont font = {};
   Align align = Align::Left;
   double x = 0;      // from the left of the table
   double width = 0;  // of its text

@@ -1,7 +1,16 @@
 #include "documents/screens/DocumentScreens.h"
 
+#include "documents/ReportOfList.h"
+#include "documents/screens/ReportPlacing.h"
+#include "documents/screens/frmReportViewer.h"
+
 namespace quillary {
 
-void RegisterDocumentScreens(Business&, const ScreenTools&) {}
+void RegisterDocumentScreens(Business& business, const ScreenTools& tools) {
+  tools.navigator.Register<PrintList>([&business, tools](const PrintList& list) {
+    const BusyWhile busy(business.World().busy);
+    OpenReportViewer(business, tools, ComposeList(business, PlacesOfReports(), list));
+  });
+}
 
 }  // namespace quillary

@@ -11,5 +11,11 @@ struct SendMail {
   QString subject;
   QString body;
 };
+/// Lets the user choose an address and write a text, and mails a file with them; whether it left.
+struct EmailFile {
+  using Result = bool;
+  QString subject;
+  QString file;
+};
 
 }  // namespace quillary

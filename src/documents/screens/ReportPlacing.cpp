@@ -1,0 +1,36 @@
+#include "documents/screens/ReportPlacing.h"
+
+#include "session/ProgramFolder.h"
+
+#include <QPrinterInfo>
+
+namespace quillary {
+
+namespace {
+
+Paper DefaultPaper() {
+  const QPrinterInfo printer = QPrinterInfo::defaultPrinter();
+  if (printer.isNull()) return Paper::A4;
+  switch (printer.defaultPageSize().id()) {
+    case QPageSize::A3:
+      return Paper::A3;
+    case QPageSize::A5:
+      return Paper::A5;
+    case QPageSize::Letter:
+      return Paper::Letter;
+    case QPageSize::Legal:
+      return Paper::Legal;
+    default:
+      return Paper::A4;
+  }
+}
+
+}  // namespace
+
+ReportPlaces PlacesOfReports() {
+  ReportPlaces places = ReportPlacesUnder(ProgramFolder());
+  places.paper = DefaultPaper();
+  return places;
+}
+
+}  // namespace quillary

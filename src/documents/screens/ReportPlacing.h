@@ -1,0 +1,10 @@
+#pragma once
+
+#include "documents/Report.h"
+
+namespace quillary {
+
+/// Where the reports of this program go, on the paper that the default printer holds.
+ReportPlaces PlacesOfReports();
+
+}  // namespace quillary

@@ -1,0 +1,325 @@
+#include "documents/screens/frmReportViewer.h"
+
+#include "base/Text.h"
+#include "base/ports/requests/Mail.h"
+#include "documents/Csv.h"
+#include "documents/Pdf.h"
+#include "documents/screens/PagePrinting.h"
+#include "kit/FlowLayout.h"
+#include "kit/Layouts.h"
+
+#include <QComboBox>
+#include <QDir>
+#include <QFileDialog>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QSaveFile>
+#include <QShortcut>
+#include <QSpinBox>
+
+#include <algorithm>
+#include <stdexcept>
+
+namespace quillary {
+
+namespace {
+
+const char* const kNoConnection =
+    "Internet connection unavailable or your Session has expired.\r\nPlease log out and restart "
+    "the application or try Functions->Reconnect to Internet";
+const char* const kSent =
+    "Email has been sent.\r\nInvoice can be viewed in Reports->Send Documents";
+const char* const kNoteBeforeAnyReport =
+    "This report has automatically been exported to a Rich Text File format named ";
+constexpr int kZoomStep = 25;
+constexpr int kFirstZoom = 100;
+
+bool HasTables(const Composition& document) {
+  for (const Block& block : document.blocks)
+    if (std::holds_alternative<TableBlock>(block)) return true;
+  return false;
+}
+
+}  // namespace
+
+frmReportViewer::frmReportViewer(Business& business, const ScreenTools& tools)
+    : Screen(QStringLiteral("frmReportViewer"), QStringLiteral("Report Preview")),
+      business_(business),
+      tools_(tools) {
+  MakeControls();
+  LayOut();
+  ConnectControls();
+  cmdEmailFileAsAttachment->setVisible(business_.World().headOffice.Online());
+  vsPr->SetZoom(kFirstZoom);
+  ShowZoom();
+}
+
+QPushButton* frmReportViewer::MakeTool(const char* name, const QString& heardAs,
+                                       const QString& iconName, const QString& keys) {
+  auto* button = MakeButton(name, {}, ButtonKind::Plain, iconName);
+  button->setAccessibleName(heardAs);
+  button->setToolTip(keys.isEmpty() ? heardAs : QStringLiteral("%1 (%2)").arg(heardAs, keys));
+  return button;
+}
+
+void frmReportViewer::MakeControls() {
+  cmdPreviousPage = MakeTool("cmdPreviousPage", tr("Previous page"), "go-up", {});
+  spnPage = Named(new QSpinBox, "spnPage", tr("Page"));
+  spnPage->setButtonSymbols(QAbstractSpinBox::NoButtons);
+  spnPage->setAlignment(Qt::AlignRight);
+  spnPage->setFixedWidth(56);
+  lblPages = MakeLabel("lblPages", {}, LabelRole::Muted);
+  cmdNextPage = MakeTool("cmdNextPage", tr("Next page"), "go-down", {});
+  cmdZoomOut = MakeTool("cmdZoomOut", tr("Smaller"), "zoom-out", tr("Ctrl+-"));
+  cmbZoom = Named(new QComboBox, "cmbZoom", tr("Size of the page"));
+  cmbZoom->setEditable(true);
+  cmbZoom->setInsertPolicy(QComboBox::NoInsert);
+  cmbZoom->addItems({tr("Fit width"), tr("Whole page"), "50 %", "75 %", "100 %", "125 %", "150 %",
+                     "200 %", "300 %"});
+  cmbZoom->setFixedWidth(128);
+  cmdZoomIn = MakeTool("cmdZoomIn", tr("Larger"), "zoom-in", tr("Ctrl++"));
+  txtFind = MakeFilterBox(this, "txtFind");
+  txtFind->setPlaceholderText(tr("Find in this report"));
+  txtFind->setAccessibleName(tr("Find in this report"));
+  txtFind->setToolTip(tr("Marks every place of the text (Ctrl+F); Enter goes to the next"));
+  txtFind->setFixedWidth(240);
+  cmdFindPrevious = MakeTool("cmdFindPrevious", tr("Place before"), "arrow-up", tr("Shift+F3"));
+  cmdFindNext = MakeTool("cmdFindNext", tr("Next place"), "arrow-down", tr("F3"));
+  lblHits = MakeLabel("lblHits", {}, LabelRole::Muted);
+  lblHits->setMinimumWidth(72);
+  vsPr = new PagePreview("vsPr");
+  lblNote = MakeParagraph("lblNote", QString::fromLatin1(kNoteBeforeAnyReport));
+  cmdEmailFileAsAttachment =
+      MakeButton("cmdEmailFileAsAttachment", tr("&Email .doc file as attachment"),
+                 ButtonKind::Plain, "mail-attachment");
+  cmdEmailFileAsAttachment->setEnabled(tools_.navigator.CanOpen<EmailFile>());
+  cmdSaveTablesAsCSV = MakeButton("cmdSaveTablesAsCSV", tr("Save &tables as CSV..."));
+  cmdSaveAsPDF = MakeButton("cmdSaveAsPDF", tr("Save as P&DF..."));
+  cmdClose = MakeButton("cmdClose", tr("&Close"));
+  cmdClose->setToolTip(tr("Closes this tab (Ctrl+W)"));
+  cmdPrint = MakeButton("cmdPrint", tr("&Print..."), ButtonKind::Main);
+}
+
+QLayout* frmReportViewer::ToolLine() {
+  auto* line = new QHBoxLayout;
+  line->setSpacing(8);
+  for (QWidget* widget : QList<QWidget*>{cmdPreviousPage, spnPage, lblPages, cmdNextPage})
+    line->addWidget(widget);
+  line->addSpacing(16);
+  for (QWidget* widget : QList<QWidget*>{cmdZoomOut, cmbZoom, cmdZoomIn}) line->addWidget(widget);
+  line->addStretch(1);
+  for (QWidget* widget : QList<QWidget*>{lblHits, txtFind, cmdFindPrevious, cmdFindNext})
+    line->addWidget(widget);
+  lblHits->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  return line;
+}
+
+QLayout* frmReportViewer::CommandLine() {
+  auto* line = new FlowLayout;
+  line->AddWidgets({cmdEmailFileAsAttachment, cmdSaveTablesAsCSV, cmdSaveAsPDF});
+  line->AddWidgets({cmdClose, cmdPrint}, Qt::AlignRight);
+  return line;
+}
+
+void frmReportViewer::LayOut() {
+  auto* above = new QVBoxLayout;
+  above->setContentsMargins(16, 12, 16, 12);
+  above->addLayout(ToolLine());
+  auto* below = new QVBoxLayout;
+  below->setContentsMargins(16, 12, 16, 16);
+  below->setSpacing(12);
+  below->addWidget(lblNote);
+  below->addLayout(CommandLine());
+  auto* column = new QVBoxLayout(this);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(0);
+  column->addLayout(above);
+  column->addWidget(vsPr, 1);
+  column->addLayout(below);
+}
+
+void frmReportViewer::ConnectControls() {
+  const auto onClick = [this](QPushButton* button, std::function<void()> command) {
+    tools_.runner.OnClick(button, objectName(), std::move(command));
+  };
+  onClick(cmdPrint, [this] { Print(); });
+  onClick(cmdSaveAsPDF, [this] { SaveAsPDF(); });
+  onClick(cmdSaveTablesAsCSV, [this] { SaveTablesAsCSV(); });
+  onClick(cmdEmailFileAsAttachment, [this] { cmdEmailFileAsAttachment_Click(); });
+  connect(cmdClose, &QPushButton::clicked, this, &Screen::closeRequested);
+  auto* print = new QShortcut(QKeySequence::Print, this);
+  print->setContext(Qt::WidgetWithChildrenShortcut);
+  connect(print, &QShortcut::activated, cmdPrint, &QPushButton::click);
+  ConnectPages();
+  ConnectSearch();
+}
+
+void frmReportViewer::ConnectPages() {
+  connect(vsPr, &PagePreview::pageChanged, this, &frmReportViewer::ShowPageNumber);
+  connect(vsPr, &PagePreview::zoomChanged, this, &frmReportViewer::ShowZoom);
+  connect(spnPage, &QSpinBox::editingFinished, this,
+          [this] { vsPr->GoToPage(spnPage->value() - 1); });
+  connect(cmdPreviousPage, &QPushButton::clicked, this,
+          [this] { vsPr->GoToPage(vsPr->CurrentPage() - 1); });
+  connect(cmdNextPage, &QPushButton::clicked, this,
+          [this] { vsPr->GoToPage(vsPr->CurrentPage() + 1); });
+  connect(cmdZoomOut, &QPushButton::clicked, this,
+          [this] { vsPr->SetZoom(vsPr->Zoom() - kZoomStep); });
+  connect(cmdZoomIn, &QPushButton::clicked, this,
+          [this] { vsPr->SetZoom(vsPr->Zoom() + kZoomStep); });
+  connect(cmbZoom, &QComboBox::activated, this, &frmReportViewer::TakeZoom);
+  connect(cmbZoom->lineEdit(), &QLineEdit::returnPressed, this, &frmReportViewer::TakeZoom);
+  for (const auto& [keys, button] :
+       {std::pair{QKeySequence::ZoomIn, cmdZoomIn}, std::pair{QKeySequence::ZoomOut, cmdZoomOut}}) {
+    auto* shortcut = new QShortcut(keys, this);
+    shortcut->setContext(Qt::WidgetWithChildrenShortcut);
+    connect(shortcut, &QShortcut::activated, button, &QPushButton::click);
+  }
+}
+
+void frmReportViewer::ConnectSearch() {
+  connect(txtFind, &QLineEdit::textChanged, this, &frmReportViewer::Search);
+  connect(txtFind, &QLineEdit::returnPressed, this, [this] { GoToHit(1); });
+  connect(cmdFindNext, &QPushButton::clicked, this, [this] { GoToHit(1); });
+  connect(cmdFindPrevious, &QPushButton::clicked, this, [this] { GoToHit(-1); });
+  for (const auto& [keys, button] : {std::pair{QKeySequence::FindNext, cmdFindNext},
+                                     std::pair{QKeySequence::FindPrevious, cmdFindPrevious}}) {
+    auto* shortcut = new QShortcut(keys, this);
+    shortcut->setContext(Qt::WidgetWithChildrenShortcut);
+    connect(shortcut, &QShortcut::activated, button, &QPushButton::click);
+  }
+}
+
+void frmReportViewer::ShowReport(ReportDocument report) {
+  vsPr->ShowDocument(nullptr);
+  report_ = std::move(report);
+  const int count = static_cast<int>(report_.pages.pages.size());
+  spnPage->setRange(1, std::max(1, count));
+  lblPages->setText(tr("of %1").arg(count));
+  lblNote->setText(report_.note);
+  cmdSaveTablesAsCSV->setEnabled(HasTables(report_.pages));
+  cmdEmailFileAsAttachment->setVisible(business_.World().headOffice.Online());
+  vsPr->ShowDocument(&report_.pages);
+  Search();
+  vsPr->setFocus();
+}
+
+void frmReportViewer::ShowPageNumber(int page) {
+  spnPage->setValue(page + 1);
+  cmdPreviousPage->setEnabled(page > 0);
+  cmdNextPage->setEnabled(page + 1 < static_cast<int>(report_.pages.pages.size()));
+}
+
+void frmReportViewer::ShowZoom() {
+  if (vsPr->CurrentFit() == PagePreview::Fit::None)
+    cmbZoom->setEditText(QStringLiteral("%1 %").arg(vsPr->Zoom()));
+}
+
+void frmReportViewer::TakeZoom() {
+  const QString words = cmbZoom->currentText();
+  if (words == tr("Fit width")) {
+    vsPr->SetFit(PagePreview::Fit::Width);
+  } else if (words == tr("Whole page")) {
+    vsPr->SetFit(PagePreview::Fit::Page);
+  } else {
+    const int percent = QString(words).remove(u'%').trimmed().toInt();
+    if (percent > 0) vsPr->SetZoom(percent);
+    ShowZoom();
+  }
+}
+
+void frmReportViewer::Search() {
+  hits_ = FindOnPages(report_.pages, txtFind->text());
+  hit_ = hits_.empty() ? -1 : 0;
+  // The first one from the page in view on, so that typing does not lead back to the start.
+  const int page = vsPr->CurrentPage();
+  const auto here = std::find_if(hits_.begin(), hits_.end(),
+                                 [page](const PageHit& hit) { return hit.page >= page; });
+  if (here != hits_.end()) hit_ = static_cast<int>(here - hits_.begin());
+  ShowHitCount();
+}
+
+void frmReportViewer::GoToHit(int step) {
+  if (hits_.empty()) return;
+  const int count = static_cast<int>(hits_.size());
+  hit_ = (hit_ + step + count) % count;
+  ShowHitCount();
+}
+
+void frmReportViewer::ShowHitCount() {
+  vsPr->ShowHits(hits_, hit_);
+  const bool searches = !txtFind->text().trimmed().isEmpty();
+  lblHits->setText(!searches       ? QString()
+                   : hits_.empty() ? tr("Not found")
+                                   : tr("%1 of %2").arg(hit_ + 1).arg(hits_.size()));
+  for (QPushButton* button : {cmdFindPrevious, cmdFindNext}) button->setEnabled(hits_.size() > 0);
+}
+
+void frmReportViewer::Print() {
+  QPrinter printer(QPrinter::HighResolution);
+  FitPrinter(printer, report_.pages);
+  QPrintDialog dialog(&printer, this);
+  dialog.setMinMax(1, static_cast<int>(report_.pages.pages.size()));
+  if (dialog.exec() != QDialog::Accepted) return;
+  const BusyWhile busy(business_.World().busy);
+  PrintPages(printer, report_.pages);
+}
+
+std::optional<QString> frmReportViewer::AskFile(const QString& title, const QString& kind,
+                                                const QString& ending) {
+  QFileDialog dialog(this, title);
+  dialog.setAcceptMode(QFileDialog::AcceptSave);
+  dialog.setNameFilter(QStringLiteral("%1 (*.%2)").arg(kind, ending));
+  dialog.setDefaultSuffix(ending);
+  dialog.setDirectory(ParentFolder(report_.docFile));
+  dialog.selectFile(FileNameWithoutExtension(FileNameOfPath(report_.docFile)) + u'.' + ending);
+  if (dialog.exec() != QDialog::Accepted) return std::nullopt;
+  return dialog.selectedFiles().value(0);
+}
+
+void frmReportViewer::SaveAsPDF() {
+  const auto file = AskFile(tr("Save as PDF"), tr("PDF documents"), QStringLiteral("pdf"));
+  if (!file) return;
+  const BusyWhile busy(business_.World().busy);
+  WritePdf(report_.pages, *file, business_.Now());
+}
+
+void frmReportViewer::SaveTablesAsCSV() {
+  const auto name =
+      AskFile(tr("Save tables as CSV"), tr("Comma-separated values"), QStringLiteral("csv"));
+  if (!name) return;
+  const QByteArray content = WriteCsv(report_.pages);
+  QSaveFile file(*name);
+  if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size() || !file.commit())
+    throw std::runtime_error(tr("%1 could not be written: %2")
+                                 .arg(QDir::toNativeSeparators(*name), file.errorString())
+                                 .toStdString());
+}
+
+void frmReportViewer::cmdEmailFileAsAttachment_Click() {
+  Prompter& prompter = business_.World().prompter;
+  if (!business_.World().headOffice.IsConnected()) {
+    cmdEmailFileAsAttachment->hide();
+    prompter.Tell(Tone::Stop, QString::fromLatin1(kNoConnection));
+    return;
+  }
+  const BusyWhile busy(business_.World().busy);
+  if (!tools_.navigator.Open(EmailFile{report_.docTitle, report_.docFile})) return;
+  prompter.Tell(Tone::Information, QString::fromLatin1(kSent));
+  cmdEmailFileAsAttachment->hide();
+}
+
+void OpenReportViewer(Business& business, const ScreenTools& tools, ReportDocument report) {
+  const QStringList troubles = report.troubles;
+  auto* viewer =
+      qobject_cast<frmReportViewer*>(tools.host.BringToFront(QStringLiteral("frmReportViewer")));
+  if (viewer == nullptr) {
+    viewer = new frmReportViewer(business, tools);
+    tools.host.ShowScreen(viewer);
+  }
+  viewer->ShowReport(std::move(report));
+  for (const QString& trouble : troubles)
+    business.World().prompter.Tell(Tone::Exclamation, trouble);
+}
+
+}  // namespace quillary
