@@ -69,7 +69,7 @@ class NoDesktop : public Desktop {
  public:
   void OpenInBrowser(const QString&) override {}
   void CopyToClipboard(const QString&) override {}
-  bool StartProgram(const QString&) override { return false; }
+  bool StartProgram(const QString&, const QStringList&) override { return false; }
   void EndProcess(int exitCode) override { throw ProcessEnded{exitCode}; }
 };
 

@@ -1,9 +1,115 @@
 #include "cli/Command.h"
+#include "cli/Printing.h"
+#include "cli/WorkingBusiness.h"
+#include "data/Upgrader.h"
+#include "maintenance/CheckBusiness.h"
+#include "maintenance/Salvage.h"
+#include "scheduling/ScheduleEngine.h"
+
+#include <QDir>
 
 namespace quillary {
+namespace {
+
+void Print(const Call& call, const ResultTable& table) {
+  table.PrintJson(call.out);
+  call.out << '\n';
+}
+
+void RunCheck(const Call& call) {
+  const std::vector<Finding> findings = CheckBusiness(call.world.Ports(), call.File());
+  if (call.json) {
+    ResultTable table({"table", "finding", "note"});
+    for (const Finding& finding : findings) {
+      table.AddRow({finding.table, finding.what, finding.isNote});
+    }
+    Print(call, table);
+  } else {
+    for (const Finding& finding : findings) {
+      call.out << (finding.isNote ? "note:  " : "wrong: ") << finding.table << ": "
+               << OneLine(finding.what) << '\n';
+    }
+  }
+  call.out.flush();
+  if (IsWrong(findings)) {
+    const auto wrong = std::count_if(findings.begin(), findings.end(),
+                                     [](const Finding& finding) { return !finding.isNote; });
+    throw CommandFailure(
+        QStringLiteral("%1: %2 findings").arg(call.File()).arg(static_cast<qint64>(wrong)));
+  }
+  if (!call.json) call.out << call.File() << ": in order\n";
+}
+
+void RunRepair(const Call& call) {
+  const QString& target = call.arguments.positional.at(1);
+  const SalvageReceipt receipt = SalvageFile(call.File(), target);
+  const std::vector<Finding> left = CheckBusiness(call.world.Ports(), target);
+  if (call.json) {
+    ResultTable table({"table", "saved", "lost", "perhaps_more"});
+    for (const SalvagedTable& entry : receipt.tables) {
+      table.AddRow({entry.table, entry.saved, entry.lost, entry.mayHaveLostMore});
+    }
+    Print(call, table);
+    return;
+  }
+  for (const QString& damage : receipt.damage) call.out << "damage: " << OneLine(damage) << '\n';
+  for (const QString& line : SalvageLines(receipt)) call.out << OneLine(line) << '\n';
+  for (const Finding& finding : left) {
+    call.out << "in the new file: " << finding.table << ": " << OneLine(finding.what) << '\n';
+  }
+  call.out << target << (receipt.LostNothing() ? ": nothing was lost\n" : ": not all was saved\n");
+}
+
+qint64 VersionOf(Business& business) {
+  return business.LookupField(QStringLiteral("infSystem.Database_Version")).ToLong();
+}
+
+void RunUpgrade(const Call& call) {
+  const auto business = OpenAnyBusiness(call);
+  const qint64 before = VersionOf(*business);
+  Upgrader::Options options;
+  options.archiveFolder = QDir(business->DatabaseFolder()).filePath(QStringLiteral("Archive"));
+  options.advanceScheduleForClient = [&](qint64 client) {
+    AdvanceScheduleForClient(*business, client);
+  };
+  Upgrader::Initialize(*business, options);
+  const qint64 after = VersionOf(*business);
+  business->CloseConnection();
+  if (call.json) {
+    call.out << "{\"from\": " << before << ", \"to\": " << after << "}\n";
+  } else if (before == after) {
+    call.out << call.File() << ": at version " << after << " already\n";
+  } else {
+    call.out << call.File() << ": from version " << before << " to " << after << '\n';
+  }
+}
+
+}  // namespace
 
 std::vector<Command> RepairCommands() {
-  return {};
+  return {
+      {"check",
+       "FILE",
+       "Checks pages, references and totals; fails when something is wrong. Notes do not fail it.",
+       {},
+       1,
+       1,
+       RunCheck},
+      {"repair",
+       "DAMAGED_FILE FILE",
+       "Saves what can be read of a damaged file into a new one. The old one stays as it is.",
+       {},
+       2,
+       2,
+       RunRepair},
+      {"upgrade",
+       "FILE",
+       "Brings a file of an older version up to the current one, keeping a copy in Archive.",
+       {},
+       1,
+       1,
+       RunUpgrade},
+  };
 }
 
 }  // namespace quillary

@@ -50,18 +50,29 @@ void FillLists(Connection& file) {
   file.Run("UPDATE Countries SET Tax_Name = 'VAT' WHERE Country_Name = 'UK'");
 }
 
-void FillOneRowTables(Connection& file) {
-  file.Run(
-      Sql("INSERT INTO infOptions (GST_Percentage, Accounting_Method, "
-          "EnableOstrel4WebServices, TermsOfTrade) VALUES (.1, 'Cash', True, {})",
-          TermsOfTradeText()));
-  file.Run(
-      Sql("INSERT INTO infPersonalDetails (FSE_Code, Division_ID, Country_ID) "
-          "VALUES ('FSECODE', 1, 1)"));
-  file.Run(
-      Sql("INSERT INTO infSystem (Database_Version, Invoice_Number, Done_Initial_Setup) "
-          "VALUES ({}, 0, False)",
-          kSchemaVersion));
+void FillOneRowTable(Connection& file, const QString& table) {
+  if (table == u"infOptions") {
+    file.Run(
+        Sql("INSERT INTO infOptions (GST_Percentage, Accounting_Method, "
+            "EnableOstrel4WebServices, TermsOfTrade) VALUES (.1, 'Cash', True, {})",
+            TermsOfTradeText()));
+  } else if (table == u"infPersonalDetails") {
+    file.Run(
+        Sql("INSERT INTO infPersonalDetails (FSE_Code, Division_ID, Country_ID) "
+            "VALUES ('FSECODE', 1, 1)"));
+  } else {
+    file.Run(
+        Sql("INSERT INTO infSystem (Database_Version, Invoice_Number, Done_Initial_Setup) "
+            "VALUES ({}, 0, False)",
+            kSchemaVersion));
+  }
+}
+
+const QStringList& OneRowTables() {
+  static const QStringList names = {QStringLiteral("infOptions"),
+                                    QStringLiteral("infPersonalDetails"),
+                                    QStringLiteral("infSystem")};
+  return names;
 }
 
 void MakeTables(Connection& file) {
@@ -70,7 +81,7 @@ void MakeTables(Connection& file) {
   for (const char* index : NamedIndexes()) file.Run(index);
   EnsureStoreIndexes(file);
   FillLists(file);
-  FillOneRowTables(file);
+  for (const QString& table : OneRowTables()) FillOneRowTable(file, table);
   file.Commit();
 }
 
@@ -101,6 +112,34 @@ const std::vector<const char*>& NamedIndexes() {
       "CREATE INDEX PaymentCustIndex ON Payments (Client_ID)",
   };
   return statements;
+}
+
+QStringList EnsureBusinessTables(Connection& file) {
+  QStringList touched;
+  file.Begin();
+  try {
+    const Recordset system = file.Schema().FindTable(u"infSystem") != nullptr
+                                 ? file.Run("SELECT Database_Version FROM infSystem")
+                                 : Recordset();
+    const bool isOld =
+        system.IsOpen() && system.HasRows() && system.Field(size_t{0}).ToLong() < kSchemaVersion;
+    for (const TableDefinition& table : TableDefinitions()) {
+      const QString name = QString::fromLatin1(table.name);
+      if (isOld || file.Schema().FindTable(name) != nullptr) continue;
+      file.Run(table.statement);
+      touched += name;
+    }
+    for (const QString& table : OneRowTables()) {
+      if (isOld || file.Run("SELECT * FROM " + table.toStdString()).HasRows()) continue;
+      FillOneRowTable(file, table);
+      if (!touched.contains(table)) touched += table;
+    }
+    file.Commit();
+  } catch (const std::exception&) {
+    file.Rollback();
+    throw;
+  }
+  return touched;
 }
 
 void CreateEmptyBusiness(const QString& path) {

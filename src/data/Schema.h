@@ -22,6 +22,11 @@ const std::vector<const char*>& NamedIndexes();
 /// file exists already; a failure leaves no file behind.
 void CreateEmptyBusiness(const QString& path);
 
+/// Makes the tables that a file of the current version lacks, and fills those of one row that are
+/// empty, as they are delivered; a file of an older version gets no tables, since its ladder makes
+/// them. Returns the names of the tables that were touched. Throws StorageFailure.
+QStringList EnsureBusinessTables(Connection& file);
+
 /// Makes the store's own indexes, which no statement names but every roll and balance needs.
 /// Indexes that exist already, and tables or columns
 /// that an old file lacks, are left alone.

@@ -21,8 +21,9 @@ void RollFaults::Report(const std::exception& error) {
 void HandOverToRepair(Business& business) {
   constexpr int kExitForRepair = 1;
   const Outside& world = business.World();
-  const bool started = world.desktop.StartProgram(QStringLiteral("CompactDB.EXE")) ||
-                       world.desktop.StartProgram(QStringLiteral("CompactDB"));
+  const QStringList file = {business.DatabaseFile()};
+  const bool started = world.desktop.StartProgram(QStringLiteral("CompactDB.EXE"), file) ||
+                       world.desktop.StartProgram(QStringLiteral("CompactDB"), file);
   if (!started) {
     world.prompter.Tell(
         Tone::Exclamation,

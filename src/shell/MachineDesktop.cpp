@@ -21,10 +21,10 @@ void MachineDesktop::CopyToClipboard(const QString& text) {
   QApplication::clipboard()->setText(text);
 }
 
-bool MachineDesktop::StartProgram(const QString& name) {
+bool MachineDesktop::StartProgram(const QString& name, const QStringList& arguments) {
   const QString path = QDir(QCoreApplication::applicationDirPath()).filePath(name);
   const QFileInfo file(path);
-  return file.isFile() && file.isExecutable() && QProcess::startDetached(path, {});
+  return file.isFile() && file.isExecutable() && QProcess::startDetached(path, arguments);
 }
 
 void MachineDesktop::EndProcess(int exitCode) {

@@ -9,7 +9,7 @@ class MachineDesktop : public Desktop {
  public:
   void OpenInBrowser(const QString& address) override;
   void CopyToClipboard(const QString& text) override;
-  bool StartProgram(const QString& name) override;
+  bool StartProgram(const QString& name, const QStringList& arguments) override;
   [[noreturn]] void EndProcess(int exitCode) override;
 };
 

@@ -3,12 +3,14 @@
 #include "accounts/screens/AccountScreens.h"
 #include "balances/screens/BalanceScreens.h"
 #include "base/ports/requests/Billing.h"
+#include "base/ports/requests/Maintenance.h"
 #include "base/ports/requests/Scheduling.h"
 #include "base/ports/requests/Screens.h"
 #include "base/ports/requests/Setup.h"
 #include "billing/screens/BillingScreens.h"
 #include "clients/screens/ClientScreens.h"
 #include "documents/screens/DocumentScreens.h"
+#include "maintenance/DatabaseVersion.h"
 #include "scheduling/screens/SchedulingScreens.h"
 #include "shell/AccessConversion.h"
 #include "shell/frmAbout.h"
@@ -83,6 +85,8 @@ void Program::RegisterScreens(Business& business) {
   RegisterBillingScreens(business, mainMenu_->Tools());
   RegisterAccountScreens(business, mainMenu_->Tools());
   RegisterDocumentScreens(business, mainMenu_->Tools());
+  navigator_.Register<SetDBVersion>(
+      [&business](const SetDBVersion&) { SetDatabaseVersion(business); });
   navigator_.Register<OpenAbout>([this](const OpenAbout&) { frmAbout(mainMenu_.get()).exec(); });
   navigator_.Register<OpenODBCConnection>([this](const OpenODBCConnection&) {
     frmODBCConnection(outside_, settings_.Folder(), mainMenu_.get()).exec();

@@ -126,6 +126,7 @@ TEST_F(RollFaultTest, DamageLeadsToTheRepairProgram) {
     EXPECT_FALSE(business().IsConnected());
     EXPECT_TRUE(desktop.endedWith.has_value());
     EXPECT_EQ(desktop.started, desktop.programsPresent);
+    EXPECT_EQ(desktop.startedWith.value(0, business().DatabaseFile()), business().DatabaseFile());
     const QString told = outside.prompter.TakeTold().join(u' ');
     EXPECT_EQ(told.startsWith(u"The program CompactDB.EXE was not found in "),
               !repair.programBeside);

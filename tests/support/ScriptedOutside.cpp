@@ -70,9 +70,10 @@ bool ScriptedHeadOffice::LogIn() {
   return letsIn;
 }
 
-bool RecordedDesktop::StartProgram(const QString& name) {
+bool RecordedDesktop::StartProgram(const QString& name, const QStringList& arguments) {
   if (!programsPresent.contains(name)) return false;
   started += name;
+  startedWith += arguments;
   return true;
 }
 

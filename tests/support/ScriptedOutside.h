@@ -94,11 +94,12 @@ class RecordedDesktop : public Desktop {
  public:
   void OpenInBrowser(const QString& address) override { opened += address; }
   void CopyToClipboard(const QString& text) override { clipboard = text; }
-  bool StartProgram(const QString& name) override;
+  bool StartProgram(const QString& name, const QStringList& arguments) override;
   void EndProcess(int exitCode) override { endedWith = exitCode; }
 
   QStringList programsPresent;
   QStringList started;
+  QStringList startedWith;
   QStringList opened;
   QString clipboard;
   std::optional<int> endedWith;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 namespace quillary {
 
@@ -12,7 +13,7 @@ class Desktop {
   virtual void CopyToClipboard(const QString& text) = 0;
   /// Starts a helper program that lies beside ours, without waiting for it; false when there is
   /// none of that name.
-  virtual bool StartProgram(const QString& name) = 0;
+  virtual bool StartProgram(const QString& name, const QStringList& arguments = {}) = 0;
   /// Ends the process at once: no question, no backup.
   virtual void EndProcess(int exitCode) = 0;
 };

@@ -31,11 +31,15 @@ StorageFailure Reworded(const StorageFailure& failure, const QString& file) {
       if (IsAccessFile(file)) {
         return with("%1 is a genuine Access file; it has to be converted into a business first");
       }
-      return with("%1 is no business file; it was left as it is");
+      return with(
+          "%1 is no business file; it was left as it is. If it was one, its newest backup lies in "
+          "the folder Archive");
     case StorageFault::InUse:
       return with("%1 is in use by another program, perhaps a second Quillary");
     case StorageFault::Damaged:
-      return with("%1 is damaged; it was left as it is");
+      return with(
+          "%1 is damaged; it was left as it is. The program CompactDB saves what can be read of "
+          "it, and the newest backup lies in the folder Archive");
     case StorageFault::ReadOnly:
       return with("%1 may only be read, or its folder may not be written to");
     default:
