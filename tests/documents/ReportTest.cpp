@@ -68,8 +68,8 @@ TEST_F(ReportTest, AMissingLogoIsToldOnceAndTheDocumentStands) {
 TEST_F(ReportTest, ALogoKeepsItsShape) {
   business().values.divisionName = "rgb";
   ASSERT_TRUE(QDir(folder.path()).mkdir("Files"));
-  ASSERT_TRUE(
-      QFile::copy(QStringLiteral(QUILLARY_PICTURES "/rgb.jpg"), folder.filePath("Files/rgb.jpg")));
+  ASSERT_TRUE(QFile::copy(QStringLiteral(QUILLARY_TEST_DATA "/../pdf/data/rgb.jpg"),
+                          folder.filePath("Files/rgb.jpg")));
   const ReportDocument done = Letter("Invoice.rtf");
   ASSERT_EQ(done.pages.pages[0].pictures.size(), 2u);
   const PagePicture& second = done.pages.pages[0].pictures[1];  // 60 x 40 pixels
