@@ -1,6 +1,7 @@
 #include "maintenance/CheckBusiness.h"
 
 #include "balances/ClientBalance.h"
+#include "data/Schema.h"
 #include "data/store/Connection.h"
 #include "data/store/Integrity.h"
 
@@ -211,10 +212,8 @@ class Check {
 
   /// Computes all balances anew, compares, and takes the new ones back.
   void CheckBalances() {
-    if (!Has("Clients", {"Client_ID", "Account_Balance", "Billing_Client_ID", "Is_Billed_To"}) ||
-        !Has("Payments", {"Client_ID", "Amount"}) || !Has("Diary", {"Total_Price"})) {
-      return;
-    }
+    const Value version = business_.LookupField(QStringLiteral("infSystem.Database_Version"));
+    if (version.ToLong() < kSchemaVersion) return;  // the rule needs tables of the current version
     const std::map<qint64, Money> kept = Balances();
     std::map<qint64, Money> computed;
     {

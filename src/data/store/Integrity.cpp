@@ -17,6 +17,35 @@ bool IsDamage(const StorageFailure& failure) {
   return failure.Fault() == StorageFault::Damaged || failure.Fault() == StorageFault::NotADatabase;
 }
 
+std::unique_ptr<sqlite3, CloseFile> OpenFile(const QString& path, int how) {
+  sqlite3* handle = nullptr;
+  const int code =
+      sqlite3_open_v2(path.toUtf8().constData(), &handle, how | SQLITE_OPEN_EXRESCODE, nullptr);
+  std::unique_ptr<sqlite3, CloseFile> file(handle);
+  if (code != SQLITE_OK) ThrowFailure(handle, code);
+  return file;
+}
+
+QStringList RunCheck(const QString& path, int how) {
+  const auto file = OpenFile(path, how);
+  QStringList found;
+  Statement check(file.get(), "PRAGMA integrity_check(100)");
+  while (check.Step()) found += check.Column(0, jet::ColumnType::Text).ToText();
+  found.removeAll(QStringLiteral("ok"));
+  return found;
+}
+
+/// A program that died within a write leaves a journal by which the file is made whole again; that
+/// cannot be done by one who only reads.
+QStringList RunCheckAfterRecovery(const QString& path) {
+  try {
+    return RunCheck(path, SQLITE_OPEN_READONLY);
+  } catch (const StorageFailure& failure) {
+    if (failure.Fault() != StorageFault::ReadOnly) throw;
+  }
+  return RunCheck(path, SQLITE_OPEN_READWRITE);
+}
+
 }  // namespace
 
 QStringList FindDamage(const QString& path) {
@@ -25,26 +54,17 @@ QStringList FindDamage(const QString& path) {
     throw StorageFailure(StorageFault::CannotOpen, QStringLiteral("%1 was not found").arg(path));
   }
   if (info.size() == 0) return {QStringLiteral("the file is empty")};
-  sqlite3* handle = nullptr;
-  const int code = sqlite3_open_v2(path.toUtf8().constData(), &handle,
-                                   SQLITE_OPEN_READONLY | SQLITE_OPEN_EXRESCODE, nullptr);
-  const std::unique_ptr<sqlite3, CloseFile> file(handle);
-  if (code != SQLITE_OK) ThrowFailure(handle, code);
-  QStringList found;
   try {
-    Statement check(handle, "PRAGMA integrity_check(100)");
-    while (check.Step()) found += check.Column(0, jet::ColumnType::Text).ToText();
+    return RunCheckAfterRecovery(path);
   } catch (const StorageFailure& failure) {
     if (!IsDamage(failure)) {
       throw StorageFailure(failure.Fault(),
                            QStringLiteral("%1: %2").arg(path, QString::fromUtf8(failure.what())));
     }
-    found += QString::fromUtf8(failure.what());
+    return {QString::fromUtf8(failure.what())};
   } catch (const StatementRefused& refused) {
-    found += QString::fromUtf8(refused.what());
+    return {QString::fromUtf8(refused.what())};
   }
-  found.removeAll(QStringLiteral("ok"));
-  return found;
 }
 
 }  // namespace quillary
