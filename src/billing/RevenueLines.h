@@ -25,8 +25,8 @@ RevenueLines LoadAccounts(Business& business, qint64 paymentId);
 struct RevenueLineForm {
   std::optional<qint64> glEntryId = {};  // of the line that was picked
   std::optional<qint64> glAccountId = {};
-  Money amount;
-  Money gst;
+  Money amount = {};
+  Money gst = {};
 };
 enum class SaveRevenueLine { AsNew, Picked };
 

@@ -28,9 +28,12 @@ class WrongUsage : public std::runtime_error {
 /// The words of a command line, sorted.
 struct Arguments {
   QStringList positional;
-  QHash<QString, QString> options;  // without the dashes; a switch has an empty value
+  QHash<QString, QString> options;       // without the dashes; a switch has an empty value
+  QHash<QString, QStringList> repeated;  // every value of an option, in order
 
   bool Has(const char* option) const { return options.contains(QLatin1String(option)); }
+  /// All values of an option that may be given several times.
+  QStringList All(const char* option) const { return repeated.value(QLatin1String(option)); }
   /// Throw CommandFailure for what is no day of the calendar, and WrongUsage for what is no whole
   /// number in the range.
   std::optional<QDate> Date(const char* option) const;

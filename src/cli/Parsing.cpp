@@ -75,7 +75,9 @@ class Parser {
     if (!hasValue && at_ + 1 >= words_.size()) {
       throw WrongUsage(QStringLiteral("--%1 needs a value").arg(name));
     }
-    line_.arguments.options[name] = hasValue ? text.section(u'=', 1) : words_[++at_];
+    const QString value = hasValue ? text.section(u'=', 1) : words_[++at_];
+    line_.arguments.options[name] = value;
+    line_.arguments.repeated[name] += value;
   }
 
   void ReadGlobals() {

@@ -1,9 +1,227 @@
+#include "accounts/TaxRepair.h"
+#include "balances/JobsAndPaymentChecker.h"
+#include "billing/PaymentJobs.h"
+#include "billing/PaymentsList.h"
+#include "billing/RevenueLines.h"
 #include "cli/Command.h"
+#include "cli/Printing.h"
+#include "cli/WorkingBusiness.h"
+#include "scheduling/DiaryDay.h"
+
+#include <algorithm>
+#include <limits>
 
 namespace quillary {
+namespace {
+
+void ThrowIf(const std::optional<Refusal>& refusal) {
+  if (refusal) throw CommandFailure(refusal->message);
+}
+
+/// A statement that is refused would leave half of what was asked for.
+void FailOnRefusal(Business& business) {
+  business.OnRefusedStatement([](const RefusedStatement& refused) {
+    throw CommandFailure(QStringLiteral("refused: ") + refused.reason);
+  });
+}
+
+Value Day(const Call& call, QDate day) {
+  if (!day.isValid()) return {};
+  if (call.json) return day;
+  return day.toString(Qt::ISODate);
+}
+
+Money AmountOf(const QString& text) {
+  const auto amount = Money::Parse(text);
+  if (!amount) throw WrongUsage(QStringLiteral("\"%1\" is no amount").arg(text));
+  return *amount;
+}
+
+qint64 ClientOf(const Arguments& arguments) {
+  const auto client = arguments.Number("client", 1, std::numeric_limits<qint32>::max());
+  if (!client) throw WrongUsage(QStringLiteral("--client is missing"));
+  return *client;
+}
+
+std::vector<qint64> JobsOf(const Arguments& arguments) {
+  std::vector<qint64> jobs;
+  for (const QString& word : arguments.All("job")) {
+    const qint64 key = ParseKey(word);
+    if (std::ranges::find(jobs, key) == jobs.end()) jobs.push_back(key);
+  }
+  return jobs;
+}
+
+std::vector<RevenueLineForm> LinesOf(const Arguments& arguments) {
+  std::vector<RevenueLineForm> lines;
+  for (const QString& word : arguments.All("revenue")) {
+    if (!word.contains(u'='))
+      throw WrongUsage(QStringLiteral("--revenue takes ACCOUNT_ID=AMOUNT, not \"%1\"").arg(word));
+    lines.push_back({.glAccountId = ParseKey(word.section(u'=', 0, 0)),
+                     .amount = AmountOf(word.section(u'=', 1))});
+  }
+  return lines;
+}
+
+/// The screen offers only the jobs of those who are billed to the payer, and only revenue accounts.
+void RequirePayable(Business& business, qint64 payerId, qint64 diaryId) {
+  const Value found = business.FirstField(
+      Sql("SELECT Diary.Diary_ID FROM Diary INNER JOIN Clients "
+          "ON Diary.Client_ID = Clients.Client_ID WHERE Diary.Diary_ID = {} "
+          "AND Clients.Billing_Client_ID = {} AND Diary.Status IN ('J', 'JP', 'JU', 'JD', 'JI')",
+          diaryId, payerId));
+  if (found.IsNull())
+    throw CommandFailure(QStringLiteral("entry %1 is no job that client %2 is billed for")
+                             .arg(diaryId)
+                             .arg(payerId));
+}
+
+void RequireRevenueAccount(Business& business, qint64 accountId) {
+  const auto accounts = ListRevenueAccountChoices(business);
+  if (std::ranges::none_of(accounts, [&](const Choice& one) { return one.id == accountId; }))
+    throw CommandFailure(QStringLiteral("there is no revenue account %1").arg(accountId));
+}
+
+PaymentForm AskedFor(Business& business, const Arguments& arguments, Money amount,
+                     const std::vector<qint64>& jobs) {
+  PaymentForm form = NewPayment(business, ClientOf(arguments), amount,
+                                jobs.size() == 1 ? std::optional(jobs.front()) : std::nullopt);
+  const QString method = arguments.options.value(QStringLiteral("method"), form.paymentMethod);
+  form.paymentMethod = ListedPaymentMethod(business, method);
+  form.paymentDate = arguments.Date("date").value_or(form.paymentDate);
+  return form;
+}
+
+/// The lines get the payment's date from the save that follows them.
+void StoreLines(Business& business, PaymentForm& form, std::vector<RevenueLineForm> lines) {
+  for (RevenueLineForm& line : lines) {
+    RequireRevenueAccount(business, *line.glAccountId);
+    line.gst = TaxWithin(business, line.amount, form.taxExempt);
+    ThrowIf(SaveAccount(business, form, line, SaveRevenueLine::AsNew));
+  }
+  if (!lines.empty()) ThrowIf(SavePaymentDetails(business, form));
+}
+
+void RunPay(const Call& call) {
+  if (!call.arguments.Has("amount")) throw WrongUsage(QStringLiteral("--amount is missing"));
+  const Money amount = AmountOf(call.arguments.options.value(QStringLiteral("amount")));
+  const std::vector<qint64> jobs = JobsOf(call.arguments);
+  const std::vector<RevenueLineForm> lines = LinesOf(call.arguments);
+  const auto business = OpenCurrentBusiness(call);
+  FailOnRefusal(*business);
+  Transaction all(*business);
+  PaymentForm form = AskedFor(*business, call.arguments, amount, jobs);
+  ThrowIf(CheckPayment(form));
+  for (const qint64 job : jobs) RequirePayable(*business, *form.clientId, job);
+  ThrowIf(SavePaymentDetails(*business, form));
+  StoreLines(*business, form, lines);
+  if (!form.forJob)
+    for (const qint64 job : jobs) TickJob(*business, form.paymentId, job, true);
+  all.Commit();
+  business->CloseConnection();
+  ResultTable table({"Payment_ID", "Client_ID", "Payment_Date", "Amount", "GST_Included",
+                     "Payment_Method", "Jobs"});
+  table.AddRow({form.paymentId, *form.clientId, Day(call, form.paymentDate), form.amount, form.gst,
+                form.paymentMethod, static_cast<qint64>(jobs.size())});
+  if (call.json) {
+    table.PrintJson(call.out);
+    call.out << '\n';
+  } else {
+    table.PrintAligned(call.out);
+  }
+}
+
+void RunPayments(const Call& call) {
+  const auto from = call.arguments.Date("from");
+  const auto to = call.arguments.Date("to");
+  if (!from || !to) throw WrongUsage(QStringLiteral("payments needs --from and --to"));
+  if (*from > *to) throw CommandFailure(QString::fromLatin1(kInvalidDateRange));
+  const auto business = OpenCurrentBusiness(call);
+  const PaymentsList list = LoadPaymentsList(*business, *from, *to);
+  business->CloseConnection();
+  ResultTable table({"Payment_ID", "Display_Name", "Payment_Date", "Amount", "Payment_Method",
+                     "Client_ID", "Accounts", "GL_Amount", "Matches"});
+  for (const PaymentRow& row : list.rows)
+    table.AddRow({row.paymentId, row.displayName, Day(call, row.paymentDate), row.amount,
+                  row.paymentMethod, row.clientId, row.accounts, row.glAmount, !row.IsMismatch()});
+  if (call.json) {
+    call.out << "{\"rows\": ";
+    table.PrintJson(call.out);
+    call.out << ", \"Total_Count\": " << list.TotalCount()
+             << ", \"Total_Amount\": " << list.totalAmount.ToText()
+             << ", \"Total_Being_Paid_For\": " << list.totalBeingPaidFor.ToText()
+             << ", \"Total_Without_Account\": " << list.totalWithoutAccount.ToText() << "}\n";
+    return;
+  }
+  table.PrintAligned(call.out);
+  call.out << "payments:                  " << list.TotalCount() << '\n'
+           << "total amount:              " << list.totalAmount.ToCurrencyText() << '\n'
+           << "total of jobs paid for:    " << list.totalBeingPaidFor.ToCurrencyText() << '\n'
+           << "without a revenue account: " << list.totalWithoutAccount.ToCurrencyText() << '\n';
+}
+
+void RunPaymentDelete(const Call& call) {
+  const qint64 paymentId = ParseKey(call.arguments.positional.at(1));
+  const auto business = OpenCurrentBusiness(call);
+  FailOnRefusal(*business);
+  const auto payment = LoadPayment(*business, paymentId);
+  if (!payment) throw CommandFailure(QStringLiteral("there is no payment %1").arg(paymentId));
+  DeleteCheckedPayment(*business, payment->clientId.value_or(0), paymentId);
+  business->CloseConnection();
+  if (call.json)
+    call.out << "{\"deleted\": " << paymentId << "}\n";
+  else
+    call.out << "payment " << paymentId << " deleted\n";
+}
+
+void RunRecalculate(const Call& call) {
+  const auto business = OpenCurrentBusiness(call);
+  FailOnRefusal(*business);
+  RecalculateGSTOfAllRecords(*business);
+  business->CloseConnection();
+  call.out << (call.json ? "{\"done\": true}\n" : "Re-calculation done.\n");
+}
+
+}  // namespace
 
 std::vector<Command> PaymentCommands() {
-  return {};
+  return {
+      {"pay",
+       "FILE --client ID --amount A [--method M] [--date D] [--job DIARY_ID]... "
+       "[--revenue ACCOUNT_ID=AMOUNT]...",
+       "Records money received under whom the client's bills go to, and computes what that client "
+       "owes. A payment for one job marks it done; several jobs keep their status.",
+       {{"client", "ID", "the client, or a site of the client who pays"},
+        {"amount", "A", "tax included"},
+        {"method", "M", "a word of the list; the client's habit when missing"},
+        {"date", "DATE", "when it was received; today when missing"},
+        {"job", "DIARY_ID", "a job that it covers; may be given several times"},
+        {"revenue", "ID=A", "an account and what it gets; may be given several times"}},
+       1,
+       1,
+       RunPay},
+      {"payments",
+       "FILE --from DATE --to DATE",
+       "Lists the payments of a period beside what the jobs on them come to.",
+       {{"from", "DATE", "the first day, YYYY-MM-DD"}, {"to", "DATE", "the last day"}},
+       1,
+       1,
+       RunPayments},
+      {"payment-delete",
+       "FILE PAYMENT_ID",
+       "Deletes a payment with its ledger entries and takes its jobs off it.",
+       {},
+       2,
+       2,
+       RunPaymentDelete},
+      {"gst-recalculate",
+       "FILE",
+       "Computes the tax of everything stored anew, at today's rate.",
+       {},
+       1,
+       1,
+       RunRecalculate},
+  };
 }
 
 }  // namespace quillary

@@ -58,6 +58,14 @@ std::optional<Refusal> TransferPayments(Business& business, Prompter& prompter,
   return std::nullopt;
 }
 
+bool MayAddPaymentWithoutJob(Prompter& prompter) {
+  return prompter.Ask(QStringLiteral(
+             "You are adding a payment that is not going to be attached to a job and hence will "
+             "not reflect correctly in your P&L report. \nIf is advised you first create a invoice "
+             "for the job and then add the payment to a job \n so that tha job and the invoice are "
+             "both marked as paid. Do you wish to proceed?")) == Answer::Yes;
+}
+
 std::optional<Refusal> DeleteClientInvoice(Business& business, Prompter& prompter, qint64 clientId,
                                            std::optional<qint64> invoiceId) {
   if (!invoiceId) return Refusal{QStringLiteral("Please select an invoice record to delete."), {}};

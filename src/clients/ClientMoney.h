@@ -36,6 +36,10 @@ std::optional<Refusal> TransferPayments(Business& business, Prompter& prompter,
                                         const std::vector<ClientPayment>& payments,
                                         std::optional<qint64> toClientId);
 
+/// Warns that a payment without a job is missing from profit and loss. False when the user would
+/// rather not go on.
+bool MayAddPaymentWithoutJob(Prompter& prompter);
+
 /// Asks, makes the invoice's jobs done and not invoiced ('JD', whatever they were), deletes the
 /// invoice with its items, and recomputes the balance of the client. Refuses when no invoice is
 /// selected.

@@ -173,13 +173,12 @@ TEST_F(MenuTest, ReservedPlacesDoNothing) {
   for (const char* name :
        {"mnuFinancialEnterInvoices", "mnuFinancialStatements", "mnuFinancialBudgets",
         "mnuReportsQuotes", "mnuReportsConversionRate", "mnuFunctionsAdjustPrices",
-        "mnuFunctionsMailMergeClients", "mnuTransferPaymentsToOtherClient",
-        "mnuFunctionsDataEditingAllocateClientsToOperator", "mnuFunctionsImportFromVerdo",
-        "mnuSetupFinancialBudgets"}) {
+        "mnuFunctionsMailMergeClients", "mnuFunctionsDataEditingAllocateClientsToOperator",
+        "mnuFunctionsImportFromVerdo", "mnuSetupFinancialBudgets"}) {
     reserved += Command(name)->isEnabled();
     Command(name)->trigger();
   }
-  EXPECT_EQ(reserved, 11) << "they stand there enabled";
+  EXPECT_EQ(reserved, 10) << "they stand there enabled";
   EXPECT_EQ(Find<QTabWidget>(&Window(), "tabs")->count(), tabs);
   EXPECT_TRUE(outside.headOffice.activities.isEmpty());
   EXPECT_TRUE(outside.prompter.TakeTold().isEmpty());

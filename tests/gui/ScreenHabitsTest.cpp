@@ -1,5 +1,9 @@
+#include "accounts/screens/AccountScreens.h"
+#include "base/ports/requests/Accounts.h"
+#include "base/ports/requests/Billing.h"
 #include "base/ports/requests/Scheduling.h"
 #include "base/ports/requests/Setup.h"
+#include "billing/screens/PaymentScreens.h"
 #include "gui/ScreenFixture.h"
 
 #include <QAbstractButton>
@@ -45,7 +49,8 @@ class ScreenHabitsTest : public ScreenFixture {
       letters.insert(letter, caption);
     };
     for (const QWidget* widget : screen.findChildren<QWidget*>()) {
-      if (const auto* label = qobject_cast<const QLabel*>(widget); label && label->buddy())
+      if (const auto* label = qobject_cast<const QLabel*>(widget);
+          label && label->buddy() && label->isVisible())
         take(label->text());
       if (!IsControl(widget) || widget->objectName().startsWith("qt_")) continue;
       if (const auto* button = qobject_cast<const QAbstractButton*>(widget)) {
@@ -86,6 +91,12 @@ TEST_F(ScreenHabitsTest, ScreensInTabs) {
   Check(OpenTab(OpenServices{}), kMenuLetters);
   Check(OpenTab(OpenVisitFrequencies{}), kMenuLetters);
   Check(OpenTab(OpenDivisions{}), kMenuLetters);
+  RegisterPaymentScreens(business(), {navigator, host, runner});
+  RegisterAccountScreens(business(), {navigator, host, runner});
+  Check(OpenTab(OpenPaymentsList{}), kMenuLetters);
+  Check(OpenTab(OpenPaymentMethods{}), kMenuLetters);
+  Check(OpenTab(OpenGeneralLedgerAccounts{}), kMenuLetters);
+  Check(OpenTab(OpenCountries{}), kMenuLetters);
 }
 
 TEST_F(ScreenHabitsTest, Dialogs) {
@@ -99,6 +110,10 @@ TEST_F(ScreenHabitsTest, Dialogs) {
   UseDialog(OpenReschedule{}, check);
   UseDialog(RescheduleFutureJobs{1}, check);
   UseDialog(EditSuburbPositions{}, check);
+  RegisterPaymentScreens(business(), {navigator, host, runner});
+  UseDialog(AddPayment{}, check);
+  UseDialog(PayForJob{}, check);
+  UseDialog(AllocatePayment{}, check);
 }
 
 }  // namespace

@@ -11,8 +11,8 @@ dlgPaymentOptions::dlgPaymentOptions(Business& business, const ScreenTools& tool
       business_(business),
       tools_(tools),
       job_(job) {
-  cmdCreateNewPayment = MakeButton("cmdCreateNewPayment", tr("Create &new payment…"),
-                                   ButtonKind::Main, QStringLiteral("list-add"));
+  cmdCreateNewPayment =
+      MakeButton("cmdCreateNewPayment", tr("Create &new payment…"), ButtonKind::Main);
   cmdSelectAnExisting = MakeButton("cmdSelectAnExisting", tr("Select an &existing payment…"));
   cmdCancel = MakeButton("cmdCancel", tr("&Cancel"));
   auto* column = new QVBoxLayout;

@@ -78,8 +78,7 @@ void frmPayments::FillMethods() {
 }
 
 void frmPayments::ShowPayment() {
-  setWindowTitle(form_.IsNew() ? tr("New payment") : tr("Payment"));
-  txtPaymentID->setText(form_.IsNew() ? QString() : QString::number(form_.paymentId));
+  ShowPaymentID();
   SelectComboItem(cmbClient, form_.clientId ? QVariant(*form_.clientId) : QVariant());
   dtpPaymentDate->SetDate(form_.paymentDate);
   txtAmount->SetAmount(form_.amount);
@@ -94,6 +93,12 @@ void frmPayments::ShowPayment() {
   fraJobsBeingPaidFor->setVisible(!form_.forJob);
   state_.ClearDataChanged();
   ShowJobs();
+}
+
+void frmPayments::ShowPaymentID() {
+  setWindowTitle(form_.IsNew() ? tr("New payment") : tr("Payment"));
+  lblPaymentID->setText(form_.IsNew() ? tr("New payment") : tr("Payment no."));
+  txtPaymentID->setText(form_.IsNew() ? QString() : QString::number(form_.paymentId));
 }
 
 void frmPayments::ShowMethod(const QString& word) {
@@ -137,6 +142,7 @@ void frmPayments::ShowJobs() {
 void frmPayments::ShowMissing() {
   lblCaption->setText(QStringLiteral("PAYMENT RECORD DOESN'T EXIST!"));
   lblCaption->show();
+  lblPaymentID->hide();
   setWindowTitle(lblCaption->text());
   for (QWidget* widget : findChildren<QWidget*>())
     if (widget->focusPolicy() != Qt::NoFocus && widget != cmdCancel) widget->setEnabled(false);
@@ -189,7 +195,7 @@ bool frmPayments::SavePaymentDetails() {
   form_ = form;
   saved_ = true;
   jobsChanged_ = false;
-  txtPaymentID->setText(QString::number(form_.paymentId));
+  ShowPaymentID();
   state_.ClearDataChanged();
   ShowJobs();
   return true;
@@ -238,7 +244,7 @@ void frmPayments::StoreLine(SaveRevenueLine as) {
   if (!IsAccepted(SaveAccount(business_, form, line, as))) return;
   if (isNew) {
     form_ = form;  // it was stored with its first line
-    txtPaymentID->setText(QString::number(form_.paymentId));
+    ShowPaymentID();
     state_.ClearDataChanged();
     ShowJobs();
   }

@@ -57,6 +57,7 @@ class frmPayments : public Dialog {
   void FillLists();
   void FillMethods();
   void ShowPayment();
+  void ShowPaymentID();
   void ShowMethod(const QString& word);
   void ShowBank(const QString& name);
   void TakeHabits();
@@ -85,6 +86,7 @@ class frmPayments : public Dialog {
   bool saved_ = false;
 
   QLabel* lblCaption;
+  QLabel* lblPaymentID;
   QLabel* txtPaymentID;
   ComboSearch* cmbClient;
   DateField* dtpPaymentDate;

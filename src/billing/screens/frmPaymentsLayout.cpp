@@ -20,6 +20,13 @@ constexpr int kChequeNumberWidth = 20;
 constexpr int kBankWidth = 50;
 constexpr int kNotesWidth = 255;
 
+/// Takes what height is left and asks for no more than `least`, so that the whole screen fits on a
+/// small display.
+void TakeTheRest(QWidget* widget, int least) {
+  widget->setMinimumHeight(least);
+  widget->setSizePolicy(widget->sizePolicy().horizontalPolicy(), QSizePolicy::Ignored);
+}
+
 QString TaxWords(const Business& business) {
   return business.values.taxName + QStringLiteral(" &inc.");
 }
@@ -30,9 +37,11 @@ void frmPayments::MakeControls() {
   lblCaption = MakeLabel("lblCaption", {});
   lblCaption->setProperty("role", QStringLiteral("danger"));
   lblCaption->hide();
+  lblPaymentID = MakeLabel("lblPaymentID", {}, LabelRole::Muted);
   txtPaymentID = Named(MakeLabel("", {}, LabelRole::Figure), "txtPaymentID", tr("Payment no."));
   cmbClient = Named(new ComboSearch, "cmbClient");
   dtpPaymentDate = Named(new DateField(business_.Today()), "dtpPaymentDate");
+  dtpPaymentDate->ShowWeekday(false);
   txtAmount = Named(new CurrencyField, "txtAmount");
   txtGST = Named(new CurrencyField, "txtGST");
   chkTaxExempt = Named(new QCheckBox(tr("Ta&x exempt")), "chkTaxExempt", tr("Tax exempt"));
@@ -42,10 +51,10 @@ void frmPayments::MakeControls() {
   cmdShowPaymentMethods->setEnabled(tools_.navigator.CanOpen<OpenPaymentMethods>());
   txtNotes = Named(new QPlainTextEdit, "txtNotes");
   txtNotes->setTabChangesFocus(true);
-  txtNotes->setMinimumHeight(64);
+  TakeTheRest(txtNotes, 64);
   LimitTo(txtNotes, kNotesWidth);
-  chkMarkInvoiceAsPaid = Named(new QCheckBox(tr("Mar&k invoices of these jobs as paid")),
-                               "chkMarkInvoiceAsPaid", tr("Mark invoices of these jobs as paid"));
+  chkMarkInvoiceAsPaid = Named(new QCheckBox(tr("Mar&k invoices of the jobs as paid")),
+                               "chkMarkInvoiceAsPaid", tr("Mark invoices of the jobs as paid"));
   MakeChequeControls();
   MakeJobControls();
   MakeLineControls();
@@ -71,7 +80,7 @@ void frmPayments::MakeJobControls() {
                               {tr("Invoice"), ColumnKind::Text, 72},
                               {tr("Price"), ColumnKind::Money, 88}});
   grdJobsPaidFor->SetEmptyText(tr("No jobs are attached."), tr("Attach what is being paid for."));
-  grdJobsPaidFor->setMinimumHeight(112);
+  TakeTheRest(grdJobsPaidFor, 112);
   txtTotal = MakeLabel("txtTotal", {}, LabelRole::Figure);
   cmdChangeJobsPaidFor =
       MakeButton("cmdChangeJobsPaidFor", QStringLiteral("Attach jobs being &paid for?"));
@@ -85,7 +94,7 @@ void frmPayments::MakeLineControls() {
                               {business_.values.taxName, ColumnKind::Money, 88}});
   grdRevAccounts->SetEmptyText(tr("Not split over accounts."),
                                tr("Choose an account and an amount, and add it."));
-  grdRevAccounts->setMinimumHeight(96);
+  TakeTheRest(grdRevAccounts, 96);
   lblAccountTotals = MakeLabel("lblAccountTotals", {}, LabelRole::Figure);
   cmbRevenueAccount = Named(new ComboSearch, "cmbRevenueAccount");
   txtAccountAmount = Named(new CurrencyField, "txtAccountAmount");
@@ -116,7 +125,7 @@ void frmPayments::LayOut() {
 QLayout* frmPayments::Caption() {
   auto* line = new QHBoxLayout;
   line->setSpacing(8);
-  line->addWidget(MakeLabel("lblPaymentID", tr("Payment no."), LabelRole::Muted));
+  line->addWidget(lblPaymentID);
   line->addWidget(txtPaymentID);
   line->addStretch(1);
   line->addWidget(lblCaption);
@@ -163,8 +172,8 @@ QLayout* frmPayments::PaymentColumn() {
   auto* column = new QVBoxLayout;
   column->setSpacing(12);
   column->addLayout(Caption());
-  column->addLayout(LabelOver(cmbClient, tr("Clie&nt")));
-  column->addLayout(LabelOver(dtpPaymentDate, tr("D&ate")));
+  column->addLayout(InLine(
+      {{LabelOver(cmbClient, tr("Clie&nt")), 1}, {LabelOver(dtpPaymentDate, tr("D&ate")), 0}}));
   column->addLayout(TaxLine());
   column->addLayout(MethodLine());
   column->addWidget(ChequeFrame());

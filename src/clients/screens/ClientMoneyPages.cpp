@@ -124,6 +124,7 @@ ClientPaymentsPage::ClientPaymentsPage(ClientDesk& desk) : desk_(desk) {
   LayOut();
   desk_.OnClick(cmdTransferPayments, [this] { Transfer(); });
   desk_.OnClick(cmdAddPayment, [this] {
+    if (!MayAddPaymentWithoutJob(desk_.Prompt())) return;
     desk_.tools.navigator.Open(AddPayment{desk_.client.clientId});
     desk_.loadMoney();
     desk_.showBalance();

@@ -67,6 +67,16 @@ void RegisterClientScreens(Business& business, const ScreenTools& tools) {
     tools.host.ShowScreen(list);
     list->ShowYourself();
   });
+  navigator.Register<OpenTransferOfPayments>(
+      [&business, tools, open](const OpenTransferOfPayments&) {
+        for (const QPointer<frmClients>& screen : *open)
+          if (screen && screen->isVisible() && screen->ClientId() != kNewClient)
+            return screen->ShowTransferOfPayments();
+        business.World().prompter.Tell(
+            Tone::Information, QObject::tr("Open the client whose payments belong to another, then "
+                                           "choose this command again."));
+        tools.navigator.Open(OpenClientList{});
+      });
   navigator.Register<EditGeneralNotes>([&business, tools](const EditGeneralNotes&) {
     return frmGeneralNotes(business, tools).exec() == QDialog::Accepted;
   });

@@ -133,6 +133,11 @@ void frmClients::Enter() {
   FocusField(this, desk_.client.IsNew() ? QStringLiteral("txtFirstname") : pages_->objectName());
 }
 
+void frmClients::ShowTransferOfPayments() {
+  pages_->ShowPage(payments_);
+  FocusField(this, QStringLiteral("cmbTransferTo"));
+}
+
 bool frmClients::Load(qint64 clientId) {
   Business& business = desk_.business;
   auto client = clientId == kNewClient ? NewClientRecord() : LoadClientDetails(business, clientId);

@@ -36,6 +36,8 @@ class frmClients : public Screen {
   bool ShowYourself(qint64 clientId);
   /// Puts the cursor where one begins: in the first field of a new client, on the pages of another.
   void Enter();
+  /// The payments, with the choice of the client who gets them.
+  void ShowTransferOfPayments();
   qint64 ClientId() const { return desk_.client.clientId; }
 
   /// Loads the lists again; the fields too unless the user has changed them.

@@ -31,7 +31,7 @@ void Shots::Payments() {
   const auto save = [&](const auto& request) {
     to.Open(request);
     tabs->currentWidget()->findChild<Grid*>()->SelectFirst();
-    Save(window, tabs->currentWidget()->objectName());
+    Save(window, tabs->currentWidget()->findChild<Screen*>()->objectName());
     CloseScreen();
   };
   save(OpenPaymentMethods{});

@@ -14,6 +14,8 @@ struct AddClient {};
 struct OpenClient {
   qint64 clientId = 0;
 };
+/// The payments of the client in view, to be recorded under another.
+struct OpenTransferOfPayments {};
 struct OpenCreateAQuote {};
 /// Edits the text that is printed on all invoices, statements and reminders.
 struct EditGeneralNotes {
