@@ -75,8 +75,8 @@ void frmPayments::MakeJobControls() {
   grdJobsPaidFor = new Grid(QStringLiteral("grdJobsPaidFor"));
   grdJobsPaidFor->SetColumns({{tr("Date"), ColumnKind::Date, 96},
                               {{}, ColumnKind::HiddenId},
-                              {tr("Service"), ColumnKind::StrongText, 144},
-                              {tr("Revenue account"), ColumnKind::Text, 136},
+                              {tr("Service"), ColumnKind::StrongText, 128},
+                              {tr("Revenue account"), ColumnKind::Text, 168},
                               {tr("Invoice"), ColumnKind::Text, 72},
                               {tr("Price"), ColumnKind::Money, 88}});
   grdJobsPaidFor->SetEmptyText(tr("No jobs are attached."), tr("Attach what is being paid for."));
@@ -118,7 +118,7 @@ void frmPayments::LayOut() {
   sides->addLayout(PaymentColumn(), 2);
   sides->addLayout(CoverColumn(), 3);
   SetContent(sides);
-  SetRoom({1080, 600});
+  SetRoom({1120, 640});
   AddActions({cmdCancel, cmdSaveOnly, cmdSave});
 }
 
@@ -177,7 +177,9 @@ QLayout* frmPayments::PaymentColumn() {
   column->addLayout(TaxLine());
   column->addLayout(MethodLine());
   column->addWidget(ChequeFrame());
-  column->addLayout(LabelOver(txtNotes, tr("No&tes")), 1);
+  QBoxLayout* notes = LabelOver(txtNotes, tr("No&tes"));
+  notes->setStretch(1, 1);
+  column->addLayout(notes, 1);
   column->addWidget(chkMarkInvoiceAsPaid);
   return column;
 }
