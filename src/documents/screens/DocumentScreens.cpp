@@ -1,6 +1,7 @@
 #include "documents/screens/DocumentScreens.h"
 
 #include "documents/ReportOfList.h"
+#include "documents/screens/BillingDocumentScreens.h"
 #include "documents/screens/ReportPlacing.h"
 #include "documents/screens/frmReportViewer.h"
 
@@ -11,6 +12,7 @@ void RegisterDocumentScreens(Business& business, const ScreenTools& tools) {
     const BusyWhile busy(business.World().busy);
     OpenReportViewer(business, tools, ComposeList(business, PlacesOfReports(), list));
   });
+  RegisterBillingDocumentScreens(business, tools);
 }
 
 }  // namespace quillary

@@ -1,0 +1,85 @@
+#include "CompanionFixture.h"
+
+#include <QFileInfo>
+
+namespace quillary {
+namespace {
+
+class DocumentCommandsTest : public CompanionTest {
+ protected:
+  void SetUp() override {
+    CompanionTest::SetUp();
+    file = Path("DATA.MDB");
+    Done({"demo", file, "--clients", "30", "--months", "3"});
+    invoice = QString::number(
+        Field(file, "SELECT MAX(Invoice_ID) FROM Invoices WHERE Total_GST > 0").toInt());
+  }
+  QStringList Order(const QString& kind, const QStringList& more = {}) const {
+    return QStringList{"document", file, kind, "--out", Path("out")} + more;
+  }
+
+  QString file;
+  QString invoice;
+};
+
+TEST_F(DocumentCommandsTest, EachDocumentComesOutInBothFormsWhereItWasAskedFor) {
+  struct Case {
+    const char* kind;
+    const char* format;
+    const char* begins;
+    const char* name;
+  };
+  for (const Case& c : {Case{"invoice", "pdf", "%PDF-", "Invoice - "},
+                        Case{"invoice", "word", "{\\rtf", "Invoice - "},
+                        Case{"statement", "pdf", "%PDF-", "Statement-"},
+                        Case{"statement", "word", "{\\rtf", "Statement.doc"},
+                        Case{"reminder", "pdf", "%PDF-", "Reminder-"},
+                        Case{"reminder", "word", "{\\rtf", "Reminder.doc"}}) {
+    const QString path = Done(Order(c.kind, {"--invoices", invoice, "--format", c.format}))
+                             .trimmed()
+                             .section('\n', -1);
+    EXPECT_EQ(QFileInfo(path).absolutePath(), Path("out")) << path.toStdString();
+    EXPECT_TRUE(QFileInfo(path).fileName().startsWith(c.name)) << path.toStdString();
+    EXPECT_TRUE(Bytes(path).startsWith(c.begins)) << path.toStdString();
+  }
+}
+
+TEST_F(DocumentCommandsTest, WithoutTaxTheTotalIsLess) {
+  const QString whole = Done(Order("invoice", {"--invoices", invoice})).trimmed().section('\n', -1);
+  const QByteArray with = Bytes(whole);
+  const QString less =
+      Done(Order("invoice", {"--invoices", invoice, "--exclude-tax"})).trimmed().section('\n', -1);
+  EXPECT_TRUE(with.contains("INVOICE TOTAL \\(GST inc.\\) : $"));
+  EXPECT_TRUE(Bytes(less).contains("INVOICE TOTAL : $"));
+}
+
+TEST_F(DocumentCommandsTest, WhatCannotBeIsToldAndWritesNothing) {
+  struct Case {
+    QStringList order;
+    int exitCode;
+    const char* told;
+  };
+  const Case cases[] = {
+      {Order("invoice", {"--invoices", invoice + ",99998,99999"}), 1, "99998, 99999"},
+      {Order("invoice", {"--invoices", ","}), 2, "--invoices"},
+      {Order("invoice"), 2, "--invoices"},
+      {Order("invoice", {"--invoices", "x"}), 2, "x"},
+      {Order("receipt", {"--invoices", invoice}), 2, "receipt"},
+      {Order("invoice", {"--invoices", invoice, "--format", "html"}), 2, "pdf or word"},
+      {{"document", file, "invoice", "--invoices", invoice}, 2, "--out"},
+      {Order("statement", {"--invoices", invoice, "--from", "2026-10-31", "--to", "2026-10-01"}), 1,
+       "before its first"},
+      {{"document", file, "invoice", "--invoices", invoice, "--out", file + "/below"},
+       1,
+       "cannot be made"}};
+  for (const Case& c : cases) {
+    const Result result = Run(c.order);
+    EXPECT_EQ(result.exitCode, c.exitCode) << c.order.join(" ").toStdString();
+    EXPECT_TRUE(result.err.contains(c.told)) << result.err.toStdString();
+    EXPECT_EQ(result.out, "") << c.order.join(" ").toStdString();
+  }
+  EXPECT_FALSE(QFileInfo::exists(Path("out")));
+}
+
+}  // namespace
+}  // namespace quillary
