@@ -4,6 +4,7 @@
 #include "data/Schema.h"
 #include "data/access/ConvertAccessFile.h"
 #include "data/access/FileInTheMaking.h"
+#include "data/access/ReceiptFile.h"
 #include "setup/DemoBusiness.h"
 
 #include <limits>
@@ -64,11 +65,40 @@ ResultTable RowsPerTable(const ConversionReceipt& receipt) {
   return table;
 }
 
+QString CodePageOf(const Call& call) {
+  const QString name = call.arguments.options.value(QStringLiteral("code-page"));
+  if (!call.arguments.Has("code-page")) return name;
+  if (!IsCodePage(name)) throw WrongUsage(QStringLiteral("\"%1\" is no code page").arg(name));
+  if (IsAccessFile(call.File()) && !NeedsCodePage(call.File())) {
+    throw WrongUsage(
+        QStringLiteral("the texts of %1 are Unicode and need no code page").arg(call.File()));
+  }
+  return name;
+}
+
+/// Converts, and lays the receipt beside the Access file whether it was accepted or not.
+ConversionReceipt ConvertWithReceipt(const Call& call, const QString& target,
+                                     const ConversionOptions& options, QString& receiptFile) {
+  const DateTime now = call.world.clock.Now();
+  try {
+    const ConversionReceipt receipt = ConvertAccessFile(call.File(), target, options);
+    receiptFile = KeepReceipt(receipt, call.File(), target, now,
+                              receipt.IsClean() ? QStringLiteral("Everything was taken over.")
+                                                : QStringLiteral("The differences were accepted."));
+    return receipt;
+  } catch (const ConversionRefused& refused) {
+    KeepReceipt(refused.Receipt(), call.File(), target, now, QString::fromUtf8(refused.what()));
+    throw;
+  }
+}
+
 void RunConvert(const Call& call) {
   const QString& target = call.arguments.positional.at(1);
   ConversionOptions options;
   if (call.arguments.Has("accept")) options.accept = [](const auto&) { return true; };
-  const ConversionReceipt receipt = ConvertAccessFile(call.File(), target, options);
+  options.codePage = CodePageOf(call);
+  QString receiptFile;
+  const ConversionReceipt receipt = ConvertWithReceipt(call, target, options, receiptFile);
   if (call.json) {
     call.out << "{\"version\": " << receipt.version << ", \"tables\": ";
     RowsPerTable(receipt).PrintJson(call.out);
@@ -78,6 +108,9 @@ void RunConvert(const Call& call) {
   RowsPerTable(receipt).PrintAligned(call.out);
   for (const QString& finding : receipt.Findings()) call.out << "not kept: " << finding << '\n';
   call.out << target << ": a business of version " << receipt.version << '\n';
+  call.out << (receiptFile.isEmpty() ? QStringLiteral("the receipt could not be written")
+                                     : QStringLiteral("receipt: ") + receiptFile)
+           << '\n';
 }
 
 }  // namespace
@@ -101,9 +134,11 @@ std::vector<Command> FileCommands() {
        1,
        RunDemo},
       {"convert",
-       "ACCESS_FILE FILE [--accept]",
-       "Makes a business file of an Access file and prints the rows read and written per table.",
-       {{"accept", nullptr, "keep the new file even if something could not be taken over"}},
+       "ACCESS_FILE FILE [--accept] [--code-page NAME]",
+       "Makes a business file of an Access file and prints the rows read and written per table. A "
+       "receipt with the money totals is laid beside the Access file.",
+       {{"accept", nullptr, "keep the new file even if something could not be taken over"},
+        {"code-page", "NAME", "of the texts in a file of Access 97 or before, as CP1250"}},
        2,
        2,
        RunConvert},

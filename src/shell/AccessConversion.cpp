@@ -2,6 +2,7 @@
 
 #include "base/Errors.h"
 #include "data/access/ConvertAccessFile.h"
+#include "data/access/ReceiptFile.h"
 
 #include <QDir>
 #include <QFile>
@@ -32,6 +33,23 @@ bool AcceptFindings(Prompter& prompter, const ConversionReceipt& receipt) {
                           .arg(findings.join(u'\n'))) == Answer::Yes;
 }
 
+/// Files of Access 97 and before do not tell the code page of their texts. Nothing when the user
+/// leaves.
+std::optional<QString> AskCodePage(Prompter& prompter) {
+  QString proposed = kUsualCodePage;
+  for (;;) {
+    const auto typed = prompter.AskText(
+        QStringLiteral("Code page"),
+        QStringLiteral("This file was made by Access 97 or before and does not tell in which code "
+                       "page its texts are. CP1252 is that of English and other Western "
+                       "languages."),
+        proposed);
+    if (!typed || IsCodePage(typed->trimmed())) return typed ? typed->trimmed() : typed;
+    proposed = *typed;
+    prompter.Tell(Tone::Exclamation, QStringLiteral("%1 is no code page.").arg(*typed));
+  }
+}
+
 }  // namespace
 
 QString ConvertIfAccessFile(const Outside& outside, const QString& path) {
@@ -45,17 +63,23 @@ QString ConvertIfAccessFile(const Outside& outside, const QString& path) {
           .arg(path, archive.path()));
   if (answer != Answer::Yes) return {};
 
+  ConversionOptions options;
+  if (NeedsCodePage(path)) {
+    const auto codePage = AskCodePage(outside.prompter);
+    if (!codePage) return {};
+    options.codePage = *codePage;
+  }
   const QString converted = path + QStringLiteral(".new");
   QString kept;
   try {
     QFile::remove(converted);  // of an attempt that was cut off
-    ConversionOptions options;
-    options.accept = [&](const ConversionReceipt& receipt) {
-      return AcceptFindings(outside.prompter, receipt);
+    ConversionReceipt receipt;
+    options.accept = [&](const ConversionReceipt& differing) {
+      return AcceptFindings(outside.prompter, differing);
     };
     {
       const BusyWhile busy(outside.busy);
-      ConvertAccessFile(path, converted, options);
+      receipt = ConvertAccessFile(path, converted, options);
     }
     if (!archive.mkpath(QStringLiteral(".")))
       throw ProgramError(76, QStringLiteral("The folder %1 cannot be made").arg(archive.path()));
@@ -66,9 +90,14 @@ QString ConvertIfAccessFile(const Outside& outside, const QString& path) {
     }
     if (!QFile::rename(converted, path))
       throw ProgramError(75, QStringLiteral("%1 cannot be renamed").arg(converted));
+    KeepReceipt(receipt, kept, path, outside.clock.Now(),
+                receipt.IsClean() ? QStringLiteral("Everything was taken over.")
+                                  : QStringLiteral("The differences were accepted."));
     return path;
-  } catch (const ConversionRefused&) {
+  } catch (const ConversionRefused& refused) {
     // The user has seen the findings and said no.
+    KeepReceipt(refused.Receipt(), path, path, outside.clock.Now(),
+                QString::fromUtf8(refused.what()));
   } catch (const std::exception& error) {
     if (!kept.isEmpty()) QFile::rename(kept, path);
     outside.prompter.Tell(

@@ -117,7 +117,7 @@ TEST_F(BadInputTest, EntriesThatCannotBeDone) {
 
 TEST_F(BadInputTest, FilesThatAreNoBusiness) {
   const QByteArray good = Bytes(Path("good.mdb"));
-  const QByteArray access = Bytes(QUILLARY_TEST_DATA "/access-v12.mdb");
+  const QByteArray access = Bytes(Path(Sample(12)));
   const struct {
     const char* fault;
     QByteArray bytes;
@@ -144,17 +144,14 @@ TEST_F(BadInputTest, FilesThatAreNoBusiness) {
          {"nothing to convert", {"convert", "none.mdb", "x.mdb"}, kFailed, "was not found"},
          {"there already", {"new", "good.mdb"}, kFailed, "exists already"},
          {"there already", {"demo", "good.mdb"}, kFailed, "exists already"},
-         {"there already",
-          {"convert", QUILLARY_TEST_DATA "/access-v12.mdb", "good.mdb"},
-          kFailed,
-          "exists already"},
+         {"there already", {"convert", Sample(12), "good.mdb"}, kFailed, "exists already"},
          {"no folder", {"new", "no/where.mdb"}, kFailed, "no folder"}},
         "good.mdb");
   EXPECT_EQ(Bytes(Path("x.mdb")), "(none)");
 }
 
 TEST_F(BadInputTest, AnOlderFileIsNotWorkedOn) {
-  Done({"convert", QUILLARY_TEST_DATA "/access-v12.mdb", "old.mdb"});
+  Done({"convert", Sample(12), "old.mdb"});
   const QStringList before = {Done({"sql", "old.mdb", "SELECT * FROM Diary"})};
   for (const QStringList& arguments : {QStringList{"roll", "old.mdb"},
                                        {"done", "old.mdb", "1"},

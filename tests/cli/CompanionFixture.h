@@ -71,6 +71,13 @@ class CompanionTest : public ::testing::Test {
     file.write(bytes);
   }
 
+  /// A copy of an Access file, since a conversion lays its receipt beside it.
+  QString Sample(int version) const {
+    const QString name = QStringLiteral("access-v%1.mdb").arg(version);
+    Write(name, Bytes(QStringLiteral(QUILLARY_TEST_DATA "/") + name));
+    return name;
+  }
+
   /// Every field of every row of every table.
   QStringList Dump(const QString& file) const {
     Connection connection(Path(file));

@@ -98,8 +98,7 @@ TEST_F(DayTest, ANewBusinessStarts) {
 }
 
 TEST_F(DayTest, AConvertedBusinessStartsRollsAndLists) {
-  const QJsonObject receipt =
-      Json({"convert", QUILLARY_TEST_DATA "/access-v57.mdb", "c.mdb"}).object();
+  const QJsonObject receipt = Json({"convert", Sample(57), "c.mdb"}).object();
   EXPECT_EQ(receipt["version"].toInt(), 57);
   int diaryRows = 0;
   for (const QJsonValue& table : receipt["tables"].toArray()) {

@@ -6,6 +6,8 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <iconv.h>
+
 namespace quillary {
 namespace {
 
@@ -53,8 +55,9 @@ void CheckFile(const QString& path) {
 /// Hands what the reading process says on to the visitor, and minds that it makes sense.
 class Conversation {
  public:
-  Conversation(const QString& path, AccessVisitor& visitor, const AccessLimits& limits)
-      : path_(path), visitor_(visitor), process_(path, limits) {}
+  Conversation(const QString& path, AccessVisitor& visitor, const AccessLimits& limits,
+               const QString& codePage)
+      : path_(path), visitor_(visitor), process_(path, limits, codePage) {}
 
   void Run() {
     for (;;) {
@@ -139,9 +142,27 @@ bool IsAccessFile(const QString& path) {
   return IsAccessHeader(Header(path));
 }
 
-void ReadAccessFile(const QString& path, AccessVisitor& visitor, const AccessLimits& limits) {
+bool NeedsCodePage(const QString& path) {
+  const QByteArray header = Header(path);
+  return IsAccessHeader(header) && header.at(kVersionAt) == 0;
+}
+
+bool IsCodePage(const QString& name) {
+  // Anything behind a slash would be a wish for another way of converting.
+  if (name.isEmpty() || name.contains(u'/')) return false;
+  const iconv_t converter = iconv_open("UTF-8", name.toLatin1().constData());
+  if (converter == reinterpret_cast<iconv_t>(-1)) return false;
+  iconv_close(converter);
+  return true;
+}
+
+void ReadAccessFile(const QString& path, AccessVisitor& visitor, const AccessLimits& limits,
+                    const QString& codePage) {
   CheckFile(path);
-  Conversation(path, visitor, limits).Run();
+  if (!codePage.isEmpty() && !IsCodePage(codePage)) {
+    throw AccessFailure(QStringLiteral("%1 is no code page.").arg(codePage));
+  }
+  Conversation(path, visitor, limits, codePage).Run();
 }
 
 }  // namespace quillary

@@ -46,8 +46,18 @@ class AccessVisitor {
 /// Whether the first bytes of the file are those of an Access file, of whatever version.
 bool IsAccessFile(const QString& path);
 
-/// Reads the whole file, which stays as it is. Throws AccessFailure; what the visitor was given
+/// Whether it is of the oldest kind that is read, Jet 3. Its texts are in a code page of which the
+/// file says nothing reliable; all later kinds hold Unicode.
+bool NeedsCodePage(const QString& path);
+/// The code page of nearly all such files, for Western languages.
+inline const QString kUsualCodePage = QStringLiteral("CP1252");
+/// Whether texts of that code page can be read.
+bool IsCodePage(const QString& name);
+
+/// Reads the whole file, which stays as it is. `codePage` matters only to one that needs it; empty
+/// means the usual one. Throws AccessFailure; what the visitor was given
 /// until then is not to be kept.
-void ReadAccessFile(const QString& path, AccessVisitor& visitor, const AccessLimits& limits = {});
+void ReadAccessFile(const QString& path, AccessVisitor& visitor, const AccessLimits& limits = {},
+                    const QString& codePage = {});
 
 }  // namespace quillary

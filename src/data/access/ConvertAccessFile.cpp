@@ -46,13 +46,13 @@ void MakeIndexes(Connection& file, int version) {
   EnsureStoreIndexes(file);
 }
 
-void WriteFile(const QString& accessFile, const QString& path, const AccessLimits& limits,
+void WriteFile(const QString& accessFile, const QString& path, const ConversionOptions& options,
                ConversionReceipt& receipt) {
   Connection file(path);
   file.Open(OpenMode::Create);
   file.Begin();
   TableWriter writer(file, receipt);
-  ReadAccessFile(accessFile, writer, limits);
+  ReadAccessFile(accessFile, writer, options.limits, options.codePage);
   receipt.version = CheckVersion(file);
   MakeIndexes(file, receipt.version);
   file.Commit();
@@ -87,7 +87,7 @@ ConversionReceipt ConvertAccessFile(const QString& accessFile, const QString& bu
   ConversionReceipt receipt;
   FileInTheMaking made(businessFile);
   try {
-    WriteFile(accessFile, made.Path(), options.limits, receipt);
+    WriteFile(accessFile, made.Path(), options, receipt);
     CountWhatStands(made.Path(), receipt);
   } catch (const AccessFailure& failure) {
     throw About(accessFile, failure);

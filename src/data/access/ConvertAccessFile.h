@@ -46,6 +46,7 @@ struct ConversionOptions {
   /// Asked when the receipt is not clean, before anything is kept; without it nothing is.
   std::function<bool(const ConversionReceipt&)> accept;
   AccessLimits limits;
+  QString codePage;  // of a file that NeedsCodePage(); empty for the usual one
 };
 
 /// The receipt was not clean and nobody accepted it: the new file was not made.

@@ -58,7 +58,8 @@ class FileActions {
 
 /// Starts the reader with an environment of its own, so that no setting of the user's machine
 /// changes what it reads.
-pid_t Start(const QString& program, const QString& path, const AccessLimits& limits, int pipe) {
+pid_t Start(const QString& program, const QString& path, const AccessLimits& limits,
+            const QString& codePage, int pipe) {
   QByteArray arguments[] = {program.toLocal8Bit(), path.toLocal8Bit(),
                             QByteArray::number(limits.memoryBytes),
                             QByteArray::number(limits.processorSeconds)};
@@ -66,7 +67,9 @@ pid_t Start(const QString& program, const QString& path, const AccessLimits& lim
   QByteArray libraries = "LD_LIBRARY_PATH=" + qgetenv("LD_LIBRARY_PATH");
   std::array<char*, 5> argv{arguments[0].data(), arguments[1].data(), arguments[2].data(),
                             arguments[3].data(), nullptr};
-  std::array<char*, 3> environment{language.data(), libraries.data(), nullptr};
+  QByteArray letters =
+      "MDB_JET3_CHARSET=" + (codePage.isEmpty() ? kUsualCodePage : codePage).toLatin1();
+  std::array<char*, 4> environment{language.data(), libraries.data(), letters.data(), nullptr};
   const FileActions actions(pipe);
   pid_t process = -1;
   const int error =
@@ -77,7 +80,8 @@ pid_t Start(const QString& program, const QString& path, const AccessLimits& lim
 
 }  // namespace
 
-ReaderProcess::ReaderProcess(const QString& path, const AccessLimits& limits)
+ReaderProcess::ReaderProcess(const QString& path, const AccessLimits& limits,
+                             const QString& codePage)
     : silentSeconds_(limits.silentSeconds) {
   const QString program = ReaderProgram();
   int ends[2];
@@ -87,7 +91,7 @@ ReaderProcess::ReaderProcess(const QString& path, const AccessLimits& limits)
   close(ends[1]);
   pipe_ = ends[0];
   try {
-    process_ = Start(program, path, limits, writeEnd);
+    process_ = Start(program, path, limits, codePage, writeEnd);
   } catch (const AccessFailure&) {
     close(writeEnd);
     close(pipe_);

@@ -14,7 +14,7 @@ namespace quillary {
 class ReaderProcess {
  public:
   /// Throws AccessFailure when it cannot be started.
-  ReaderProcess(const QString& path, const AccessLimits& limits);
+  ReaderProcess(const QString& path, const AccessLimits& limits, const QString& codePage);
   ~ReaderProcess();
   ReaderProcess(const ReaderProcess&) = delete;
   ReaderProcess& operator=(const ReaderProcess&) = delete;

@@ -1,4 +1,7 @@
 #include "ConvertFixture.h"
+#include "data/access/ReceiptFile.h"
+
+#include <QRegularExpression>
 
 #include <sys/stat.h>
 
@@ -106,6 +109,18 @@ TEST_F(BadFilesTest, WhatIsAcceptedIsKeptAndTold) {
   EXPECT_EQ(shown, QStringList{"Clients: 61 rows declared, 60 read"});
   EXPECT_EQ(receipt.Findings(), shown);
   EXPECT_EQ(Made(path), QStringList{"DATA.MDB"});
+  const QString kept =
+      KeepReceipt(receipt, path, Path("DATA.MDB"), {QDate(2026, 11, 2), QTime(9, 0)},
+                  "The differences were accepted.");
+  EXPECT_EQ(kept, path + ".receipt.txt");
+  const QString text = QString::fromUtf8(Bytes(kept));
+  for (const char* line : {"on 2026-11-02 09:00:00, version 12\nThe differences were accepted.\n",
+                           "\nClients: 61 rows declared, 60 read, 60 written, 0 rejected\n"}) {
+    EXPECT_TRUE(text.contains(line)) << text.toStdString();
+  }
+  EXPECT_TRUE(
+      text.contains(QRegularExpression("\n    Amount: \\$[0-9,.]+ read, \\$[0-9,.]+ written\n")))
+      << text.toStdString();
 }
 
 /// A reader that does what a real one might do on a damaged file.
@@ -149,6 +164,20 @@ INSTANTIATE_TEST_SUITE_P(
         BadReader{"BreaksOffWithinAFrame", "printf '\\0\\0\\1\\0\\0ab' >&3", "broke off"},
         BadReader{"GivesAReason", "printf '\\0\\0\\0\\2\\5no' >&3", "is damaged: no"}),
     [](const auto& entry) { return std::string(entry.param.fault); });
+
+TEST_F(BadFilesTest, TheReaderIsToldTheCodePage) {
+  const QString reader =
+      Write("reader", "#!/bin/sh\nprintf '\\0\\0\\0\\6\\5%s' \"$MDB_JET3_CHARSET\" >&3");
+  QFile::setPermissions(reader, QFile::ReadOwner | QFile::ExeOwner);
+  qputenv("QUILLARY_ACCESS_READER", reader.toLocal8Bit());
+  ConversionOptions options;
+  EXPECT_TRUE(FailureOf(Sample(12), options).contains("is damaged: CP1252"));
+  options.codePage = "CP1250";
+  EXPECT_TRUE(FailureOf(Sample(12), options).contains("is damaged: CP1250"));
+  options.codePage = "CP1250//IGNORE";
+  EXPECT_TRUE(FailureOf(Sample(12), options).contains("is no code page"));
+  qunsetenv("QUILLARY_ACCESS_READER");
+}
 
 TEST_F(BadFilesTest, AMissingReaderIsNamed) {
   qputenv("QUILLARY_ACCESS_READER", "/nowhere/reader");
