@@ -1,6 +1,9 @@
 #include "shell/DayRun.h"
 
 #include "base/ports/requests/Screens.h"
+#include "billing/InvoicePrint.h"
+#include "billing/InvoiceRecord.h"
+#include "documents/BillingDocuments.h"
 #include "kit/Grid.h"
 #include "scheduling/screens/DiaryGrid.h"
 #include "session/ProgramFolder.h"
@@ -10,6 +13,7 @@
 #include "shell/Program.h"
 
 #include <QDir>
+#include <QFileInfo>
 #include <QPushButton>
 #include <QTextStream>
 
@@ -52,6 +56,12 @@ class FailingErrors : public ErrorReporter {
   QString failure;
 };
 
+/// Nobody looks at a document that is done.
+class UnwatchedDesktop : public MachineDesktop {
+ public:
+  void OpenInBrowser(const QString&) override {}
+};
+
 [[noreturn]] void Fail(const QString& why) {
   throw std::runtime_error(why.toStdString());
 }
@@ -69,14 +79,15 @@ QString NameIn(const Grid& grid, int row) {
   return grid.Rows()[static_cast<size_t>(row)].cells[kDisplayName].value.ToText();
 }
 
-void MarkFirstJobDone(QWidget* window, const FailingErrors& errors) {
+/// The entry of the job, unless none was left to mark.
+std::optional<qint64> MarkFirstJobDone(QWidget* window, const FailingErrors& errors) {
   auto* grid = window->findChild<Grid*>(QStringLiteral("grdSchedule"));
   if (!grid) Fail(QStringLiteral("The diary did not open"));
   Say(QStringLiteral("The diary shows %1 entries for today.").arg(grid->Rows().size()));
   const int row = FirstOpenJob(*grid);
   if (row < 0) {
     Say(QStringLiteral("No job of today is still open, so none was marked."));
-    return;
+    return std::nullopt;
   }
   const qint64 key = grid->Key(row);
   grid->SelectKey(key);  // scrolls it into sight
@@ -91,9 +102,39 @@ void MarkFirstJobDone(QWidget* window, const FailingErrors& errors) {
     if (!(grid->Rows()[at].cells[kStatus].value == Value("JD")))
       Fail(QStringLiteral("The job was not marked done"));
     Say(QStringLiteral("Marked the job of %1 done.").arg(NameIn(*grid, static_cast<int>(at))));
-    return;
+    return key;
   }
   Fail(QStringLiteral("The job that was marked is no longer listed"));
+}
+
+/// An invoice for the job.
+InvoiceForm BillJob(Business& business, qint64 diaryId) {
+  InvoiceForm form = NewInvoice(business, std::nullopt, diaryId);
+  if (form.statementType.isEmpty()) form.statementType = TypesOfInvoice().first();
+  if (const auto refusal = SaveInvoices(business, form)) Fail(refusal->message);
+  Say(QStringLiteral("Billed it by invoice %1 over %2.")
+          .arg(form.number, form.totalAmount.ToCurrencyText()));
+  return form;
+}
+
+InvoiceForm NewestInvoice(Business& business) {
+  const Value newest = business.FirstField(Sql("SELECT MAX(Invoice_ID) FROM Invoices"));
+  const auto form = LoadInvoiceDetails(business, newest.ToLong());
+  if (!form) Fail(QStringLiteral("There is no invoice to print"));
+  return *form;
+}
+
+void PrintInBothForms(Business& business, const InvoiceForm& invoice) {
+  PrepareInvoicePrint(business, invoice.invoiceId);
+  const BillingPlaces places{ReportPlacesUnder(ProgramFolder())};
+  for (const auto& [print, form] :
+       {std::pair{&PrintInvoicePDF, "PDF"}, std::pair{&PrintInvoice, "word processor"}}) {
+    const ReportDocument done = print(business, places, invoice.madeOutTo, TaxMode::Included);
+    Say(QStringLiteral("Invoice %1 as %2: %3")
+            .arg(invoice.number, QString::fromLatin1(form), done.docFile));
+    for (const QString& trouble : done.troubles) Say(trouble);
+    if (!QFileInfo::exists(done.docFile)) Fail(QStringLiteral("The document was not written"));
+  }
 }
 
 QString TakePicture(QWidget* window, const QString& folder) {
@@ -108,8 +149,9 @@ void Run(const QString& commandLine, const QString& file, const QString& folder)
   DesktopPorts ports;
   PlainAnswers prompter;
   FailingErrors errors;
-  Outside outside{ports.clock,    prompter,         errors,       ports.busy,
-                  ports.settings, ports.headOffice, ports.desktop};
+  UnwatchedDesktop desktop;
+  Outside outside{ports.clock,    prompter,         errors, ports.busy,
+                  ports.settings, ports.headOffice, desktop};
   Program program(outside, ports.navigator, ProgramFolder());
   program.UseFile(file);
   if (!program.Start(commandLine))
@@ -121,8 +163,10 @@ void Run(const QString& commandLine, const QString& file, const QString& folder)
           .arg(ToShortDateText(ReadBusinessFacts(program.OpenBusiness()).scheduleFilledTo)));
   ports.navigator.Open(OpenDiary{});
   Hands::Settle();
-  MarkFirstJobDone(window, errors);
+  const auto job = MarkFirstJobDone(window, errors);
   const QString picture = TakePicture(window, folder);
+  Business& business = program.OpenBusiness();
+  PrintInBothForms(business, job ? BillJob(business, *job) : NewestInvoice(business));
   window->close();
   if (!errors.failure.isEmpty()) Fail(errors.failure);
   Say(QStringLiteral("Picture of the main window: %1").arg(picture));
