@@ -35,7 +35,7 @@ class BenchPorts : public Prompter,
   void ShowBusyPointer(bool) override {}
   void OpenInBrowser(const QString&) override {}
   void CopyToClipboard(const QString&) override {}
-  bool StartProgram(const QString&) override { return false; }
+  bool StartProgram(const QString&, const QStringList&) override { return false; }
   void EndProcess(int) override {}
 
  private:
