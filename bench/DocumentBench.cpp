@@ -126,7 +126,8 @@ class Bench {
       if (invoices_.size() < kInvoices) invoices_.push_back(row[size_t{0}].ToLong());
     }
     if (invoices_.size() < kInvoices) throw std::runtime_error("too few invoices");
-    places_ = {ReportPlacesUnder(folder_.path()), folder_.filePath(QStringLiteral("whole"))};
+    places_ = {ReportPlacesUnder(folder_.path()), folder_.filePath(QStringLiteral("whole")), {}};
+    places_.fonts = std::make_shared<const PageFonts>(places_.report.fontFolder);
     QDir().mkpath(places_.folder);
     QDir().mkpath(folder_.filePath(QStringLiteral("bare")));
   }

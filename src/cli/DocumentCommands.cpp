@@ -99,7 +99,7 @@ DocumentCall ReadDocumentCall(const Call& call, const QString& kind) {
   if (!call.arguments.Has("out")) throw WrongUsage(QStringLiteral("--out names the folder"));
   DocumentCall document;
   document.invoices = ParseInvoices(OptionOf(call, "invoices"));
-  document.places = {ReportPlacesUnder(ProgramFolder()), OptionOf(call, "out")};
+  document.places = {.report = ReportPlacesUnder(ProgramFolder()), .folder = OptionOf(call, "out")};
   document.mode = call.arguments.Has("exclude-tax") ? TaxMode::Excluded : TaxMode::Included;
   document.forWord = format == u"word";
   return document;

@@ -41,18 +41,18 @@ class PdfRun {
  public:
   PdfRun(Business& business, const BillingPlaces& places, const QString& pdfTitle,
          const QString& docTitle, const QString& fileName)
-      : business_(business), fonts_(places.report.fontFolder), pdf_(HostFor(business)) {
+      : business_(business),
+        fonts_(places.fonts ? places.fonts
+                            : std::make_shared<const PageFonts>(places.report.fontFolder)),
+        pdf_(HostFor(business)) {
     document_.docTitle = docTitle;
     document_.docFile = PathIn(places, fileName);
-    const std::filesystem::path fontFolder(places.report.fontFolder.toStdU16String());
-    pdf_.PDFPathConfiguration(fontFolder);
     pdf_.PDFInit();
     pdf_.PDFSetStrict(true);
     pdf_.PDFTitle(pdfTitle.toStdString());
     pdf_.PDFUseThumbs(true);
-    pdf_.PDFLoadAfm(fontFolder);
     pdf_.PDFView(false);
-    pages_.emplace(pdf_, fonts_, places.report.paper);
+    pages_.emplace(pdf_, *fonts_, places.report.paper);
     pdf_.PDFFileName(document_.docFile.toStdU16String());
     pdf_.PDFSetFont(0, 8, 0);
     pdf_.PDFSetTextColor(0);
@@ -91,7 +91,7 @@ class PdfRun {
   }
 
   Business& business_;
-  PageFonts fonts_;
+  std::shared_ptr<const PageFonts> fonts_;
   PDFWriter pdf_;
   std::optional<BillingPages> pages_;
   ReportDocument document_;

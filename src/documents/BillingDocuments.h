@@ -15,6 +15,8 @@ namespace quillary {
 struct BillingPlaces {
   ReportPlaces report;
   QString folder = {};  // instead of `Report Doc`
+  /// Kept by who prints many files, so that the metrics are read once.
+  std::shared_ptr<const PageFonts> fonts = {};
 };
 
 /// Every invoice from the top of a page. The file is named after `fileNamePart`, mostly who the

@@ -39,6 +39,14 @@ PageFont FontOf(const BillingPages::Style& style) {
           .italic = style.italic};
 }
 
+/// Most texts are so short that they need not be measured.
+bool FitsAnyway(const QString& text, const BillingPages::Style& style, double width) {
+  constexpr double kWidest = 1.05 * 2.54 / 72;  // letter of ASCII, in a font of one point
+  if (static_cast<double>(text.size()) * style.size * kWidest > width) return false;
+  return std::all_of(text.begin(), text.end(),
+                     [](QChar sign) { return sign >= u' ' && sign <= u'~'; });
+}
+
 }  // namespace
 
 BillingPages::BillingPages(PDFWriter& pdf, const PageFonts& fonts, Paper paper)
@@ -95,8 +103,11 @@ void BillingPages::KeepTogether(double height) {
 
 void BillingPages::TextOut(const QString& text, double x, const Style& style) {
   if (text.isEmpty()) return;
-  pdf_.PDFSetTextColor(style.colour);
-  pdf_.PDFSetFont(style.font, style.size, style.bold ? 2 : style.italic ? 1 : 0);
+  if (style != set_) {
+    pdf_.PDFSetTextColor(style.colour);
+    pdf_.PDFSetFont(style.font, style.size, style.bold ? 2 : style.italic ? 1 : 0);
+    set_ = style;
+  }
   pdf_.PDFTextOut(text.toStdString(), x, currentY_);
 }
 
@@ -109,7 +120,7 @@ double BillingPages::RowHeight(const Style& style) {
 QStringList BillingPages::WrapCell(const Cell& cell, const Style& style) const {
   const double width = cell.width > 0 ? cell.width : kRightEdge - cell.x;
   // An amount is never cut in two; one too wide for its column reaches to the right of it.
-  if (cell.alignRight) return {cell.text};
+  if (cell.alignRight || FitsAnyway(cell.text, style, width)) return {cell.text};
   return fonts_.Wrap(cell.text, FontOf(style), width * kTwipsPerCentimetre);
 }
 

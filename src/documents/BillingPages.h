@@ -6,6 +6,7 @@
 #include <QStringList>
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace quillary {
@@ -17,6 +18,8 @@ struct BillingStyle {
   bool italic = false;  // unless bold
   int font = 0;         // as PDFWriter counts them
   int colour = 0;       // 0xRRGGBB
+
+  bool operator==(const BillingStyle&) const = default;
 };
 
 /// Pages of a billing document in the PDF form: texts at given places from the left, each below the
@@ -97,6 +100,7 @@ class BillingPages {
   bool isOpen_ = false;
   QString continuation_;
   Row headings_;
+  std::optional<Style> set_;  // in the writer
 };
 
 }  // namespace quillary

@@ -2,6 +2,7 @@
 
 #include "documents/PageText.h"
 
+#include <QDir>
 #include <QFileInfo>
 
 #include <algorithm>
@@ -61,6 +62,11 @@ QStringList AccountLines(const HeaderStrings& header) {
 }  // namespace
 
 QString UsableLogo(PDFWriter& pdf, const QString& file, QStringList& troubles) {
+  if (!QFileInfo::exists(file)) {
+    troubles += QStringLiteral("The picture %1 was not found. The document is made without it.")
+                    .arg(QDir::toNativeSeparators(file));
+    return {};
+  }
   try {
     if (pdf.PDFImageWidth(file.toStdU16String()) > 0) return file;
   } catch (const PDFError& error) {

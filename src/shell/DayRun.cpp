@@ -126,13 +126,17 @@ InvoiceForm NewestInvoice(Business& business) {
 
 void PrintInBothForms(Business& business, const InvoiceForm& invoice) {
   PrepareInvoicePrint(business, invoice.invoiceId);
-  const BillingPlaces places{ReportPlacesUnder(ProgramFolder())};
+  const BillingPlaces places{.report = ReportPlacesUnder(ProgramFolder())};
+  QStringList told;  // both forms miss the same picture
   for (const auto& [print, form] :
        {std::pair{&PrintInvoicePDF, "PDF"}, std::pair{&PrintInvoice, "word processor"}}) {
     const ReportDocument done = print(business, places, invoice.madeOutTo, TaxMode::Included);
     Say(QStringLiteral("Invoice %1 as %2: %3")
             .arg(invoice.number, QString::fromLatin1(form), done.docFile));
-    for (const QString& trouble : done.troubles) Say(trouble);
+    for (const QString& trouble : done.troubles) {
+      if (!told.contains(trouble)) Say(trouble);
+      told += trouble;
+    }
     if (!QFileInfo::exists(done.docFile)) Fail(QStringLiteral("The document was not written"));
   }
 }

@@ -109,6 +109,7 @@ TEST_F(BillingDocumentsTest, NoPositionRunsOffThePageOrLosesARow) {
   };
   for (const Case& c : {Case{"short", 1, 1, 0}, Case{"sixty jobs", 60, 5, 3},
                         Case{"slip at the edge", 22, 1, 2}, Case{"all long", 400, 7, 120}}) {
+    Transaction atOnce(business());
     Run(Sql("DELETE FROM Diary"));
     const qint64 invoice = AddInvoice(payer, "7", Money(), Money());
     for (int job = 0; job < c.jobs; ++job) {
@@ -119,6 +120,7 @@ TEST_F(BillingDocumentsTest, NoPositionRunsOffThePageOrLosesARow) {
     const QString notes = QStringLiteral("a line of notes\r\n").repeated(c.noteLines);
     Run(Sql("UPDATE Invoices SET Invoice_Notes = {} WHERE Invoice_ID = {}", notes, invoice));
     Select({invoice});
+    atOnce.Commit();
     const auto texts = InvoiceTexts();
     for (const PdfText& text : texts) {
       EXPECT_TRUE(text.y > 0.9 && text.y < 28.6 && text.x >= 1 && text.x < 20)

@@ -18,7 +18,7 @@ bool PrintAndShow(Business& business, const ScreenTools& tools, const Print& pri
   const bool forWord = PrintsForWord(business);
   const auto document = [&] {
     const BusyWhile busy(business.World().busy);
-    return print(forWord, BillingPlaces{PlacesOfReports()});
+    return print(forWord, BillingPlaces{.report = PlacesOfReports()});
   };
   ReportDocument done = document();
   if (forWord) {
