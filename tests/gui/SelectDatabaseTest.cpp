@@ -109,8 +109,10 @@ TEST_F(SelectDatabaseTest, OffersToConvertAnAccessFile) {
   ASSERT_TRUE(business);
   EXPECT_GT(business->FirstField(Sql("SELECT COUNT(*) FROM Clients")).ToLong(), 0);
   const QDir archive(folder.filePath("Archive"));
-  ASSERT_EQ(archive.entryList(QDir::Files).size(), 1);
-  QFile kept(archive.filePath(archive.entryList(QDir::Files).first()));
+  const QStringList originals = archive.entryList({"*.MDB"}, QDir::Files);
+  ASSERT_EQ(originals.size(), 1);
+  EXPECT_TRUE(archive.exists(originals.first() + ".receipt.txt"));
+  QFile kept(archive.filePath(originals.first()));
   ASSERT_TRUE(kept.open(QIODevice::ReadOnly));
   EXPECT_TRUE(kept.readAll() == original) << "the original stays byte for byte";
 }

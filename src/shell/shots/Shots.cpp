@@ -79,6 +79,7 @@ void Shots::Run() {
   ScheduleDialogs();
   Invoices();
   Payments();
+  Documents();
   Menus();
   Dialogs();
   Boxes();

@@ -30,6 +30,7 @@ class Shots {
   void InvoiceDialogs();
   void Payments();
   void PaymentDialogs();
+  void Documents();
   template <typename Request>
   void SaveDialogOf(const Request& request);
   void CloseScreen();
