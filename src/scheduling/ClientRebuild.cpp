@@ -221,11 +221,16 @@ qint64 Rebuild::GetQuoteEntry(qint64 employeeId, QDate day) {
 
 RollCount RebuildClient(Business& business, RollFaults& faults, DaySequences& sequences,
                         qint64 clientId, const RebuildDates& dates) {
+  return Rebuild(business, faults, sequences, clientId, dates).Run();
+}
+
+RollCount RebuildClientAlone(Business& business, RollFaults& faults, DaySequences& sequences,
+                             qint64 clientId, const RebuildDates& dates) {
   RollCount count;
   bool done = false;
   faults.Guard([&] {
     Transaction client(business);
-    count = Rebuild(business, faults, sequences, clientId, dates).Run();
+    count = RebuildClient(business, faults, sequences, clientId, dates);
     client.Commit();
     done = true;
   });

@@ -16,9 +16,14 @@ struct RebuildDates {
   QDate deleteFrom;
 };
 
-/// Rebuilds the open diary of one client. Failures go to `faults`; a client whose rebuild fails as
-/// a whole keeps the diary it had.
+/// Rebuilds the open diary of one client. A service that fails goes to `faults`, the others are
+/// built; what fails beyond that is thrown, and the caller undoes it.
 RollCount RebuildClient(Business& business, RollFaults& faults, DaySequences& sequences,
                         qint64 clientId, const RebuildDates& dates);
+
+/// RebuildClient() as a part that is undone by itself: a client whose rebuild fails as a whole is
+/// reported and keeps the diary it had.
+RollCount RebuildClientAlone(Business& business, RollFaults& faults, DaySequences& sequences,
+                             qint64 clientId, const RebuildDates& dates);
 
 }  // namespace quillary

@@ -2,6 +2,8 @@
 
 #include "data/Business.h"
 
+#include <QScopeGuard>
+
 namespace quillary {
 
 /// The user wants the damaged file repaired. Thrown through the roll, so that it is undone before
@@ -25,7 +27,24 @@ class RollFaults {
       if (failure.Fault() == StorageFault::Damaged) OfferRepair();
       throw;
     } catch (const std::exception& error) {
+      if (isTrial_) throw;
       Report(error);
+    }
+  }
+
+  /// Runs `steps` to their end or to the first that fails, which is not reported: the caller undoes
+  /// them and takes a more careful way. Tells whether all went well; throws as Guard() does.
+  template <typename Steps>
+  bool Try(Steps&& steps) {
+    isTrial_ = true;
+    const auto endOfTrial = qScopeGuard([this] { isTrial_ = false; });
+    try {
+      Guard(steps);
+      return true;
+    } catch (const StorageFailure&) {
+      throw;
+    } catch (const std::exception&) {
+      return false;
     }
   }
 
@@ -34,6 +53,7 @@ class RollFaults {
   void Report(const std::exception& error);
 
   Business& business_;
+  bool isTrial_ = false;
   bool declinedRepair_ = false;
 };
 

@@ -2,6 +2,8 @@
 
 #include "scheduling/ClientRebuild.h"
 
+#include <algorithm>
+
 namespace quillary {
 namespace {
 
@@ -19,6 +21,68 @@ RollCount DeleteFuture(Business& business, qint64 clientId) {
   return {.entriesDeleted = static_cast<int>(future.RowCount()), .entriesMade = 0};
 }
 
+// Undoing by parts has its price: before the first change of a page within a part, the store keeps
+// a copy of it, and a client's visits lie on as many pages as there are days. A few dozen clients
+// together touch hardly more pages than one.
+constexpr size_t kClientsOfAPart = 64;
+
+class GlobalRoll {
+ public:
+  GlobalRoll(Business& business, QDate from, QDate until)
+      : business_(business),
+        faults_(business),
+        sequences_(business),
+        dates_{.start = from, .end = until, .deleteExisting = true, .deleteFrom = from} {}
+
+  RollCount Run() {
+    RollCount total;
+    const Recordset clients =
+        business_.RunSQL(Sql("SELECT Client_ID, Status FROM Clients ORDER BY Client_ID; "));
+    for (size_t first = 0; first < clients.RowCount(); first += kClientsOfAPart) {
+      const size_t end = std::min(first + kClientsOfAPart, clients.RowCount());
+      total += RollPart(clients, first, end);
+    }
+    return total;
+  }
+
+ private:
+  using RebuildRoutine = decltype(RebuildClient);
+
+  // Only where something fails is each client of the part undone or kept by itself.
+  RollCount RollPart(const Recordset& clients, size_t first, size_t end) {
+    RollCount count;
+    const bool allWell = faults_.Try([&] {
+      Transaction part(business_);
+      count = RollClients(clients, first, end, RebuildClient);
+      part.Commit();
+    });
+    if (allWell) return count;
+    sequences_.ForgetAll();
+    return RollClients(clients, first, end, RebuildClientAlone);
+  }
+
+  RollCount RollClients(const Recordset& clients, size_t first, size_t end,
+                        RebuildRoutine& rebuild) {
+    RollCount count;
+    for (size_t row = first; row < end; ++row) {
+      const Record client = clients.Row(row);
+      const qint64 clientId = client[u"Client_ID"].ToLong();
+      const QString status = client[u"Status"].ToText().toUpper();
+      if (status == u"ACTIVE" || status == u"QUOTE ONLY") {
+        count += rebuild(business_, faults_, sequences_, clientId, dates_);
+      } else if (status == u"CANCELLED" || status == u"TRANSFERRED") {
+        count += DeleteFuture(business_, clientId);
+      }
+    }
+    return count;
+  }
+
+  Business& business_;
+  RollFaults faults_;
+  DaySequences sequences_;
+  RebuildDates dates_;
+};
+
 RollCount RollAllClients(Business& business) {
   const QDate from = business.FirstField(Sql("SELECT Last_Schedule_Ending FROM infSystem"))
                          .ToDate(business.Today());
@@ -27,24 +91,7 @@ RollCount RollAllClients(Business& business) {
 
   const BusyWhile busy(business.World().busy);
   Transaction roll(business);
-  RollFaults faults(business);
-  DaySequences sequences(business);
-  const RebuildDates dates{.start = from, .end = until, .deleteExisting = true, .deleteFrom = from};
-  RollCount total;
-  const Recordset clients =
-      business.RunSQL(Sql("SELECT Client_ID, Status FROM Clients ORDER BY Client_ID; "));
-  for (const Record client : clients) {
-    const qint64 clientId = client[u"Client_ID"].ToLong();
-    const QString status = client[u"Status"].ToText().toUpper();
-    RollCount count;
-    if (status == u"ACTIVE" || status == u"QUOTE ONLY") {
-      count = RebuildClient(business, faults, sequences, clientId, dates);
-    } else if (status == u"CANCELLED" || status == u"TRANSFERRED") {
-      count = DeleteFuture(business, clientId);
-    }
-    total.entriesDeleted += count.entriesDeleted;
-    total.entriesMade += count.entriesMade;
-  }
+  const RollCount total = GlobalRoll(business, from, until).Run();
   business.RunSQL(Sql("UPDATE infSystem SET Last_Schedule_Ending = {};", until));
   roll.Commit();
   return total;
@@ -75,7 +122,7 @@ RollCount AdvanceScheduleForClient(Business& business, qint64 clientId,
   try {
     RollFaults faults(business);
     DaySequences sequences(business);
-    return RebuildClient(business, faults, sequences, clientId, dates);
+    return RebuildClientAlone(business, faults, sequences, clientId, dates);
   } catch (const RepairWanted&) {
     HandOverToRepair(business);
   }

@@ -13,6 +13,12 @@ namespace quillary {
 struct RollCount {
   int entriesDeleted = 0;
   int entriesMade = 0;
+
+  RollCount& operator+=(const RollCount& other) {
+    entriesDeleted += other.entriesDeleted;
+    entriesMade += other.entriesMade;
+    return *this;
+  }
 };
 
 /// Rolls the diary of all clients forward to today plus Days_To_Advance_Schedule and stores the new

@@ -36,9 +36,10 @@ void MainMenuMDI::BuildCommands() {
     if (!command.path.contains(QStringLiteral("Appearance"))) continue;
     command.action->setCheckable(true);
   }
+  for (QAction* menu : menuBar()->actions()) menuCaptions_.emplace(menu, menu->text());
   tools_ = new ToolStrip(menuBar());
   addToolBar(tools_);
-  txtFind = new CommandSearch(commands_);
+  txtFind = new MainSearch(business_, commands_, navigator_, runner_);
   tools_->AddAtEnd(txtFind);
   const auto key = [this](const QKeySequence& keys, const std::function<void()>& run) {
     connect(new QShortcut(keys, this), &QShortcut::activated, this, run);

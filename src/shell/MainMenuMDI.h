@@ -3,7 +3,7 @@
 #include "data/Business.h"
 #include "data/LocalSettings.h"
 #include "kit/Screen.h"
-#include "shell/CommandSearch.h"
+#include "shell/MainSearch.h"
 #include "shell/MenuBuilder.h"
 #include "shell/ToolStrip.h"
 
@@ -63,6 +63,7 @@ class MainMenuMDI : public QMainWindow, public ScreenHost {
   Screen* CurrentScreen() const;
   void CloseTab(int index);
   void TabChanged();
+  void YieldMnemonics(const Screen* screen);
   void RestoreWindow();
   void RestoreTabs();
   void StoreWindow();
@@ -73,11 +74,12 @@ class MainMenuMDI : public QMainWindow, public ScreenHost {
   Navigator& navigator_;
   CommandRunner& runner_;
   std::vector<MenuCommand> commands_;
+  std::map<QAction*, QString> menuCaptions_;  // of the bar, with their mnemonics
   bool leaving_ = false;
   bool restoring_ = false;
 
   ToolStrip* tools_;
-  CommandSearch* txtFind;
+  MainSearch* txtFind;
   QStackedWidget* centre_;
   QTabWidget* tabs_;
   QLabel* lblBusiness;

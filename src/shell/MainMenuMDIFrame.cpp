@@ -4,9 +4,11 @@
 #include "shell/ProgramIcon.h"
 #include "shell/Version.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QScrollArea>
+#include <QSet>
 #include <QTabBar>
 #include <QTimer>
 
@@ -66,7 +68,24 @@ void MainMenuMDI::CloseTab(int index) {
 void MainMenuMDI::TabChanged() {
   const Screen* screen = CurrentScreen();
   tools_->MarkScreen(screen ? screen->objectName() : QString());
+  YieldMnemonics(screen);
   StoreWindow();
+}
+
+// Alt and a letter that both a menu and a command of the screen in front claim would only move the
+// focus between the two. The screen is where the work is, so the menu gives way while it shows.
+void MainMenuMDI::YieldMnemonics(const Screen* screen) {
+  QSet<QString> taken;
+  if (screen) {
+    for (const auto* button : screen->findChildren<QAbstractButton*>())
+      taken += QKeySequence::mnemonic(button->text()).toString();
+    for (const auto* label : screen->findChildren<QLabel*>())
+      if (label->buddy()) taken += QKeySequence::mnemonic(label->text()).toString();
+  }
+  for (const auto& [menu, caption] : menuCaptions_) {
+    const bool yields = taken.contains(QKeySequence::mnemonic(caption).toString());
+    menu->setText(yields ? QString(caption).remove(u'&') : caption);
+  }
 }
 
 void MainMenuMDI::RestoreWindow() {

@@ -1,14 +1,6 @@
-#include "base/ports/requests/Clients.h"
-#include "gui/GuiTest.h"
-#include "kit/Grid.h"
+#include "gui/DeskTest.h"
 
 #include <QCheckBox>
-#include <QComboBox>
-#include <QDialog>
-#include <QLabel>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QTabWidget>
 #include <QTimer>
 
 namespace quillary {
@@ -16,97 +8,11 @@ namespace {
 
 const QDate kToday(2026, 11, 2);
 
-/// Works at the real main window on the invented business, by keys and clicks.
-class ClientDayTest : public ProgramTest {
+class ClientDayTest : public DeskTest {
  protected:
-  void SetUp() override {
-    ProgramTest::SetUp();
-    Start();
-    if (auto* splash = Window().findChild<QWidget*>("MainMenuMDI_Splash")) splash->close();
-    Window().activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&Window()));
-  }
-
-  template <typename Control>
-  Control* On(const char* name) {
-    return Find<Control>(client, name);
-  }
-  void Key(int key) { QTest::keyClick(QApplication::focusWidget(), static_cast<Qt::Key>(key)); }
-  void Keys(const QString& words) { QTest::keyClicks(QApplication::focusWidget(), words); }
-
-  /// What stands in a field is selected as it is entered, and so typed over.
-  void TypeInto(const char* field, const QString& words) {
-    On<QLineEdit>(field)->setFocus(Qt::TabFocusReason);
-    QTest::qWait(20);
-    Keys(words);
-  }
-  /// A mnemonic shows the button go down before it clicks.
-  void Alt(Qt::Key key) {
-    QTest::keyClick(client, key, Qt::AltModifier);
-    QTest::qWait(150);
-  }
-  void Pick(const char* combo, const QString& words) {
-    auto* control = On<QComboBox>(combo);
-    control->setFocus(Qt::TabFocusReason);
-    QTest::qWait(20);
-    // One letter is enough for a short list, and a slow machine would take more for two searches.
-    if (control->isEditable())
-      QTest::keyClicks(control->lineEdit(), words);
-    else
-      QTest::keyClicks(control, words.left(1));
-    EXPECT_EQ(control->currentText(), words) << combo;
-  }
-  void ShowPage(const QString& title) {
-    auto* pages = On<QTabWidget>("pages");
-    for (int at = 0; at < pages->count(); ++at)
-      if (pages->tabText(at).startsWith(title))
-        QTest::mouseClick(pages->tabBar(), Qt::LeftButton, {},
-                          pages->tabBar()->tabRect(at).center());
-    EXPECT_TRUE(pages->tabText(pages->currentIndex()).startsWith(title)) << title.toStdString();
-  }
-  qint64 Number() { return On<QLineEdit>("txtClientID")->text().toLongLong(); }
-  Recordset Run(const Sql& statement) { return program->OpenBusiness().RunSQL(statement); }
-  qint64 CountJobs(const char* status) {
-    return Run(Sql("SELECT COUNT(*) FROM Diary WHERE Client_ID = {} AND Status = {}", Number(),
-                   status))
-        .Field(size_t{0})
-        .ToLong();
-  }
-
-  void NewClientByKeyboard();
   void TwoServices();
   void MarkDoneInTheDiary();
-
-  Screen* client = nullptr;
 };
-
-void ClientDayTest::NewClientByKeyboard() {
-  Command("mnuClientsAddClient")->trigger();
-  client = Find<Screen>(&Window(), "frmClients");
-  ASSERT_EQ(QApplication::focusWidget(), On<QLineEdit>("txtFirstname"));
-  EXPECT_FALSE(On<QTabWidget>("pages")->isTabEnabled(1)) << "services need a stored client";
-  Keys("Zelda");
-  Key(Qt::Key_Tab);
-  Keys("Zimmer");
-  Key(Qt::Key_Tab);
-  Keys("A");
-  Alt(Qt::Key_P);
-  EXPECT_EQ(On<QLineEdit>("txtDisplayName")->text(), "Zelda Zimmer");
-  TypeInto("txtStreetNumber", "7");
-  Key(Qt::Key_Tab);
-  Keys("Correa Ct");
-  Key(Qt::Key_Tab);
-  const Recordset known =
-      Run(Sql("SELECT Suburb, Post_Code FROM Clients WHERE Post_Code = '3101' ORDER BY Client_ID"));
-  ASSERT_TRUE(known.HasRows());
-  Keys(known.Field(u"Suburb").ToText().toLower());
-  Key(Qt::Key_Tab);
-  EXPECT_EQ(On<QComboBox>("cmbSuburb")->currentText(), known.Field(u"Suburb").ToText());
-  EXPECT_EQ(On<QComboBox>("cmbPostcode")->currentText(), "3101") << "the suburb brings its code";
-  QTest::keyClick(client, Qt::Key_S, Qt::ControlModifier);
-  ASSERT_GT(Number(), 0);
-  EXPECT_EQ(client->windowTitle(), "Client: Zelda Zimmer");
-}
 
 void ClientDayTest::TwoServices() {
   ShowPage("Services");
@@ -122,7 +28,7 @@ void ClientDayTest::TwoServices() {
   ClickOn(client, "cmdClearServiceFields");
   Pick("cmbService", names.Row(1)[u"Service"].ToText());
   TypeInto("txtPrice", "40");
-  Alt(Qt::Key_M);
+  Alt(client, Qt::Key_M);
   EXPECT_EQ(On<QComboBox>("cmbFrequency")->currentText(), "14") << "shows the main schedule";
   EXPECT_FALSE(On<QComboBox>("cmbFrequency")->isEnabled());
   outside.prompter.Expect("\"Re-create schedule of this client...\" button.", Answer::Yes);
@@ -217,6 +123,21 @@ TEST_F(ClientDayTest, TheMenuComputesAllBalancesAnew) {
   EXPECT_EQ(outside.prompter.TakeTold(), QStringList{"Re-calculation done."});
   EXPECT_FALSE(Run(Sql("SELECT * FROM Clients WHERE Account_Balance = 777 AND Is_Billed_To = Yes"))
                    .HasRows());
+}
+
+TEST_F(ClientDayTest, AMnemonicBelongsToTheScreenInFrontAndNotToAMenu) {
+  const QAction* setup = Command("mnuSetup");
+  EXPECT_EQ(setup->text(), "&Setup");
+  NewClientByKeyboard();
+  EXPECT_EQ(setup->text(), "Setup") << "while the client screen shows its own Alt+S";
+  TypeInto("txtStreetNumber", "9");
+  Alt(client, Qt::Key_S);
+  EXPECT_EQ(Run(Sql("SELECT Street_Number FROM Clients WHERE Client_ID = {}", Number()))
+                .Field(size_t{0})
+                .ToText(),
+            "9");
+  Alt(client, Qt::Key_C);
+  EXPECT_EQ(setup->text(), "&Setup");
 }
 
 TEST_F(ClientDayTest, ToolbarCommandsAreAlive) {

@@ -88,6 +88,27 @@ TEST_F(RollFaultTest, BadRowIsReportedAndTheRollGoesOn) {
   EXPECT_EQ(Rows("SELECT Last_Schedule_Ending FROM infSystem"), QStringList("2026-11-16"));
 }
 
+// Clients are rolled many at a time; one whose rows the store does not take must not cost the
+// others theirs, nor be reported twice.
+TEST_F(RollFaultTest, ClientThatFailsKeepsHisDiaryAndTheOthersRoll) {
+  for (int client = 0; client < 3; ++client) {
+    AddService(AddClient(), {.frequency = 7, .nextVisit = "2026-11-03"});
+  }
+  AddEntry(2, Day("2026-11-05"), "J");
+  sqlite3_exec(business().StoreConnection().Handle(),
+               "CREATE TRIGGER Refuse BEFORE INSERT ON Diary WHEN NEW.Client_ID = 2 "
+               "BEGIN SELECT RAISE(ABORT, 'refused'); END",
+               nullptr, nullptr, nullptr);
+  ExpectRefused("INSERT INTO Diary");
+  const RollCount count = AdvanceScheduleGlobally(business());
+  EXPECT_EQ(outside.errors.TakeReports().size(), 1);
+  EXPECT_EQ(Rows("SELECT Schedule_Date FROM Diary WHERE Client_ID = 2"), QStringList("2026-11-05"));
+  EXPECT_EQ(Rows("SELECT Client_ID, Sequence FROM Diary WHERE Schedule_Date = #2026/11/03#"),
+            QStringList({"1 1", "3 2"}));
+  EXPECT_EQ(count.entriesMade, Count("Diary") - 1);
+  EXPECT_EQ(Rows("SELECT Last_Schedule_Ending FROM infSystem"), QStringList("2026-11-16"));
+}
+
 TEST_F(RollFaultTest, UnreadableMarkerIsToldAndNothingIsTouched) {
   AddService(AddClient());
   ExpectRefused("infSystem");

@@ -14,10 +14,11 @@ namespace {
 
 void ShowList(Business& business, const ScreenTools& tools, bool monthly) {
   if (Screen* open = tools.host.BringToFront(QStringLiteral("frmInvoicesList"))) {
+    auto* list = static_cast<frmInvoicesList*>(open);
     if (monthly)
-      static_cast<frmInvoicesList*>(open)->ShowYourself(true);
+      list->ShowYourself(true);
     else
-      open->Reload();
+      list->ShowAgain();
     return;
   }
   auto* list = new frmInvoicesList(business, tools);

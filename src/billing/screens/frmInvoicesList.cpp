@@ -96,6 +96,11 @@ void frmInvoicesList::ShowYourself(bool monthly) {
   fgInvoices->setFocus();
 }
 
+void frmInvoicesList::ShowAgain() {
+  if (ticks_->TickedKeys().empty()) LoadInvoicesIntoGrid();
+  fgInvoices->setFocus();
+}
+
 void frmInvoicesList::TakeMonth(int month) {
   const MonthChoice days = MonthAt(business_.Today(), month);
   dtFrom->SetDate(days.first);

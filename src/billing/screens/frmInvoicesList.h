@@ -25,6 +25,9 @@ class frmInvoicesList : public Screen {
 
   /// This month, all invoices or the monthly ones.
   void ShowYourself(bool monthly);
+  /// Loads the list again, unless invoices are ticked: who has just printed them as invoices may
+  /// want the same ones as statements.
+  void ShowAgain();
   void LoadInvoicesIntoGrid();
   void Reload() override { LoadInvoicesIntoGrid(); }
 

@@ -101,7 +101,8 @@ void Connection::OpenHandle(OpenMode mode) {
     throw StorageFailure(StorageFault::NotADatabase, QStringLiteral("file is empty"));
   }
   sqlite3* handle = nullptr;
-  const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_EXRESCODE |
+  // One thread has the connection, so the store need not lock itself at each step.
+  const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_EXRESCODE | SQLITE_OPEN_NOMUTEX |
                     (mode == OpenMode::Create ? SQLITE_OPEN_CREATE : 0);
   const int code = sqlite3_open_v2(file_.toUtf8().constData(), &handle, flags, nullptr);
   database_.reset(handle);

@@ -1,0 +1,62 @@
+#include "clients/ClientFinder.h"
+
+#include <algorithm>
+
+namespace quillary {
+namespace {
+
+QString AddressOf(const ClientListRow& client) {
+  QStringList lines = {(client.streetNumber + u' ' + client.street).trimmed(),
+                       (client.suburb + u' ' + client.postCode).trimmed()};
+  lines.removeAll(QString());
+  return lines.join(QStringLiteral(", "));
+}
+
+}  // namespace
+
+ClientFinder::ClientFinder(Business& business)
+    : business_(business),
+      listed_(ClientList::Load(business)),
+      prospects_(ClientList::Load(business, {.status = QStringLiteral("Quote only")})) {}
+
+std::vector<FoundClient> ClientFinder::Clients(const QString& typed, size_t most) const {
+  const QString words = typed.trimmed();
+  if (words.isEmpty()) return {};
+  std::vector<FoundClient> found;
+  for (const ClientList* list : {&listed_, &prospects_}) {
+    for (const size_t at : list->Search(words)) {
+      const ClientListRow& client = list->Rows()[at];
+      found.push_back({client.clientId, client.displayName, AddressOf(client)});
+    }
+  }
+  std::stable_partition(found.begin(), found.end(), [&](const FoundClient& client) {
+    return client.name.startsWith(words, Qt::CaseInsensitive);
+  });
+  if (found.size() > most) found.resize(most);
+  return found;
+}
+
+std::vector<FoundJob> ClientFinder::Jobs(qint64 clientId) const {
+  std::vector<FoundJob> jobs;
+  const auto take = [&](const Sql& statement, const QString& words) {
+    const Recordset job = business_.RunSQL(statement);
+    if (!job.HasRows()) return;
+    jobs.push_back({job.Field(u"Diary_ID").ToLong(),
+                    words.arg(ToShortDateText(job.Field(u"Schedule_Date").ToDate()),
+                              job.Field(u"Description").ToText(),
+                              job.Field(u"Total_Price").ToMoney().ToCurrencyText())});
+  };
+  take(Sql("SELECT TOP 1 Diary_ID, Schedule_Date, Description, Total_Price FROM Diary "
+           "WHERE Client_ID = {} AND Status = 'J' AND Schedule_Date >= {} "
+           "ORDER BY Schedule_Date, Diary_ID",
+           clientId, business_.Today()),
+       QStringLiteral("Job on %1: %2, %3"));
+  take(Sql("SELECT TOP 1 Diary_ID, Schedule_Date, Description, Total_Price FROM Diary "
+           "WHERE Client_ID = {} AND Status IN ('JD', 'JI', 'JU', 'JP') "
+           "ORDER BY Schedule_Date DESC, Diary_ID DESC",
+           clientId),
+       QStringLiteral("Job done on %1: %2, %3"));
+  return jobs;
+}
+
+}  // namespace quillary

@@ -1,0 +1,117 @@
+#include "shell/MainSearch.h"
+
+#include "base/ports/requests/Clients.h"
+#include "base/ports/requests/Scheduling.h"
+
+#include <QAbstractItemView>
+#include <QCompleter>
+#include <QKeyEvent>
+#include <QStandardItemModel>
+#include <QTimer>
+
+#include <algorithm>
+
+namespace quillary {
+
+namespace {
+
+constexpr size_t kMostCommands = 6;
+constexpr size_t kMostClients = 6;
+constexpr size_t kClientsWithJobs = 2;
+
+bool HasAllWords(const QString& text, const QString& typed) {
+  const QStringList words = typed.split(u' ', Qt::SkipEmptyParts);
+  return std::all_of(words.begin(), words.end(),
+                     [&](const QString& word) { return text.contains(word, Qt::CaseInsensitive); });
+}
+
+}  // namespace
+
+MainSearch::MainSearch(Business& business, const std::vector<MenuCommand>& commands,
+                       Navigator& navigator, CommandRunner& runner)
+    : business_(business),
+      commands_(commands),
+      navigator_(navigator),
+      runner_(runner),
+      offered_(new QStandardItemModel(this)),
+      completer_(new QCompleter(offered_, this)) {
+  setObjectName(QStringLiteral("txtFind"));
+  setPlaceholderText(tr("Find a client, job or command Ctrl+K"));
+  setAccessibleName(tr("Find a client, job or command"));
+  setProperty("kind", QStringLiteral("search"));
+  setFixedWidth(280);
+  completer_->setCompletionMode(QCompleter::UnfilteredPopupCompletion);
+  completer_->setMaxVisibleItems(16);
+  setCompleter(completer_);
+  connect(this, &QLineEdit::textEdited, this, &MainSearch::Offer);
+  connect(completer_, QOverload<const QModelIndex&>::of(&QCompleter::activated), this,
+          &MainSearch::OpenAt);
+}
+
+void MainSearch::Offer(const QString& typed) {
+  offered_->clear();
+  opens_.clear();
+  if (typed.trimmed().isEmpty()) return;
+  OfferCommands(typed);
+  runner_.Run(objectName(), QStringLiteral("txtFind_Change"), [&] { OfferClients(typed); });
+}
+
+void MainSearch::OfferCommands(const QString& typed) {
+  for (const MenuCommand& command : commands_) {
+    if (opens_.size() == kMostCommands) return;
+    if (!command.action->isEnabled() || !command.action->property("opens").toBool()) continue;
+    QString words = command.path.last();
+    if (command.path.size() > 1)
+      words += QStringLiteral("  –  ") +
+               command.path.mid(0, command.path.size() - 1).join(QStringLiteral(" › "));
+    if (HasAllWords(words, typed)) Add(words, [action = command.action] { action->trigger(); });
+  }
+}
+
+void MainSearch::OfferClients(const QString& typed) {
+  if (!finder_) finder_.emplace(business_);
+  const auto clients = finder_->Clients(typed, kMostClients);
+  for (const FoundClient& client : clients) {
+    Add(client.address.isEmpty() ? client.name
+                                 : client.name + QStringLiteral("  –  ") + client.address,
+        [this, id = client.clientId] { navigator_.Open(OpenClient{id}); });
+    if (clients.size() > kClientsWithJobs) continue;
+    for (const FoundJob& job : finder_->Jobs(client.clientId))
+      Add(client.name + QStringLiteral("  –  ") + job.words,
+          [this, id = job.diaryId] { navigator_.Open(EditJob{id}); });
+  }
+}
+
+void MainSearch::Add(const QString& words, std::function<void()> open) {
+  offered_->appendRow(new QStandardItem(words));
+  opens_.push_back(std::move(open));
+}
+
+void MainSearch::OpenAt(const QModelIndex& offer) {
+  const auto at = static_cast<size_t>(offer.row());
+  if (!offer.isValid() || at >= opens_.size()) return;
+  // After the completer has put the chosen words into the field.
+  QTimer::singleShot(0, this, [this, open = opens_[at]] {
+    clear();
+    runner_.Run(objectName(), QStringLiteral("txtFind_Click"), open);
+  });
+}
+
+void MainSearch::focusInEvent(QFocusEvent* event) {
+  // Back from its own list is no new search; otherwise clients may have changed meanwhile.
+  if (event->reason() != Qt::PopupFocusReason) finder_.reset();
+  QLineEdit::focusInEvent(event);
+}
+
+void MainSearch::keyPressEvent(QKeyEvent* event) {
+  const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  if (enter && !text().isEmpty() && !completer_->popup()->isVisible()) {
+    Offer(text());
+    OpenAt(offered_->index(0, 0));
+    return;
+  }
+  if (event->key() == Qt::Key_Escape) clear();
+  QLineEdit::keyPressEvent(event);
+}
+
+}  // namespace quillary

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "clients/ClientFinder.h"
+#include "kit/CommandRunner.h"
+#include "shell/MenuBuilder.h"
+
+#include <QLineEdit>
+
+#include <functional>
+#include <optional>
+
+class QCompleter;
+class QStandardItemModel;
+
+namespace quillary {
+
+/// Finds a command, a client or a client's job by words in any order, and opens it: the whole
+/// program under the fingers.
+class MainSearch : public QLineEdit {
+  Q_OBJECT
+
+ public:
+  MainSearch(Business& business, const std::vector<MenuCommand>& commands, Navigator& navigator,
+             CommandRunner& runner);
+
+ protected:
+  void focusInEvent(QFocusEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  void Offer(const QString& typed);
+  void OfferCommands(const QString& typed);
+  void OfferClients(const QString& typed);
+  void Add(const QString& words, std::function<void()> open);
+  void OpenAt(const QModelIndex& offer);
+
+  Business& business_;
+  const std::vector<MenuCommand>& commands_;
+  Navigator& navigator_;
+  CommandRunner& runner_;
+  std::optional<ClientFinder> finder_;
+  QStandardItemModel* offered_;
+  std::vector<std::function<void()>> opens_;  // of each row of offered_
+  QCompleter* completer_;
+};
+
+}  // namespace quillary
