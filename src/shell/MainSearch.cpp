@@ -44,8 +44,10 @@ MainSearch::MainSearch(Business& business, const std::vector<MenuCommand>& comma
   completer_->setMaxVisibleItems(16);
   setCompleter(completer_);
   connect(this, &QLineEdit::textEdited, this, &MainSearch::Offer);
-  connect(completer_, QOverload<const QModelIndex&>::of(&QCompleter::activated), this,
-          &MainSearch::OpenAt);
+  // A line that loses the focus cuts whatever connects its completer to itself, so another
+  // receives.
+  connect(completer_, QOverload<const QModelIndex&>::of(&QCompleter::activated), offered_,
+          [this](const QModelIndex& offer) { OpenAt(offer); });
 }
 
 void MainSearch::Offer(const QString& typed) {

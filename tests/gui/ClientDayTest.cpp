@@ -28,7 +28,7 @@ void ClientDayTest::TwoServices() {
   ClickOn(client, "cmdClearServiceFields");
   Pick("cmbService", names.Row(1)[u"Service"].ToText());
   TypeInto("txtPrice", "40");
-  Alt(client, Qt::Key_M);
+  PressAlt(client, Qt::Key_M);
   EXPECT_EQ(On<QComboBox>("cmbFrequency")->currentText(), "14") << "shows the main schedule";
   EXPECT_FALSE(On<QComboBox>("cmbFrequency")->isEnabled());
   outside.prompter.Expect("\"Re-create schedule of this client...\" button.", Answer::Yes);
@@ -131,12 +131,12 @@ TEST_F(ClientDayTest, AMnemonicBelongsToTheScreenInFrontAndNotToAMenu) {
   NewClientByKeyboard();
   EXPECT_EQ(setup->text(), "Setup") << "while the client screen shows its own Alt+S";
   TypeInto("txtStreetNumber", "9");
-  Alt(client, Qt::Key_S);
+  PressAlt(client, Qt::Key_S);
   EXPECT_EQ(Run(Sql("SELECT Street_Number FROM Clients WHERE Client_ID = {}", Number()))
                 .Field(size_t{0})
                 .ToText(),
             "9");
-  Alt(client, Qt::Key_C);
+  PressAlt(client, Qt::Key_C);
   EXPECT_EQ(setup->text(), "&Setup");
 }
 

@@ -28,8 +28,6 @@ class DeskTest : public ProgramTest {
   static void Keys(const QString& words);
   /// What stands in a field is selected as it is entered, and so typed over.
   void TypeInto(const char* field, const QString& words);
-  /// A mnemonic shows the button go down before it clicks.
-  static void Alt(QWidget* on, Qt::Key key);
   void Pick(const char* combo, const QString& words);
   void ShowPage(const QString& title);
   /// What the user does in the dialog that opens next; it is closed in the end.

@@ -3,6 +3,10 @@
 #include "data/Schema.h"
 #include "setup/DemoBusiness.h"
 
+#include <QPointer>
+
+#include <algorithm>
+
 namespace quillary {
 
 QApplication& TestApplication() {
@@ -19,6 +23,21 @@ void Click(QWidget* control) {
 
 void ClickOn(const QObject* in, const char* name) {
   Click(Find<QPushButton>(in, name));
+}
+
+void PressAlt(QWidget* screen, Qt::Key letter) {
+  // The active window takes the mnemonics, and without a window manager none becomes so by itself
+  // when another has closed.
+  screen->activateWindow();
+  EXPECT_TRUE(QTest::qWaitFor([&] { return QApplication::activeWindow() == screen->window(); }));
+  QTest::keyClick(screen, letter, Qt::AltModifier);
+  // A button goes down, and up again a moment later, which is when it clicks.
+  const auto buttons = screen->window()->findChildren<QAbstractButton*>();
+  const auto down = std::find_if(buttons.begin(), buttons.end(),
+                                 [](const QAbstractButton* button) { return button->isDown(); });
+  if (down == buttons.end()) return;
+  const QPointer<QAbstractButton> pressed(*down);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return !pressed || !pressed->isDown(); }, 60'000));
 }
 
 void ProgramTest::SetUp() {

@@ -27,6 +27,9 @@ void Click(QWidget* control);
 /// Clicks the button of that name.
 void ClickOn(const QObject* in, const char* name);
 
+/// Presses a button by its mnemonic, and comes back when its command is done.
+void PressAlt(QWidget* screen, Qt::Key letter);
+
 /// Runs the program on an invented business, up to its main window.
 class ProgramTest : public ::testing::Test {
  protected:

@@ -3,10 +3,14 @@
 #include "base/ports/requests/Setup.h"
 #include "gui/GuiTest.h"
 
+#include <QAbstractItemView>
+#include <QCompleter>
 #include <QDir>
+#include <QLineEdit>
 #include <QMenuBar>
 #include <QStatusBar>
 #include <QTabWidget>
+#include <QTimer>
 
 namespace quillary {
 namespace {
@@ -253,8 +257,17 @@ TEST_F(MenuTest, LeavingAsksFirst) {
   EXPECT_TRUE(QDir(folder.path()).exists("Archive"));
 }
 
-TEST_F(MenuTest, SearchRunsACommand) {
+TEST_F(MenuTest, SearchOpensACommandAClientAndAJob) {
   Start();
+  Business& business = program->OpenBusiness();
+  business.RunSQL(
+      Sql("INSERT INTO Clients (Display_Name, Status, Suburb, Street_Number, Street) "
+          "VALUES ('Zelda Zimmer', 'Active', 'KEW', '7', 'Correa Ct')"));
+  const qint64 client = business.FirstField(Sql("SELECT MAX(Client_ID) FROM Clients")).ToLong();
+  business.RunSQL(
+      Sql("INSERT INTO Diary (Client_ID, Employee_ID, Status, Schedule_Date, Description, "
+          "Total_Price) VALUES ({}, 1, 'J', #2026/11/5#, 'LM', 55)",
+          client));
   auto* find = Find<QLineEdit>(&Window(), "txtFind");
   Find<QWidget>(&Window(), "MainMenuMDI_Splash")->close();
   Window().activateWindow();
@@ -265,6 +278,34 @@ TEST_F(MenuTest, SearchRunsACommand) {
   QTest::keyClick(find, Qt::Key_Return);
   QTest::qWait(10);
   EXPECT_EQ(outside.desktop.opened.size(), 1) << "the manual";
+
+  QTest::keyClicks(find, "correa zelda");
+  const QAbstractItemModel* offered = find->completer()->model();
+  ASSERT_EQ(offered->rowCount(), 2);
+  EXPECT_EQ(offered->index(0, 0).data().toString(), "Zelda Zimmer  –  7 Correa Ct, KEW");
+  EXPECT_EQ(offered->index(1, 0).data().toString(),
+            "Zelda Zimmer  –  Job on 5 Nov 2026: LM, $55.00");
+  QWidget* popup = find->completer()->popup();
+  EXPECT_TRUE(popup->isVisible());
+  QTest::keyClick(popup, Qt::Key_Down);
+  QTest::keyClick(popup, Qt::Key_Return);
+  QTest::qWait(20);
+  EXPECT_EQ(Find<Screen>(&Window(), "frmClients")->windowTitle(), "Client: Zelda Zimmer");
+
+  Window().activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&Window()));
+  find->setFocus();
+  QTest::keyClicks(find, "zelda");
+  QTest::keyClick(popup, Qt::Key_Down);
+  QTest::keyClick(popup, Qt::Key_Down);
+  QTimer::singleShot(400, qApp, [] {
+    auto* job = QApplication::activeModalWidget();
+    ASSERT_NE(job, nullptr);
+    EXPECT_EQ(job->objectName(), "frmJobs");
+    job->close();
+  });
+  QTest::keyClick(popup, Qt::Key_Return);
+  QTest::qWait(500);
 }
 
 TEST_F(MenuTest, WindowTellsItsBusinessAndRemembersItsTabs) {

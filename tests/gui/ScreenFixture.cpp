@@ -75,11 +75,6 @@ void ScreenFixture::Meanwhile(const std::function<void(Dialog&)>& use) {
   });
 }
 
-void PressAlt(QWidget* screen, Qt::Key letter) {
-  QTest::keyClick(screen, letter, Qt::AltModifier);
-  QTest::qWait(150);  // a button goes down, and up again a moment later
-}
-
 void TypeChoice(const QObject* in, const char* combo, const QString& letters) {
   QLineEdit* line = Find<QComboBox>(in, combo)->lineEdit();
   line->setFocus();

@@ -54,8 +54,6 @@ class ScreenFixture : public BusinessTest {
   void Meanwhile(const std::function<void(Dialog&)>& use);
 };
 
-/// Presses a button by its mnemonic.
-void PressAlt(QWidget* screen, Qt::Key letter);
 /// Picks an entry of a combo by typing its first letters.
 void TypeChoice(const QObject* in, const char* combo, const QString& letters);
 /// Types over what a field holds, as after Tab.
