@@ -14,6 +14,7 @@ double RateOf(const Business& business) {
 }  // namespace
 
 void RecalculateGSTOfAllRecords(Business& business) {
+  LogActivity(business, QStringLiteral("Recalculate GST Component"));
   const double rate = RateOf(business);
   const auto run = [&](const char* statement) { business.RunSQL(Sql(statement, rate, rate)); };
   Transaction repair(business);
@@ -52,7 +53,6 @@ bool RecalculateGSTAfterAsking(Business& business, Prompter& prompter) {
   if (answer != Answer::Yes) return false;
   {
     const BusyWhile busy(business.World().busy);
-    LogActivity(business, QStringLiteral("Recalculate GST Component"));
     RecalculateGSTOfAllRecords(business);
   }
   prompter.Tell(Tone::Information, QStringLiteral("Re-calculation done."));

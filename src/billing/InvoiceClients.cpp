@@ -34,8 +34,9 @@ std::optional<BilledClient> LoadBilledClient(Business& business, qint64 clientId
                     .showNextJob = row.Field(u"InvoiceWithNextJob").ToBool(),
                     .withUnpaidPastJobs = row.Field(u"InvoiceWithUnpaidPastJobs").ToBool()};
   const QString status = row.Field(u"Status").ToText().toUpper();
+  client.isBilledTo = row.Field(u"Is_Billed_To").ToBool();
   client.isListedAsActive =
-      row.Field(u"Is_Billed_To").ToBool() && (status == u"ACTIVE" || status == u"BILLING ADDRESS");
+      client.isBilledTo && (status == u"ACTIVE" || status == u"BILLING ADDRESS");
   return client;
 }
 

@@ -30,6 +30,7 @@ struct BilledClient {
   Money accountBalance;  // negative is a debt
   QString addressBlock;
   InvoiceOptions options;
+  bool isBilledTo = false;
   bool isListedAsActive = false;  // whether BilledClients::Active lists it
 
   /// "Current outstanding amount is $55.00"

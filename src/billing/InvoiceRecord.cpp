@@ -82,7 +82,8 @@ InvoiceForm NewInvoice(Business& business, std::optional<qint64> clientId,
   if (diaryId) RecalculateDiaryEntryGST(business, *diaryId);
   std::optional<qint64> payer = clientId ? PayerOf(business, *clientId) : std::nullopt;
   if (!clientId && diaryId) payer = BilledClientOf(business, *diaryId);
-  if (payer) ChooseBilledClient(business, form, *payer);
+  const auto client = payer ? LoadBilledClient(business, *payer) : std::nullopt;
+  if (client && client->isBilledTo) ChooseBilledClient(business, form, *payer);
   form.number = GetNextInvoiceNumber(business);
   const AttachedJobs jobs = LoadAttachedJobs(business, form);
   form.totalAmount = jobs.totalAmount;

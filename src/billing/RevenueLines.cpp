@@ -34,28 +34,25 @@ RevenueLines LoadAccounts(Business& business, qint64 paymentId) {
   return lines;
 }
 
-std::optional<Refusal> SaveAccount(Business& business, PaymentForm& payment,
+std::optional<Refusal> CheckRevenueAccount(const RevenueLineForm& line) {
+  if (line.glAccountId) return std::nullopt;
+  return Refusal{QStringLiteral("Please select a revenue account."),
+                 QStringLiteral("cmbRevenueAccount")};
+}
+
+std::optional<Refusal> SaveAccount(Business& business, qint64 paymentId,
                                    const RevenueLineForm& line, SaveRevenueLine as) {
-  if (!line.glAccountId) {
-    return Refusal{QStringLiteral("Please select a revenue account."),
-                   QStringLiteral("cmbRevenueAccount")};
-  }
-  Transaction save(business);
-  PaymentForm stored = payment;
-  if (stored.IsNew()) {
-    if (const auto refusal = SavePaymentDetails(business, stored))
-      return Refusal{QString(kPaymentNotSaved), refusal->field};
-  }
+  if (const auto refusal = CheckRevenueAccount(line)) return refusal;
   if (as == SaveRevenueLine::Picked && !line.glEntryId)
     return Refusal{QStringLiteral("Please select a record to update."), {}};
+  Transaction save(business);
   const qint64 glEntryId =
-      as == SaveRevenueLine::AsNew ? InsertEmptyLine(business, stored.paymentId) : *line.glEntryId;
+      as == SaveRevenueLine::AsNew ? InsertEmptyLine(business, paymentId) : *line.glEntryId;
   business.RunSQL(
       Sql("UPDATE General_Ledger_Entries SET GL_Account_ID = {}, GL_Amount = {}, "
           "GST_Included = {} WHERE GL_Entry_ID = {}",
           line.glAccountId, line.amount, line.gst, glEntryId));
   save.Commit();
-  payment = stored;
   return std::nullopt;
 }
 

@@ -30,14 +30,16 @@ struct RevenueLineForm {
 };
 enum class SaveRevenueLine { AsNew, Picked };
 
-/// Told when a payment would not save before its first line.
+/// Told after the reason when a payment would not save before its first line.
 inline constexpr char kPaymentNotSaved[] =
     "An error has occured. Please check the payment details and try again.";
 
-/// Stores a line, saving the payment first when it is new. Refuses a line without account, a
-/// payment that cannot be saved, and an update without a line picked. A line gets date and note
-/// from the next save of its payment.
-std::optional<Refusal> SaveAccount(Business& business, PaymentForm& payment,
+/// Refuses a line without account: before the payment is saved for its sake.
+std::optional<Refusal> CheckRevenueAccount(const RevenueLineForm& line);
+
+/// Stores a line of a stored payment. Refuses a line without account, and an update without a line
+/// picked. A line gets date and note from the next save of its payment.
+std::optional<Refusal> SaveAccount(Business& business, qint64 paymentId,
                                    const RevenueLineForm& line, SaveRevenueLine as);
 
 /// Refuses when no line is picked.

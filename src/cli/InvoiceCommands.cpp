@@ -71,16 +71,20 @@ std::vector<qint64> JobsFor(Business& business, qint64 clientId, const QString& 
     if (!isOffered)
       throw CommandFailure(
           QStringLiteral("entry %1 is no job that client %2 is billed for").arg(key).arg(clientId));
-    jobs.push_back(key);
+    if (std::find(jobs.begin(), jobs.end(), key) == jobs.end()) jobs.push_back(key);
   }
   return jobs;
 }
 
-void RequireJob(Business& business, qint64 diaryId) {
+void RequireJobToInvoice(Business& business, qint64 diaryId) {
   const QString status =
       business.FirstField(Sql("SELECT Status FROM Diary WHERE Diary_ID = {}", diaryId)).ToText();
   if (!status.startsWith(u'J', Qt::CaseInsensitive))
     throw CommandFailure(QStringLiteral("entry %1 is no job").arg(diaryId));
+  const auto job = LoadJobToInvoice(business, diaryId);
+  if (job && job->invoiceId)
+    throw CommandFailure(
+        QStringLiteral("entry %1 stands on invoice %2").arg(diaryId).arg(*job->invoiceId));
 }
 
 InvoiceForm AskedFor(const Call& call, Business& business) {
@@ -90,7 +94,7 @@ InvoiceForm AskedFor(const Call& call, Business& business) {
     throw WrongUsage(QStringLiteral("invoice needs either --job or --client with --jobs"));
   if (client && !call.arguments.Has("jobs"))
     throw WrongUsage(QStringLiteral("--client needs --jobs"));
-  if (job) RequireJob(business, *job);
+  if (job) RequireJobToInvoice(business, *job);
   InvoiceForm form = NewInvoice(business, client, job);
   if (client && form.clientId)
     form.jobsToAttach =

@@ -97,7 +97,8 @@ void StoreLines(Business& business, PaymentForm& form, std::vector<RevenueLineFo
   for (RevenueLineForm& line : lines) {
     RequireRevenueAccount(business, *line.glAccountId);
     line.gst = TaxWithin(business, line.amount, form.taxExempt);
-    ThrowIf(SaveAccount(business, form, line, SaveRevenueLine::AsNew));
+    if (form.IsNew()) ThrowIf(SavePaymentDetails(business, form));
+    ThrowIf(SaveAccount(business, form.paymentId, line, SaveRevenueLine::AsNew));
   }
   if (!lines.empty()) ThrowIf(SavePaymentDetails(business, form));
 }

@@ -48,13 +48,18 @@ TEST_F(InvoiceCommandsTest, OneJobOrSeveralOfAClient) {
   EXPECT_EQ(one["Generation_Date"].toString(), "2026-11-02 00:00:00");
   EXPECT_EQ(StateOf(job), QStringLiteral("JI %1").arg(oneId));
 
+  const Result twice = Run({"invoice", "d.mdb", "--job", QString::number(job)});
+  EXPECT_EQ(twice.exitCode, 1) << "it would leave the first invoice with a total that is not so";
+  EXPECT_TRUE(twice.err.contains(QStringLiteral("stands on invoice %1").arg(oneId)));
+
   const qint64 other = JobIn("JD");
   const qint64 client =
       Key(QStringLiteral("SELECT Client_ID FROM Diary WHERE Diary_ID = %1").arg(other));
   const QJsonObject two =
       First({"invoice", "d.mdb", "--client", QString::number(client), "--jobs",
-             QString::number(other), "--description", "HEDGES", "--number", "12A"});
+             QStringLiteral("%1,%1").arg(other), "--description", "HEDGES", "--number", "12A"});
   EXPECT_EQ(two["Invoice_Number"].toString(), "12A");
+  EXPECT_EQ(two["Jobs"].toInt(), 1) << "named twice, billed once";
   EXPECT_EQ(StateOf(other), QStringLiteral("JD %1").arg(two["Invoice_ID"].toInteger()));
 
   Done({"invoice-delete", "d.mdb", QString::number(oneId)});
@@ -74,6 +79,13 @@ TEST_F(InvoiceCommandsTest, WhatIsRefusedWritesNothing) {
           "WHERE Billing_Client_ID = " +
           client + ")"));
   const QString job = QString::number(JobIn("JD"));
+  const QString unbilled =
+      QString::number(Key("SELECT MAX(Diary_ID) FROM Diary INNER JOIN Clients ON Diary.Client_ID = "
+                          "Clients.Client_ID WHERE Billing_Client_ID = Clients.Client_ID AND "
+                          "Diary.Status = 'JD' AND Total_Price > 0 AND Invoice_ID IS NULL"));
+  Sql("UPDATE Clients SET Is_Billed_To = False WHERE Client_ID = (SELECT Client_ID FROM Diary "
+      "WHERE Diary_ID = " +
+      unbilled + ")");
   struct Case {
     const char* fault;
     QStringList call;
@@ -90,6 +102,10 @@ TEST_F(InvoiceCommandsTest, WhatIsRefusedWritesNothing) {
        1,
        "Please enter the invoice number."},
       {"a job that is not there", {"invoice", "d.mdb", "--job", "999999"}, 1, "no job"},
+      {"a job of a client who is not billed",
+       {"invoice", "d.mdb", "--job", unbilled},
+       1,
+       "Please select the billed client."},
       {"somebody else's job",
        {"invoice", "d.mdb", "--client", client, "--jobs", foreign},
        1,

@@ -2,6 +2,7 @@
 
 #include "base/ports/requests/Clients.h"
 #include "base/ports/requests/Documents.h"
+#include "billing/InvoiceNumbers.h"
 #include "billing/InvoicePrint.h"
 #include "billing/MonthlyRun.h"
 #include "billing/screens/InvoiceMonths.h"
@@ -115,14 +116,15 @@ void frmInvoicesList::LoadInvoicesIntoGrid() {
     std::vector<GridRow> rows;
     for (const InvoiceListRow& invoice : invoices_) {
       GridRow row;
-      row.cells = {false,
-                   invoice.invoiceId,
-                   invoice.displayName,
-                   invoice.generationDate,
-                   invoice.description,
-                   invoice.totalAmount,
-                   GridCell(Value(invoice.invoiceNumber).ToLong(), invoice.invoiceNumber),
-                   invoice.IsPaidWord()};
+      row.cells = {
+          false,
+          invoice.invoiceId,
+          invoice.displayName,
+          invoice.generationDate,
+          invoice.description,
+          invoice.totalAmount,
+          GridCell(ShownInvoiceNumber(invoice.invoiceNumber).toLongLong(), invoice.invoiceNumber),
+          invoice.IsPaidWord()};
       row.hue = invoice.isPaid ? Hue::Blue : Hue::None;
       rows.push_back(std::move(row));
     }

@@ -239,16 +239,12 @@ void frmPayments::StoreLine(SaveRevenueLine as) {
                        .amount = txtAccountAmount->Amount(),
                        .gst = txtAccountGST->Amount()};
   if (row) line.glEntryId = grdRevAccounts->Key(*row);
-  const bool isNew = form_.IsNew();
-  PaymentForm form = Typed();
-  if (!IsAccepted(SaveAccount(business_, form, line, as))) return;
-  if (isNew) {
-    form_ = form;  // it was stored with its first line
-    ShowPaymentID();
-    state_.ClearDataChanged();
-    ShowJobs();
+  if (!IsAccepted(CheckRevenueAccount(line))) return;
+  if (form_.IsNew() && !SavePaymentDetails()) {
+    business_.World().prompter.Tell(Tone::Exclamation, QString::fromLatin1(kPaymentNotSaved));
+    return;
   }
-  saved_ = true;
+  if (!IsAccepted(SaveAccount(business_, form_.paymentId, line, as))) return;
   LoadAccounts();
   cmbRevenueAccount->setFocus();
 }

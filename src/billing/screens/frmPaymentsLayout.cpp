@@ -88,10 +88,11 @@ void frmPayments::MakeJobControls() {
 
 void frmPayments::MakeLineControls() {
   grdRevAccounts = new Grid(QStringLiteral("grdRevAccounts"));
-  grdRevAccounts->SetColumns({{tr("Revenue account"), ColumnKind::StrongText, 240},
-                              {{}, ColumnKind::HiddenId},
-                              {tr("Amount"), ColumnKind::Money, 104},
-                              {business_.values.taxName, ColumnKind::Money, 88}});
+  grdRevAccounts->SetColumns(
+      {{tr("Revenue account"), ColumnKind::StrongText, 240},
+       {{}, ColumnKind::HiddenId},
+       {tr("Amount"), ColumnKind::Money, 104},
+       {business_.values.taxName + QStringLiteral(" inc."), ColumnKind::Money, 88}});
   grdRevAccounts->SetEmptyText(tr("Not split over accounts."),
                                tr("Choose an account and an amount, and add it."));
   TakeTheRest(grdRevAccounts, 96);
@@ -221,10 +222,10 @@ QLayout* frmPayments::LinesPart() {
   column->setSpacing(8);
   column->addLayout(head);
   column->addWidget(grdRevAccounts, 1);
-  column->addLayout(
-      InLine({{LabelOver(cmbRevenueAccount, tr("Account &for revenue")), 2},
-              {LabelOver(txtAccountAmount, tr("&Line amount")), 1},
-              {LabelOver(txtAccountGST, tr("%1 &within").arg(business_.values.taxName)), 1}}));
+  column->addLayout(InLine(
+      {{LabelOver(cmbRevenueAccount, tr("Account &for revenue")), 2},
+       {LabelOver(txtAccountAmount, tr("&Line amount")), 1},
+       {LabelOver(txtAccountGST, tr("%1 inc. (&within)").arg(business_.values.taxName)), 1}}));
   column->addLayout(commands);
   return column;
 }
