@@ -18,6 +18,8 @@ namespace {
 constexpr size_t kMostCommands = 6;
 constexpr size_t kMostClients = 6;
 constexpr size_t kClientsWithJobs = 2;
+constexpr int kWidestOffer = 600;
+constexpr int kRoomBesideWords = 40;
 
 bool HasAllWords(const QString& text, const QString& typed) {
   const QStringList words = typed.split(u' ', Qt::SkipEmptyParts);
@@ -56,6 +58,17 @@ void MainSearch::Offer(const QString& typed) {
   if (typed.trimmed().isEmpty()) return;
   OfferCommands(typed);
   runner_.Run(objectName(), QStringLiteral("txtFind_Change"), [&] { OfferClients(typed); });
+  // After the completer has laid its list under the box, as wide as that.
+  QTimer::singleShot(0, this, &MainSearch::WidenOffers);
+}
+
+void MainSearch::WidenOffers() {
+  auto* popup = completer_->popup();
+  if (!popup->isVisible()) return;
+  QRect place = popup->geometry();
+  const int wanted = popup->sizeHintForColumn(0) + kRoomBesideWords;
+  place.setLeft(place.right() + 1 - std::clamp(wanted, width(), std::max(width(), kWidestOffer)));
+  popup->setGeometry(place);
 }
 
 void MainSearch::OfferCommands(const QString& typed) {

@@ -32,6 +32,8 @@ class MainSearch : public QLineEdit {
   void OfferCommands(const QString& typed);
   void OfferClients(const QString& typed);
   void Add(const QString& words, std::function<void()> open);
+  /// Gives the offers the room that their words take, to the left of the box.
+  void WidenOffers();
   void OpenAt(const QModelIndex& offer);
 
   Business& business_;
