@@ -3,18 +3,16 @@
 // same settings, one transaction. The two take turns on fresh copies, the ratios are of medians.
 
 #include "BenchPorts.h"
+#include "RawFile.h"
 #include "Timing.h"
 #include "billing/MonthlyRun.h"
 #include "data/Schema.h"
 #include "data/store/Connection.h"
 
 #include <QCoreApplication>
-#include <QFile>
 #include <QTemporaryDir>
 
 #include <cstdio>
-#include <cstdlib>
-#include <memory>
 #include <vector>
 
 namespace quillary::bench {
@@ -66,62 +64,6 @@ void WriteBusiness(const QString& path, int clients) {
   file.Commit();
 }
 
-QString FreshCopy(const QTemporaryDir& folder, const QString& original) {
-  const QString copy = folder.filePath(QStringLiteral("COPY.MDB"));
-  QFile::remove(copy);
-  QFile::copy(original, copy);
-  return copy;
-}
-
-void Check(int code, int expected = SQLITE_OK) {
-  if (code == expected) return;
-  std::fprintf(stderr, "SQLite: %s\n", sqlite3_errstr(code));
-  std::exit(1);
-}
-
-struct CloseHandle {
-  void operator()(sqlite3* database) const { sqlite3_close_v2(database); }
-};
-using Handle = std::unique_ptr<sqlite3, CloseHandle>;
-struct Finalise {
-  void operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
-};
-using Prepared = std::unique_ptr<sqlite3_stmt, Finalise>;
-struct FreeValue {
-  void operator()(sqlite3_value* value) const { sqlite3_value_free(value); }
-};
-using Row = std::vector<std::unique_ptr<sqlite3_value, FreeValue>>;
-
-Handle OpenRaw(const QString& path) {
-  sqlite3* database = nullptr;
-  Check(sqlite3_open(path.toUtf8().constData(), &database));
-  Check(sqlite3_exec(database,
-                     "PRAGMA locking_mode = EXCLUSIVE; PRAGMA temp_store = MEMORY;"
-                     "PRAGMA cache_size = -16000; PRAGMA journal_mode = WAL;"
-                     "PRAGMA synchronous = FULL",
-                     nullptr, nullptr, nullptr));
-  return Handle(database);
-}
-
-Prepared Prepare(sqlite3* database, const char* text) {
-  sqlite3_stmt* statement = nullptr;
-  Check(sqlite3_prepare_v2(database, text, -1, &statement, nullptr));
-  return Prepared(statement);
-}
-
-std::vector<Row> ReadRows(const QString& path, const char* select) {
-  const Handle database = OpenRaw(path);
-  const Prepared statement = Prepare(database.get(), select);
-  std::vector<Row> rows;
-  while (sqlite3_step(statement.get()) == SQLITE_ROW) {
-    Row row;
-    for (int column = 0; column < sqlite3_column_count(statement.get()); ++column)
-      row.emplace_back(sqlite3_value_dup(sqlite3_column_value(statement.get(), column)));
-    rows.push_back(std::move(row));
-  }
-  return rows;
-}
-
 /// What the run wrote, as the raw loop is to write it again.
 struct Written {
   std::vector<Row> invoices;  // by key
@@ -136,13 +78,6 @@ Written ReadWritten(const QString& path) {
           ReadRows(path,
                    "SELECT Invoice_ID, Diary_ID FROM Diary WHERE Invoice_ID < 1000000 "
                    "ORDER BY Invoice_ID, Diary_ID")};
-}
-
-void Execute(sqlite3_stmt* statement, const Row& row) {
-  for (size_t column = 0; column < row.size(); ++column)
-    sqlite3_bind_value(statement, static_cast<int>(column) + 1, row[column].get());
-  Check(sqlite3_step(statement), SQLITE_DONE);
-  sqlite3_reset(statement);
 }
 
 double TimeRaw(const QString& path, const Written& written) {

@@ -3,6 +3,7 @@
 // turns on fresh copies of the file, and the ratios are of the medians.
 
 #include "BenchPorts.h"
+#include "RawFile.h"
 #include "Timing.h"
 #include "data/Business.h"
 #include "data/Schema.h"
@@ -10,14 +11,12 @@
 #include "scheduling/ScheduleEngine.h"
 
 #include <QCoreApplication>
-#include <QFile>
 #include <QTemporaryDir>
 
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <fstream>
-#include <memory>
 #include <string>
 
 namespace quillary::bench {
@@ -62,13 +61,6 @@ void WriteBusiness(const QString& path, int clients) {
   file.Commit();
 }
 
-QString FreshCopy(const QTemporaryDir& folder, const QString& original) {
-  const QString copy = folder.filePath(QStringLiteral("COPY.MDB"));
-  QFile::remove(copy);
-  QFile::copy(original, copy);
-  return copy;
-}
-
 /// A figure of /proc/self/status in MiB.
 double StatusMiB(const std::string& name) {
   std::ifstream status("/proc/self/status");
@@ -82,98 +74,41 @@ void RestartPeakMemory() {
   std::ofstream("/proc/self/clear_refs") << "5";
 }
 
-void Check(int code, int expected = SQLITE_OK) {
-  if (code == expected) return;
-  std::fprintf(stderr, "SQLite: %s\n", sqlite3_errstr(code));
-  std::exit(1);
-}
-
-struct CloseHandle {
-  void operator()(sqlite3* database) const { sqlite3_close_v2(database); }
-};
-struct FreeValue {
-  void operator()(sqlite3_value* value) const { sqlite3_value_free(value); }
-};
-using Handle = std::unique_ptr<sqlite3, CloseHandle>;
-using Cell = std::unique_ptr<sqlite3_value, FreeValue>;
-
-/// The rows of one table, as SQLite holds them.
-struct Table {
-  std::string insert;
-  int columns = 0;
-  std::vector<Cell> cells;
-};
-
-Handle OpenRaw(const QString& path) {
-  sqlite3* database = nullptr;
-  Check(sqlite3_open(path.toUtf8().constData(), &database));
-  Check(sqlite3_exec(database,
-                     "PRAGMA locking_mode = EXCLUSIVE; PRAGMA temp_store = MEMORY;"
-                     "PRAGMA cache_size = -16000; PRAGMA journal_mode = WAL;"
-                     "PRAGMA synchronous = FULL",
-                     nullptr, nullptr, nullptr));
-  return Handle(database);
-}
-
-Table ReadTable(sqlite3* database, const char* columns, const char* name, const char* key) {
-  Table table;
-  const std::string select =
-      std::string("SELECT ") + columns + " FROM " + name + " ORDER BY " + key;
-  sqlite3_stmt* statement = nullptr;
-  Check(sqlite3_prepare_v2(database, select.c_str(), -1, &statement, nullptr));
-  table.columns = sqlite3_column_count(statement);
-  while (sqlite3_step(statement) == SQLITE_ROW) {
-    for (int column = 0; column < table.columns; ++column) {
-      table.cells.emplace_back(sqlite3_value_dup(sqlite3_column_value(statement, column)));
-    }
-  }
-  sqlite3_finalize(statement);
-  std::string places = "?";
-  for (int column = 1; column < table.columns; ++column) places += ", ?";
-  table.insert = std::string("INSERT INTO ") + name + " (" + columns + ") VALUES (" + places + ")";
-  return table;
-}
+constexpr char kEntryColumns[] =
+    "Client_ID, Employee_ID, Status, Schedule_Date, Description, Total_Price, Total_GST, "
+    "Time_Requested, Estimated_Minutes, Sequence, Notes";
+constexpr char kLineColumns[] = "Diary_ID, Service_ID, Price, GST, Frequency";
 
 /// What the roll wrote, as the raw loop is to write it again.
 struct Written {
-  Table entries;
-  Table lines;
+  std::vector<Row> entries;
+  std::vector<Row> lines;
 };
 
-Written ReadWritten(const QString& path) {
-  const Handle database = OpenRaw(path);
-  return {ReadTable(database.get(),
-                    "Client_ID, Employee_ID, Status, Schedule_Date, Description, Total_Price, "
-                    "Total_GST, Time_Requested, Estimated_Minutes, Sequence, Notes",
-                    "Diary", "Diary_ID"),
-          ReadTable(database.get(), "Diary_ID, Service_ID, Price, GST, Frequency", "Diary_Services",
-                    "Diary_Service_ID")};
+std::string Select(const char* columns, const char* table, const char* key) {
+  return std::string("SELECT ") + columns + " FROM " + table + " ORDER BY " + key;
 }
 
-void InsertRow(sqlite3_stmt* statement, const Table& table, size_t row) {
-  for (int column = 0; column < table.columns; ++column) {
-    const size_t cell = row * static_cast<size_t>(table.columns) + static_cast<size_t>(column);
-    sqlite3_bind_value(statement, column + 1, table.cells[cell].get());
-  }
-  Check(sqlite3_step(statement), SQLITE_DONE);
-  sqlite3_reset(statement);
+Written ReadWritten(const QString& path) {
+  return {ReadRows(path, Select(kEntryColumns, "Diary", "Diary_ID").c_str()),
+          ReadRows(path, Select(kLineColumns, "Diary_Services", "Diary_Service_ID").c_str())};
 }
 
 double TimeRaw(const QString& path, const Written& written) {
   const Handle database = OpenRaw(path);
   return Seconds([&] {
-    sqlite3_stmt* entry = nullptr;
-    sqlite3_stmt* line = nullptr;
     Check(sqlite3_exec(database.get(), "BEGIN IMMEDIATE", nullptr, nullptr, nullptr));
-    Check(sqlite3_prepare_v2(database.get(), written.entries.insert.c_str(), -1, &entry, nullptr));
-    Check(sqlite3_prepare_v2(database.get(), written.lines.insert.c_str(), -1, &line, nullptr));
-    const size_t rows = written.entries.cells.size() / static_cast<size_t>(written.entries.columns);
-    for (size_t row = 0; row < rows; ++row) {
-      InsertRow(entry, written.entries, row);
-      InsertRow(line, written.lines, row);
+    const Prepared entry =
+        Prepare(database.get(), (std::string("INSERT INTO Diary (") + kEntryColumns +
+                                 ") VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)")
+                                    .c_str());
+    const Prepared line = Prepare(database.get(), (std::string("INSERT INTO Diary_Services (") +
+                                                   kLineColumns + ") VALUES (?, ?, ?, ?, ?)")
+                                                      .c_str());
+    for (size_t row = 0; row < written.entries.size(); ++row) {
+      Execute(entry.get(), written.entries[row]);
+      Execute(line.get(), written.lines[row]);
     }
-    sqlite3_finalize(entry);
-    sqlite3_finalize(line);
     Check(sqlite3_exec(database.get(), "COMMIT", nullptr, nullptr, nullptr));
   });
 }
