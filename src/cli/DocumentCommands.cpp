@@ -5,6 +5,7 @@
 #include "cli/WorkingBusiness.h"
 #include "documents/BillingDocuments.h"
 #include "pdf/PDFTypes.h"
+#include "scheduling/Divisions.h"
 #include "session/ProgramFolder.h"
 
 #include <QDir>
@@ -105,16 +106,22 @@ DocumentCall ReadDocumentCall(const Call& call, const QString& kind) {
   return document;
 }
 
+/// What the desktop's start leaves in the shared values for the head of a document.
+void LoadLetterheadValues(Business& business) {
+  const Value country = business.FirstField(Sql("SELECT Country_ID FROM infPersonalDetails"));
+  business.values.taxName =
+      GetCountryTaxNames(business,
+                         country.IsNull() ? std::nullopt : std::optional(country.ToLong()))
+          .taxName;
+  business.values.divisionName = OwnDivisionName(business);
+}
+
 void RunDocument(const Call& call) {
   const QString kind = call.arguments.positional.at(1);
   DocumentCall document = ReadDocumentCall(call, kind);
   const auto business = OpenCurrentBusiness(call);
   RequireInvoices(*business, document.invoices);
-  const Value country = business->FirstField(Sql("SELECT Country_ID FROM infPersonalDetails"));
-  business->values.taxName =
-      GetCountryTaxNames(*business,
-                         country.IsNull() ? std::nullopt : std::optional(country.ToLong()))
-          .taxName;
+  LoadLetterheadValues(*business);
   SelectInvoicesToPrint(*business, document.invoices);
   if (kind == u"statement") document.days = DaysOf(call, *business);
   if (!QDir().mkpath(document.places.folder))

@@ -48,8 +48,7 @@ NotesLook LoadNotesLook(const SettingsStore& settings) {
   look.font = settings.Read(kSection, QStringLiteral("Notes Font"), look.font);
   look.bold = IsOn(settings, QStringLiteral("Notes Bold"));
   look.italic = IsOn(settings, QStringLiteral("Notes Italic"));
-  const int size =
-      static_cast<int>(settings.Read(kSection, QStringLiteral("Notes Size")).toDouble());
+  const double size = settings.Read(kSection, QStringLiteral("Notes Size")).toDouble();
   if (size > 0) look.size = size;
   look.colour = settings.Read(kSection, QStringLiteral("Notes Color"), look.colour);
   return look;

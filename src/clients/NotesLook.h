@@ -11,7 +11,7 @@ namespace quillary {
 
 struct NotesLook {
   QString font = QStringLiteral("Arial");
-  int size = 10;  // points
+  double size = 10;  // points
   bool bold = false;
   bool italic = false;
   QString colour = QStringLiteral("Black");  // one of NotesColours()

@@ -143,6 +143,7 @@ std::vector<StatementContent> CollectStatements(Business& business, const Statem
           CollectPastJobs(business, statement.clientId, days.from, days.to, frame.mode);
     if (row[u"StatementWithPayments"].ToBool()) CollectPayments(business, days, statement);
   }
+  if (!statements.empty()) statements.back().isLast = true;
   return statements;
 }
 

@@ -58,9 +58,10 @@ struct StatementContent {
   std::optional<JobSection> pastJobs;
   std::optional<std::vector<PaymentRow>> payments;
   Money paymentsTotal;
+  bool isLast = false;  // of the run
 
-  /// Totals, sections and notes below the invoices; not for one that comes to nothing.
-  bool HasClosing() const { return total.price != Money(); }
+  /// Sections and notes below the invoices; not for one that comes to nothing in front of others.
+  bool HasClosing() const { return isLast || total.price != Money(); }
 };
 
 struct StatementDays {

@@ -1,6 +1,7 @@
 #include "documents/BillingDocuments.h"
 
 #include "documents/BillingLayouts.h"
+#include "documents/FileAside.h"
 #include "documents/Letterhead.h"
 #include "documents/ReportFiles.h"
 
@@ -12,7 +13,7 @@ namespace quillary {
 namespace {
 
 constexpr qsizetype kLongestFileName = 255;  // bytes
-constexpr qsizetype kEnding = 4;             // ".pdf"
+constexpr qsizetype kEnding = 9;             // ".pdf", and that of a file that is not whole yet
 constexpr double kSideMargin = 1.5;          // centimetres
 constexpr double kTopMargin = 0.5;
 
@@ -44,16 +45,17 @@ class PdfRun {
       : business_(business),
         fonts_(places.fonts ? places.fonts
                             : std::make_shared<const PageFonts>(places.report.fontFolder)),
+        aside_(PathIn(places, fileName)),
         pdf_(HostFor(business)) {
     document_.docTitle = docTitle;
-    document_.docFile = PathIn(places, fileName);
+    document_.docFile = aside_.File();
     pdf_.PDFInit();
     pdf_.PDFSetStrict(true);
     pdf_.PDFTitle(pdfTitle.toStdString());
     pdf_.PDFUseThumbs(true);
     pdf_.PDFView(false);
     pages_.emplace(pdf_, *fonts_, places.report.paper);
-    pdf_.PDFFileName(document_.docFile.toStdU16String());
+    pdf_.PDFFileName(aside_.Path());
     pdf_.PDFSetFont(0, 8, 0);
     pdf_.PDFSetTextColor(0);
     pdf_.PDFSetZoomMode(2);
@@ -66,17 +68,22 @@ class PdfRun {
 
   ReportDocument End() {
     pages_->EndDocument();
+    aside_.Commit();
+    Show(business_, document_.docFile);
     return std::move(document_);
   }
 
  private:
+  /// In the viewer of the user's choice, or in the machine's when there is none or it is gone.
+  static void Show(Business& business, const QString& file) {
+    const QString& viewer = business.values.adobePath;
+    Desktop& desktop = business.World().desktop;
+    if (!viewer.isEmpty() && desktop.StartProgram(viewer, {QDir::toNativeSeparators(file)})) return;
+    desktop.OpenInBrowser(QUrl::fromLocalFile(file).toString(QUrl::FullyEncoded));
+  }
+
   static PDFHost HostFor(Business& business) {
     PDFHost host;
-    host.openFile = [&business](const std::string&, const std::filesystem::path& file) {
-      const QString path = QString::fromStdU16String(file.u16string());
-      business.World().desktop.OpenInBrowser(
-          QUrl::fromLocalFile(path).toString(QUrl::FullyEncoded));
-    };
     host.showMessage = [&business](const std::string& title, const std::string& text) {
       business.World().prompter.Tell(Tone::Stop, QString::fromStdString(text),
                                      QString::fromStdString(title));
@@ -92,6 +99,7 @@ class PdfRun {
 
   Business& business_;
   std::shared_ptr<const PageFonts> fonts_;
+  FileAside aside_;  // outlives the writer, which has it open
   PDFWriter pdf_;
   std::optional<BillingPages> pages_;
   ReportDocument document_;
@@ -103,7 +111,7 @@ class WordRun {
  public:
   WordRun(Business& business, const BillingPlaces& places, const QString& docTitle,
           const QString& fileName)
-      : report_(business, places.report) {
+      : report_(business, places.report, places.fonts) {
     report_.StartDocument(PathIn(places, fileName));
     report_.SetDocTitle(docTitle);
     report_.Page().SetMargins({.left = kSideMargin * kTwipsPerCentimetre,

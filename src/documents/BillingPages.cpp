@@ -36,7 +36,7 @@ PageFont FontOf(const BillingPages::Style& style) {
   return {.name = QString::fromLatin1(names[style.font]),
           .size = static_cast<double>(style.size),
           .bold = style.bold,
-          .italic = style.italic};
+          .italic = style.italic && !style.bold};
 }
 
 /// Most texts are so short that they need not be measured.
@@ -82,8 +82,8 @@ void BillingPages::EndDocument() {
   pdf_.PDFEndDoc();
 }
 
-double BillingPages::AdvanceY(double distance, double room) {
-  if (!HasRoom(distance + room)) {
+double BillingPages::AdvanceY(double distance) {
+  if (!HasRoom(distance)) {
     NewPage();
     distance = std::max(distance, kRowHeight);
   }
@@ -124,8 +124,10 @@ QStringList BillingPages::WrapCell(const Cell& cell, const Style& style) const {
   return fonts_.Wrap(cell.text, FontOf(style), width * kTwipsPerCentimetre);
 }
 
-int BillingPages::RowsOf(const QString& text, double x, double width, const Style& style) const {
-  return static_cast<int>(WrapCell({x, text, width}, style).size());
+double BillingPages::HeightOf(const Row& row, const Style& style, double distance) const {
+  qsizetype lines = 1;
+  for (const Cell& cell : row) lines = std::max(lines, WrapCell(cell, style).size());
+  return distance + static_cast<double>(lines - 1) * RowHeight(style);
 }
 
 void BillingPages::AddRow(const Row& row, const Style& style, double distance) {

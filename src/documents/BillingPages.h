@@ -64,8 +64,8 @@ class BillingPages {
   double CurrentY() const { return currentY_; }
   /// For what stands beside something else.
   void MoveTo(double y) { currentY_ = y; }
-  /// Moves down and returns the new place. Less than `room` left below it begins a new page.
-  double AdvanceY(double distance, double room = 0);
+  /// Moves down and returns the new place, on a new page when this one ends before.
+  double AdvanceY(double distance);
   /// Moves down and draws a rule 18.5 long from `x`.
   void AddLine(double distance, double x);
   /// Whether rows of that height fit on this page.
@@ -86,8 +86,8 @@ class BillingPages {
   /// A picture within a box, as large as fits. Throws PDFError for a broken file.
   void PutPicture(const std::filesystem::path& file, double x, double y, double width,
                   double height);
-  /// How many rows the text takes at that place.
-  int RowsOf(const QString& text, double x, double width, const Style& style) const;
+  /// From the current place to the last line of a row that AddRow would add.
+  double HeightOf(const Row& row, const Style& style, double distance) const;
 
  private:
   void AddHeadings(double distance);

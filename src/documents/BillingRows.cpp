@@ -82,12 +82,6 @@ void RunningTotal::Add(const Amounts& stored, TaxMode mode) {
   sum.tax += stored.tax;
 }
 
-size_t JobSection::JobCount() const {
-  size_t count = 0;
-  for (const ClientJobs& client : clients) count += client.jobs.size();
-  return count;
-}
-
 JobSection CollectInvoiceJobs(Business& business, qint64 invoiceId, TaxMode mode) {
   JobSection section;
   RunningTotal total;

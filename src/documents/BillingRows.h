@@ -50,8 +50,6 @@ struct ClientJobs {
 struct JobSection {
   std::vector<ClientJobs> clients;
   Amounts total;
-
-  size_t JobCount() const;
 };
 
 /// One invoice in a statement or a reminder.

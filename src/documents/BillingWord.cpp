@@ -1,5 +1,9 @@
 #include "documents/BillingWord.h"
 
+#include "documents/TableLayout.h"
+
+#include <cmath>
+
 namespace quillary {
 namespace {
 
@@ -45,6 +49,16 @@ void AddTotal(Table& table, const Amounts& total) {
   table.AddRow(cells).Bold().Span(0, ahead, Align::Right).RuleAbove();
 }
 
+/// A word in a narrow column is written smaller where the font of the notes would break it.
+void FitLabel(TableCell& cell, double columnWidth, const Composer& page) {
+  PageFont font = page.Font();
+  const double taken = page.Fonts().WidthOf(cell.text.trimmed(), font);
+  const double room = columnWidth - kCellGap;
+  if (taken <= room) return;
+  font.size = std::floor(font.size * room / taken);
+  cell.font = font;
+}
+
 }  // namespace
 
 void AddWordRow(Report& report, const QString& format, const QStringList& cells, bool bold) {
@@ -80,11 +94,14 @@ void AddWordInvoices(Report& report, const BillingFrame& frame,
   report.EndTable();
 }
 
-void AddWordNotes(Report& report, const BillingFrame& frame, const QString& format,
-                  const QStringList& cells) {
+void AddWordNotes(Report& report, const QString& format, const QStringList& cells) {
   const PageFont font = report.Page().Font();
-  report.Page().SetFont(frame.notesFont);
-  AddWordRow(report, format, cells);
+  report.SetNoteFontPropertiesWord();
+  Table& table = report.StartTable(format);
+  TableRow& row = table.AddRow(cells);
+  for (size_t label = 0; label + 1 < row.cells.size(); ++label)
+    FitLabel(row.cells[label], table.Columns()[label].width, report.Page());
+  report.EndTable();
   report.Page().SetFont(font);
 }
 

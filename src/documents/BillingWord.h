@@ -19,8 +19,8 @@ void AddWordJobs(Report& report, const BillingFrame& frame, const JobSection& se
 void AddWordInvoices(Report& report, const BillingFrame& frame,
                      const std::vector<InvoiceRow>& invoices, const Amounts& total);
 
-/// Cells in the font that the user chose for notes; the font that was set is set again.
-void AddWordNotes(Report& report, const BillingFrame& frame, const QString& format,
-                  const QStringList& cells);
+/// Cells in the font that the user chose for notes, all but the last one being labels; the font
+/// that was set is set again.
+void AddWordNotes(Report& report, const QString& format, const QStringList& cells);
 
 }  // namespace quillary

@@ -64,10 +64,11 @@ void Composer::AddTable(const Table& table) {
 }
 
 void Composer::AddRule(double below) {
-  if (currentY_ + below > BottomEdge()) TurnPage();
   document_.blocks.emplace_back(RuleBlock{below});
   currentY_ += below;
-  AddLine({.x1 = LeftEdge(), .y1 = currentY_, .x2 = RightEdge(), .y2 = currentY_});
+  // It closes what is above it, and stays there.
+  const double y = std::min(currentY_, BottomEdge());
+  AddLine({.x1 = LeftEdge(), .y1 = y, .x2 = RightEdge(), .y2 = y});
 }
 
 void Composer::AddLine(const PageLine& line) {

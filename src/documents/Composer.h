@@ -96,7 +96,8 @@ class Composer {
   void AddText(const QString& text, Align align = Align::Left);
   /// From the left margin. A table that is wider than the page is narrowed to it.
   void AddTable(const Table& table);
-  /// A thin line from margin to margin, `below` the current Y, which moves to it.
+  /// A thin line from margin to margin, `below` the current Y, which moves to it; at the foot of a
+  /// full page just above the margin.
   void AddRule(double below);
   /// A line of its own place on this page. Files that flow don't get it.
   void AddLine(const PageLine& line);

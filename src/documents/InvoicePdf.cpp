@@ -63,28 +63,39 @@ void AddClosing(BillingPages& pages, const InvoiceContent& invoice) {
   pages.AddRow({{kTotalsX, invoice.payableLine}}, BillingPages::Bold(10), 1);
 }
 
-/// From the cut to the date, so that a slip is not cut in two by the page's edge.
-double SlipHeight(const BillingPages& pages, const BillingFrame& frame,
-                  const InvoiceContent& invoice) {
-  constexpr double kFixed = 0.75 + kRuleGap + 0.75 + 0.5 + 0.75 + 0.75 + 0.5 + 2 * kRow;
-  qsizetype rows = EftLines(frame.header).size() + SenderLines(frame.header).size();
-  for (const QString& line : invoice.terms) rows += pages.RowsOf(line, 1, 0, BillingPages::Bold());
-  return kFixed + static_cast<double>(rows) * kRow;
+struct SlipRow {
+  BillingPages::Row row;
+  BillingPages::Style style = {};
+  double distance = kRow;
+};
+
+/// What stands below the rule of the cut.
+std::vector<SlipRow> SlipRows(const BillingFrame& frame, const InvoiceContent& invoice) {
+  constexpr double kBeforeTerms = 0.75;
+  std::vector<SlipRow> rows{
+      {{{1, QStringLiteral("REMITTANCE SLIP:")}}, BillingPages::Bold(9), 0.75},
+      {DescriptionAndNumber(invoice), BillingPages::Bold(9), 0.5}};
+  const size_t above = rows.size();
+  for (const QString& line : invoice.terms) rows.push_back({{{1, line}}, BillingPages::Bold()});
+  for (const QString& line : EftLines(frame.header)) rows.push_back({{{3, line}}});
+  rows.push_back({{{1, QStringLiteral("From :")}}, {}, 0.75});
+  rows[above].distance += kBeforeTerms;
+  for (const QString& line : SenderLines(frame.header)) rows.push_back({{{3, line}}});
+  rows.push_back({{{1, ReportDateText(frame.today)}}, {.size = 6}, 0.5});
+  return rows;
 }
 
 void AddSlip(BillingPages& pages, const BillingFrame& frame, const InvoiceContent& invoice) {
+  constexpr double kCut = 0.75;
   if (pages.CurrentY() > kSlipFrom) pages.NewPage();
-  pages.KeepTogether(SlipHeight(pages, frame, invoice));
-  pages.AddRow({{8, QStringLiteral("[Please cut here]")}}, {}, 0.75);
+  const std::vector<SlipRow> rows = SlipRows(frame, invoice);
+  // In one piece: who cuts it off must not find half of it.
+  double height = kCut + kRuleGap;
+  for (const SlipRow& row : rows) height += pages.HeightOf(row.row, row.style, row.distance);
+  pages.KeepTogether(height);
+  pages.AddRow({{8, QStringLiteral("[Please cut here]")}}, {}, kCut);
   pages.AddLine(kRuleGap, kTableX);
-  pages.AddRow({{1, QStringLiteral("REMITTANCE SLIP:")}}, BillingPages::Bold(9), 0.75);
-  pages.AddRow(DescriptionAndNumber(invoice), BillingPages::Bold(9), 0.5);
-  pages.AdvanceY(0.75);
-  pages.AddLines(invoice.terms, 1, BillingPages::Bold());
-  pages.AddLines(EftLines(frame.header), 3, {});
-  pages.AddRow({{1, QStringLiteral("From :")}}, {}, 0.75);
-  pages.AddLines(SenderLines(frame.header), 3, {});
-  pages.AddRow({{1, ReportDateText(frame.today)}}, {.size = 6}, 0.5);
+  for (const SlipRow& row : rows) pages.AddRow(row.row, row.style, row.distance);
 }
 
 }  // namespace

@@ -41,10 +41,10 @@ void AddClosing(Report& report, const BillingFrame& frame, const InvoiceContent&
   table.AddRow({invoice.payableLine}).Bold();
   report.EndTable();
   if (!invoice.notes.isEmpty())
-    AddWordNotes(report, frame, QStringLiteral("<+.75in|<+6.25in"),
+    AddWordNotes(report, QStringLiteral("<+.75in|<+6.25in"),
                  {QStringLiteral("NOTES: "), invoice.notes.join(u'\n')});
   if (!frame.generalNotes.isEmpty())
-    AddWordNotes(report, frame, QString::fromLatin1(kWhole), {frame.generalNotes.join(u'\n')});
+    AddWordNotes(report, QString::fromLatin1(kWhole), {frame.generalNotes.join(u'\n')});
 }
 
 /// The slip stands at the foot of a page, to be cut off there.

@@ -30,8 +30,7 @@ void AddIfAny(QStringList& lines, const QString& line) {
 /// Each line a step below the one before, however often it wraps.
 double WriteColumn(BillingPages& pages, const QStringList& lines, double x, double width) {
   for (const QString& line : lines) {
-    const BillingPages::Style style{.bold = false};
-    pages.AddRow({{x, line, width}}, style, kLineHeight);
+    pages.AddRow({{x, line, width}}, {}, kLineHeight);
   }
   return pages.CurrentY();
 }
@@ -41,8 +40,8 @@ QStringList BusinessLines(const HeaderStrings& header) {
   QStringList lines{QStringLiteral("COMPANY: ") + header.company};
   AddIfAny(lines, header.providerLine);
   AddIfAny(lines, header.acnLine);
-  lines += QStringLiteral("ADDRESS: ") + address.value(0);
-  lines += QString(20, u' ') + address.value(1);
+  lines += QStringLiteral("ADDRESS: ") + address.first();
+  for (const QString& line : address.sliced(1)) lines += QString(20, u' ') + line;
   lines += QStringLiteral("CONTACT: ") + header.contact;
   lines += QStringLiteral("PHONE: ") + header.phone;
   AddIfAny(lines, header.emailLine);
@@ -83,7 +82,7 @@ void PrintHeaderPDF(BillingPages& pages, const HeaderStrings& header, const QStr
     pages.PutPicture(logo.toStdU16String(), kLogoX, kLogoTop, kLogoWidth, kLogoHeight);
   const double nameEnd = WriteColumn(pages, BusinessLines(header), kNameX, kNameWidth);
   pages.MoveTo(top);
-  pages.AddRow({{kTitleX, title}}, BillingPages::Bold(), kLineHeight);
+  pages.AddRow({{kTitleX, title}}, {}, kLineHeight);
   const double accountEnd = WriteColumn(pages, AccountLines(header), kTitleX, 0);
   pages.MoveTo(std::max(nameEnd, accountEnd));
 }
@@ -107,8 +106,7 @@ void PrintHeaderWord(Report& report, const HeaderStrings& header, const QString&
   table.AddRow({header.company, street, title}).BoldCell(0).BoldCell(2);
   table.AddRow({company.join(u'\n'), address.join(u'\n'), account.join(u'\n')});
   report.EndTable();
-  // Word would show an error in place of a picture that is not there.
-  if (QFileInfo::exists(report.Logo())) report.ImportPicture();
+  report.ImportPicture();
   report.DrawPict(report.Logo(), kWordLogoHeight);
   report.Page().AddRule(kWordGap);
   report.Page().AdvanceY(kWordGap);

@@ -104,7 +104,8 @@ class Wrapper {
       Append(word, wordWidth);
       return;
     }
-    // Blanks in front of the first word indent it; between words they end with the line.
+    // Blanks in front of the first word indent it; after words they end with the line.
+    if (word.isEmpty() && !line_.isEmpty()) return;
     if (line_.isEmpty())
       Append(blanks, ahead);
     else

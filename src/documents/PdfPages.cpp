@@ -1,7 +1,6 @@
+#include "documents/FileAside.h"
 #include "documents/Pdf.h"
 #include "pdf/PDFWriter.h"
-
-#include <QFile>
 
 #include <algorithm>
 #include <cmath>
@@ -86,28 +85,21 @@ class PdfPages {
 }  // namespace
 
 void WritePdf(const Composition& document, const QString& file, const DateTime& now) {
-  const QString part = file + QStringLiteral(".part");
-  try {
-    PDFWriter pdf(HostFor(now));
-    pdf.PDFInit();
-    pdf.PDFSetStrict(true);
-    pdf.PDFPathConfiguration(PathOf(document.fonts->Folder()));
-    pdf.PDFTitle(document.title.toStdString());
-    pdf.PDFSetUnit(0);
-    pdf.PDFFormatPage(
-        std::vector<double>{Points(document.setup.Width()), Points(document.setup.Height())});
-    pdf.PDFFileName(PathOf(part));
-    pdf.PDFBeginDoc();
-    PdfPages(document, pdf).Draw();
-    pdf.PDFEndPage();
-    pdf.PDFEndDoc();
-    std::error_code error;
-    std::filesystem::rename(PathOf(part), PathOf(file), error);
-    if (error) throw PDFError(file.toStdString() + ": " + error.message());
-  } catch (...) {
-    QFile::remove(part);
-    throw;
-  }
+  FileAside aside(file);
+  PDFWriter pdf(HostFor(now));
+  pdf.PDFInit();
+  pdf.PDFSetStrict(true);
+  pdf.PDFPathConfiguration(PathOf(document.fonts->Folder()));
+  pdf.PDFTitle(document.title.toStdString());
+  pdf.PDFSetUnit(0);
+  pdf.PDFFormatPage(
+      std::vector<double>{Points(document.setup.Width()), Points(document.setup.Height())});
+  pdf.PDFFileName(aside.Path());
+  pdf.PDFBeginDoc();
+  PdfPages(document, pdf).Draw();
+  pdf.PDFEndPage();
+  pdf.PDFEndDoc();
+  aside.Commit();
 }
 
 }  // namespace quillary

@@ -66,14 +66,17 @@ ReportPlaces ReportPlacesUnder(const QString& applicationFolder) {
   return places;
 }
 
-Report::Report(Business& business, const ReportPlaces& places)
+Report::Report(Business& business, const ReportPlaces& places,
+               std::shared_ptr<const PageFonts> fonts)
     : business_(business),
       places_(places),
-      fonts_(std::make_shared<PageFonts>(places.fontFolder)) {}
+      fonts_(fonts ? std::move(fonts) : std::make_shared<const PageFonts>(places.fontFolder)) {}
 
 void Report::StartDocument(const QString& fileName, bool landscape) {
   document_ = {};
-  document_.docFile = QDir(ReportFolder(places_.applicationFolder)).filePath(fileName);
+  document_.docFile = QDir::isAbsolutePath(fileName)
+                          ? fileName
+                          : QDir(ReportFolder(places_.applicationFolder)).filePath(fileName);
   document_.docTitle = FileNameWithoutExtension(fileName);
   document_.note = NoteOn(document_.docFile);
   composer_.emplace(fonts_, PageSetup{.paper = places_.paper, .landscape = landscape});
@@ -154,16 +157,9 @@ void Report::DrawPict(const QString& picture, double height) {
   Page().AdvanceY(height);
 }
 
-void Report::DrawPictAtRight(const QString& picture, double top, double height) {
-  auto placed = LoadPicture(picture, height);
-  if (!placed) return;
-  placed->x = Page().RightEdge() - placed->width;
-  placed->y = top;
-  Page().AddPicture(*placed);
-}
-
 void Report::ImportPicture() {
-  if (document_.docFile.isEmpty()) return;
+  // Word would show an error in place of a picture that it cannot show.
+  if (!LoadPicture(Logo(), 1)) return;
   // Word unescapes the path twice: once as RTF, once as the argument of a field.
   QByteArray path;
   for (const QString& part : QDir::toNativeSeparators(Logo()).split(u'\\'))

@@ -38,9 +38,11 @@ struct ReportDocument {
 ///   ReportDocument done = report.EndDocument();
 class Report {
  public:
-  Report(Business& business, const ReportPlaces& places);
+  /// `fonts` are those of who makes many reports; otherwise they are read anew.
+  Report(Business& business, const ReportPlaces& places,
+         std::shared_ptr<const PageFonts> fonts = {});
 
-  /// `fileName` is a name in `Report Doc`, which is made when it is missing. Margins of 725 twips,
+  /// `fileName` is a full path, or a name in `Report Doc`, which is made when it is missing. Margins of 725 twips,
   /// Arial at 8 points. `landscape` lays the pages on their side.
   void StartDocument(const QString& fileName, bool landscape = false);
   /// The subject of the mail; the file's name without its ending unless it is told.
@@ -65,12 +67,10 @@ class Report {
   /// Y moves to its lower edge. A file that is missing or no JPEG is told to the user in the end,
   /// and nothing stands in its place.
   void DrawPict(const QString& picture, double height);
-  /// The same with its right edge at the right margin and its upper edge at `top`; the current Y
-  /// stays.
-  void DrawPictAtRight(const QString& picture, double top, double height);
   /// The logo of the division, which ImportPicture and callers of DrawPict use.
   QString Logo() { return LogoFile(business_, places_.applicationFolder); }
-  /// Links the logo in the file for Word. It shows only on this machine.
+  /// Links the logo in the file for Word, where it shows only on this machine. A logo that cannot
+  /// be shown is told to the user in the end instead.
   void ImportPicture();
   /// A line in the file for Word, in twips; the pages don't get it.
   void DrawLineRTF(double x1, double y1, double x2, double y2);

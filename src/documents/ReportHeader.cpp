@@ -52,7 +52,7 @@ QString LogoFile(Business& business, const QString& applicationFolder) {
 PageFont ReadNotesFont(const SettingsStore& settings) {
   const NotesLook look = LoadNotesLook(settings);
   return {.name = look.font,
-          .size = static_cast<double>(look.size),
+          .size = look.size,
           .bold = look.bold,
           .italic = look.italic,
           .colour = static_cast<int>(NotesColourValue(look.colour))};

@@ -6,13 +6,14 @@ namespace quillary {
 
 namespace {
 
-/// The one sign that a reader without Unicode shows for a code unit.
+/// The one sign that a reader without Unicode shows for a code unit. Never a digit, which would
+/// join the number of the unit before it.
 QByteArray Fallback(QChar unit) {
   if (unit.isSurrogate()) return "?";
   const std::string winAnsi = ToWinAnsi(QString(unit).toStdString());
   if (winAnsi.size() != 1) return "?";
   const auto byte = static_cast<unsigned char>(winAnsi.front());
-  if (byte < 0x80 && (QChar(byte).isLetterOrNumber() || byte == '"' || byte == '\'' || byte == '-'))
+  if (byte < 0x80 && (QChar(byte).isLetter() || byte == '"' || byte == '\'' || byte == '-'))
     return QByteArray(1, static_cast<char>(byte));
   if (byte >= 0x80) return "\\'" + QByteArray::number(byte, 16);
   return "?";

@@ -55,14 +55,20 @@ class RtfBody {
   }
 
  private:
-  QByteArray Dressed(const QString& text, const PageFont& font) {
+  /// Face and size. Words, the mark that ends them and an empty cell need them all alike: the mark
+  /// is as high as its own font.
+  QByteArray FaceWords(const PageFont& font) {
     qsizetype face = fonts_.indexOf(font.name);
     if (face < 0) {
       face = fonts_.size();
       fonts_.append(font.name);
     }
-    QByteArray rtf =
-        "{\\f" + QByteArray::number(face) + "\\fs" + QByteArray::number(std::lround(font.size * 2));
+    return "\\f" + QByteArray::number(face) + "\\fs" +
+           QByteArray::number(std::lround(font.size * 2));
+  }
+
+  QByteArray Dressed(const QString& text, const PageFont& font) {
+    QByteArray rtf = FaceWords(font) + "{";
     if (font.bold) rtf += "\\b";
     if (font.italic) rtf += "\\i";
     if (font.colour != 0) {
@@ -73,7 +79,7 @@ class RtfBody {
       }
       rtf += "\\cf" + QByteArray::number(colour + 1);
     }
-    return rtf + " " + RtfText(text) + "}";
+    return rtf + (rtf.endsWith('{') ? "" : " ") + RtfText(text) + "}";
   }
 
   /// An empty line of exactly that height.

@@ -29,7 +29,8 @@ void AddPayments(BillingPages& pages, const StatementContent& statement) {
 
 void AddClosing(BillingPages& pages, const BillingFrame& frame, const StatementContent& statement) {
   pages.AddLine(kRuleGap, kTableX);
-  AddTotalRow(pages, statement.total, 12, AmountColumns(frame.mode, {}));
+  if (statement.total.price != Money())
+    AddTotalRow(pages, statement.total, 12, AmountColumns(frame.mode, {}));
   pages.EndTable();
   if (statement.pastJobs)
     AddPastJobs(pages, frame, *statement.pastJobs, QStringLiteral("UNPAID PAST JOBS "));

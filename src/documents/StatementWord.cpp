@@ -34,7 +34,7 @@ void AddClosing(Report& report, const BillingFrame& frame, const StatementConten
   }
   if (statement.payments) AddPayments(report, statement);
   if (!frame.generalNotes.isEmpty())
-    AddWordNotes(report, frame, QStringLiteral("<+.75in|<+6.25in"),
+    AddWordNotes(report, QStringLiteral("<+.75in|<+6.25in"),
                  {QStringLiteral("NOTES: "), frame.generalNotes.join(u'\n')});
 }
 
@@ -61,7 +61,7 @@ void LayReminderWord(Report& report, const BillingFrame& frame, const ReminderCo
   AddTitle(report, QStringLiteral("REMINDER: Invoice(s) issued but not paid"));
   AddWordInvoices(report, frame, reminder.invoices, reminder.total);
   if (!frame.generalNotes.isEmpty())
-    AddWordNotes(report, frame, QStringLiteral("<+.25in|+.75in|<+6in"),
+    AddWordNotes(report, QStringLiteral("<+.25in|+.75in|<+6in"),
                  {{}, QStringLiteral("NOTES:"), frame.generalNotes.join(u'\n')});
 }
 

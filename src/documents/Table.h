@@ -26,6 +26,7 @@ struct TableCell {
   int span = 1;  // the columns that it covers
   std::optional<Align> align = {};
   bool bold = false;
+  std::optional<PageFont> font = {};  // instead of the row's
 };
 
 /// One row, told what it is to look like while it is added:

@@ -25,7 +25,7 @@ double LaidRow::HeightOf(int lines) const {
 }
 
 PageFont FontOf(const TableRow& row, const TableCell& cell, const PageFont& font) {
-  PageFont own = row.font.value_or(font);
+  PageFont own = cell.font.value_or(row.font.value_or(font));
   own.bold = own.bold || row.bold || cell.bold;
   return own;
 }

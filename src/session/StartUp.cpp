@@ -4,6 +4,7 @@
 #include "data/ActivityLog.h"
 #include "data/Schema.h"
 #include "data/Upgrader.h"
+#include "scheduling/Divisions.h"
 #include "scheduling/ScheduleEngine.h"
 #include "session/Support.h"
 
@@ -151,11 +152,7 @@ class Sequence {
         business->FirstField(Sql("SELECT Days_To_Advance_Schedule FROM infOptions")).ToLong());
     Advance(1);
     EnsurePersonalDetails(*business);
-    values.divisionName =
-        business
-            ->FirstField(Sql("SELECT Division_Name FROM infPersonalDetails LEFT JOIN Divisions ON "
-                             "infPersonalDetails.Division_ID = Divisions.Division_ID;"))
-            .ToText();
+    values.divisionName = OwnDivisionName(*business);
     Advance(1);
     values.gstPercentage = static_cast<float>(
         business->LookupField(QStringLiteral("infOptions.GST_Percentage")).ToDouble(0));

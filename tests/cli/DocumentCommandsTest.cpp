@@ -1,5 +1,6 @@
 #include "CompanionFixture.h"
 
+#include <QDir>
 #include <QFileInfo>
 
 namespace quillary {
@@ -51,6 +52,20 @@ TEST_F(DocumentCommandsTest, WithoutTaxTheTotalIsLess) {
       Done(Order("invoice", {"--invoices", invoice, "--exclude-tax"})).trimmed().section('\n', -1);
   EXPECT_TRUE(with.contains("INVOICE TOTAL \\(GST inc.\\) : $"));
   EXPECT_TRUE(Bytes(less).contains("INVOICE TOTAL : $"));
+}
+
+TEST_F(DocumentCommandsTest, TheLogoIsThatOfTheDivision) {
+  ASSERT_TRUE(QDir(folder.path()).mkdir("Files"));
+  Write("Files/Night gardens.jpg", Bytes(QUILLARY_TEST_DATA "/../pdf/data/rgb.jpg"));
+  Done({"sql", file, "UPDATE Divisions SET Division_Name = 'Night gardens'"});
+  const auto bytes = [&](const char* format) {
+    const QString out = Done(Order("invoice", {"--invoices", invoice, "--format", format}));
+    EXPECT_FALSE(out.contains("without it")) << out.toStdString();
+    return Bytes(out.trimmed().section('\n', -1));
+  };
+  EXPECT_TRUE(bytes("pdf").contains("/Subtype /Image"));
+  EXPECT_TRUE(bytes("word").contains("/Night gardens.jpg"));
+  EXPECT_FALSE(QFileInfo::exists(Path("Report Doc"))) << "the files go elsewhere";
 }
 
 TEST_F(DocumentCommandsTest, WhatCannotBeIsToldAndWritesNothing) {

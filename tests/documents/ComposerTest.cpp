@@ -25,6 +25,8 @@ TEST(PageFonts, WrapsAtBlanksAndCutsOnlyWhatNoLineHolds) {
       {"o\r\n\r\no", "o//o"},
       {"   oo", "   oo"},
       {"o\to\x01", "o o"},
+      {"oooooooo     ", "oooooooo"},
+      {"ooo ooo    ooo   ", "ooo ooo/ooo   "},
   };
   for (const Case& c : cases) EXPECT_EQ(wrap(c.text, eight), c.lines) << c.text;
   // A picture of two code units is not torn apart.
@@ -140,6 +142,20 @@ TEST(Composer, MovesTheCurrentY) {
   EXPECT_EQ(document.pages.size(), 2u);
   EXPECT_EQ(document.pages[0].texts.back().x, 1000);
   EXPECT_EQ(document.pages[0].texts.back().top, 12000);
+}
+
+TEST(Composer, AClosingRuleStaysWithWhatItCloses) {
+  const double bottom = PageSetup{}.Height() - 725;
+  for (const double y : {bottom - 200, bottom - 20, bottom, bottom + 150}) {
+    Composer composer(TestFonts(), {});
+    composer.SetCurrentY(y);
+    composer.AddRule(78);
+    composer.AddText("next");
+    const Composition document = composer.Finish({});
+    ASSERT_EQ(document.pages[0].lines.size(), 1u) << y;
+    EXPECT_NEAR(document.pages[0].lines[0].y1, std::min(y + 78, bottom), 0.01);
+    EXPECT_EQ(document.pages.size(), 2u) << "only the text goes on";
+  }
 }
 
 TEST(Composer, NumbersItsPagesAtTheFoot) {

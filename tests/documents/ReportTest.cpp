@@ -51,31 +51,33 @@ TEST_F(ReportTest, AReportWithoutRowsIsTitledAndWritten) {
   EXPECT_TRUE(done.troubles.isEmpty());
 }
 
-TEST_F(ReportTest, AMissingLogoIsToldOnceAndTheDocumentStands) {
+TEST_F(ReportTest, AMissingLogoIsToldOnceAndNotLinked) {
   business().values.divisionName = "La{w}ns";
   const ReportDocument done = Letter("Invoice.rtf");
   ASSERT_EQ(done.troubles.size(), 1);
   EXPECT_TRUE(done.troubles[0].contains("La{w}ns.jpg")) << done.troubles[0].toStdString();
   const QByteArray rtf = FileOf(done);
-  EXPECT_TRUE(rtf.contains("{\\field{\\*\\fldinst { INCLUDEPICTURE \""));
-  EXPECT_TRUE(rtf.contains("/Files/La\\{w\\}ns.jpg\" \\\\* MERGEFORMATINET \\\\d }}}\r\n"));
+  EXPECT_FALSE(rtf.contains("INCLUDEPICTURE"));
   EXPECT_TRUE(
       rtf.contains("{\\shp{\\shpleft100\\shptop10\\shpright500\\shpbottom20"
                    "{\\sp{\\sn shapeType}{\\sv 20}}{\\sp{\\sn fFlipH}{\\sv 1}}"
                    "{\\sp{\\sn fFlipV}{\\sv 0}}"));
 }
 
-TEST_F(ReportTest, ALogoKeepsItsShape) {
-  business().values.divisionName = "rgb";
+TEST_F(ReportTest, ALogoKeepsItsShapeAndIsLinked) {
+  business().values.divisionName = "La{w}ns";
   ASSERT_TRUE(QDir(folder.path()).mkdir("Files"));
   ASSERT_TRUE(QFile::copy(QStringLiteral(QUILLARY_TEST_DATA "/../pdf/data/rgb.jpg"),
-                          folder.filePath("Files/rgb.jpg")));
+                          folder.filePath("Files/La{w}ns.jpg")));
   const ReportDocument done = Letter("Invoice.rtf");
   ASSERT_EQ(done.pages.pages[0].pictures.size(), 2u);
   const PagePicture& second = done.pages.pages[0].pictures[1];  // 60 x 40 pixels
   EXPECT_NEAR(second.width, 1500, 0.01);
   EXPECT_NEAR(second.y, 725 + 1000, 0.01);
   EXPECT_TRUE(done.troubles.isEmpty());
+  const QByteArray rtf = FileOf(done);
+  EXPECT_TRUE(rtf.contains("{\\field{\\*\\fldinst { INCLUDEPICTURE \""));
+  EXPECT_TRUE(rtf.contains("/Files/La\\{w\\}ns.jpg\" \\\\* MERGEFORMATINET \\\\d }}}\r\n"));
 }
 
 TEST_F(ReportTest, AFileThatCannotBeWrittenIsTold) {

@@ -93,6 +93,7 @@ TEST(Rtf, HostileTextStaysText) {
       "עברית and عربي",
       "emoji 😀 tail",
       "文字",
+      "CO₂ H⁴ １２",
   };
   for (const char* utf8 : texts) {
     const QString text = QString::fromUtf8(utf8);
@@ -114,17 +115,19 @@ TEST(Rtf, TablesAreTables) {
   table.AddHeader({"A", "B", "C"});
   table.AddRow({"1", "2", "3"});
   table.AddRow({"Total", "", "9"}).Span(0, 2, Align::Right);
+  table.AddRow({"", "", ""});
   composer.AddTable(table);
   composer.AddTable(table);
   const QByteArray rtf = WriteRtf(composer.Finish({}));
-  EXPECT_TRUE(Read(rtf).startsWith("A|B|C|\n1|2|3|\nTotal|9|\n\nA|B|C|\n")) << rtf.toStdString();
+  EXPECT_TRUE(Read(rtf).startsWith("A|B|C|\n1|2|3|\nTotal|9|\n|||\n\nA|B|C|\n")) << rtf.toStdString();
   EXPECT_EQ(rtf.count("\\trowd"), rtf.count("\\row\r\n"));
   EXPECT_EQ(rtf.count("\\cellx"), rtf.count("\\cell\r\n"));
   EXPECT_EQ(rtf.count("\\trhdr"), 2);
+  EXPECT_TRUE(rtf.contains("\\fs18{}\\cell")) << "an empty cell makes no higher row";
   // The spanning cell ends where the second column of the other rows does.
   EXPECT_TRUE(rtf.contains("\\trleft-60\\cellx2820\\cellx4260\r\n")) << rtf.toStdString();
-  EXPECT_EQ(rtf.count("\\qr\\keepn{\\f0\\fs18\\b A}"), 0);
-  EXPECT_EQ(rtf.count("\\qr\\keepn{\\f0\\fs18\\b B}"), 2);
+  EXPECT_EQ(rtf.count("\\qr\\keepn\\f0\\fs18{\\b A}"), 0);
+  EXPECT_EQ(rtf.count("\\qr\\keepn\\f0\\fs18{\\b B}"), 2);
 }
 
 TEST(Rtf, KeepsPagesSpacesAndLooks) {
@@ -138,7 +141,7 @@ TEST(Rtf, KeepsPagesSpacesAndLooks) {
   const QByteArray rtf = WriteRtf(composer.Finish({}));
   for (const char* part :
        {"\\paperw15840\\paperh12240\\landscape", "\\margl725", "\\red255\\green128\\blue0;",
-        "{\\f1\\fnil Times;}", "\\qc{\\f1\\fs17\\i\\cf1 look}", "\\brdrb\\brdrs", "\\page\\par",
+        "{\\f1\\fnil Times;}", "\\qc\\f1\\fs17{\\i\\cf1 look}\\par", "\\brdrb\\brdrs", "\\page\\par",
         "\\fldinst PAGE", "\\fldinst NUMPAGES", "\\sl-78"})
     EXPECT_TRUE(rtf.contains(part)) << part;
   Read(rtf);

@@ -89,7 +89,7 @@ void frmGeneralNotes::Load() {
 
 NotesLook frmGeneralNotes::Look() const {
   return {.font = cmbFont->currentText(),
-          .size = cmbFontSize->currentText().toInt(),
+          .size = cmbFontSize->currentText().toDouble(),
           .bold = chkBold->isChecked(),
           .italic = chkItalic->isChecked(),
           .colour = cmbColour->currentText()};
@@ -98,7 +98,8 @@ NotesLook frmGeneralNotes::Look() const {
 void frmGeneralNotes::ShowLook() {
   const NotesLook look = Look();
   if (look.size <= 0) return;
-  QFont font(look.font, look.size);
+  QFont font(look.font);
+  font.setPointSizeF(look.size);
   font.setBold(look.bold);
   font.setItalic(look.italic && !look.bold);  // bold wins in print
   txtNotes->document()->setDefaultFont(font);
