@@ -13,7 +13,6 @@ constexpr double kRuleLength = 18.5;
 constexpr double kRuleWidth = 0.01;
 constexpr double kBelowHeadings = 0.25;
 constexpr double kFirstRows = 4 * BillingPages::kRowHeight;  // what headings have to stand above
-constexpr int kTableRuleFrom = 2;
 
 /// Texts stand in fixed places up to 19.5, for which the smallest paper is too narrow.
 int FormatOf(Paper paper) {
@@ -73,7 +72,7 @@ void BillingPages::NewPage() {
   pdf_.PDFEndPage();
   pdf_.PDFNewPage();
   currentY_ = kTopOfMore;
-  TextOut(continuation_, 1, {});
+  TextOut(WrapCell({1, continuation_}, {}).first(), 1, {});
   if (!headings_.empty()) AddHeadings(2 * kRowHeight);
 }
 
@@ -161,14 +160,15 @@ void BillingPages::AddLines(const QStringList& lines, double x, const Style& sty
 void BillingPages::AddHeadings(double distance) {
   const Row headings = std::exchange(headings_, {});  // headings are not headed themselves
   AddRow(headings, Bold(), distance);
-  AddLine(kBelowHeadings, kTableRuleFrom);
+  AddLine(kBelowHeadings, ruleX_);
   headings_ = headings;
 }
 
-void BillingPages::BeginTable(Row headings, double distance) {
+void BillingPages::BeginTable(Row headings, double distance, double ruleX) {
   // Headings alone at the foot of a page would head nothing.
   KeepTogether(distance + kBelowHeadings + kFirstRows);
   headings_ = std::move(headings);
+  ruleX_ = ruleX;
   AddHeadings(distance);
 }
 

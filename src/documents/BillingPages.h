@@ -31,6 +31,7 @@ struct BillingStyle {
 class BillingPages {
  public:
   static constexpr double kRowHeight = 0.35;
+  static constexpr double kTableX = 2;  // where rules of tables begin
 
   using Style = BillingStyle;
   static constexpr Style Bold(int size = 8) { return {.size = size, .bold = true}; }
@@ -80,7 +81,7 @@ class BillingPages {
   /// Each line on a row of its own.
   void AddLines(const QStringList& lines, double x, const Style& style);
   /// A row and a rule below it, which stand again on top of further pages until EndTable.
-  void BeginTable(Row headings, double distance);
+  void BeginTable(Row headings, double distance, double ruleX = kTableX);
   void EndTable() { headings_.clear(); }
 
   /// A picture within a box, as large as fits. Throws PDFError for a broken file.
@@ -100,6 +101,7 @@ class BillingPages {
   bool isOpen_ = false;
   QString continuation_;
   Row headings_;
+  double ruleX_ = kTableX;    // of the headings
   std::optional<Style> set_;  // in the writer
 };
 

@@ -9,7 +9,7 @@ namespace {
 
 constexpr double kRow = BillingPages::kRowHeight;
 constexpr double kRuleGap = 0.25;
-constexpr double kTableX = 2;       // where rules of tables begin
+constexpr double kTableX = BillingPages::kTableX;
 constexpr double kColumnGap = 0.2;  // that texts keep from the next column
 constexpr double kNumberWidth = 1.8;
 
@@ -85,7 +85,7 @@ void AddInvoiceRows(BillingPages& pages, const BillingFrame& frame,
                         {descriptionX, QStringLiteral("Description")}};
   for (const auto& cell : MoneyHeadings(frame, QStringLiteral("Amount"), headings))
     top.push_back(cell);
-  pages.BeginTable(top, distance);
+  pages.BeginTable(top, distance, std::min(x, kTableX));
   for (const InvoiceRow& invoice : invoices) {
     BillingPages::Row row{
         {x, invoice.number, kNumberWidth},

@@ -7,7 +7,7 @@ namespace {
 
 constexpr double kRow = BillingPages::kRowHeight;
 constexpr double kRuleGap = 0.25;
-constexpr double kTableX = 2;
+constexpr double kTableX = BillingPages::kTableX;
 constexpr double kNumberX = 16;
 constexpr double kDescriptionWidth = 14.7;
 constexpr double kSlipFrom = 20;  // a slip never begins below

@@ -94,7 +94,6 @@ void PrintHeaderWord(Report& report, const HeaderStrings& header, const QString&
   AddIfAny(company, header.acnLine);
   AddIfAny(company, header.taxLine);
   QStringList address = TextLines(QStringLiteral("ADDRESS: ") + header.address);
-  const QString street = address.takeFirst();
   address += QStringLiteral("PHONE: ") + header.phone;
   AddIfAny(address, header.emailLine);
   AddIfAny(address, header.faxLine);
@@ -103,7 +102,8 @@ void PrintHeaderWord(Report& report, const HeaderStrings& header, const QString&
     account += QStringLiteral("EFT - Acct Name: ") + header.accountName;
   if (!header.bsbAndAccount.isEmpty()) account += QStringLiteral("BSB : ") + header.bsbAndAccount;
   Table& table = report.StartTable(QStringLiteral("<+1.75in|<+2.75in|<+2.5in"));
-  table.AddRow({header.company, street, title}).BoldCell(0).BoldCell(2);
+  // A long name wraps; the address below it stays in one piece.
+  table.AddRow({header.company, {}, title}).Bold();
   table.AddRow({company.join(u'\n'), address.join(u'\n'), account.join(u'\n')});
   report.EndTable();
   report.ImportPicture();

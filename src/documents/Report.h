@@ -42,8 +42,8 @@ class Report {
   Report(Business& business, const ReportPlaces& places,
          std::shared_ptr<const PageFonts> fonts = {});
 
-  /// `fileName` is a full path, or a name in `Report Doc`, which is made when it is missing. Margins of 725 twips,
-  /// Arial at 8 points. `landscape` lays the pages on their side.
+  /// `fileName` is a full path, or a name in `Report Doc`, which is made when it is missing.
+  /// Margins of 725 twips, Arial at 8 points. `landscape` lays the pages on their side.
   void StartDocument(const QString& fileName, bool landscape = false);
   /// The subject of the mail; the file's name without its ending unless it is told.
   void SetDocTitle(const QString& title) { document_.docTitle = title; }

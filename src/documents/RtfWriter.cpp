@@ -110,6 +110,12 @@ class RtfBody {
     body_ += Spacer(block.height, QByteArray("\\brdrb") + kThinRule);
   }
   void Put(const SpaceBlock& block) {
+    if (inRaw_) {
+      // Below raw text it is the room of what its line shows, a picture for example.
+      body_ += "\\sl" + Number(block.height) + "\\slmult0";
+      EndRaw();
+      return;
+    }
     Begin(false);
     for (double left = block.height; left > 0; left -= kLongestSpace)
       body_ += Spacer(std::min(left, kLongestSpace));
@@ -137,7 +143,8 @@ class RtfBody {
 
   void PutRow(const TableBlock& block, const TableRow& row, bool repeats) {
     const double half = kCellGap / 2;
-    body_ += "\\trowd\\trgaph" + Number(half) + "\\trleft" + Number(-half);
+    body_ += "\\trowd\\trgaph" + Number(half) + "\\trleft" + Number(-half) + "\\trpaddt" +
+             Number(kRowPadding) + "\\trpaddft3\\trpaddb" + Number(kRowPadding) + "\\trpaddfb3";
     if (repeats) body_ += "\\trhdr";
     double right = -half;
     size_t column = 0;

@@ -7,7 +7,7 @@ namespace {
 
 constexpr double kRow = BillingPages::kRowHeight;
 constexpr double kRuleGap = 0.25;
-constexpr double kTableX = 2;
+constexpr double kTableX = BillingPages::kTableX;
 
 void AddPayments(BillingPages& pages, const StatementContent& statement) {
   constexpr double kAmountX = 6;

@@ -7,7 +7,6 @@ namespace quillary {
 
 namespace {
 
-constexpr double kRowPadding = 15;  // above and below the lines of a row
 constexpr double kNarrowest = 60;
 
 }  // namespace

@@ -7,6 +7,8 @@ namespace quillary {
 
 /// Blank between the text of a cell and that of the next, in twips.
 inline constexpr double kCellGap = 120;
+/// Blank above and below the lines of a row, in twips.
+inline constexpr double kRowPadding = 15;
 
 /// The widths of the columns, all narrowed alike when the table is wider than `room`.
 std::vector<double> FitColumns(const Table& table, double room);

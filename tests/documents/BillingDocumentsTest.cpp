@@ -193,8 +193,8 @@ TEST_F(BillingDocumentsTest, TheLastStatementIsClosedWhateverItComesTo) {
   SetFlag("StatementWithPayments", tenant);
   for (const std::vector<qint64>& selected : {std::vector{nothing}, std::vector{nothing, other}}) {
     Select(selected);
-    const QStringList pdf = Words(TextsOf(
-        FileOf(PrintStatementForInvoicesPDF(business(), places, days, TaxMode::Included))));
+    const QStringList pdf = Words(
+        TextsOf(FileOf(PrintStatementForInvoicesPDF(business(), places, days, TaxMode::Included))));
     const QStringList word =
         Words(PrintStatementForInvoices(business(), places, days, TaxMode::Included).pages);
     for (const QStringList& words : {pdf, word}) {
