@@ -24,14 +24,16 @@ struct PdfText {
 /// The texts of a file that our writer made, in the order in which they were written.
 inline std::vector<PdfText> TextsOf(const QString& path) {
   constexpr double kPoint = 2.54 / 72;
-  constexpr double kPageHeight = 841.89;
   QFile file(path);
   EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path.toStdString();
+  const QByteArray bytes = file.readAll();
+  const QByteArray box = bytes.mid(bytes.indexOf("/MediaBox [ 0 0 ") + 16, 20);
+  const double pageHeight = box.first(box.indexOf(']')).split(' ').last().toDouble();
   std::vector<PdfText> texts;
   PdfText next;
   bool isNewStream = false;
   int page = 0;
-  for (const QByteArray& line : file.readAll().split('\n')) {
+  for (const QByteArray& line : bytes.split('\n')) {
     const QByteArray text = line.trimmed();
     if (text == "stream") isNewStream = true;
     const auto words = text.split(' ');
@@ -40,7 +42,7 @@ inline std::vector<PdfText> TextsOf(const QString& path) {
       isNewStream = false;
       next.page = page;
       next.x = words[0].toDouble() * kPoint;
-      next.y = (kPageHeight - words[1].toDouble()) * kPoint;
+      next.y = (pageHeight - words[1].toDouble()) * kPoint;
     } else if (text.endsWith(" Tf")) {
       next.font = QString::fromLatin1(words[0].mid(1) + ' ' + words[1]);
     } else if (text.endsWith(") Tj")) {
