@@ -112,7 +112,7 @@ class RtfBody {
   void Put(const SpaceBlock& block) {
     if (inRaw_) {
       // Below raw text it is the room of what its line shows, a picture for example.
-      body_ += "\\sl" + Number(block.height) + "\\slmult0";
+      body_.insert(rawAt_, "\\sl" + Number(block.height) + "\\slmult0");
       EndRaw();
       return;
     }
@@ -127,7 +127,9 @@ class RtfBody {
   void Put(const RawRtfBlock& block) {
     if (!inRaw_) {
       Begin(false);
-      body_ += "\\pard\\plain ";
+      body_ += "\\pard\\plain";
+      rawAt_ = body_.size();
+      body_ += ' ';
     }
     inRaw_ = true;
     body_ += block.text;
@@ -170,6 +172,7 @@ class RtfBody {
   QStringList fonts_{QStringLiteral("Arial")};
   QList<int> colours_;
   bool inRaw_ = false;
+  qsizetype rawAt_ = 0;  // where its paragraph takes further words
   bool afterTable_ = false;
 };
 
