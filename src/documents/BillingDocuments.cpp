@@ -23,6 +23,16 @@ QString PathIn(const BillingPlaces& places, const QString& fileName) {
   return QDir(QDir(folder).absolutePath()).filePath(fileName);
 }
 
+/// Fixed places and widths of columns need more than the smallest paper has.
+Paper RoomyPaper(Paper paper) {
+  return paper == Paper::A5 ? Paper::A4 : paper;
+}
+
+ReportPlaces OnRoomyPaper(ReportPlaces places) {
+  places.paper = RoomyPaper(places.paper);
+  return places;
+}
+
 /// At most that many bytes of UTF-8, cut between characters as a reader sees them.
 QString CutToBytes(const QString& text, qsizetype most) {
   if (text.toUtf8().size() <= most) return text;
@@ -54,7 +64,7 @@ class PdfRun {
     pdf_.PDFTitle(pdfTitle.toStdString());
     pdf_.PDFUseThumbs(true);
     pdf_.PDFView(false);
-    pages_.emplace(pdf_, *fonts_, places.report.paper);
+    pages_.emplace(pdf_, *fonts_, RoomyPaper(places.report.paper));
     pdf_.PDFFileName(aside_.Path());
     pdf_.PDFSetFont(0, 8, 0);
     pdf_.PDFSetTextColor(0);
@@ -111,7 +121,7 @@ class WordRun {
  public:
   WordRun(Business& business, const BillingPlaces& places, const QString& docTitle,
           const QString& fileName)
-      : report_(business, places.report, places.fonts) {
+      : report_(business, OnRoomyPaper(places.report), places.fonts) {
     report_.StartDocument(PathIn(places, fileName));
     report_.SetDocTitle(docTitle);
     report_.Page().SetMargins({.left = kSideMargin * kTwipsPerCentimetre,

@@ -14,7 +14,6 @@ constexpr double kRuleWidth = 0.01;
 constexpr double kBelowHeadings = 0.25;
 constexpr double kFirstRows = 4 * BillingPages::kRowHeight;  // what headings have to stand above
 
-/// Texts stand in fixed places up to 19.5, for which the smallest paper is too narrow.
 int FormatOf(Paper paper) {
   switch (paper) {
     case Paper::A3:
@@ -23,8 +22,9 @@ int FormatOf(Paper paper) {
       return 3;
     case Paper::Legal:
       return 4;
-    case Paper::A4:
     case Paper::A5:
+      return 2;
+    case Paper::A4:
       break;
   }
   return 0;

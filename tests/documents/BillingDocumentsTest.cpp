@@ -262,6 +262,23 @@ TEST_F(BillingDocumentsTest, NoPositionRunsOffThePageOrLosesARow) {
   }
 }
 
+TEST_F(BillingDocumentsTest, PaperIsThatOfThePrinterUnlessItIsTooSmall) {
+  Select({AddFullInvoice()});
+  struct Case {
+    Paper printer;
+    Paper used;
+    const char* box;
+  };
+  for (const Case& c :
+       {Case{Paper::A3, Paper::A3, "841.89 1190.55]"}, Case{Paper::A5, Paper::A4, "595.28 841.89]"},
+        Case{Paper::Legal, Paper::Legal, "612.00 1008.00]"}}) {
+    places.report.paper = c.printer;
+    EXPECT_TRUE(BytesOf(PrintPdf()).contains(c.box)) << c.box;
+    const ReportDocument word = PrintInvoice(business(), places, "x", TaxMode::Included);
+    EXPECT_EQ(word.pages.setup.paper, c.used) << c.box;
+  }
+}
+
 TEST_F(BillingDocumentsTest, TheSumsOnPaperAreThoseOfTheTables) {
   const qint64 invoice = AddFullInvoice();
   Select({invoice});
