@@ -26,6 +26,12 @@ class BillingDocumentsTest : public BillingFixture {
   ReportDocument PrintPdf(TaxMode mode = TaxMode::Included) {
     return PrintInvoicePDF(business(), places, "Ann Able", mode);
   }
+  static void ExpectSlipInOnePiece(const std::vector<PdfText>& texts) {
+    const auto slip = std::find_if(texts.begin(), texts.end(),
+                                   [](const auto& t) { return t.text == "[Please cut here]"; });
+    ASSERT_NE(slip, texts.end());
+    EXPECT_EQ(slip->page, texts.back().page) << "cut at " << slip->y;
+  }
   std::vector<PdfText> InvoiceTexts(TaxMode mode = TaxMode::Included) {
     return TextsOf(FileOf(PrintPdf(mode)));
   }
@@ -214,10 +220,9 @@ TEST_F(BillingDocumentsTest, NoPositionRunsOffThePageOrLosesARow) {
     int longWords;  // in descriptions and the account's name, which wrap
     Paper paper = Paper::A4;
   };
-  for (const Case& c :
-       {Case{"short", 1, 1, 0, 1}, Case{"sixty jobs", 60, 5, 3, 1},
-        Case{"on Letter", 60, 5, 3, 1, Paper::Letter}, Case{"slip at the edge", 22, 1, 2, 1},
-        Case{"long slip", 11, 1, 0, 90}, Case{"all long", 400, 7, 120, 90}}) {
+  for (const Case& c : {Case{"short", 1, 1, 0, 1}, Case{"sixty jobs", 60, 5, 3, 1},
+                        Case{"on Letter", 60, 5, 3, 1, Paper::Letter},
+                        Case{"slip at the edge", 22, 1, 2, 1}, Case{"all long", 400, 7, 120, 90}}) {
     Transaction atOnce(business());
     Run(Sql("DELETE FROM Diary"));
     const qint64 invoice = AddInvoice(payer, "7", Money(), Money());
@@ -251,14 +256,22 @@ TEST_F(BillingDocumentsTest, NoPositionRunsOffThePageOrLosesARow) {
     }
     EXPECT_EQ(shown.count("a line of notes"), c.noteLines) << c.name;
     EXPECT_EQ(shown.count("REMITTANCE SLIP:"), 1) << c.name;
-    const int last = texts.back().page;
     if (c.jobs >= 60) {
       EXPECT_GT(shown.count("Service"), 1) << "headings of further pages";
       EXPECT_TRUE(shown.contains("Invoice No: 7 (continued)"));
     }
-    const auto slip = std::find_if(texts.begin(), texts.end(),
-                                   [](const auto& t) { return t.text == "[Please cut here]"; });
-    EXPECT_EQ(slip->page, last) << c.name << ": the slip is in one piece";
+    ExpectSlipInOnePiece(texts);
+  }
+}
+
+TEST_F(BillingDocumentsTest, ASlipWhoseLinesWrapIsNotCutInTwo) {
+  const QString words = QStringLiteral("words ").repeated(60);
+  Select({AddInvoice(payer, "1", Money(), Money())});
+  Run(Sql("UPDATE Invoices SET Invoice_Description = {}", words));
+  Run(Sql("UPDATE infPersonalDetails SET Company_Name = {}, Account_Name = {}", words, words));
+  for (int lines = 0; lines < 30; ++lines) {
+    Run(Sql("UPDATE Invoices SET Invoice_Notes = {}", QStringLiteral("note\n").repeated(lines)));
+    ExpectSlipInOnePiece(InvoiceTexts());
   }
 }
 
