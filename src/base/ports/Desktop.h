@@ -11,8 +11,8 @@ class Desktop {
   virtual ~Desktop() = default;
   virtual void OpenInBrowser(const QString& address) = 0;
   virtual void CopyToClipboard(const QString& text) = 0;
-  /// Starts a helper program that lies beside ours, without waiting for it; false when there is
-  /// none of that name.
+  /// Starts a helper program that lies beside ours, or one by its full path, without waiting for
+  /// it; false when there is none of that name.
   virtual bool StartProgram(const QString& name, const QStringList& arguments = {}) = 0;
   /// Ends the process at once: no question, no backup.
   virtual void EndProcess(int exitCode) = 0;
