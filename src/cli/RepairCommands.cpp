@@ -5,8 +5,7 @@
 #include "maintenance/CheckBusiness.h"
 #include "maintenance/Salvage.h"
 #include "scheduling/ScheduleEngine.h"
-
-#include <QDir>
+#include "session/ProgramFolder.h"
 
 namespace quillary {
 namespace {
@@ -68,7 +67,7 @@ void RunUpgrade(const Call& call) {
   const auto business = OpenAnyBusiness(call);
   const qint64 before = VersionOf(*business);
   Upgrader::Options options;
-  options.archiveFolder = QDir(business->DatabaseFolder()).filePath(QStringLiteral("Archive"));
+  options.archiveFolder = ArchiveUnder(ProgramFolder());
   options.advanceScheduleForClient = [&](qint64 client) {
     AdvanceScheduleForClient(*business, client);
   };

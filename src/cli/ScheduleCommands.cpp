@@ -28,11 +28,13 @@ class NamedSteps : public StartUpScreens {
   }
   void ShowProgress() override {}
   void Advance() override {}
+  void Repaint() override {}
   void ShowFirstTime(Business&) override {}
   void ShowMainMenu(Business&) override {}
   void CheckClientSchedules(Business&) override {}
   void OpenMonthlyInvoices(Business&) override {}
   void RenameMenuCaptions(const QString&) override {}
+  void FillProgress() override {}
   void CloseProgress() override {}
   void StepReached(const QString& activity) override {
     steps.push_back(activity);

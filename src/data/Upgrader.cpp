@@ -50,6 +50,7 @@ void UpgradeToVersion(Business& business, int version, const Options& options) {
   for (const UpgradeStep& step : UpgradeStepsOf(version)) {
     if (step.statement != nullptr) business.RunSQL(Sql(step.statement));
     if (step.work != nullptr) step.work(business, options);
+    options.repaint();
   }
   business.RunSQL(Sql("UPDATE infSystem SET Database_Version = {}; ", version));
   rung.Commit();

@@ -17,6 +17,8 @@ struct Options {
   QString archiveFolder;
   /// Rebuilds one client's open diary; the schedule lies above this floor.
   std::function<void(qint64 clientId)> advanceScheduleForClient;
+  /// Called between statements, so that a long rung does not look like a dead program.
+  std::function<void()> repaint = [] {};
 };
 
 /// Runs the rungs from the stored version + 1 up to the current one. Each rung happens whole,

@@ -66,13 +66,16 @@ struct KeptTotal {
   const char* amount;
   Weight weight;
   int centsPerLine = 0;  // the tax inside a total and the taxes inside its lines round apart
+  bool mayHaveNoLines = false;
 };
 
+// An invoice may be older than the lines that are kept of it; a job without lines costs nothing.
 constexpr KeptTotal kTotals[] = {
     {"Diary", "Diary_ID", "Total_Price", "Diary_Services", "Price", Weight::Wrong},
     {"Diary", "Diary_ID", "Total_GST", "Diary_Services", "GST", Weight::Note, 1},
-    {"Invoices", "Invoice_ID", "Total_Amount", "Invoice_Items", "Item_Amount", Weight::Note},
-    {"Invoices", "Invoice_ID", "Total_GST", "Invoice_Items", "Item_GST", Weight::Note, 1},
+    {"Invoices", "Invoice_ID", "Total_Amount", "Invoice_Items", "Item_Amount", Weight::Note, 0,
+     true},
+    {"Invoices", "Invoice_ID", "Total_GST", "Invoice_Items", "Item_GST", Weight::Note, 1, true},
 };
 
 /// The rows of one kind, of which the first few are named.
@@ -177,7 +180,7 @@ class Check {
       return;
     struct Lines {
       Money sum;
-      qint64 count;
+      qint64 count = 0;
     };
     std::map<qint64, Lines> sums;
     for (const Record row : Read(std::string("SELECT ") + total.key + ", Sum(" + total.amount +
@@ -188,8 +191,8 @@ class Check {
     for (const Record row :
          Read(std::string("SELECT ") + total.key + ", " + total.total + " FROM " + total.table)) {
       const auto sum = sums.find(row[size_t{0}].ToLong());
-      if (sum == sums.end()) continue;
-      const auto& [lines, count] = sum->second;
+      if (sum == sums.end() && total.mayHaveNoLines) continue;
+      const auto [lines, count] = sum == sums.end() ? Lines{} : sum->second;
       const Money kept = row[size_t{1}].ToMoney();
       const Money apart = kept.Rounded(2) - lines.Rounded(2);
       const qint64 bearable = count * total.centsPerLine * (Money::kUnitsPerOne / 100);

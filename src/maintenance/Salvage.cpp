@@ -3,10 +3,10 @@
 #include "data/Schema.h"
 #include "data/access/FileInTheMaking.h"
 #include "data/store/Connection.h"
+#include "data/store/FileReplacement.h"
 #include "data/store/Integrity.h"
 #include "maintenance/DamagedTable.h"
 
-#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QTemporaryDir>
@@ -311,29 +311,15 @@ SalvageReceipt SalvageFile(const QString& damaged, const QString& target) {
   return receipt;
 }
 
-RepairInPlaceResult RepairInPlace(const QString& file, const QString& stamp) {
+RepairInPlaceResult RepairInPlace(const QString& file, const QString& archive,
+                                  const QString& stamp) {
   const QFileInfo info(file);
-  const QDir archive(info.absoluteDir().filePath(QStringLiteral("Archive")));
-  const QString saved = file + QStringLiteral(".repaired");
-  QFile::remove(saved);  // of an attempt that was cut off
-  RepairInPlaceResult result{SalvageFile(file, saved), {}};
-  result.keptAt = archive.filePath(
+  FileInTheMaking saved(file, FileInTheMaking::Place::OfTheOld);
+  RepairInPlaceResult result{SalvageFile(file, saved.Path()), {}};
+  result.keptAt = KeepIn(
+      archive, info.canonicalFilePath(),
       QStringLiteral("%1 damaged %2.%3").arg(info.completeBaseName(), stamp, info.suffix()));
-  const auto fail = [&](const QString& words) {
-    QFile::remove(saved);
-    return StorageFailure(StorageFault::InputOutput, words);
-  };
-  if (!archive.mkpath(QStringLiteral(".")) || !QFile::rename(file, result.keptAt)) {
-    throw fail(QStringLiteral("%1 cannot be moved to %2").arg(file, archive.path()));
-  }
-  for (const char* suffix : {"-wal", "-journal"}) {
-    QFile::rename(file + QLatin1String(suffix), result.keptAt + QLatin1String(suffix));
-  }
-  QFile::remove(file + QStringLiteral("-shm"));
-  if (!QFile::rename(saved, file)) {
-    QFile::rename(result.keptAt, file);
-    throw fail(QStringLiteral("%1 cannot take the place of the damaged file").arg(saved));
-  }
+  saved.TakeItsPlace();
   return result;
 }
 

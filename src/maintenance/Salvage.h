@@ -30,13 +30,14 @@ struct SalvageReceipt {
 /// file is missing, in use or past saving, and when the new one cannot be written or exists.
 SalvageReceipt SalvageFile(const QString& damaged, const QString& target);
 
-/// Repairs a file where it stands: the damaged one goes, byte for byte, into the folder Archive
-/// beside it, and what could be saved takes its name. `stamp` tells the one from others there.
+/// Repairs a file where it stands: the damaged one goes, byte for byte, into the folder `archive`,
+/// and then what could be saved takes its name in one step. `stamp` tells the one from others there.
 struct RepairInPlaceResult {
   SalvageReceipt receipt;
   QString keptAt;  // the damaged file's new place
 };
-RepairInPlaceResult RepairInPlace(const QString& file, const QString& stamp);
+RepairInPlaceResult RepairInPlace(const QString& file, const QString& archive,
+                                  const QString& stamp);
 
 /// The receipt in words, a line a table.
 QStringList SalvageLines(const SalvageReceipt& receipt);

@@ -8,7 +8,7 @@
 namespace quillary {
 
 QString ProgramFolder() {
-  const QString beside = QCoreApplication::applicationDirPath();
+  const QString beside = ToolsFolder();
   if (QFile::exists(QDir(beside).filePath(QStringLiteral("qy.ini")))) return beside;
   QString folder = qEnvironmentVariable("QUILLARY_HOME");
   if (folder.isEmpty()) {
@@ -17,6 +17,14 @@ QString ProgramFolder() {
   }
   QDir().mkpath(folder);
   return folder;
+}
+
+QString ArchiveUnder(const QString& programFolder) {
+  return QDir(programFolder).filePath(QStringLiteral("Archive"));
+}
+
+QString ToolsFolder() {
+  return QCoreApplication::applicationDirPath();
 }
 
 }  // namespace quillary

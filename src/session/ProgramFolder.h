@@ -9,4 +9,11 @@ namespace quillary {
 /// $QUILLARY_HOME, or the quillary folder below the platform's data folder. Made when missing.
 QString ProgramFolder();
 
+/// The folder of backups, and of files as they were before they were converted, upgraded or
+/// repaired; of all businesses, wherever their files lie.
+QString ArchiveUnder(const QString& programFolder);
+
+/// The folder of the running program, where the programs that belong to it lie.
+QString ToolsFolder();
+
 }  // namespace quillary

@@ -6,6 +6,7 @@
 #include "data/Upgrader.h"
 #include "scheduling/Divisions.h"
 #include "scheduling/ScheduleEngine.h"
+#include "session/ProgramFolder.h"
 #include "session/Support.h"
 
 #include <QDir>
@@ -137,7 +138,8 @@ class Sequence {
 
   void Upgrade() {
     Upgrader::Options options;
-    options.archiveFolder = QDir(settings_.Folder()).filePath(QStringLiteral("Archive"));
+    options.archiveFolder = ArchiveUnder(settings_.Folder());
+    options.repaint = [this] { screens_.Repaint(); };
     options.advanceScheduleForClient = [this](qint64 clientId) {
       AdvanceScheduleForClient(*business, clientId);
     };
@@ -177,6 +179,7 @@ class Sequence {
     // Budgets join here; nothing else at start-up depends on them.
     Advance(1);
     Reached("Budget_Manager.Initialize");
+    NameTheTax();  // for the screens that open with the main menu
     screens_.ShowMainMenu(*business);
     Reached("MainMenuMDI.ShowYourself");
     const QString checks = outside_.settings.Read(QStringLiteral("Scheduling problem screen"),
@@ -186,8 +189,10 @@ class Sequence {
       Reached("ListOfClientsWithSchedulingProblem.CheckClientSchedules");
     }
     RemindOfMonthlyInvoices();
-    screens_.CloseProgress();
+    screens_.FillProgress();
     NameTheTax();
+    screens_.RenameMenuCaptions(business->values.taxName);
+    screens_.CloseProgress();
   }
 
   void RemindOfMonthlyInvoices() {
@@ -206,7 +211,6 @@ class Sequence {
                              "c.Country_ID = pd.Country_ID;"))
             .ToText();
     if (!name.isEmpty()) business->values.taxName = name;
-    screens_.RenameMenuCaptions(business->values.taxName);
   }
 
   const Outside& outside_;
@@ -252,7 +256,7 @@ std::unique_ptr<Business> StartUp(const Outside& outside, LocalSettings& setting
 void FinishUp(Business& business, LocalSettings& settings) {
   constexpr int kPermissionDenied = 70;
   try {
-    QDir(settings.Folder()).mkpath(QStringLiteral("Archive"));
+    QDir().mkpath(ArchiveUnder(settings.Folder()));
     business.CloseConnection();
   } catch (const ProgramError& error) {
     if (error.Number() == kPermissionDenied) {
@@ -272,8 +276,8 @@ QString CannotConnectMessage(const QString& programFolder, const std::exception&
              "1. Please make sure that Quillary is properly installed in your computer\n"
              "2. Please make sure that there is an existing file DATA.MDB in %1\n\n"
              "OR your database might be corrupted, please use CompactDB.exe to repair your "
-             "database also in %1.\n\n%2")
-      .arg(programFolder, ErrorLine(error));
+             "database also in %2.\n\n%3")
+      .arg(programFolder, ToolsFolder(), ErrorLine(error));
 }
 
 }  // namespace quillary

@@ -20,10 +20,13 @@ class StartUpScreens {
   /// Shows "Please wait...." with an empty bar of 17 steps.
   virtual void ShowProgress() = 0;
   virtual void Advance() = 0;
+  /// Shows a sign of life within a long step.
+  virtual void Repaint() = 0;
   virtual void ShowFirstTime(Business& business) = 0;
   virtual void ShowMainMenu(Business& business) = 0;
   virtual void CheckClientSchedules(Business& business) = 0;
   virtual void OpenMonthlyInvoices(Business& business) = 0;
+  virtual void FillProgress() = 0;
   virtual void RenameMenuCaptions(const QString& taxName) = 0;
   virtual void CloseProgress() = 0;
   /// A step was reached; `activity` is the name that a failure message would quote.
@@ -46,7 +49,8 @@ std::unique_ptr<Business> StartUp(const Outside& outside, LocalSettings& setting
 /// switched on, closes the connection.
 void FinishUp(Business& business, LocalSettings& settings);
 
-/// The message of a database that will not open, as shown before the program ends.
+/// The message of a database that will not open, as shown before the program ends. `programFolder`
+/// is where files are looked for; the repair program lies beside the running one.
 QString CannotConnectMessage(const QString& programFolder, const std::exception& error);
 
 }  // namespace quillary

@@ -14,6 +14,8 @@
 #include <QStatusBar>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace quillary {
 
 MainMenuMDI::MainMenuMDI(Business& business, LocalSettings& settings, Navigator& navigator,
@@ -149,6 +151,12 @@ void MainMenuMDI::EnableCommands() {
   check("mnuAppearanceLight", choice == ThemeChoice::Light);
   check("mnuAppearanceDark", choice == ThemeChoice::Dark);
   tools_->Refresh();
+}
+
+bool MainMenuMDI::IsEnabled(const MenuEntry& entry) const {
+  return std::any_of(commands_.begin(), commands_.end(), [&](const MenuCommand& command) {
+    return command.entry == &entry && command.action->isEnabled();
+  });
 }
 
 void MainMenuMDI::EnableHeadOfficeCommands() {

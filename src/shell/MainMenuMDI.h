@@ -51,6 +51,7 @@ class MainMenuMDI : public QMainWindow, public ScreenHost {
   void Choose(const MenuEntry& entry);
   void RunOwn(const QString& name);
   void EnableCommands();
+  bool IsEnabled(const MenuEntry& entry) const;
   void EnableHeadOfficeCommands();
   void RefreshStatus();
   void UseTheme(const QString& name);
@@ -62,6 +63,7 @@ class MainMenuMDI : public QMainWindow, public ScreenHost {
   Screen* ScreenAt(int tab) const;
   Screen* CurrentScreen() const;
   void CloseTab(int index);
+  bool AllTabsMayClose();
   void TabChanged();
   void YieldMnemonics(const Screen* screen);
   void RestoreWindow();

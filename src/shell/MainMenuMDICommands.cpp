@@ -53,7 +53,7 @@ void MainMenuMDI::RegisterComponents() {
   if (business_.World().desktop.StartProgram(program)) return;
   business_.World().prompter.Tell(
       Tone::Exclamation,
-      QStringLiteral("The RegisterComponents.exe cannot be found in %1.").arg(settings_.Folder()));
+      QStringLiteral("The RegisterComponents.exe cannot be found in %1.").arg(ToolsFolder()));
 }
 
 void MainMenuMDI::DebugTest1() {

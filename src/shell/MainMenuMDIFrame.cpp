@@ -103,7 +103,7 @@ void MainMenuMDI::RestoreTabs() {
   restoring_ = true;
   for (const QString& screen : kept.split(u',', Qt::SkipEmptyParts)) {
     const MenuEntry* entry = EntryOfScreen(screen.toLatin1().constData());
-    if (!entry || !entry->action.canOpen(navigator_)) continue;
+    if (!entry || !IsEnabled(*entry)) continue;
     runner_.Run(objectName(), QStringLiteral("RestoreTabs"),
                 [&] { entry->action.open(navigator_); });
   }
@@ -124,11 +124,21 @@ void MainMenuMDI::StoreWindow() {
   store.Write(kWindow, QStringLiteral("Place"), QString::fromLatin1(saveGeometry().toBase64()));
 }
 
+bool MainMenuMDI::AllTabsMayClose() {
+  const int current = tabs_->currentIndex();
+  for (int tab = 0; tab < tabs_->count(); ++tab) {
+    tabs_->setCurrentIndex(tab);  // what is asked is about what shows
+    if (!ScreenAt(tab)->MayClose()) return false;
+  }
+  tabs_->setCurrentIndex(current);
+  return true;
+}
+
 void MainMenuMDI::closeEvent(QCloseEvent* event) {
   if (leaving_) return event->accept();
   const Answer answer = business_.World().prompter.Ask(
       QStringLiteral("Are you sure you want to exit from the system?"));
-  if (answer != Answer::Yes) return event->ignore();
+  if (answer != Answer::Yes || !AllTabsMayClose()) return event->ignore();
   StoreWindow();
   leaving_ = true;
   runner_.Run(objectName(), QStringLiteral("FinishUp"), [this] {

@@ -119,13 +119,12 @@ Entries Functions() {
        "frmReschedule"},
       {"mnuFunctionsMailMergeClients", "Mail merge clients", kNothing},
       Break("mnuFunctionsBreak1"),
-      {"mnuSetDBVersion", "Set db version", Opens<SetDBVersion>(), "Set DB Version"},
+      {"mnuSetDBVersion", "Set db version", Opens<SetDBVersion>()},
       {"mnuClientsPastJobsAndPayments", "Client's Jobs and Payments",
        Opens<OpenJobsAndPaymentChecker>(), "Clients Jobs and Payments", "frmJobsAndPaymentChecker"},
-      {"mnuRecalculateGSTComponent", "Re-calculate GST component", Opens<RecalculateGSTComponent>(),
-       "Recalculate GST Component"},
+      {"mnuRecalculateGSTComponent", "Re-calculate GST component", Opens<RecalculateGSTComponent>()},
       {"mnuRecomputeAmountOwing", "Re-calculate Amount Owing of all Clients",
-       Opens<RecomputeAmountOwing>(), "Recalculate Amount Owing of All Clients"},
+       Opens<RecomputeAmountOwing>()},
       {"mnuSortoutDatabaseRecords", "Sort-out database records", Opens<SortOutDatabaseRecords>(),
        "Sort out Database Records"},
       Menu("mnuUpdateBillingName", "Update Billing Name/Display Name into",
@@ -207,7 +206,7 @@ Entries Setup() {
                {"mnuCountries", "Countries", Opens<OpenCountries>(), "", "frmCountries"},
                {"mnuHoliday", "Holiday", Opens<OpenHoliday>(), "", "frmHoliday"},
            }),
-      // Not part of the given surface, and so at its end: the look of this user's program.
+      // At the end, apart from the settings of the business: the look of this user's program.
       Menu("mnuAppearance", "Appearance",
            {
                {"mnuAppearanceSystem", "As the system", kMainWindow},

@@ -12,7 +12,8 @@
 #include "documents/screens/DocumentScreens.h"
 #include "maintenance/DatabaseVersion.h"
 #include "scheduling/screens/SchedulingScreens.h"
-#include "shell/AccessConversion.h"
+#include "session/AccessConversion.h"
+#include "session/ProgramFolder.h"
 #include "shell/frmAbout.h"
 #include "shell/frmODBCConnection.h"
 #include "shell/frmSelectDatabaseToAccess.h"
@@ -48,12 +49,15 @@ std::unique_ptr<Business> Program::SelectDatabaseToAccess() {
                              QStringLiteral("Couldn't find the database file : ") + file_);
       return nullptr;
     }
-    const QString opened = ConvertIfAccessFile(outside_, QFileInfo(file_).absoluteFilePath());
+    const QString opened = ConvertIfAccessFile(outside_, QFileInfo(file_).absoluteFilePath(),
+                                               ArchiveUnder(settings_.Folder()));
     if (opened.isEmpty()) return nullptr;
     return OpenDatabase(outside_, opened, settings_.Folder());
   }
   frmSelectDatabaseToAccess dialog(outside_, settings_.Folder());
-  return dialog.Choose();
+  auto business = dialog.Choose();
+  userLeft_ = !business;
+  return business;
 }
 
 void Program::ShowProgress() {
@@ -64,8 +68,16 @@ void Program::Advance() {
   progress_.Advance();
 }
 
+void Program::Repaint() {
+  progress_.Repaint();
+}
+
+void Program::FillProgress() {
+  progress_.Fill();
+}
+
 void Program::CloseProgress() {
-  progress_.Finish();
+  progress_.close();
 }
 
 void Program::ShowFirstTime(Business&) {

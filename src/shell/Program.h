@@ -21,6 +21,8 @@ class Program : private StartUpScreens {
   void UseFile(const QString& path) { file_ = path; }
   /// Runs the start-up sequence. False when it ended early; the user has been told why.
   bool Start(const QString& commandLine);
+  /// Whether the start ended because the user chose no file, which is no failure.
+  bool UserLeft() const { return userLeft_; }
 
   MainMenuMDI* MainMenu() { return mainMenu_.get(); }
   Business& OpenBusiness() { return *business_; }
@@ -29,11 +31,13 @@ class Program : private StartUpScreens {
   std::unique_ptr<Business> SelectDatabaseToAccess() override;
   void ShowProgress() override;
   void Advance() override;
+  void Repaint() override;
   void ShowFirstTime(Business& business) override;
   void ShowMainMenu(Business& business) override;
   void CheckClientSchedules(Business& business) override;
   void OpenMonthlyInvoices(Business& business) override;
   void RenameMenuCaptions(const QString& taxName) override;
+  void FillProgress() override;
   void CloseProgress() override;
   void StepReached(const QString& activity) override { lastStep_ = activity; }
 
@@ -45,6 +49,7 @@ class Program : private StartUpScreens {
   CommandRunner runner_;
   QString file_;
   QString lastStep_;
+  bool userLeft_ = false;
   frmStartUp progress_;
   std::unique_ptr<Business> business_;
   std::unique_ptr<MainMenuMDI> mainMenu_;

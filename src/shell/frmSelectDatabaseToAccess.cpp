@@ -3,7 +3,8 @@
 #include "base/Text.h"
 #include "kit/Controls.h"
 #include "session/StartUp.h"
-#include "shell/AccessConversion.h"
+#include "session/AccessConversion.h"
+#include "session/ProgramFolder.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -154,7 +155,7 @@ void frmSelectDatabaseToAccess::cmdOK_Click() {
 }
 
 void frmSelectDatabaseToAccess::Open(const QString& path) {
-  const QString file = ConvertIfAccessFile(outside_, path);
+  const QString file = ConvertIfAccessFile(outside_, path, ArchiveUnder(programFolder_));
   if (file.isEmpty()) return;
   const BusyWhile busy(outside_.busy);
   recent_.PutInFront(file);

@@ -33,15 +33,18 @@ void frmStartUp::Start() {
 
 void frmStartUp::Advance() {
   pb->setValue(pb->value() + 1);
+  Repaint();
+}
+
+void frmStartUp::Repaint() {
   repaint();
   // Lets the screen reach the display; keys and clicks wait until the business is ready.
   QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
 }
 
-void frmStartUp::Finish() {
+void frmStartUp::Fill() {
   pb->setValue(pb->maximum());
   repaint();
-  close();
 }
 
 }  // namespace quillary

@@ -16,7 +16,9 @@ class frmStartUp : public QWidget {
   frmStartUp();
   void Start();
   void Advance();
-  void Finish();
+  /// Shows a sign of life without a step forward.
+  void Repaint();
+  void Fill();
 
  private:
   QLabel* lblPleaseWait;

@@ -50,13 +50,39 @@ TEST_F(LocalSettingsTest, ValuesAreFoundAsOtherProgramsWroteThem) {
   EXPECT_EQ(settings.ReadLocalSetting("Other", "Path", "none"), "none");
 }
 
-TEST_F(LocalSettingsTest, WritingKeepsWhatItDoesNotUnderstand) {
-  Write("; keep me\n[A]\nx=1\n\n[B]\ny=2\n");
-  settings.WriteLocalSetting("A", "X", "5");
-  settings.WriteLocalSetting("A", "new", "two\r\nlines");
-  settings.WriteLocalSetting("C", "z", "3");
-  EXPECT_EQ(Text(),
-            "; keep me\r\n[A]\r\nX=5\r\nnew=two  lines\r\n\r\n[B]\r\ny=2\r\n[C]\r\nz=3\r\n");
+struct Rewritten {
+  const char* what;
+  QByteArray before;
+  QByteArray after;
+};
+
+TEST_F(LocalSettingsTest, WritingChangesOneLineAndNoOtherByte) {
+  const Rewritten cases[] = {
+      {"a key in another case", "; keep\n[A]\nx=1\n\n[B]\ny=2\n",
+       "; keep\n[A]\nX=\xC3\xA9  2\n\n[B]\ny=2\n"},
+      {"a new key, before the blank line", "[A]\r\nw=1\r\n\r\n[B]\r\ny=2\r\n\r\n",
+       "[A]\r\nw=1\r\nX=\xC3\xA9  2\r\n\r\n[B]\r\ny=2\r\n\r\n"},
+      {"a new section, and no end to the last line", "\xEF\xBB\xBF[B]\ny=2",
+       "\xEF\xBB\xBF[B]\ny=2\n[A]\nX=\xC3\xA9  2\n"},
+      {"no file yet", "", "[A]\r\nX=\xC3\xA9  2\r\n"},
+      {"lines of a Windows code page", "; d\xE9j\xE0\r\n[A]\r\nPath=C:\\Caf\xE9\r\nx=1\r\n",
+       "; d\xE9j\xE0\r\n[A]\r\nPath=C:\\Caf\xE9\r\nX=\xC3\xA9  2\r\n"},
+  };
+  for (const Rewritten& each : cases) {
+    Write(each.before);
+    settings.WriteLocalSetting("A", "X", QStringLiteral("é\r\n2"));
+    EXPECT_EQ(Text(), each.after) << each.what;
+    EXPECT_EQ(settings.ReadLocalSetting("A", "x"), QStringLiteral("é  2")) << each.what;
+  }
+}
+
+TEST_F(LocalSettingsTest, TextsAreReadInUtf8OrElseAsWindowsWroteThem) {
+  const std::pair<QByteArray, const char16_t*> cases[] = {
+      {"Caf\xC3\xA9", u"Café"}, {"Caf\xE9", u"Café"}, {"\x80 5 \x96 \x93no\x94", u"€ 5 – “no”"}};
+  for (const auto& [bytes, text] : cases) {
+    Write("[A]\r\nx=" + bytes + "\r\n");
+    EXPECT_EQ(settings.ReadLocalSetting("A", "x"), QString::fromUtf16(text));
+  }
 }
 
 TEST_F(LocalSettingsTest, LongValuesComeBackCut) {

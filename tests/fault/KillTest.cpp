@@ -143,6 +143,48 @@ TEST_F(KillTest, AConversionIsThereWholeOrNotAtAll) {
   });
 }
 
+struct Replacing {
+  const char* work;
+  bool ofAccess;  // the file is converted, or else repaired
+};
+
+TEST_F(KillTest, AFileThatIsReplacedIsThereWholeAtEveryStep) {
+  const Replacing cases[] = {{"repair", false},
+                             {"repair-far", false},  // Archive on another file system
+                             {"take-over", true},
+                             {"take-over-far", true}};
+  QByteArray damaged = DemoBytes();
+  damaged.replace(damaged.size() / 2 / 4096 * 4096, 4096, QByteArray(4096, '\0'));
+  const QString file = folder.filePath("WORK.MDB");
+  for (const Replacing& each : cases) {
+    const QByteArray old = each.ofAccess ? Bytes(Sample(57)) : damaged;
+    const auto begin = [&] {
+      QDir(folder.filePath("Archive")).removeRecursively();
+      Remove(file);
+      Write("WORK.MDB", old);
+      // A log that no longer fits, as a power cut leaves; it must never meet the new file.
+      if (!each.ofAccess) Write("WORK.MDB-wal", "stale");
+    };
+    begin();
+    const int operations = Work(each.work, file, 0).value_or(0);
+    ASSERT_GE(operations, 4);
+    const QStringList whole = DumpOf(file);
+    for (int operation = 1; operation <= operations; ++operation) {
+      SCOPED_TRACE(std::string(each.work) + " killed at " + std::to_string(operation));
+      begin();
+      EXPECT_FALSE(Work(each.work, file, operation)) << "it lived";
+      const QDir archive(folder.filePath("Archive"));
+      const QStringList kept = archive.entryList({"WORK *.MDB"}, QDir::Files);
+      for (const QString& name : kept) EXPECT_EQ(Bytes(archive.filePath(name)), old);
+      if (Bytes(file) == old) continue;
+      EXPECT_EQ(kept.size(), 1);
+      EXPECT_FALSE(QFile::exists(file + "-wal"));
+      EXPECT_EQ(DumpOf(file), whole);
+    }
+    RecordProperty(std::string(each.work) + "_operations", operations);
+  }
+}
+
 TEST_F(KillTest, TheSecondProgramIsRefusedAndAKilledOneStopsNobody) {
   const QString file = business().DatabaseFile();
   business().CloseConnection();

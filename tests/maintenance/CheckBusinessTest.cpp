@@ -68,6 +68,18 @@ TEST_F(CheckTest, EachFaultIsFoundAndNothingElse) {
   }
 }
 
+TEST_F(CheckTest, AJobWithoutLinesCostsNothingAndAnInvoiceMayBeOlderThanIts) {
+  Run(Sql("DELETE FROM Invoice_Items"));
+  EXPECT_EQ(Found(), QStringList());
+  Run(Sql("DELETE FROM Diary_Services WHERE Diary_ID IN (SELECT TOP 1 Diary_ID FROM Diary "
+          "WHERE Status = 'J' ORDER BY Diary_ID)"));
+  const QStringList found = Found();
+  ASSERT_EQ(found.size(), 2) << found.join('\n').toStdString();
+  EXPECT_TRUE(found[0].startsWith("wrong Diary Total_Price is not the sum of its lines, 1 row: "));
+  EXPECT_TRUE(found[0].endsWith(", lines $0.00)")) << found[0].toStdString();
+  EXPECT_TRUE(found[1].startsWith("note Diary Total_GST"));
+}
+
 TEST_F(CheckTest, LookingChangesNoBalance) {
   Run(Sql("UPDATE Clients SET Account_Balance = 12345"));
   EXPECT_FALSE(Found().isEmpty());

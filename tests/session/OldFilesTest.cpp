@@ -20,6 +20,8 @@ class QuietScreens : public StartUpScreens {
   void CheckClientSchedules(Business&) override {}
   void OpenMonthlyInvoices(Business&) override {}
   void RenameMenuCaptions(const QString&) override {}
+  void Repaint() override {}
+  void FillProgress() override {}
   void CloseProgress() override {}
   void StepReached(const QString&) override {}
 };

@@ -22,6 +22,8 @@ class RecordedScreens : public StartUpScreens {
   void CheckClientSchedules(Business&) override { shown += "Schedules"; }
   void OpenMonthlyInvoices(Business&) override { shown += "MonthlyInvoices"; }
   void RenameMenuCaptions(const QString& taxName) override { shown += "Tax " + taxName; }
+  void Repaint() override {}
+  void FillProgress() override {}
   void CloseProgress() override {}
   void StepReached(const QString& activity) override { reached += activity; }
 };

@@ -1,5 +1,6 @@
 #include "data/access/FileInTheMaking.h"
 
+#include "data/store/FileReplacement.h"
 #include "data/store/StorageFailure.h"
 
 #include <QFile>
@@ -9,7 +10,6 @@
 #include <errno.h>
 #include <fcntl.h>
 #include <stdio.h>
-#include <unistd.h>
 
 #include <cstring>
 
@@ -21,22 +21,15 @@ StorageFailure Exists(const QString& target) {
                         QStringLiteral("%1 exists already and is not overwritten").arg(target));
 }
 
-/// A name counts only once its folder is on the disk too.
-void SyncFolderOf(const QString& file) {
-  const QByteArray folder = QFile::encodeName(QFileInfo(file).absolutePath());
-  const int handle = open(folder.constData(), O_RDONLY | O_CLOEXEC);
-  if (handle < 0) return;
-  fsync(handle);
-  close(handle);
-}
-
 }  // namespace
 
-FileInTheMaking::FileInTheMaking(const QString& target)
-    : target_(target),
+FileInTheMaking::FileInTheMaking(const QString& target, Place place)
+    : target_(place == Place::OfTheOld ? QFileInfo(target).canonicalFilePath() : target),
+      place_(place),
       path_(QStringLiteral("%1.%2.tmp")
-                .arg(target)
+                .arg(target_)
                 .arg(QRandomGenerator::global()->generate(), 8, 16, QLatin1Char('0'))) {
+  if (place == Place::OfTheOld) return;
   const QFileInfo info(target);
   if (info.exists()) throw Exists(target);
   if (!QFileInfo(info.absolutePath()).isDir()) {
@@ -53,6 +46,7 @@ FileInTheMaking::~FileInTheMaking() {
 }
 
 void FileInTheMaking::TakeItsPlace() {
+  if (place_ == Place::OfTheOld) return TakeThePlaceOf(target_, path_);
   const QByteArray from = QFile::encodeName(path_);
   const QByteArray to = QFile::encodeName(target_);
   if (renameat2(AT_FDCWD, from.constData(), AT_FDCWD, to.constData(), RENAME_NOREPLACE) != 0) {

@@ -9,8 +9,11 @@ namespace quillary {
 /// SQLite lays around it.
 class FileInTheMaking {
  public:
-  /// Throws StorageFailure when there is a file at `target` already.
-  explicit FileInTheMaking(const QString& target);
+  enum class Place { Free, OfTheOld };
+
+  /// For a free place, throws StorageFailure when there is a file at `target` already. Otherwise
+  /// the file there is replaced in one step.
+  explicit FileInTheMaking(const QString& target, Place place = Place::Free);
   ~FileInTheMaking();
   FileInTheMaking(const FileInTheMaking&) = delete;
   FileInTheMaking& operator=(const FileInTheMaking&) = delete;
@@ -24,6 +27,7 @@ class FileInTheMaking {
 
  private:
   QString target_;
+  Place place_;
   QString path_;
 };
 

@@ -1,5 +1,6 @@
 #include "data/store/Connection.h"
 
+#include "data/store/FileReplacement.h"
 #include "data/store/IntoTable.h"
 #include "data/store/OtherFile.h"
 #include "data/store/SqlFunctions.h"
@@ -180,11 +181,13 @@ void Connection::CopyTo(const QString& path) {
         StorageFault::InputOutput,
         QStringLiteral("No copy could be made at %1: %2").arg(path, QString(error.what())));
   }
+  SyncFile(temporary);
   if (!QFile::rename(temporary, path)) {
     QFile::remove(temporary);
     throw StorageFailure(StorageFault::InputOutput,
                          QStringLiteral("No copy could be made at %1").arg(path));
   }
+  SyncFolderOf(path);
 }
 
 Recordset Connection::Run(std::string_view statement) {

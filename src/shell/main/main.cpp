@@ -93,6 +93,8 @@ int RunDesktop(DesktopApplication& application, const Options& options) {
           program.MainMenu(), &MainMenuMDI::left, &application, [] { QCoreApplication::exit(0); },
           Qt::QueuedConnection);
       code = application.exec();
+    } else if (program.UserLeft()) {
+      code = 0;
     }
   }
   application.UsePorts(nullptr);

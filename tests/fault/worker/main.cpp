@@ -1,12 +1,18 @@
 #include "data/Upgrader.h"
 #include "data/access/ConvertAccessFile.h"
 #include "scheduling/JobServices.h"
+#include "maintenance/Salvage.h"
 #include "scheduling/ScheduleEngine.h"
+#include "session/AccessConversion.h"
 #include "support/FailingDisk.h"
 #include "support/ScriptedOutside.h"
 
 #include <QString>
 
+#include <QFileInfo>
+
+#include <errno.h>
+#include <signal.h>
 #include <unistd.h>
 
 #include <cstdio>
@@ -16,7 +22,51 @@
 /// fault_worker WORK FILE OPERATION [ACCESS_FILE]
 ///
 /// Does one piece of work on a business file and is killed at the given disk operation; with
-/// operation 0 it lives, and prints how many there were.
+/// operation 0 it lives, and prints how many there were. Where files take each other's places the
+/// operations are those on their names; otherwise SQLite's.
+namespace {
+
+struct NameOperations {
+  int done = 0;
+  int killAt = 0;
+  bool archiveIsElsewhere = false;
+};
+NameOperations names;
+
+/// Before the operation: after the last one the work is done.
+void MeetName() {
+  if (++names.done == names.killAt) raise(SIGKILL);
+}
+
+}  // namespace
+
+// The linker leads calls of the functions below here.
+extern "C" {
+int __real_linkat(int fromFolder, const char* from, int toFolder, const char* to, int flags);
+int __real_rename(const char* from, const char* to);
+int __real_unlink(const char* path);
+int __real_fsync(int handle);
+
+int __wrap_linkat(int fromFolder, const char* from, int toFolder, const char* to, int flags) {
+  MeetName();
+  if (!names.archiveIsElsewhere) return __real_linkat(fromFolder, from, toFolder, to, flags);
+  errno = EXDEV;
+  return -1;
+}
+int __wrap_rename(const char* from, const char* to) {
+  MeetName();
+  return __real_rename(from, to);
+}
+int __wrap_unlink(const char* path) {
+  MeetName();
+  return __real_unlink(path);
+}
+int __wrap_fsync(int handle) {
+  MeetName();
+  return __real_fsync(handle);
+}
+}
+
 namespace quillary {
 namespace {
 
@@ -56,7 +106,25 @@ void Upgrade(Business& business) {
   Upgrader::Initialize(business, options);
 }
 
+/// Puts another file in the place of this one; the old one goes to Archive.
+int Replace(const QString& work, const QString& file, int operation) {
+  ScriptedOutside outside;
+  const QString archive = QFileInfo(file).absolutePath() + QStringLiteral("/Archive");
+  names.killAt = operation;
+  names.archiveIsElsewhere = work.endsWith(u"-far");
+  if (work.startsWith(u"repair")) {
+    RepairInPlace(file, archive, QStringLiteral("now"));
+  } else {
+    outside.prompter.Expect("is a Microsoft Access file", Answer::Yes);
+    if (ConvertIfAccessFile(outside.Ports(), file, archive).isEmpty()) return 1;
+  }
+  std::printf("%d\n", names.done);
+  return 0;
+}
+
 int Run(const QString& work, const QString& file, int operation, const QString& accessFile) {
+  if (work.startsWith(u"repair") || work.startsWith(u"take-over"))
+    return Replace(work, file, operation);
   ScriptedOutside outside;
   FailingDisk disk;
   disk.FailAt(operation, DiskFault::KillProcess);

@@ -57,10 +57,11 @@ Outcome Repair(const QString& file, const QString& newFile) {
     outcome.lines = {QStringLiteral("%1 is not damaged and was left as it is.").arg(file)};
     return outcome;
   }
+  const QString archive = ArchiveUnder(ProgramFolder());
   QString where = newFile;
   SalvageReceipt receipt;
   if (newFile.isEmpty()) {
-    const RepairInPlaceResult result = RepairInPlace(file, Stamp());
+    const RepairInPlaceResult result = RepairInPlace(file, archive, Stamp());
     receipt = result.receipt;
     where = file;
     outcome.lines +=
@@ -73,7 +74,8 @@ Outcome Repair(const QString& file, const QString& newFile) {
                        ? QStringLiteral("Nothing was lost.")
                        : QStringLiteral(
                              "Not everything could be saved. Compare with the newest "
-                             "backup in the folder Archive.");
+                             "backup in the folder %1.")
+                             .arg(archive);
   outcome.lines += SalvageLines(receipt);
   KeepReport(where + QStringLiteral(".repair.txt"), outcome.lines);
   outcome.done = true;

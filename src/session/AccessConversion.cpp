@@ -1,26 +1,16 @@
-#include "shell/AccessConversion.h"
+#include "session/AccessConversion.h"
 
 #include "base/Errors.h"
 #include "data/access/ConvertAccessFile.h"
+#include "data/access/FileInTheMaking.h"
 #include "data/access/ReceiptFile.h"
+#include "data/store/FileReplacement.h"
 
-#include <QDir>
-#include <QFile>
 #include <QFileInfo>
 
 namespace quillary {
 
 namespace {
-
-/// A name in Archive that no earlier original has.
-QString FreeName(const QDir& archive, const QFileInfo& original, QDate today) {
-  const QString stem =
-      original.completeBaseName() + QStringLiteral(" Access ") + today.toString(Qt::ISODate);
-  QString name = stem + u'.' + original.suffix();
-  for (int number = 2; archive.exists(name); ++number)
-    name = QStringLiteral("%1 (%2).%3").arg(stem).arg(number).arg(original.suffix());
-  return archive.filePath(name);
-}
 
 bool AcceptFindings(Prompter& prompter, const ConversionReceipt& receipt) {
   QStringList findings = receipt.Findings();
@@ -50,17 +40,30 @@ std::optional<QString> AskCodePage(Prompter& prompter) {
   }
 }
 
+void ConvertInPlace(const Clock& clock, const QString& path, const QString& archive,
+                    const ConversionOptions& options) {
+  const QFileInfo original(path);
+  FileInTheMaking converted(path, FileInTheMaking::Place::OfTheOld);
+  const ConversionReceipt receipt = ConvertAccessFile(path, converted.Path(), options);
+  const QString kept = KeepIn(archive, original.canonicalFilePath(),
+                              QStringLiteral("%1 Access %2.%3")
+                                  .arg(original.completeBaseName(),
+                                       clock.Today().toString(Qt::ISODate), original.suffix()));
+  converted.TakeItsPlace();
+  KeepReceipt(receipt, kept, path, clock.Now(),
+              receipt.IsClean() ? QStringLiteral("Everything was taken over.")
+                                : QStringLiteral("The differences were accepted."));
+}
+
 }  // namespace
 
-QString ConvertIfAccessFile(const Outside& outside, const QString& path) {
+QString ConvertIfAccessFile(const Outside& outside, const QString& path, const QString& archive) {
   if (!IsAccessFile(path)) return path;
-  const QFileInfo original(path);
-  QDir archive(original.absoluteDir().filePath(QStringLiteral("Archive")));
   const Answer answer = outside.prompter.Ask(
       QStringLiteral("%1 is a Microsoft Access file. Quillary can make a business file of it, "
                      "which takes its name; the Access file itself goes unchanged into the folder "
                      "%2.\n\nDo you want to convert it now?")
-          .arg(path, archive.path()));
+          .arg(path, archive));
   if (answer != Answer::Yes) return {};
 
   ConversionOptions options;
@@ -69,43 +72,23 @@ QString ConvertIfAccessFile(const Outside& outside, const QString& path) {
     if (!codePage) return {};
     options.codePage = *codePage;
   }
-  const QString converted = path + QStringLiteral(".new");
-  QString kept;
+  options.accept = [&](const ConversionReceipt& differing) {
+    return AcceptFindings(outside.prompter, differing);
+  };
   try {
-    QFile::remove(converted);  // of an attempt that was cut off
-    ConversionReceipt receipt;
-    options.accept = [&](const ConversionReceipt& differing) {
-      return AcceptFindings(outside.prompter, differing);
-    };
-    {
-      const BusyWhile busy(outside.busy);
-      receipt = ConvertAccessFile(path, converted, options);
-    }
-    if (!archive.mkpath(QStringLiteral(".")))
-      throw ProgramError(76, QStringLiteral("The folder %1 cannot be made").arg(archive.path()));
-    kept = FreeName(archive, original, outside.clock.Today());
-    if (!QFile::rename(path, kept)) {
-      kept.clear();
-      throw ProgramError(75, QStringLiteral("%1 cannot be moved to Archive").arg(path));
-    }
-    if (!QFile::rename(converted, path))
-      throw ProgramError(75, QStringLiteral("%1 cannot be renamed").arg(converted));
-    KeepReceipt(receipt, kept, path, outside.clock.Now(),
-                receipt.IsClean() ? QStringLiteral("Everything was taken over.")
-                                  : QStringLiteral("The differences were accepted."));
+    const BusyWhile busy(outside.busy);
+    ConvertInPlace(outside.clock, path, archive, options);
     return path;
   } catch (const ConversionRefused& refused) {
     // The user has seen the findings and said no.
     KeepReceipt(refused.Receipt(), path, path, outside.clock.Now(),
                 QString::fromUtf8(refused.what()));
   } catch (const std::exception& error) {
-    if (!kept.isEmpty()) QFile::rename(kept, path);
     outside.prompter.Tell(
         Tone::Stop,
         QStringLiteral("The Access file could not be converted, and stays as it is.\n\n%1")
             .arg(ErrorLine(error)));
   }
-  QFile::remove(converted);
   return {};
 }
 
