@@ -34,6 +34,7 @@ Program::~Program() {
 }
 
 bool Program::Start(const QString& commandLine) {
+  userLeft_ = false;
   business_ = StartUp(outside_, settings_, commandLine, *this);
   if (!business_) {
     progress_.close();

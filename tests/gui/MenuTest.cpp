@@ -204,7 +204,8 @@ TEST_F(MenuTest, CommandsLogBeforeTheyOpen) {
   Command("mnuRegisterComponents")->trigger();
   EXPECT_EQ(outside.headOffice.activities.last(), "Register Components");
   EXPECT_EQ(outside.prompter.TakeTold(),
-            QStringList{"The RegisterComponents.exe cannot be found in " + folder.path() + "."});
+            QStringList{"The RegisterComponents.exe cannot be found in " +
+                        QCoreApplication::applicationDirPath() + "."});
   Command("mnuFunctionsDebugTest1")->trigger();
   EXPECT_EQ(outside.prompter.TakeTold(), QStringList{"Test completed!"});
 }

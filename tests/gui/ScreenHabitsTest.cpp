@@ -12,6 +12,8 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMap>
+#include <QTabWidget>
+#include <QTimer>
 
 namespace quillary {
 namespace {
@@ -114,6 +116,109 @@ TEST_F(ScreenHabitsTest, Dialogs) {
   UseDialog(AddPayment{}, check);
   UseDialog(PayForJob{}, check);
   UseDialog(AllocatePayment{}, check);
+}
+
+/// What the main window owes to the screens in its tabs.
+class TabHabitsTest : public ProgramTest {
+ protected:
+  QTabWidget* Tabs() { return Find<QTabWidget>(&Window(), "tabs"); }
+  QStringList OpenScreens() {
+    QStringList names;
+    for (const auto* screen : Tabs()->findChildren<Screen*>()) names += screen->objectName();
+    names.sort();
+    return names;
+  }
+  /// Begins the program anew on the same file.
+  void StartAgain(const QString& tabs) {
+    program.reset();
+    outside.settings.Write("Main window", "Tabs", tabs);
+    program = std::make_unique<Program>(outside.Ports(), navigator, folder.path());
+    program->UseFile(File());
+    ASSERT_TRUE(program->Start({}));
+  }
+};
+
+TEST_F(TabHabitsTest, LeavingAsksForTheEditsOfEachTab) {
+  Start();
+  Command("mnuDivisions")->trigger();
+  Find<QLineEdit>(Find<QWidget>(&Window(), "frmDivisions"), "txtDivisionName")->insert("new");
+  Command("mnuHoliday")->trigger();
+  Command("mnuDiary")->trigger();
+  const auto leave = [&](Answer leaving, std::optional<Answer> dropping) {
+    outside.prompter.Expect("Are you sure you want to exit from the system?", leaving);
+    if (dropping) outside.prompter.Expect("Close without saving changes?", *dropping);
+    Window().close();
+    outside.prompter.CheckAllAsked();
+    return !Window().isVisible();
+  };
+  EXPECT_FALSE(leave(Answer::No, std::nullopt));
+  EXPECT_EQ(Tabs()->currentWidget()->findChild<Screen*>()->objectName(), "frmDiary");
+  EXPECT_FALSE(leave(Answer::Yes, Answer::No));
+  EXPECT_EQ(Tabs()->currentWidget()->findChild<Screen*>()->objectName(), "frmDivisions")
+      << "the edits in question are seen";
+  EXPECT_TRUE(program->OpenBusiness().IsConnected());
+  Command("mnuDiary")->trigger();
+  EXPECT_TRUE(leave(Answer::Yes, Answer::Yes));
+  EXPECT_EQ(outside.settings.Read("Main window", "Tab", {}), "frmDiary");
+}
+
+TEST_F(TabHabitsTest, RestoredTabsNameTheTaxOfTheCountryAndNeedTheirCommand) {
+  Start();
+  program->OpenBusiness().RunSQL(
+      Sql("UPDATE infPersonalDetails SET Country_ID = (SELECT Country_ID FROM Countries "
+          "WHERE Country_Name = 'UK')"));
+  StartAgain("frmInvoicesList,frmServices");
+  EXPECT_EQ(OpenScreens(), QStringList{"frmInvoicesList"}) << "services wait for head office";
+  EXPECT_EQ(Find<QCheckBox>(&Window(), "chkPriceExcludesGST")->text(), "Prices e&xclude VAT");
+  EXPECT_EQ(Command("mnuReportsGST")->text(), "VAT");
+  outside.headOffice.letsIn = true;
+  StartAgain("frmInvoicesList,frmServices");
+  EXPECT_EQ(OpenScreens(), (QStringList{"frmInvoicesList", "frmServices"}));
+}
+
+struct AskingCommand {
+  const char* name;
+  const char* activity;
+  std::function<void(ScriptedPrompter&)> agree;
+};
+
+TEST_F(TabHabitsTest, RepairsAreLoggedOnceAndOnlyAfterYes) {
+  outside.headOffice.letsIn = true;
+  Start();
+  const AskingCommand cases[] = {
+      {"mnuRecomputeAmountOwing", "Recalculate Amount Owing of All Clients",
+       [](auto& prompter) { prompter.Expect("Are you sure", Answer::Yes); }},
+      {"mnuRecalculateGSTComponent", "Recalculate GST Component",
+       [](auto& prompter) { prompter.Expect("Are you sure", Answer::Yes); }},
+      {"mnuSetDBVersion", "Set DB Version",
+       [](auto& prompter) {
+         prompter.Expect("Are you sure", Answer::Yes);
+         prompter.Expect("Continue?", Answer::Yes);
+         prompter.ExpectText("Please enter DB Version", "57");
+         prompter.Expect("Restart?", Answer::No);
+       }},
+  };
+  for (const AskingCommand& each : cases) {
+    outside.headOffice.activities.clear();
+    outside.prompter.Expect("Are you sure", Answer::No);
+    Command(each.name)->trigger();
+    EXPECT_EQ(outside.headOffice.activities, QStringList()) << each.name;
+    each.agree(outside.prompter);
+    Command(each.name)->trigger();
+    EXPECT_EQ(outside.headOffice.activities, QStringList{each.activity});
+    outside.prompter.TakeTold();
+  }
+}
+
+TEST_F(TabHabitsTest, LeavingTheChoiceOfAFileIsNoFailure) {
+  program = std::make_unique<Program>(outside.Ports(), navigator, folder.path());
+  QTimer::singleShot(0, qApp, [] { ClickOn(QApplication::activeModalWidget(), "cmdExit"); });
+  EXPECT_FALSE(program->Start({}));
+  EXPECT_TRUE(program->UserLeft());
+  program->UseFile(folder.filePath("GONE.MDB"));
+  EXPECT_FALSE(program->Start({}));
+  EXPECT_FALSE(program->UserLeft()) << "a file that is not there is a failure";
+  EXPECT_EQ(outside.prompter.TakeTold().size(), 1);
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include "session/StartUp.h"
 #include "support/BusinessTest.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 
@@ -18,13 +19,15 @@ class RecordedScreens : public StartUpScreens {
   void ShowProgress() override {}
   void Advance() override { ++advances; }
   void ShowFirstTime(Business&) override { shown += "FirstTime"; }
-  void ShowMainMenu(Business&) override { shown += "MainMenu"; }
+  void ShowMainMenu(Business& business) override {
+    shown += "MainMenu with " + business.values.taxName;
+  }
   void CheckClientSchedules(Business&) override { shown += "Schedules"; }
   void OpenMonthlyInvoices(Business&) override { shown += "MonthlyInvoices"; }
   void RenameMenuCaptions(const QString& taxName) override { shown += "Tax " + taxName; }
   void Repaint() override {}
-  void FillProgress() override {}
-  void CloseProgress() override {}
+  void FillProgress() override { shown += "Full"; }
+  void CloseProgress() override { shown += "Closed"; }
   void StepReached(const QString& activity) override { reached += activity; }
 };
 
@@ -52,7 +55,8 @@ TEST_F(StartUpTest, AnEmptyBusinessIsMadeReady) {
   const auto started = Start();
   ASSERT_TRUE(started);
   EXPECT_EQ(screens.advances, 17);
-  EXPECT_EQ(screens.shown, QStringList({"FirstTime", "MainMenu", "Schedules", "Tax GST"}));
+  EXPECT_EQ(screens.shown, QStringList({"FirstTime", "MainMenu with GST", "Schedules", "Full",
+                                        "Tax GST", "Closed"}));
   EXPECT_EQ(screens.reached.last(), "ListOfClientsWithSchedulingProblem.CheckClientSchedules");
   const Recordset details = started->RunSQL(QStringLiteral("SELECT * FROM infPersonalDetails"));
   EXPECT_EQ(details.RowCount(), 1u);
@@ -72,6 +76,14 @@ TEST_F(StartUpTest, UnknownMethodsBecomeCashAndKnownOnesStayAsStored) {
     ASSERT_TRUE(started);
     EXPECT_EQ(started->values.accountingMethod, used) << stored;
   }
+}
+
+TEST_F(StartUpTest, TheTaxIsNamedBeforeAScreenShows) {
+  Run(Sql("UPDATE infPersonalDetails SET Country_ID = (SELECT Country_ID FROM Countries "
+          "WHERE Country_Name = 'UK')"));
+  ASSERT_TRUE(Start());
+  EXPECT_TRUE(screens.shown.contains("MainMenu with VAT")) << screens.shown.join('|').toStdString();
+  EXPECT_TRUE(screens.shown.contains("Tax VAT"));
 }
 
 TEST_F(StartUpTest, TheSetUpComesUnlessItRanOrIsAskedFor) {
@@ -115,7 +127,11 @@ TEST_F(StartUpTest, AFailureTellsWhereItHadBeen) {
       << told.first().toStdString();
 }
 
-TEST_F(StartUpTest, AFileThatWillNotOpenIsTold) {
+TEST_F(StartUpTest, AFileThatWillNotOpenIsToldWithBothFolders) {
+  char name[] = QUILLARY_BIN "/quillary";
+  char* words[] = {name};
+  int count = 1;
+  const QCoreApplication application(count, words);
   screens.select = [this] {
     return OpenDatabase(ports, folder.filePath("MISSING.MDB"), folder.path());
   };
@@ -123,6 +139,10 @@ TEST_F(StartUpTest, AFileThatWillNotOpenIsTold) {
   const QStringList told = outside.prompter.TakeTold();
   ASSERT_EQ(told.size(), 1);
   EXPECT_TRUE(told.first().startsWith("I couldn't connect to the Quillary database. \n"));
+  EXPECT_TRUE(told.first().contains("an existing file DATA.MDB in " + folder.path() + "\n"));
+  EXPECT_TRUE(told.first().contains("to repair your database also in " +
+                                    QCoreApplication::applicationDirPath() + ".\n"));
+  EXPECT_NE(QCoreApplication::applicationDirPath(), folder.path());
 }
 
 TEST_F(StartUpTest, OptionsOfOldFilesMayBeMissing) {
