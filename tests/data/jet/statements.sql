@@ -1,56 +1,9 @@
-SELECT Days_To_Advance_Schedule FROM infOptions
-SELECT * FROM infPersonalDetails
-INSERT INTO infPersonalDetails (FSE_CODE) values ('FSECODE')
-SELECT Division_Name FROM infPersonalDetails LEFT JOIN Divisions ON infPersonalDetails.Division_ID = Divisions.Division_ID;
-SELECT MIN(Employee_ID) FROM Employees;
-INSERT INTO Employees (Employee_Name) VALUES ('Default')
-SELECT MIN(Service_ID) FROM Services WHERE Default = true;
-SELECT Tax_Name FROM infPersonalDetails pd inner join Countries c on c.Country_ID = pd.Country_ID;
 SELECT Company_Name FROM infPersonalDetails;
 SELECT * FROM lstFrequencies;
 SELECT * FROM infOptions;
-SELECT GST_Percentage FROM infOptions;
-UPDATE Invoices SET Invoice_Number = Invoice_ID;
-UPDATE Clients SET Account_Balance = 0 WHERE Account_Balance > (-.01) and Account_Balance < (.01);
-UPDATE Clients SET InvoiceWithOutstanding = True, InvoiceWithNextJob = True, InvoiceWithUnpaidPastJobs = False, StatementWithPayments = False
-UPDATE Clients SET Display_Name = Surname + ', ' + First_Name WHERE Display_Name = '' OR Isnull(Display_Name)
-UPDATE Clients SET First_Name = Display_Name WHERE (First_Name = '' OR Isnull(First_Name)) AND (Surname = '' OR Isnull(Surname))
-UPDATE infPersonalDetails SET Division_ID = 1, Country_ID = 1
-DELETE FROM General_Ledger_Entries WHERE Isnull(Payment_ID) AND Isnull(Purchase_ID)
-DELETE General_Ledger_Entries.* FROM Payments RIGHT JOIN General_Ledger_Entries ON Payments.Payment_ID = General_Ledger_Entries.Payment_ID WHERE Isnull(Purchase_ID) AND Isnull(Payments.Payment_ID);
-DELETE General_Ledger_Entries.* FROM General_Ledger_Entries LEFT JOIN Payments ON General_Ledger_Entries.Payment_ID = Payments.Payment_ID Where IsNull(Purchase_ID) AND Isnull(Payments.Payment_ID)
-UPDATE Bankings SET Cash_Unbanked = 0
-UPDATE Clients SET InvoiceWithTelNo = False
-SELECT MAX(Division_ID) + 1 FROM Divisions
-UPDATE Payments SET Payment_Method = UCase(Payment_Method);
-UPDATE infOptions SET EnableOstrel4WebServices = True;
-UPDATE infOptions SET DatabaseUploaded = False;
-UPDATE infOptions SET CompactDatabaseBeforeUpload = False;
-SELECT Purchases.Purchase_ID, GL_Entry_ID FROM (General_Ledger_Entries INNER JOIN Purchases ON General_Ledger_Entries.Entry_Date = Purchases.Purchase_Date AND General_Ledger_Entries.GL_Amount = Purchases.Amount) INNER JOIN General_Ledger_Accounts ON General_Ledger_Entries.GL_Account_ID = General_Ledger_Accounts.GL_Account_ID WHERE General_Ledger_Accounts.GL_Account_Type = 'Expense';
-UPDATE General_Ledger_Entries SET Purchase_ID = Purchase_ID WHERE GL_Entry_ID = GL_Entry_ID;
-SELECT Invoice_ID, Sum(Item_Amount) as Total_Amount, Sum(Item_GST) as Total_GST FROM Invoice_Items GROUP BY Invoice_ID;
-SELECT Client_Services.* FROM Client_Services INNER JOIN Clients ON Client_Services.Client_ID = Clients.Client_ID WHERE Client_Services.Status = 'Regular' AND Clients.Status = 'Active';
-DELETE * FROM Divisions
-DELETE * FROM Countries
-SELECT TOP 1 Invoice_Number FROM Invoices ORDER BY CLng(IIf(IsNull(Invoice_Number),0, Invoice_Number)) DESC
-SELECT  DISTINCT Payments.Payment_Method As PM1 FROM Payments LEFT JOIN lstPayment_Methods ON Payments.Payment_Method = lstPayment_Methods.Payment_Method WHERE Isnull( lstPayment_Methods.Payment_Method) OR lstPayment_Methods.Payment_Method = '';
-UPDATE Purchases SET Tax_Exempt = False
-UPDATE (Diary INNER JOIN Diary_Services ON Diary.Diary_ID = Diary_Services.Diary_ID) INNER JOIN Client_Services ON (Diary_Services.Service_ID = Client_Services.Service_ID) AND (Diary.Client_ID = Client_Services.Client_ID) SET Diary_Services.Frequency = Client_Services.Frequency
-UPDATE Clients SET Suburb = UCASE(Trim(Suburb))
-SELECT DISTINCT Suburb FROM Clients WHERE Suburb <> '' ORDER BY Suburb;
-SELECT Clients.Client_ID, Client_Services.Service_ID, Client_Services.Price, Client_Services.Next_Visit, Client_Services.Notes, Services.Service_Code FROM (Clients INNER JOIN Client_Services ON Clients.Client_ID = Client_Services.Client_ID) INNER JOIN Services ON Services.Service_ID = Client_Services.Service_ID WHERE CLients.Status = 'Quote only' ORDER BY Clients.Client_ID, Client_Services.Service_ID;
-SELECT MAX(Quote_ID) FROM Quotes
-UPDATE Countries SET Tax_Name = 'GST' WHERE UCASE(Country_Name) IN ('AUSTRALIA', 'CANADA', 'NEW ZEALAND');
-UPDATE Countries SET Tax_Name = 'VAT' WHERE UCASE(Country_Name) = 'UK';
-SELECT * FROM infSystem;
-SELECT Last_Schedule_Ending FROM infSystem
-SELECT Client_ID, Status FROM Clients;
-UPDATE infSystem SET Last_Schedule_Ending = null
-SELECT MAX(Diary_ID) FROM Diary;
 SELECT * FROM Employees ORDER BY Employee_Name;
 SELECT Employee_ID, Employee_Name FROM Employees ORDER BY Employee_ID;
 SELECT Employee_ID, Employee_Name FROM Employees;
-SELECT Max(Diary_ID) FROM Diary;
 INSERT INTO Diary (Status) VALUES ('V');
 SELECT Suburb_Name, Position FROM Suburb_Position ORDER BY Position;
 SELECT DISTINCT Clients.Suburb, Suburb_Position.Suburb_Name FROM Clients LEFT JOIN Suburb_Position ON Clients.Suburb = Suburb_Position.Suburb_Name WHERE Isnull(Suburb_position.Suburb_Name ) OR Suburb_position.Suburb_Name = '';
@@ -84,7 +37,6 @@ SELECT MAX(Invoice_ID) FROM Invoices;
 SELECT Max(Payment_ID) FROM Payments;
 SELECT Client_ID, Display_Name FROM Clients
 SELECT Max(GL_Entry_ID) FROM General_Ledger_Entries;
-SELECT MAX(Sequence) + 1 FROM lstPayment_Methods
 SELECT Client_ID FROM Clients WHERE Is_Billed_To = True
 SELECT Client_ID, Status, Display_Name, Phone_1, Account_Balance, Statement_Type FROM Clients WHERE Account_Balance < 0 AND NOT(Account_Balance IS NULL) AND Is_Billed_To = Yes
 SELECT Max(Purchase_ID) FROM Purchases;
@@ -98,30 +50,12 @@ SELECT MAX(Ending_Date) FROM Budget_Periods;
 SELECT MAX(Budget_Period_ID) FROM Budget_Periods;
 SELECT GL_Account_ID, GL_Account_Name, Budget_Amount FROM General_Ledger_Accounts;
 SELECT * FROM Budget_Periods;
-UPDATE Clients SET Display_Name = Surname + ', ' + First_Name WHERE Display_Name = '' OR Isnull(Display_Name);
-UPDATE Clients SET First_Name = Display_Name WHERE (First_Name = '' OR Isnull(First_Name)) AND (Surname = '' OR Isnull(Surname));
-DELETE FROM Payments WHERE Amount = 0 OR Isnull(Amount) OR Client_ID = 0 OR Isnull(Client_ID);
-DELETE FROM Purchases WHERE Amount = 0 OR Isnull(Amount)
-DELETE FROM General_Ledger_Entries WHERE (Isnull(Payment_ID) AND Isnull(Purchase_ID)) OR GL_Amount = 0;
-DELETE Diary_Services.* FROM Diary_Services LEFT JOIN Diary ON Diary_Services.Diary_ID = Diary.Diary_ID WHERE IsNull(Diary_Services.Diary_ID);
-SELECT Payment_ID, Amount, (SELECT SUM(GL_Amount) FROM General_Ledger_Entries WHERE General_Ledger_Entries.Payment_ID = Payments.Payment_ID) AS GL_Amount FROM Payments
-UPDATE Diary SET Payment_ID = NULL WHERE Payment_ID = 0;
-DELETE FROM Diary WHERE IsNull(Schedule_Date )
-DELETE Diary_Services.* FROM Diary RIGHT JOIN Diary_Services ON Diary.Diary_ID = Diary_Services.Diary_ID WHERE IsNull(Diary.Diary_ID);
-UPDATE Invoices SET Invoice_Number = Trim(Invoice_Number)
-UPDATE Invoices SET Invoice_Number = '0' WHERE Isnull(Invoice_Number);
-DELETE Invoices.* FROM Diary RIGHT JOIN Invoices ON Diary.Invoice_ID = Invoices.Invoice_ID WHERE Isnull(Diary.Invoice_ID);
-SELECT * FROM Diary;
-UPDATE (Payments LEFT JOIN General_Ledger_Entries ON Payments.Payment_ID = General_Ledger_Entries.Payment_ID) INNER JOIN ((Diary INNER JOIN Diary_Services ON Diary.Diary_ID = Diary_Services.Diary_ID) INNER JOIN Services ON Diary_Services.Service_ID = Services.Service_ID) ON Payments.Payment_ID = Diary.Payment_ID Set General_Ledger_Entries.GL_Account_ID = Services.Default_GL_Account_ID Where (((General_Ledger_Entries.GL_Account_ID) = 0)) Or (((IsNull([General_Ledger_Entries].[GL_Account_ID])) <> False))
-UPDATE Clients SET Display_Name = Trim(IIf(Isnull(First_name),'',First_Name) + ' ' + Iif(Isnull(Surname),'', Surname))
-UPDATE Clients SET Display_Name = Trim(IIf(Isnull(Surname),'',Surname) + IIf(Isnull(Surname) or Isnull(First_name),' ', ', ') + Iif(Isnull(First_name),'', First_name))
 SELECT * FROM infPersonalDetails LEFT JOIN Countries ON infPersonalDetails.Country_ID = Countries.Country_ID ;
 SELECT DISTINCT(Invoice_ID) FROM lstInvoicesToPrint;
 SELECT Invoices.Client_ID, Invoices.Made_Out_To, Invoices.Invoice_Number, Invoices.Generation_Date, Invoices.Invoice_Description, Invoices.Total_Amount, Invoices.Total_GST, Clients.InvoiceWithUnpaidPastJobs, Clients.StatementWithPayments  FROM (lstInvoicesToPrint INNER JOIN Invoices ON lstInvoicesToPrint.Invoice_ID = Invoices.Invoice_ID) INNER JOIN Clients ON Invoices.Client_ID = Clients.Client_ID  ORDER BY Invoices.Client_ID, Invoices.Generation_Date;
 SELECT Invoices.Client_ID, Invoices.Made_Out_To, Invoices.Invoice_Number, Invoices.Generation_Date, Invoices.Invoice_Description, Invoices.Total_Amount, Invoices.Total_GST  FROM lstInvoicesToPrint INNER JOIN Invoices ON lstInvoicesToPrint.Invoice_ID = Invoices.Invoice_ID  ORDER BY Invoices.Client_ID, Invoices.Generation_Date;
 SELECT Clients.Suburb, Clients.Post_Code, Clients.Display_Name, Clients.Status,  Clients.Street_Number, Clients.Street, Clients.Phone_1, Clients.Phone_2, Services.Service, Client_Services.Price FROM (Clients LEFT JOIN Client_Services ON Clients.Client_ID = Client_Services.Client_ID) LEFT JOIN Services ON Client_Services.Service_ID = Services.Service_ID ORDER BY Clients.Status, Clients.Display_Name;
 SELECT Suburb, Post_Code, Display_Name, Status, Street_Number, Street, Suburb, Post_Code, Phone_1, Phone_2, Account_Balance FROM Clients  WHERE UCASE(Status) = 'BAD DEBTOR' ORDER BY Display_Name;
-SELECT * FROM infPersonalDetails;
 SELECT FSE_Code from infPersonalDetails
 UPDATE infOptions SET DatabaseUploaded = True;
 DELETE FROM Services;
@@ -142,7 +76,6 @@ DELETE FROM Purchases;
 DELETE FROM Quotes;
 DELETE FROM Quote_Services;
 SELECT GST_Percentage, Accounting_Method, Days_To_Advance_Schedule, EnableLogging, EnableOstrel4WebServices, CompactDatabaseBeforeUpload, AdobePath,CCEMailAddress,RecalculateClientAmtsOwingOnPrint, Default_Email_Message FROM infOptions
-SELECT * from infPersonalDetails;
 SELECT MAX(Employee_ID) FROM Employees;
 UPDATE infSystem SET Database_Version = 0
 DELETE * FROM Clients
@@ -150,56 +83,17 @@ DELETE * FROM Client_Services
 INSERT INTO infPersonalDetails (FSE_Code) VALUES (null)
 INSERT INTO infOptions (GST_Percentage) VALUES (.1)
 INSERT INTO infSystem (Done_Initial_Setup) VALUES (No);
-SELECT * FROM Holiday WHERE Hol_Year >= #2026/11/2#
-SELECT Registration_Name, Tax_Name FROM Countries WHERE Country_ID = 17
-UPDATE infSystem SET Database_Version = 1
-UPDATE CLients SET Debtor_Since = 1
-UPDATE infOptions SET TermsOfTrade = 1
-UPDATE Invoices SET Total_Amount = 12.5
-UPDATE Client_Services SET Next_Visit = #2026/11/2#
-SELECT Count(*) FROM Diary WHERE Client_ID = 17
-INSERT INTO lstPayment_Methods (Payment_Method, Sequence) VALUES ('O''Brien', 17);
-INSERT INTO Suburb_Position (Suburb_Name, Position) VALUES ('O''Brien', 17);
-INSERT INTO Quotes (Client_ID, Quote_Date, Description) VALUES (17, #2026/11/2#, 'O''Brien');
-INSERT INTO Quote_Services (Quote_ID, Service_ID, Price, Notes) VALUES (17, 17, 17, 'O''Brien');
-UPDATE Quotes SET Description = 'O''Brien'
-DELETE FROM Diary WHERE Client_ID = 17
-SELECT Diary_ID FROM Diary WHERE Client_ID = 17
-DELETE FROM Diary_Services WHERE Diary_ID = 17
-SELECT Status FROM Clients WHERE Client_ID = 17
-SELECT Client_Services.*, Services.Service_Code  FROM Client_Services LEFT JOIN Services ON Client_Services.Service_ID = Services.Service_ID  WHERE Client_ID = 17
-DELETE FROM Diary WHERE Diary_ID = 17
-SELECT Diary.Client_ID, Diary.Schedule_Date, Diary_Services.Service_ID FROM Diary INNER JOIN Diary_Services ON Diary.Diary_ID = Diary_Services.Diary_ID WHERE Client_ID = 17
-INSERT INTO Diary (Client_ID, Employee_ID, Status, Schedule_Date, Description, Total_Price, Total_GST, Time_Requested, Estimated_Minutes, Sequence, Notes) VALUES (17, 17, 'O''Brien', #2026/11/2#, 'O''Brien', 17, 12.5, 1, 1, 17, 'O''Brien');
-SELECT Description, Notes FROM Diary WHERE Diary_ID = 17
-INSERT INTO Diary_Services (Diary_ID, Service_ID, Price, GST, Frequency) VALUES (17, 17, 17, 12.5, 17);
-UPDATE Diary SET Payment_ID = 17
-UPDATE Diary SET Status = 'O''Brien'
-UPDATE Diary SET Invoice_ID = 17
-UPDATE Diary SET Status = 'JC' WHERE Client_ID = 17
-UPDATE Diary SET Payment_ID = NULL WHERE Diary_ID = 17
-SELECT Sum(Price) AS SumPrice, Sum(GST) AS SumGST FROM Diary_Services WHERE Diary_ID = 17
-UPDATE Diary SET Sequence = 17
-UPDATE Diary SET Employee_ID = 17
 SELECT * FROM invoices WHERE Invoice_ID = 17
 INSERT INTO Diary (Client_ID) VALUES (17);
-UPDATE Diary SET  Client_ID = 17
 INSERT INTO Diary_Services (Diary_ID, Service_ID, Price, GST) VALUES(17, 17, 17, 12.5);
-UPDATE Diary_Services SET Service_ID = 17
 DELETE FROM Diary_Services WHERE Diary_Service_ID = 17
-UPDATE Diary Set Total_Price = 17
-UPDATE Diary SET Client_ID = 17
 SELECT * FROM Diary WHERE Client_ID = 17
-SELECT * FROM Holiday WHERE Hol_Year = 1
 INSERT INTO Holiday (Hol_Date, Hol_Year, Hol_Recurring, Hol_Description) VALUES (#2026/11/2#, 1, 1, 'O''Brien');
 DELETE FROM Holiday WHERE Hol_ID = 17
 INSERT INTO Services (Service, Service_Code, Default_GL_Account_ID, Regular, Default) VALUES (1, 1, 17, 1, 1);
-UPDATE lstFrequencies SET Frequency_Days = 1
 SELECT Client_ID, Display_Name, First_Name, Surname FROM Clients WHERE Billing_Client_ID = 17
-UPDATE Payments SET Client_ID = 17
 SELECT * FROM ((Client_Services cs  LEFT JOIN Services s ON cs.Service_ID = s.Service_ID)  LEFT JOIN Employees e ON cs.Employee_ID = e.Employee_ID)  WHERE Client_ID = 17
 INSERT INTO Client_Services(Client_ID) VALUES (17);
-UPDATE Client_Services SET Service_ID = 17
 SELECT Count(*) FROM Client_Services WHERE Other_Schedule_Client_Service_ID = 17
 DELETE FROM Client_Services WHERE Client_Service_ID = 17
 INSERT INTO Clients (Display_Name, Status, First_Name, Surname, Street_Number, Street, Suburb, Post_Code, Phone_1, Phone_2, Email, Fax, Notes, Statement_Type) VALUES ('O''Brien', 'O''Brien', 'O''Brien', 'O''Brien', 'O''Brien', 1, 1, 1, 1, 1, 1, 1, 'O''Brien', 1);
@@ -208,25 +102,18 @@ DELETE FROM Clients WHERE Client_ID = 17
 DELETE FROM Client_Services WHERE Client_ID = 17
 SELECT Payment_ID FROM Payments WHERE Client_ID = 17
 DELETE FROM General_Ledger_Entries WHERE Payment_ID = 17
-UPDATE Diary SET Total_Price = 17
-UPDATE Diary_Services Set Price = 17
 SELECT * FROM Clients WHERE Client_ID = 17
 SELECT Quote_Service_ID, Service, Quote_Services.Service_ID, Price, Quote_Services.[Notes] FROM Quote_Services INNER JOIN Services ON Quote_Services.Service_ID = Services.Service_ID WHERE Quote_ID = 17
-UPDATE Clients SET Billing_Client_ID = Client_ID , First_name = 'O''Brien'
-UPDATE Quote_Services SET Service_ID = 17
 UPDATE Clients SET Status = 'Active' WHERE Client_ID = 17
 SELECT * FROM Quote_Services WHERE Quote_ID = 17
 INSERT INTO Client_Services (Client_ID, Service_ID, Price, Frequency, Status, Next_Visit, Notes) VALUES (17, 17, 17, 17, 'O''Brien', #2026/11/2#, 'O''Brien');
 INSERT INTO Diary_Services (Diary_ID, Service_ID, Price, GST) VALUES (17, 17, 17, 12.5);
 SELECT * FROM Invoices WHERE Invoice_ID = 17
 INSERT INTO Invoices (Generation_Date) VALUES (#2026/11/2#);
-UPDATE Invoices SET Client_ID = 17
-UPDATE Clients SET InvoiceWithOutstanding = 1 , InvoiceWithNextJob = 1 , InvoiceWithUnpaidPastJobs = 1
 UPDATE Diary SET Invoice_ID = NULL WHERE Diary_ID = 17
 DELETE FROM Invoices WHERE Invoice_ID = 17
 DELETE FROM Invoice_Items WHERE Invoice_ID = 17
 UPDATE Diary SET Invoice_ID = NULL WHERE Invoice_ID = 17
-UPDATE Diary SET Invoice_ID = NULL, Status = 'O''Brien'
 INSERT INTO Invoices (Client_ID, Made_Out_To, Done_For, From_Date, To_Date, Generation_Date, Invoice_Description, Total_Amount, Total_GST, Balance_Carried_Across, Statement_Type, Invoice_Number) VALUES (17, 1, 1, #2026/11/2#, #2026/11/2#, #2026/11/2#, 'O''Brien', 12.5, 12.5, 1, 1, 'O''Brien');
 UPDATE Invoices SET Total_Amount = 12.5 , Total_GST = 12.5 WHERE Invoice_ID = 17
 INSERT INTO lstInvoicesToPrint (Invoice_ID) VALUES(17);
@@ -238,7 +125,6 @@ SELECT * FROM Payments WHERE Payment_ID = 17
 SELECT * FROM Payments WHERE Client_ID = 17 AND Amount <> 0 ORDER BY Payment_Date DESC;
 INSERT INTO Payments (Client_ID) VALUES (17);
 UPDATE Invoices SET IsPaid = 1 WHERE Invoice_ID = 17
-UPDATE General_Ledger_Entries SET GL_Entry_Description = 'O''Brien'
 INSERT INTO General_Ledger_Entries (Payment_ID) VALUES (17);
 DELETE FROM General_Ledger_Entries WHERE GL_Entry_ID = 17
 DELETE FROM Payments WHERE Payment_ID = 17
@@ -261,17 +147,13 @@ SELECT Purchase_ID, Description, Amount, Purchase_Date FROM Purchases WHERE Supp
 DELETE FROM Suppliers WHERE Supplier_ID = 17
 SELECT SUM(Total_Price) FROM Diary WHERE Schedule_Date BETWEEN #2026/11/2# AND #2026/11/2 23:59:0# AND Status IN ('JD', 'JU', 'JP', 'JI' );
 INSERT INTO Bankings (Bank_Account_ID, Banking_Date, Cash_Banked, Cash_UnBanked, Total_Banked ) VALUES (17, #2026/11/2#, 12.5, 12.5, 12.5);
-UPDATE Bankings SET Banking_Date = #2026/11/2# , Cash_Banked = 12.5 , Cash_UnBanked = 12.5 , Total_Banked = 12.5
-UPDATE Payments SET Banking_ID = 17
 UPDATE Payments SET Banking_ID = NULL WHERE Payment_ID = 17
 UPDATE Payments SET Banking_ID = NULL WHERE Banking_ID = 17
 DELETE FROM Bankings WHERE Banking_ID = 17
 UPDATE Purchases SET Cheque_Reconciled = 1 WHERE Purchase_ID = 17
 INSERT INTO Bank_Accounts (Bank_Account_Name, Bank_Account_Number) VALUES ('O''Brien', 'O''Brien');
-UPDATE Bank_Accounts SET Bank_Account_Name = 'O''Brien'
 DELETE FROM Bank_Accounts WHERE Bank_Account_ID = 17
 INSERT INTO lstBanks (Bank) VALUES ('O''Brien');
-UPDATE lstBanks SET Bank = 'O''Brien'
 DELETE FROM lstBanks WHERE Bank_ID = 17
 INSERT INTO Budget_Periods (Starting_Date, Ending_Date) VALUES (#2026/11/2#, #2026/11/2#);
 INSERT INTO Budgets (Budget_Period_ID, GL_Account_ID, Budget_Amount, Actual) VALUES (17, 17, 12.5, 12.5);
@@ -286,7 +168,6 @@ DELETE FROM Purchases WHERE Purchase_date >= #2026/11/2# AND Purchase_date <= #2
 DELETE FROM Invoices WHERE From_Date >= #2026/11/2# AND To_Date <= #2026/11/2#
 DELETE FROM Invoice_Items WHERE Item_date >= #2026/11/2# AND Item_date <= #2026/11/2#
 DELETE FROM Bankings WHERE Banking_date >= #2026/11/2# AND Banking_date <= #2026/11/2#
-UPDATE Diary SET Total_Price = 17 , Total_GST = 12.5
 UPDATE Diary SET Total_Price = 0 , Total_GST = 0 WHERE Diary_ID = 17
 INSERT INTO lstInvoicesToPrint (Invoice_ID) VALUES (17);
 SELECT Diary.Client_ID, Diary.Schedule_Date, Services.Service, Diary_Services.Price, Diary_Services.GST, (SELECT MIN(Schedule_Date) FROM Diary as Diary2 WHERE Diary.Client_ID = Diary2.Client_ID AND Diary2.Schedule_Date > Diary.Schedule_Date AND Diary2.Status = 'J') AS Next_Visit, Clients.Display_Name, Clients.Street_Number, Clients.Street, Clients.Suburb, Clients.Post_Code, Clients.Work_Cover_Number, Clients.WorkCoverLabel  FROM Clients RIGHT JOIN ((Diary INNER JOIN Diary_Services ON Diary.Diary_ID = Diary_Services.Diary_ID) INNER JOIN Services ON Diary_Services.Service_ID = Services.Service_ID) ON Clients.Client_ID = Diary.Client_ID  WHERE Invoice_ID = 17

@@ -1,0 +1,94 @@
+#include "data/jet/ScratchFile.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <stdexcept>
+
+namespace quillary::jet {
+namespace {
+
+/// One case of results.txt, whose head tells what the marks mean.
+struct Case {
+  int line = 0;
+  std::vector<std::string> before;
+  std::string statement;
+  std::string check;
+  std::string expected;
+  bool refused = false;
+};
+
+std::ifstream Open(const std::string& name) {
+  return std::ifstream(std::string(QUILLARY_TEST_DATA) + "/jet/" + name);
+}
+
+void Take(Case& into, const std::string& line, int number) {
+  const std::string rest = line.size() > 2 ? line.substr(2) : std::string();
+  switch (line.front()) {
+    case '#':
+      break;
+    case '<':
+      into.before.push_back(rest);
+      break;
+    case '?':
+      into.check = rest;
+      break;
+    case '=':
+      into.expected = rest;
+      break;
+    case '!':
+      into.refused = true;
+      break;
+    default:
+      into.statement = line;
+      into.line = number;
+  }
+}
+
+std::vector<Case> Cases() {
+  std::vector<Case> cases;
+  std::ifstream stream = Open("results.txt");
+  Case next;
+  int number = 0;
+  for (std::string line; std::getline(stream, line);) {
+    ++number;
+    if (!line.empty()) {
+      Take(next, line, number);
+    } else if (!next.statement.empty()) {
+      cases.push_back(std::exchange(next, Case()));
+    }
+  }
+  if (!next.statement.empty()) cases.push_back(next);
+  return cases;
+}
+
+void FillWith(ScratchFile& file, const char* name) {
+  std::ifstream stream = Open(name);
+  for (std::string line; std::getline(stream, line);) file.Run(line);
+}
+
+/// What the case comes to: its rows, or "refused" for the statement that is asked last.
+std::string Answer(const Case& each) {
+  ScratchFile file;
+  FillWith(file, "business.sql");
+  FillWith(file, "rows.sql");
+  for (const std::string& statement : each.before) file.Run(statement);
+  if (!each.check.empty()) file.Run(each.statement);
+  try {
+    return Shown(file.Run(each.check.empty() ? each.statement : each.check));
+  } catch (const std::runtime_error&) {
+    return "refused";
+  }
+}
+
+TEST(ResultsTest, EveryStatementComesToWhatItShould) {
+  const std::vector<Case> cases = Cases();
+  ASSERT_GT(cases.size(), 150u);
+  for (const Case& each : cases) {
+    EXPECT_EQ(Answer(each), each.refused ? "refused" : each.expected)
+        << "results.txt:" << each.line << ": " << each.statement;
+  }
+}
+
+}  // namespace
+}  // namespace quillary::jet
