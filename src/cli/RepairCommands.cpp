@@ -1,11 +1,10 @@
 #include "cli/Command.h"
 #include "cli/Printing.h"
 #include "cli/WorkingBusiness.h"
-#include "data/Upgrader.h"
 #include "maintenance/CheckBusiness.h"
 #include "maintenance/Salvage.h"
-#include "scheduling/ScheduleEngine.h"
 #include "session/ProgramFolder.h"
+#include "session/StartUp.h"
 
 namespace quillary {
 namespace {
@@ -66,12 +65,7 @@ qint64 VersionOf(Business& business) {
 void RunUpgrade(const Call& call) {
   const auto business = OpenAnyBusiness(call);
   const qint64 before = VersionOf(*business);
-  Upgrader::Options options;
-  options.archiveFolder = ArchiveUnder(ProgramFolder());
-  options.advanceScheduleForClient = [&](qint64 client) {
-    AdvanceScheduleForClient(*business, client);
-  };
-  Upgrader::Initialize(*business, options);
+  UpgradeFile(*business, ProgramFolder());
   const qint64 after = VersionOf(*business);
   business->CloseConnection();
   if (call.json) {

@@ -43,6 +43,16 @@ void LoadOptions(Business& business) {
   ReadOption(options, u"CompactDatabaseBeforeUpload", flag(values.compactDatabaseBeforeUpload));
 }
 
+void LoadDaysToAdvance(Business& business) {
+  business.values.daysToAdvanceSchedule = static_cast<int>(
+      business.FirstField(Sql("SELECT Days_To_Advance_Schedule FROM infOptions")).ToLong());
+}
+
+void LoadTaxRate(Business& business) {
+  business.values.gstPercentage = static_cast<float>(
+      business.LookupField(QStringLiteral("infOptions.GST_Percentage")).ToDouble(0));
+}
+
 /// The one details row that all later code reads.
 void EnsurePersonalDetails(Business& business) {
   if (business.RunSQL(QStringLiteral("SELECT * FROM infPersonalDetails")).EndOfFile()) {
@@ -131,33 +141,21 @@ class Sequence {
     if (setUpIsDue || commandLine == QStringLiteral("-i")) screens_.ShowFirstTime(*business);
     Advance(1);
     Reached("FirstTime.ShowYourself");
-    Upgrade();
+    UpgradeFile(*business, settings_.Folder(), [this] { screens_.Repaint(); });
     Advance(1);
     Reached("Upgrader.Initialize");
-  }
-
-  void Upgrade() {
-    Upgrader::Options options;
-    options.archiveFolder = ArchiveUnder(settings_.Folder());
-    options.repaint = [this] { screens_.Repaint(); };
-    options.advanceScheduleForClient = [this](qint64 clientId) {
-      AdvanceScheduleForClient(*business, clientId);
-    };
-    Upgrader::Initialize(*business, options);
   }
 
   void LoadSharedValues() {
     LoadHolidaysIntoArray(*business);
     Reached("LoadHolidaysIntoArray");
     SharedValues& values = business->values;
-    values.daysToAdvanceSchedule = static_cast<int>(
-        business->FirstField(Sql("SELECT Days_To_Advance_Schedule FROM infOptions")).ToLong());
+    LoadDaysToAdvance(*business);
     Advance(1);
     EnsurePersonalDetails(*business);
     values.divisionName = OwnDivisionName(*business);
     Advance(1);
-    values.gstPercentage = static_cast<float>(
-        business->LookupField(QStringLiteral("infOptions.GST_Percentage")).ToDouble(0));
+    LoadTaxRate(*business);
     values.accountingMethod = AccountingMethodOf(
         business->LookupField(QStringLiteral("infOptions.Accounting_Method")).ToText());
     Advance(1);
@@ -233,6 +231,20 @@ std::unique_ptr<Business> OpenDatabase(const Outside& outside, const QString& fi
   }
   LogActivity(*business, QStringLiteral("Logon"));
   return business;
+}
+
+void UpgradeFile(Business& business, const QString& programFolder,
+                 const std::function<void()>& repaint) {
+  Upgrader::Options options;
+  options.archiveFolder = ArchiveUnder(programFolder);
+  options.repaint = repaint;
+  options.advanceScheduleForClient = [&business](qint64 clientId) {
+    // What is made anew reaches as far and is taxed as ever, although little is loaded yet.
+    LoadDaysToAdvance(business);
+    LoadTaxRate(business);
+    AdvanceScheduleForClient(business, clientId);
+  };
+  Upgrader::Initialize(business, options);
 }
 
 std::unique_ptr<Business> StartUp(const Outside& outside, LocalSettings& settings,

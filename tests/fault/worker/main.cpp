@@ -1,9 +1,9 @@
-#include "data/Upgrader.h"
 #include "data/access/ConvertAccessFile.h"
 #include "scheduling/JobServices.h"
 #include "maintenance/Salvage.h"
 #include "scheduling/ScheduleEngine.h"
 #include "session/AccessConversion.h"
+#include "session/StartUp.h"
 #include "support/FailingDisk.h"
 #include "support/ScriptedOutside.h"
 
@@ -97,15 +97,6 @@ void SaveMuch(Business& business) {
   DeleteJob(business, jobs.Row(0)[size_t{0}].ToLong());
 }
 
-void Upgrade(Business& business) {
-  Upgrader::Options options;
-  options.archiveFolder = business.DatabaseFolder() + QStringLiteral("/Archive");
-  options.advanceScheduleForClient = [&](qint64 client) {
-    AdvanceScheduleForClient(business, client);
-  };
-  Upgrader::Initialize(business, options);
-}
-
 /// Puts another file in the place of this one; the old one goes to Archive.
 int Replace(const QString& work, const QString& file, int operation) {
   ScriptedOutside outside;
@@ -134,7 +125,7 @@ int Run(const QString& work, const QString& file, int operation, const QString& 
     const auto business = Open(outside, work, file);
     if (work == u"roll") AdvanceScheduleGlobally(*business);
     if (work == u"save") SaveMuch(*business);
-    if (work == u"ladder") Upgrade(*business);
+    if (work == u"ladder") UpgradeFile(*business, business->DatabaseFolder());
     if (work == u"hold") {
       std::puts("open");
       std::fflush(stdout);
