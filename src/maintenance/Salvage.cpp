@@ -316,9 +316,9 @@ RepairInPlaceResult RepairInPlace(const QString& file, const QString& archive,
   const QFileInfo info(file);
   FileInTheMaking saved(file, FileInTheMaking::Place::OfTheOld);
   RepairInPlaceResult result{SalvageFile(file, saved.Path()), {}};
-  result.keptAt = KeepIn(
-      archive, info.canonicalFilePath(),
-      QStringLiteral("%1 damaged %2.%3").arg(info.completeBaseName(), stamp, info.suffix()));
+  result.keptAt =
+      KeepIn(archive, info.canonicalFilePath(),
+             QStringLiteral("%1 damaged %2.%3").arg(info.completeBaseName(), stamp, info.suffix()));
   saved.TakeItsPlace();
   return result;
 }

@@ -31,7 +31,8 @@ struct SalvageReceipt {
 SalvageReceipt SalvageFile(const QString& damaged, const QString& target);
 
 /// Repairs a file where it stands: the damaged one goes, byte for byte, into the folder `archive`,
-/// and then what could be saved takes its name in one step. `stamp` tells the one from others there.
+/// and then what could be saved takes its name in one step. `stamp` tells the one from others
+/// there.
 struct RepairInPlaceResult {
   SalvageReceipt receipt;
   QString keptAt;  // the damaged file's new place

@@ -42,8 +42,8 @@ std::unique_ptr<Business> OpenDatabase(const Outside& outside, const QString& fi
 
 /// Brings the file up to the current version, keeping a copy of the old one in the folder Archive
 /// of the program. `repaint` is called between statements.
-void UpgradeFile(Business& business, const QString& programFolder,
-                 const std::function<void()>& repaint = [] {});
+void UpgradeFile(
+    Business& business, const QString& programFolder, const std::function<void()>& repaint = [] {});
 
 /// Runs the start-up sequence. `commandLine` is the whole command line; "-i" forces the first-run
 /// setup. Null when it ended early: the user left, the settings are unusable, or a step failed, in

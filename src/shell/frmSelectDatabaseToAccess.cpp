@@ -2,9 +2,9 @@
 
 #include "base/Text.h"
 #include "kit/Controls.h"
-#include "session/StartUp.h"
 #include "session/AccessConversion.h"
 #include "session/ProgramFolder.h"
+#include "session/StartUp.h"
 
 #include <QDir>
 #include <QFileInfo>

@@ -71,7 +71,8 @@ TEST_F(CheckTest, EachFaultIsFoundAndNothingElse) {
 TEST_F(CheckTest, AJobWithoutLinesCostsNothingAndAnInvoiceMayBeOlderThanIts) {
   Run(Sql("DELETE FROM Invoice_Items"));
   EXPECT_EQ(Found(), QStringList());
-  Run(Sql("DELETE FROM Diary_Services WHERE Diary_ID IN (SELECT TOP 1 Diary_ID FROM Diary "
+  Run(
+      Sql("DELETE FROM Diary_Services WHERE Diary_ID IN (SELECT TOP 1 Diary_ID FROM Diary "
           "WHERE Status = 'J' ORDER BY Diary_ID)"));
   const QStringList found = Found();
   ASSERT_EQ(found.size(), 2) << found.join('\n').toStdString();

@@ -158,7 +158,8 @@ TEST_F(SalvageTest, WhatIsNoBusinessIsPastSaving) {
 TEST_F(SalvageTest, RepairInPlaceKeepsTheDamagedFileInArchive) {
   const QByteArray bytes = WithoutPage(whole_, PageOf("Diary", 2));
   const QString damaged = Write("BAD.MDB", bytes);
-  const RepairInPlaceResult result = RepairInPlace(damaged, folder.filePath("Archive"), "2026-11-02 09-00-00");
+  const RepairInPlaceResult result =
+      RepairInPlace(damaged, folder.filePath("Archive"), "2026-11-02 09-00-00");
   EXPECT_EQ(result.keptAt, folder.filePath("Archive/BAD damaged 2026-11-02 09-00-00.MDB"));
   EXPECT_EQ(Bytes(result.keptAt), bytes);
   EXPECT_EQ(FindDamage(damaged), QStringList());

@@ -79,7 +79,8 @@ TEST_F(StartUpTest, UnknownMethodsBecomeCashAndKnownOnesStayAsStored) {
 }
 
 TEST_F(StartUpTest, TheTaxIsNamedBeforeAScreenShows) {
-  Run(Sql("UPDATE infPersonalDetails SET Country_ID = (SELECT Country_ID FROM Countries "
+  Run(
+      Sql("UPDATE infPersonalDetails SET Country_ID = (SELECT Country_ID FROM Countries "
           "WHERE Country_Name = 'UK')"));
   ASSERT_TRUE(Start());
   EXPECT_TRUE(screens.shown.contains("MainMenu with VAT")) << screens.shown.join('|').toStdString();

@@ -74,8 +74,8 @@ QString FreeName(const QDir& folder, const QString& name) {
   const QFileInfo parts(name);
   QString free = name;
   for (int number = 2; folder.exists(free); ++number) {
-    free = QStringLiteral("%1 (%2).%3").arg(parts.completeBaseName()).arg(number).arg(
-        parts.suffix());
+    free =
+        QStringLiteral("%1 (%2).%3").arg(parts.completeBaseName()).arg(number).arg(parts.suffix());
   }
   return folder.filePath(free);
 }
@@ -116,8 +116,8 @@ void TakeThePlaceOf(const QString& file, const QString& made) {
     unlink(QFile::encodeName(file + QLatin1String(suffix)).constData());
   }
   if (rename(QFile::encodeName(made).constData(), QFile::encodeName(file).constData()) != 0) {
-    throw Failure(QStringLiteral("%1 cannot take the place of %2: %3")
-                      .arg(made, file, Reason(errno)));
+    throw Failure(
+        QStringLiteral("%1 cannot take the place of %2: %3").arg(made, file, Reason(errno)));
   }
   SyncFolderOf(file);
 }

@@ -1,15 +1,14 @@
 #include "data/access/ConvertAccessFile.h"
-#include "scheduling/JobServices.h"
 #include "maintenance/Salvage.h"
+#include "scheduling/JobServices.h"
 #include "scheduling/ScheduleEngine.h"
 #include "session/AccessConversion.h"
 #include "session/StartUp.h"
 #include "support/FailingDisk.h"
 #include "support/ScriptedOutside.h"
 
-#include <QString>
-
 #include <QFileInfo>
+#include <QString>
 
 #include <errno.h>
 #include <signal.h>
