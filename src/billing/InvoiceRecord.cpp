@@ -3,7 +3,7 @@
 #include "billing/InvoiceJobs.h"
 #include "billing/InvoiceNumbers.h"
 #include "scheduling/DiaryCommands.h"
-#include "scheduling/DiaryEntryGST.h"
+#include "scheduling/DiaryEntries.h"
 
 namespace quillary {
 namespace {

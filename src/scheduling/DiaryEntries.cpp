@@ -3,8 +3,6 @@
 #include "data/Numbers.h"
 #include "scheduling/Trap.h"
 
-#include <cmath>
-
 namespace quillary {
 namespace {
 
@@ -18,11 +16,12 @@ QString TrimBlanks(const QString& text) {
 }
 
 // The stored rate as a whole percentage. It is cut to two decimals before it becomes one, so a rate
-// of 12.5 percent counts as 13 here.
+// of 12.5 percent counts as 13 here: a half goes up, unlike everywhere else.
 qint64 StoredGSTPercentage(Business& business) {
-  const Recordset options = business.RunSQL(Sql("SELECT GST_Percentage FROM infOptions; "));
-  if (options.EndOfFile()) return 0;
-  return std::llround(options.Field(u"GST_Percentage").ToDouble() * 100);
+  const Money rate = business.FirstField(Sql("SELECT GST_Percentage FROM infOptions; ")).ToMoney();
+  constexpr qint64 kUnitsOfOnePercent = Money::kUnitsPerOne / 100;
+  const qint64 half = rate < Money() ? -kUnitsOfOnePercent / 2 : kUnitsOfOnePercent / 2;
+  return (rate.Units() + half) / kUnitsOfOnePercent;
 }
 
 }  // namespace
@@ -123,15 +122,17 @@ void SetUpDiaryServiceEntry(Business& business, qint64 diaryId, qint64 serviceId
 void RecalculateDiaryEntryGST(Business& business, qint64 diaryId) {
   try {
     const qint64 percentage = StoredGSTPercentage(business);
+    Transaction recalculation(business);
     business.RunSQL(Sql("UPDATE Diary_Services SET GST = ((Price / {}) * {}) WHERE Diary_ID = {}; ",
                         100 + percentage, percentage, diaryId));
     const Recordset sum = business.RunSQL(
         Sql("SELECT Diary_ID, SUM(GST) AS G FROM Diary_Services WHERE Diary_ID = {} "
             "GROUP BY Diary_ID;",
             diaryId));
-    if (sum.EndOfFile()) return;
-    business.RunSQL(Sql("UPDATE Diary SET Total_GST = {} WHERE Diary_ID = {}; ",
-                        sum.Field(u"G").ToMoney().ToCurrencyText(), diaryId));
+    if (!sum.EndOfFile())
+      business.RunSQL(Sql("UPDATE Diary SET Total_GST = {} WHERE Diary_ID = {}; ",
+                          sum.Field(u"G").ToMoney().Rounded(2), diaryId));
+    recalculation.Commit();
   } catch (const StorageFailure&) {
     throw;
   } catch (const std::exception& error) {

@@ -43,8 +43,10 @@ QString JoinDescription(const QString& description, const QString& serviceCode);
 /// so a line without notes leaves it standing at the end.
 QString JoinNotes(const QString& notes, const QString& more);
 
-/// Recomputes the tax of all lines of an entry at the stored rate cut to two decimals, the lines
-/// unrounded, and writes their sum to the entry. A failure is told to the user and passed over.
+/// Recomputes the tax of all lines of an entry at the stored rate in whole percents (0.125 as 13),
+/// the lines unrounded, and writes their sum to the entry in cents. So an entry can differ from
+/// CalculateGSTComponent() of its price. One without lines stays as it is. A failure is told to the
+/// user and passed over.
 void RecalculateDiaryEntryGST(Business& business, qint64 diaryId);
 
 }  // namespace quillary

@@ -5,7 +5,7 @@
 #include "billing/InvoiceTexts.h"
 #include "billing/MonthlyReminder.h"
 #include "clients/ClientMoney.h"
-#include "scheduling/DiaryEntryGST.h"
+#include "scheduling/DiaryEntries.h"
 
 namespace quillary {
 namespace {
@@ -148,7 +148,7 @@ TEST_F(InvoiceRecordTest, StatusAndInvoiceOfAJobMoveIndependently) {
       {"deleting from the client left the status",
        [&](InvoiceForm& form, qint64) {
          outside.prompter.Expect("Are you sure you want to delete this invoice?", Answer::Yes);
-         DeleteClientInvoice(business(), outside.prompter, 1, form.invoiceId);
+         DeleteClientInvoice(business(), outside.prompter, form.invoiceId);
        },
        "JD -"},
   };

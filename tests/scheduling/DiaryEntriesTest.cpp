@@ -1,4 +1,5 @@
 #include "ScheduleTest.h"
+#include "data/Numbers.h"
 #include "scheduling/DiaryEntries.h"
 
 namespace quillary {
@@ -104,6 +105,25 @@ TEST_F(DiaryEntriesTest, TaxOfALine) {
     EXPECT_EQ(line.Field(u"GST").ToMoney().ToText(), gst) << price << " at " << rate;
   }
   EXPECT_EQ(Count("Diary"), 0) << "a line without an entry is inserted all the same";
+}
+
+TEST_F(DiaryEntriesTest, RecalculatedTaxDiffersFromTheTaxInsideThePrice) {
+  const std::tuple<const char*, double, const char*, const char*> cases[] = {
+      // rate, price, tax inside the price, tax by recalculation
+      {"0.1", 110, "10", "10"},
+      {"0.125", 112.5, "12.5", "12.94"},  // 13 percent
+      {"0.145", 114.5, "14.5", "14.93"},  // 15 percent, though its nearest double lies below
+      {"0.1449", 114.5, "14.49", "14.06"},
+  };
+  const qint64 entry = AddEntry(1, Day("2026-11-02"), "JD");
+  for (const auto& [rate, price, inside, recalculated] : cases) {
+    Run(Sql("UPDATE infOptions SET GST_Percentage = {}", QString(rate).toDouble()));
+    Run(Sql("UPDATE Diary_Services SET Price = {}", price));
+    RecalculateDiaryEntryGST(business(), entry);
+    EXPECT_EQ(CalculateGSTComponent(Value(price), Value(QString(rate).toDouble())).ToText(), inside)
+        << rate;
+    EXPECT_EQ(Rows("SELECT Total_GST FROM Diary"), QStringList(recalculated)) << rate;
+  }
 }
 
 TEST_F(DiaryEntriesTest, RecalculatedTaxLeavesLinesUnrounded) {
