@@ -17,6 +17,7 @@ ComboSearch::ComboSearch(QWidget* parent) : QComboBox(parent) {
     settled_ = index;
     emit picked(index);
   });
+  connect(lineEdit(), &QLineEdit::textEdited, this, &ComboSearch::TakeEdited);
   connect(lineEdit(), &QLineEdit::editingFinished, this, &ComboSearch::Settle);
 }
 
@@ -29,35 +30,48 @@ bool ComboSearch::eventFilter(QObject* watched, QEvent* event) {
   if (watched != lineEdit() || event->type() != QEvent::KeyPress)
     return QComboBox::eventFilter(watched, event);
   const auto* key = static_cast<QKeyEvent*>(event);
-  const bool printing = !key->text().isEmpty() && key->text().at(0).isPrint() &&
-                        !(key->modifiers() & (Qt::ControlModifier | Qt::AltModifier));
-  if (!printing && key->key() != Qt::Key_Backspace) return QComboBox::eventFilter(watched, event);
+  if (key->modifiers() & (Qt::ControlModifier | Qt::AltModifier))
+    return QComboBox::eventFilter(watched, event);
 
   const QLineEdit* line = lineEdit();
-  const int start = line->hasSelectedText() ? line->selectionStart() : line->cursorPosition();
-  if (printing) {
-    Search(line->text().left(start) + key->text());
+  const bool selected = line->hasSelectedText();
+  const int start = selected ? line->selectionStart() : line->cursorPosition();
+  const QString tail = line->text().mid(selected ? line->selectionEnd() : start);
+  if (!key->text().isEmpty() && key->text().at(0).isPrint()) {
+    Search(line->text().left(start) + key->text(), tail);
     return true;
   }
-  // A backspace takes the last typed letter, not the proposed rest.
-  if (start == 0) return false;
-  Search(line->text().left(start - 1));
+  // A backspace takes the last typed letter, not the proposed rest. What the user selected himself
+  // it takes as everywhere.
+  const bool typed = !selected || (start == proposedFrom_ && tail.isEmpty());
+  if (key->key() != Qt::Key_Backspace || start == 0 || !typed)
+    return QComboBox::eventFilter(watched, event);
+  Search(line->text().left(start - 1), tail);
   return true;
 }
 
-void ComboSearch::Search(const QString& typed) {
-  const int match =
-      typed.isEmpty() ? -1 : findText(typed, Qt::MatchStartsWith);  // ignores case by itself
-  if (match < 0) {
-    setCurrentIndex(-1);
-    lineEdit()->setText(typed);
-    return;
-  }
+void ComboSearch::Search(const QString& typed, const QString& tail) {
+  // A rest is proposed only to what ends with the cursor; in the middle it would overwrite letters.
+  const QString text = typed + tail;
+  const auto how = tail.isEmpty() ? Qt::MatchStartsWith : Qt::MatchFixedString;
+  const int match = text.isEmpty() ? -1 : findText(text, how);  // ignores case by itself
+  const int cursor = static_cast<int>(typed.size());
+  proposedFrom_ = -1;
   setCurrentIndex(match);
-  const QString whole = itemText(match);
-  lineEdit()->setText(whole);
-  lineEdit()->setSelection(static_cast<int>(whole.size()),
-                           static_cast<int>(typed.size() - whole.size()));
+  lineEdit()->setText(match < 0 ? text : itemText(match));
+  lineEdit()->setCursorPosition(cursor);
+  if (match < 0 || !tail.isEmpty()) return;
+  const int whole = static_cast<int>(lineEdit()->text().size());
+  lineEdit()->setSelection(whole, cursor - whole);
+  proposedFrom_ = cursor;
+}
+
+void ComboSearch::TakeEdited(const QString& text) {
+  if (currentIndex() < 0 || text == itemText(currentIndex())) return;
+  const int cursor = lineEdit()->cursorPosition();
+  setCurrentIndex(-1);  // empties the line
+  lineEdit()->setText(text);
+  lineEdit()->setCursorPosition(cursor);
 }
 
 void ComboSearch::Settle() {

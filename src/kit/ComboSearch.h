@@ -6,7 +6,7 @@ namespace quillary {
 
 /// A list that is picked from by typing the first letters: the first entry that begins with what
 /// was typed shows whole, with the rest selected. Without a match the text stays as typed and
-/// nothing is picked.
+/// nothing is picked; nor is it when the text was cut, deleted or pasted over.
 class ComboSearch : public QComboBox {
   Q_OBJECT
 
@@ -25,10 +25,14 @@ class ComboSearch : public QComboBox {
   void focusOutEvent(QFocusEvent* event) override;
 
  private:
-  void Search(const QString& typed);
+  /// Looks for what was typed up to the cursor, with the text behind it.
+  void Search(const QString& typed, const QString& tail);
+  /// After an edit other than typing: a text that is not the entry's any more picks none.
+  void TakeEdited(const QString& text);
   void Settle();
 
   int settled_ = -1;
+  int proposedFrom_ = -1;  // where the proposed rest begins; -1 without one
 };
 
 }  // namespace quillary

@@ -12,8 +12,8 @@ CurrencyField::CurrencyField(QWidget* parent) : QLineEdit(parent) {
 }
 
 void CurrencyField::SetAmount(Money amount) {
-  amount_ = amount;
-  setText(amount.ToCurrencyText());
+  amount_ = amount.Rounded(2);
+  setText(amount_.ToCurrencyText());
 }
 
 void CurrencyField::TakeTyped() {

@@ -7,7 +7,8 @@
 namespace quillary {
 
 /// An amount of money, right-aligned. It takes its currency form when the user leaves it; blank
-/// becomes 0, and what is no amount falls back to the one that stood there.
+/// becomes 0, and what is no amount falls back to the one that stood there. It holds the cents that
+/// it shows and no more.
 class CurrencyField : public QLineEdit {
   Q_OBJECT
 

@@ -77,6 +77,18 @@ void FormState::WatchFieldsOf(const QWidget* form) {
   Watch(fields);
 }
 
+bool FormState::IsChanged(const QWidget* field) const {
+  for (qsizetype at = 0; at < fields_.size(); ++at)
+    if (fields_[at] == field) return Held(field) != stored_[at];
+  return false;
+}
+
+void FormState::TakeAsStored(const QWidget* field) {
+  for (qsizetype at = 0; at < fields_.size(); ++at)
+    if (fields_[at] == field) stored_[at] = Held(field);
+  Check();
+}
+
 void FormState::ClearDataChanged() {
   for (qsizetype at = 0; at < fields_.size(); ++at) stored_[at] = Held(fields_[at]);
   Check();

@@ -35,8 +35,12 @@ class FormState : public QObject {
   void WatchFieldsOf(const QWidget* form);
 
   bool IsDataChanged() const { return changed_; }
+  /// Whether the user has changed this one.
+  bool IsChanged(const QWidget* field) const;
   /// Takes what the fields hold now for what is stored.
   void ClearDataChanged();
+  /// The same for one field, which the program has filled anew.
+  void TakeAsStored(const QWidget* field);
 
  signals:
   /// Some field differs from what is stored, or none does any more.

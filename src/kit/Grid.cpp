@@ -2,6 +2,7 @@
 
 #include "base/ports/SettingsStore.h"
 #include "kit/GridDelegate.h"
+#include "kit/Screen.h"
 
 #include <QGuiApplication>
 #include <QHeaderView>
@@ -92,7 +93,6 @@ void Grid::FilterBy(QLineEdit* box) {
 
 void Grid::RememberIn(SettingsStore& settings) {
   settings_ = &settings;
-  RestoreLayout();
 }
 
 std::optional<int> Grid::SelectedRow() const {
@@ -110,6 +110,13 @@ qint64 Grid::Key(int row) const {
 std::vector<qint64> Grid::Keys() const {
   std::vector<qint64> keys;
   for (int row = 0; row < model_->rowCount(); ++row) keys.push_back(Key(row));
+  return keys;
+}
+
+std::vector<qint64> Grid::ShownKeys() const {
+  std::vector<qint64> keys;
+  for (int row = 0; row < model_->rowCount(); ++row)
+    if (view_->mapFromSource(model_->index(row, 0)).isValid()) keys.push_back(Key(row));
   return keys;
 }
 
@@ -179,9 +186,17 @@ void Grid::FitColumns() {
   fitting_ = false;
 }
 
+QString Grid::LayoutKey() const {
+  // Lists of different screens go by the same name.
+  for (const QWidget* over = parentWidget(); over; over = over->parentWidget())
+    if (qobject_cast<const Screen*>(over) || over->isWindow())
+      return over->objectName() + u'.' + objectName();
+  return objectName();
+}
+
 void Grid::RestoreLayout() {
   const QStringList kept =
-      settings_->Read(QStringLiteral("Grids"), objectName()).split(u';', Qt::SkipEmptyParts);
+      settings_->Read(QStringLiteral("Grids"), LayoutKey()).split(u';', Qt::SkipEmptyParts);
   if (kept.size() != 3) return;
   const QStringList widths = kept[0].split(u',', Qt::SkipEmptyParts);
   fitting_ = true;
@@ -205,7 +220,7 @@ void Grid::StoreLayout() {
       widths += QString::number(columnWidth(column));
   const QHeaderView* header = horizontalHeader();
   const bool descending = header->sortIndicatorOrder() == Qt::DescendingOrder;
-  settings_->Write(QStringLiteral("Grids"), objectName(),
+  settings_->Write(QStringLiteral("Grids"), LayoutKey(),
                    QStringLiteral("%1;%2;%3")
                        .arg(widths.isEmpty() ? QStringLiteral("-") : widths.join(u','))
                        .arg(header->sortIndicatorSection())
@@ -239,6 +254,13 @@ void Grid::PaintEmpty(QPainter& painter) {
   painter.drawText(area.adjusted(0, area.height() / 2 + 6, 0, 0),
                    Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap,
                    filtered ? tr("Clear the filter to see all rows.") : emptyNext_);
+}
+
+void Grid::showEvent(QShowEvent* event) {
+  QTableView::showEvent(event);
+  if (!settings_ || layoutRestored_) return;
+  layoutRestored_ = true;
+  RestoreLayout();
 }
 
 void Grid::resizeEvent(QResizeEvent* event) {

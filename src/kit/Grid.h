@@ -33,7 +33,9 @@ class Grid : public QTableView {
   void AllowReordering();
   /// Filters as one types into the box.
   void FilterBy(QLineEdit* box);
-  /// Widths and sort come from the settings and go back there when the user changes them.
+  /// Widths and sort come from the settings and go back there when the user changes them. They are
+  /// kept by screen and list, and come back when the list first shows, which is when it has a
+  /// screen.
   void RememberIn(SettingsStore& settings);
 
   /// The row the user has selected, as loaded.
@@ -49,6 +51,8 @@ class Grid : public QTableView {
   /// there.
   void ClearSelectionAt(int row);
   const std::vector<GridRow>& Rows() const { return model_->Rows(); }
+  /// The keys of the rows that the filter lets through, in their order as loaded.
+  std::vector<qint64> ShownKeys() const;
   /// Where a row shows, in the viewport; empty when it is filtered out.
   QRect RowRect(int row) const;
 
@@ -62,6 +66,7 @@ class Grid : public QTableView {
 
  protected:
   void paintEvent(QPaintEvent* event) override;
+  void showEvent(QShowEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
@@ -76,6 +81,7 @@ class Grid : public QTableView {
   void MoveSelected(int from, int to);
   void FitColumns();
   void SelectLoaded(int row);
+  QString LayoutKey() const;
   void RestoreLayout();
   void StoreLayout();
   void PaintEmpty(QPainter& painter);
@@ -87,6 +93,7 @@ class Grid : public QTableView {
   QString emptyNext_;
   int keyColumn_ = -1;
   bool reordering_ = false;
+  bool layoutRestored_ = false;
   bool ownWidths_ = false;
   bool fitting_ = false;
   int draggedRow_ = -1;

@@ -116,6 +116,7 @@ QWidget* GridDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&
 void GridDelegate::setEditorData(QWidget* editor, const QModelIndex& index) const {
   if (auto* combo = qobject_cast<QComboBox*>(editor)) {
     const auto value = index.data(kValueRole).value<Value>();
+    combo->setCurrentIndex(-1);  // what the list does not offer is not among its entries
     for (int item = 0; item < combo->count(); ++item)
       if (combo->itemData(item).value<Value>() == value) combo->setCurrentIndex(item);
     return;
@@ -129,6 +130,7 @@ void GridDelegate::setModelData(QWidget* editor, QAbstractItemModel* model,
                                 const QModelIndex& index) const {
   const auto old = index.data(kValueRole).value<Value>();
   if (auto* combo = qobject_cast<QComboBox*>(editor)) {
+    if (combo->currentIndex() < 0) return;
     const auto chosen = combo->currentData().value<Value>();
     if (!(chosen == old)) model->setData(index, QVariant::fromValue(chosen));
     return;

@@ -177,6 +177,14 @@ void RecordListScreen::Reload() {
   });
 }
 
+void RecordListScreen::ShowOthers() {
+  tools_.runner.Run(objectName(), QStringLiteral("Reload"), [this] {
+    grid_->SetRows(list_.load());
+    if (!state_.IsDataChanged()) ShowChosen();
+    emit loaded();
+  });
+}
+
 bool RecordListScreen::MayClose() {
   return !state_.IsDataChanged() ||
          world_.prompter.Ask(QStringLiteral("Close without saving changes?")) == Answer::Yes;

@@ -80,6 +80,9 @@ class RecordListScreen : public Screen {
   void loaded();
 
  protected:
+  /// Shows other records in the list. What is being typed stays; it belongs to none of them until
+  /// it is added or one is chosen.
+  void ShowOthers();
   /// A further command, in the line below everything.
   void AddCommand(QPushButton* command);
   const RecordFields& Fields() const { return fields_; }

@@ -11,10 +11,10 @@ QColor Mix(const QColor& over, const QColor& under, double share) {
 }
 
 HueColours Colours(const Roles& roles, const char* bar, const char* fill, const char* edge,
-                   const char* words) {
+                   const char* words, double strength = 1) {
   const QColor full(bar);
-  return {full, Mix(full, roles.surface, roles.dark ? 0.09 : 0.07), QColor(fill), QColor(edge),
-          QColor(words)};
+  return {full, Mix(full, roles.surface, strength * (roles.dark ? 0.09 : 0.07)), QColor(fill),
+          QColor(edge), QColor(words)};
 }
 
 Roles MakeLight() {
@@ -40,7 +40,9 @@ Roles MakeLight() {
       Colours(r, "#4CAF7A", "#E3F5EA", "#A5DBB9", "#136C3A"),
       Colours(r, "#5B74D6", "#E3E8FB", "#A9B6EE", "#2A3F99"),
       Colours(r, "#E0645A", "#FDECEB", "#F2B8B4", "#A61B12"),
-      Colours(r, "#D9B93A", "#FFF8DC", "#E8D48A", "#7A5B00")};
+      Colours(r, "#D9B93A", "#FFF8DC", "#E8D48A", "#7A5B00"),
+      Colours(r, "#46BFD0", "#DDF6F9", "#98DCE5", "#0B5F6C"),
+      Colours(r, "#00C000", "#B5E8BE", "#4FB868", "#064D1A", 2.5)};
   return r;
 }
 
@@ -68,11 +70,32 @@ Roles MakeDark() {
       Colours(r, "#4CAF7A", "#17382A", "#2D6B4D", "#8FE0B4"),
       Colours(r, "#5B74D6", "#212B52", "#3F4F97", "#B9C5FF"),
       Colours(r, "#E0645A", "#41201E", "#7A3733", "#FFB1AA"),
-      Colours(r, "#D9B93A", "#3B3418", "#6E6128", "#F0DC8C")};
+      Colours(r, "#D9B93A", "#3B3418", "#6E6128", "#F0DC8C"),
+      Colours(r, "#46BFD0", "#15363C", "#2A6A75", "#95E3EF"),
+      Colours(r, "#00C000", "#0B5A1E", "#2FA64B", "#C9FFD2", 2.5)};
   return r;
 }
 
 }  // namespace
+
+Hue HueOfColour(quint32 colour) {
+  switch (colour) {
+    case 0x00FF00:
+      return Hue::Green;
+    case 0x00C000:
+      return Hue::StrongGreen;
+    case 0x0000FF:
+      return Hue::Blue;
+    case 0x80FFFF:
+      return Hue::PaleBlue;
+    case 0xFF0000:
+      return Hue::Red;
+    case 0xFFFF80:
+      return Hue::Yellow;
+    default:
+      return Hue::Neutral;
+  }
+}
 
 const Roles& LightRoles() {
   static const Roles roles = MakeLight();

@@ -8,7 +8,7 @@
 namespace quillary {
 
 /// The hues that a row or a chip can have. What a hue means is told by the word beside it.
-enum class Hue { None, Neutral, Green, Blue, Red, Yellow };
+enum class Hue { None, Neutral, Green, Blue, Red, Yellow, PaleBlue, StrongGreen };
 
 struct HueColours {
   QColor bar;    // full strength, at the left of a row
@@ -38,8 +38,12 @@ struct Roles {
   bool dark = false;
 
   const HueColours& Of(Hue hue) const { return hues[static_cast<size_t>(hue)]; }
-  std::array<HueColours, 6> hues;
+  std::array<HueColours, 8> hues;
 };
+
+/// The hue that stands for a colour given as 0xRRGGBB, in either theme; neutral for white and for
+/// colours without one.
+Hue HueOfColour(quint32 colour);
 
 const Roles& LightRoles();
 const Roles& DarkRoles();

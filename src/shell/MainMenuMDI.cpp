@@ -107,7 +107,7 @@ void MainMenuMDI::ShowYourself() {
   RestoreWindow();
   show();
   auto* splash = new MainMenuMDI_Splash(ReadBusinessFacts(business_).companyName, this);
-  splash->ShowOver(this);
+  splash->ShowOver(this, business_.World().clock.Now().time);
   activateWindow();  // the keyboard belongs to the frame at once
   RestoreTabs();
 }

@@ -1,6 +1,7 @@
 #include "shell/MainMenuMDI_Splash.h"
 
 #include "kit/Controls.h"
+#include "kit/Pause.h"
 #include "shell/ProgramIcon.h"
 #include "shell/Version.h"
 
@@ -10,7 +11,7 @@
 namespace quillary {
 
 namespace {
-constexpr int kShownForMilliseconds = 2000;
+constexpr int kShownForSeconds = 2;
 }
 
 MainMenuMDI_Splash::MainMenuMDI_Splash(const QString& companyName, QWidget* frame)
@@ -33,12 +34,12 @@ MainMenuMDI_Splash::MainMenuMDI_Splash(const QString& companyName, QWidget* fram
   adjustSize();
 }
 
-void MainMenuMDI_Splash::ShowOver(const QWidget* frame) {
+void MainMenuMDI_Splash::ShowOver(const QWidget* frame, QTime now) {
   const QPoint middle = frame->frameGeometry().center();
   move(middle - rect().center());
   show();
   repaint();
-  QTimer::singleShot(kShownForMilliseconds, this, &QWidget::close);
+  QTimer::singleShot(MillisecondsOfPause(now, kShownForSeconds), this, &QWidget::close);
 }
 
 }  // namespace quillary

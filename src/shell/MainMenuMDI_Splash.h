@@ -2,6 +2,7 @@
 
 #include <QFrame>
 #include <QLabel>
+#include <QTime>
 
 namespace quillary {
 
@@ -13,7 +14,7 @@ class MainMenuMDI_Splash : public QFrame {
  public:
   MainMenuMDI_Splash(const QString& companyName, QWidget* frame);
   /// Shows it in the middle of the frame.
-  void ShowOver(const QWidget* frame);
+  void ShowOver(const QWidget* frame, QTime now);
 
  private:
   QLabel* lblCompanyName;

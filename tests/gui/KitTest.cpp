@@ -1,10 +1,13 @@
 #include "gui/GuiTest.h"
 #include "kit/ComboSearch.h"
+#include "kit/Combos.h"
 #include "kit/Controls.h"
 #include "kit/CurrencyField.h"
 #include "kit/DateField.h"
 #include "kit/Grid.h"
 #include "kit/Keys.h"
+#include "kit/Pause.h"
+#include "kit/Screen.h"
 
 #include <QHeaderView>
 
@@ -36,6 +39,22 @@ TEST_F(KitTest, FilterKey) {
         << c.key << " after \"" << c.text << "\"";
 }
 
+TEST_F(KitTest, APauseEndsWithTheMinute) {
+  struct Case {
+    QTime begun;
+    int seconds;
+    int lasts;
+  };
+  const Case cases[] = {
+      {{9, 30, 10}, 5, 5000},   {{9, 30, 57}, 5, 2000},  {{9, 30, 59}, 5, 0},
+      {{9, 30, 59, 500}, 1, 0}, {{9, 30, 0}, 90, 59000}, {{9, 30, 10, 400}, 2, 1600},
+      {{9, 30, 10, 400}, 0, 0},
+  };
+  for (const Case& c : cases)
+    EXPECT_EQ(MillisecondsOfPause(c.begun, c.seconds), c.lasts)
+        << c.seconds << " from " << c.begun.toString("mm:ss.zzz").toStdString();
+}
+
 TEST_F(KitTest, ComboFindsAsOneTypes) {
   ComboSearch combo;
   combo.addItem("Casey O'Hara", 1);
@@ -55,6 +74,87 @@ TEST_F(KitTest, ComboFindsAsOneTypes) {
   QTest::keyClicks(line, "x");
   EXPECT_EQ(line->text(), "Rox");
   EXPECT_EQ(combo.currentIndex(), -1);
+}
+
+TEST_F(KitTest, ComboPicksNoneUnderATextThatIsNoEntry) {
+  struct Case {
+    const char* fault;
+    std::function<void(QLineEdit*)> edit;
+    const char* text;
+    int key;  // -1: none picked
+  };
+  const auto key = [](QLineEdit* line, auto code, Qt::KeyboardModifiers with = {}) {
+    QTest::keyClick(line, code, with);
+  };
+  const Case cases[] = {
+      {"all selected, then a backspace",
+       [&](QLineEdit* line) {
+         line->selectAll();
+         key(line, Qt::Key_Backspace);
+       },
+       "", -1},
+      {"all cut",
+       [](QLineEdit* line) {
+         line->selectAll();
+         line->cut();
+       },
+       "", -1},
+      {"a letter deleted",
+       [&](QLineEdit* line) {
+         line->setCursorPosition(0);
+         key(line, Qt::Key_Delete);
+       },
+       "obin Vale", -1},
+      {"pasted over",
+       [](QLineEdit* line) {
+         line->selectAll();
+         line->insert("Nobody");
+       },
+       "Nobody", -1},
+      {"a letter in the middle",
+       [&](QLineEdit* line) {
+         line->setCursorPosition(3);
+         QTest::keyClicks(line, "x");
+       },
+       "Robxin Vale", -1},
+      {"a backspace in the middle",
+       [&](QLineEdit* line) {
+         line->setCursorPosition(3);
+         key(line, Qt::Key_Backspace);
+       },
+       "Roin Vale", -1},
+      {"a part selected, then a backspace",
+       [&](QLineEdit* line) {
+         line->setSelection(5, 5);
+         key(line, Qt::Key_Backspace);
+       },
+       "Robin", -1},
+      {"the last letter taken and typed again",
+       [&](QLineEdit* line) {
+         line->end(false);
+         key(line, Qt::Key_Backspace);
+         QTest::keyClicks(line, "e");
+       },
+       "Robin Vale", 2},
+      {"typed to another in the middle",
+       [&](QLineEdit* line) {
+         line->setCursorPosition(5);
+         QTest::keyClicks(line, "a");
+       },
+       "Robina Vale", 4},
+  };
+  for (const Case& c : cases) {
+    ComboSearch combo;
+    combo.addItem("Casey O'Hara", 1);
+    combo.addItem("Robin Vale", 2);
+    combo.addItem("Rowan", 3);
+    combo.addItem("Robina Vale", 4);
+    combo.SelectComboItem(2);
+    combo.show();
+    c.edit(combo.lineEdit());
+    EXPECT_EQ(combo.currentText(), c.text) << c.fault;
+    EXPECT_EQ(ComboKey(&combo).value_or(-1), c.key) << c.fault;
+  }
 }
 
 TEST_F(KitTest, DateFieldTakesWhatAnOwnerTypes) {
@@ -83,21 +183,38 @@ TEST_F(KitTest, DateFieldTakesWhatAnOwnerTypes) {
 }
 
 TEST_F(KitTest, CurrencyFieldFormatsOnLeaving) {
-  const std::pair<const char*, const char*> cases[] = {
-      {"1234.5", "$1,234.50"}, {"(5)", "-$5.00"}, {"", "$0.00"}, {"nine", "$7.00"}};
-  for (const auto& [typed, shown] : cases) {
+  const std::tuple<const char*, const char*, const char*> cases[] = {
+      {"1234.5", "$1,234.50", "1234.5"},
+      {"(5)", "-$5.00", "-5"},
+      {"", "$0.00", "0"},
+      {"nine", "$7.00", "7"},
+      {"10.005", "$10.00", "10"},
+      {"10.0151", "$10.02", "10.02"}};
+  for (const auto& [typed, shown, amount] : cases) {
     CurrencyField field;
     field.SetAmount(Money::FromWhole(7));
     field.show();
     field.setText(typed);
     QTest::keyClick(&field, Qt::Key_Return);
     EXPECT_EQ(field.text(), shown) << typed;
+    EXPECT_EQ(field.Amount().ToText(), amount) << typed << ": no more than what shows";
   }
+  CurrencyField field;
+  field.SetAmount(Money::FromDouble(7.0051));
+  EXPECT_EQ(field.Amount().ToText(), "7.01");
 }
 
 TEST_F(KitTest, GridSortsByValueAndRemembersIt) {
   MemorySettings settings;
-  const auto fill = [&](Grid& grid) {
+  struct Kept : Screen {
+    explicit Kept(const char* name) : Screen(name, name) {
+      grid.setParent(this);
+      grid.resize(400, 200);
+    }
+    Grid grid{"grdPrices"};
+  };
+  const auto fill = [&](Kept& screen) {
+    Grid& grid = screen.grid;
     grid.SetColumns({{"", ColumnKind::HiddenId},
                      {"Name", ColumnKind::Text, 200},
                      {"Price", ColumnKind::Money, 90}});
@@ -107,17 +224,22 @@ TEST_F(KitTest, GridSortsByValueAndRemembersIt) {
     rows[1].cells = {2, "B", Money::FromWhole(20)};
     rows[2].cells = {3, "C", Money::FromWhole(3)};
     grid.SetRows(std::move(rows));
+    screen.show();
   };
   const auto first = [](const Grid& grid) { return grid.model()->index(0, 1).data().toString(); };
-  Grid grid("grdPrices");
-  fill(grid);
+  Kept screen("frmPrices");
+  fill(screen);
+  const Grid& grid = screen.grid;
   EXPECT_EQ(first(grid), "A") << "as loaded until the user sorts";
   grid.horizontalHeader()->setSortIndicator(2, Qt::AscendingOrder);
   EXPECT_EQ(first(grid), "C") << "by amount, not by its text";
   EXPECT_EQ(grid.Key(0), 1) << "rows are numbered as they were loaded";
-  Grid again("grdPrices");
+  Kept again("frmPrices");
   fill(again);
-  EXPECT_EQ(first(again), "C");
+  EXPECT_EQ(first(again.grid), "C");
+  Kept other("frmCosts");
+  fill(other);
+  EXPECT_EQ(first(other.grid), "A") << "a list of that name on another screen is another list";
 }
 
 TEST_F(KitTest, PlainCaptions) {

@@ -25,7 +25,7 @@ Hue HueOf(PickerColour colour) {
     case PickerColour::Done:
       return Hue::Green;
     case PickerColour::HasInvoice:
-      return Hue::Blue;
+      return Hue::StrongGreen;
     case PickerColour::NotDone:
       break;
   }
