@@ -78,14 +78,15 @@ Value DayOrNull(const Call& call, QDate day) {
 
 std::vector<std::pair<QString, Value>> FieldsOf(const Call& call, const Job& job,
                                                 const JobServices& lines) {
-  const QString status = job.statusPosition ? JobStatusAt(*job.statusPosition) : QString();
   return {{"Diary_ID", job.diaryId},
           {"Client_ID", KeyOrNull(job.clientId)},
           {"Schedule_Date", DayOrNull(call, job.date)},
           {"Employee_ID", KeyOrNull(job.employeeId)},
           {"Description", job.description},
           {"Notes", job.notes},
-          {"Status", TextOrNull(status)},
+          {"Status", TextOrNull(job.storedStatus)},
+          {"Total_Price", job.totalPrice},
+          {"Total_GST", job.totalGST},
           {"Payment_ID", PaymentOf(job)},
           {"Invoice_Number", TextOrNull(job.invoiceNumber)},
           {"Total_Of_Services", lines.total}};

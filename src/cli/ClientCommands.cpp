@@ -162,6 +162,7 @@ void RunClientSet(const Call& call) {
     if (change.indexOf(u'=') < 1)
       throw WrongUsage(QStringLiteral("%1 is not of the form COLUMN=VALUE").arg(change));
   const auto business = OpenCurrentBusiness(call);
+  if (call.json) call.world.prompter.BeQuiet();
   ClientRecord client = ClientOf(*business, clientId);
   for (const QString& change : changes) {
     const qsizetype equals = change.indexOf(u'=');

@@ -180,8 +180,7 @@ void RunInvoiceDelete(const Call& call) {
   call.world.prompter.BeQuiet();
   call.world.prompter.AnswerYes();
   if (call.arguments.Has("from-client"))
-    ThrowIf(DeleteClientInvoice(*business, call.world.prompter,
-                                invoice.Field(u"Client_ID").ToLong(), invoiceId));
+    ThrowIf(DeleteClientInvoice(*business, call.world.prompter, invoiceId));
   else
     DeleteInvoices(*business, {invoiceId});
   business->CloseConnection();

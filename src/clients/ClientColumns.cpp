@@ -1,6 +1,11 @@
 #include "clients/ClientColumns.h"
 
+#include "base/DateTime.h"
+#include "clients/BillingChoice.h"
+#include "clients/ClientChoices.h"
 #include "data/store/Connection.h"
+
+#include <algorithm>
 
 namespace quillary {
 namespace {
@@ -22,6 +27,34 @@ std::optional<Refusal> SetText(Business& business, const ClientColumn& column, Q
   }
   text = value;
   return std::nullopt;
+}
+
+std::optional<Refusal> SetPayer(Business& business, ClientRecord& client, const QString& value) {
+  bool isKey = false;
+  const qint64 payer = value.trimmed().toLongLong(&isKey);
+  if (isKey && payer == client.clientId) {
+    BillSameAddress(client);
+    return std::nullopt;
+  }
+  const auto others = ListBillableOthers(business, client.clientId);
+  if (!isKey || std::ranges::none_of(others, [&](const Choice& at) { return at.id == payer; }))
+    return Refusal{QStringLiteral("%1 is no client who can be billed.").arg(value),
+                   QStringLiteral("cmbOtherAddressToBill")};
+  BillExistingAddress(business, business.World().prompter, client, payer);
+  return std::nullopt;
+}
+
+std::optional<Refusal> SetDebtorSince(Business& business, ClientRecord& client,
+                                      const QString& value) {
+  const auto since = ParseTypedDate(value, business.Today());
+  if (!since && !value.trimmed().isEmpty())
+    return Refusal{QStringLiteral("%1 is no date.").arg(value), QStringLiteral("dtDebtorSince")};
+  client.debtorSince = since;
+  return std::nullopt;
+}
+
+bool IsColumn(const QString& typed, const char* column) {
+  return typed.compare(QLatin1StringView(column), Qt::CaseInsensitive) == 0;
 }
 
 }  // namespace
@@ -59,8 +92,10 @@ const std::vector<ClientColumn>& ClientColumns() {
 
 std::optional<Refusal> SetClientColumn(Business& business, ClientRecord& client,
                                        const QString& column, const QString& value) {
+  if (IsColumn(column, "Billing_Client_ID")) return SetPayer(business, client, value);
+  if (IsColumn(column, "Debtor_Since")) return SetDebtorSince(business, client, value);
   for (const ClientColumn& known : ClientColumns()) {
-    if (column.compare(QString(known.column), Qt::CaseInsensitive) != 0) continue;
+    if (!IsColumn(column, known.column)) continue;
     if (const auto* text = std::get_if<QString ClientRecord::*>(&known.member)) {
       return SetText(business, known, client.*(*text), value);
     }

@@ -19,9 +19,11 @@ struct ClientColumn {
 /// The text and yes/no columns that a user may write, in the order of the save.
 const std::vector<ClientColumn>& ClientColumns();
 
-/// Puts a typed value into the record: a yes/no column takes yes, no, true, false, 1 and 0. Column
-/// names go without regard to case. Refuses an unknown column, a value that is no yes/no, and a
-/// text wider than its column. The checks of the whole record are those of SaveClientDetails().
+/// Puts a typed value into the record: a yes/no column takes yes, no, true, false, 1 and 0,
+/// Debtor_Since a date or nothing, and Billing_Client_ID the key of a client who can be billed, or
+/// the client's own. Tells the user when payments stay behind. Column names go without regard to
+/// case. Refuses an unknown column, a value that its column does not take, and a text wider than
+/// its column. The checks of the whole record are those of SaveClientDetails().
 std::optional<Refusal> SetClientColumn(Business& business, ClientRecord& client,
                                        const QString& column, const QString& value);
 

@@ -5,13 +5,6 @@
 namespace quillary {
 namespace {
 
-DiaryRow AsDiaryRow(const ClientJob& job) {
-  DiaryRow row;
-  row.status = job.status;
-  row.paymentId = job.paymentId;
-  return row;
-}
-
 Sql JobsOf(const ClientRecord& client) {
   if (client.IsBilledTo()) {
     return Sql(
@@ -44,11 +37,13 @@ std::vector<ClientJob> ListJobs(Business& business, const Sql& statement) {
 }  // namespace
 
 QString ClientJob::StatusWords() const {
-  return AsDiaryRow(*this).StatusWords();
+  DiaryRow row;
+  row.status = status;
+  return row.StatusWords();
 }
 
 DiaryRowColour ClientJob::Colour() const {
-  return AsDiaryRow(*this).Colour();
+  return ColourOfEntry(status, paymentId != -1);
 }
 
 std::vector<ClientJob> LoadFutureJobs(Business& business, const ClientRecord& client) {

@@ -1,7 +1,5 @@
 #include "clients/ClientMoney.h"
 
-#include "balances/ClientBalance.h"
-
 namespace quillary {
 
 std::vector<ClientInvoice> LoadClientInvoices(Business& business, qint64 clientId) {
@@ -36,7 +34,7 @@ std::vector<ClientPayment> LoadClientPayments(Business& business, qint64 clientI
 }
 
 std::optional<Refusal> TransferPayments(Business& business, Prompter& prompter,
-                                        const std::vector<ClientPayment>& payments,
+                                        const std::vector<qint64>& paymentIds,
                                         std::optional<qint64> toClientId) {
   if (!toClientId) {
     return Refusal{QStringLiteral("Please select a client first."),
@@ -50,10 +48,9 @@ std::optional<Refusal> TransferPayments(Business& business, Prompter& prompter,
       u'?');
   if (answer != Answer::Yes) return std::nullopt;
   Transaction transfer(business);
-  for (const ClientPayment& payment : payments) {
-    business.RunSQL(Sql("UPDATE Payments SET Client_ID = {} WHERE Payment_ID = {};", *toClientId,
-                        payment.paymentId));
-  }
+  for (const qint64 paymentId : paymentIds)
+    business.RunSQL(
+        Sql("UPDATE Payments SET Client_ID = {} WHERE Payment_ID = {};", *toClientId, paymentId));
   transfer.Commit();
   return std::nullopt;
 }
@@ -66,7 +63,7 @@ bool MayAddPaymentWithoutJob(Prompter& prompter) {
              "both marked as paid. Do you wish to proceed?")) == Answer::Yes;
 }
 
-std::optional<Refusal> DeleteClientInvoice(Business& business, Prompter& prompter, qint64 clientId,
+std::optional<Refusal> DeleteClientInvoice(Business& business, Prompter& prompter,
                                            std::optional<qint64> invoiceId) {
   if (!invoiceId) return Refusal{QStringLiteral("Please select an invoice record to delete."), {}};
   const Answer answer =
@@ -77,8 +74,6 @@ std::optional<Refusal> DeleteClientInvoice(Business& business, Prompter& prompte
       Sql("UPDATE Diary SET Invoice_ID = NULL, Status = 'JD' WHERE Invoice_ID = {}", *invoiceId));
   business.RunSQL(Sql("DELETE FROM Invoices WHERE Invoice_ID = {}", *invoiceId));
   business.RunSQL(Sql("DELETE FROM Invoice_Items WHERE Invoice_ID = {}", *invoiceId));
-  // A job that was invoiced before it was done counts from here on.
-  RecalculateClientBalance(business, clientId);
   deletion.Commit();
   return std::nullopt;
 }

@@ -30,10 +30,10 @@ struct ClientPayment {
 };
 std::vector<ClientPayment> LoadClientPayments(Business& business, qint64 clientId);  // newest first
 
-/// Asks and records the payments under another client; jobs and ledger entries stay on them, and no
-/// balance is recomputed. Refuses when no client is chosen.
+/// Asks and records the payments, given by their keys, under another client; jobs and ledger
+/// entries stay on them, and no balance is recomputed. Refuses when no client is chosen.
 std::optional<Refusal> TransferPayments(Business& business, Prompter& prompter,
-                                        const std::vector<ClientPayment>& payments,
+                                        const std::vector<qint64>& paymentIds,
                                         std::optional<qint64> toClientId);
 
 /// Warns that a payment without a job is missing from profit and loss. False when the user would
@@ -41,9 +41,9 @@ std::optional<Refusal> TransferPayments(Business& business, Prompter& prompter,
 bool MayAddPaymentWithoutJob(Prompter& prompter);
 
 /// Asks, makes the invoice's jobs done and not invoiced ('JD', whatever they were), deletes the
-/// invoice with its items, and recomputes the balance of the client. Refuses when no invoice is
-/// selected.
-std::optional<Refusal> DeleteClientInvoice(Business& business, Prompter& prompter, qint64 clientId,
+/// invoice with its items. Balances follow jobs and payments, so none is recomputed. Refuses when
+/// no invoice is selected.
+std::optional<Refusal> DeleteClientInvoice(Business& business, Prompter& prompter,
                                            std::optional<qint64> invoiceId);
 
 }  // namespace quillary

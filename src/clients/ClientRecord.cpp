@@ -131,8 +131,17 @@ std::optional<Refusal> CheckClientDetails(const ClientRecord& client) {
   return std::nullopt;
 }
 
+std::optional<Refusal> CheckClientIsThere(Business& business, qint64 clientId) {
+  if (clientId == kNewClient ||
+      business.RunSQL(Sql("SELECT Client_ID FROM Clients WHERE Client_ID = {}", clientId))
+          .HasRows())
+    return std::nullopt;
+  return Refusal{QStringLiteral("This client was deleted in the meantime. Nothing was saved."), {}};
+}
+
 std::optional<Refusal> SaveClientDetails(Business& business, ClientRecord& client) {
   if (auto refusal = CheckClientDetails(client)) return refusal;
+  if (auto refusal = CheckClientIsThere(business, client.clientId)) return refusal;
   Transaction save(business);
   ClientRecord saved = client;
   saved.suburb = client.suburb.trimmed().toUpper();

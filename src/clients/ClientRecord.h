@@ -62,13 +62,18 @@ std::optional<ClientRecord> LoadClientDetails(Business& business, qint64 clientI
 /// Recomputes the balance of the billing client, then reads debtor date and balance of the client.
 void LoadBillingDetails(Business& business, ClientRecord& client);
 
+/// Refuses a stored client that was deleted since it was loaded: what is saved for it would belong
+/// to nobody.
+std::optional<Refusal> CheckClientIsThere(Business& business, qint64 clientId);
+
 /// Refuses, in this order, a status that the screen does not offer (such as "Quote only"), an empty
 /// display name and a missing invoicing type.
 std::optional<Refusal> CheckClientDetails(const ClientRecord& client);
 
 /// Writes the record to Clients, inserting it first when it is new, and gives `client` its key. A
 /// cancelled client's open jobs ('J') become cancelled ('JC') at once; the next roll removes those
-/// of its future. One transaction; nothing is written when CheckClientDetails() refuses.
+/// of its future. One transaction; nothing is written when CheckClientDetails() or
+/// CheckClientIsThere() refuses.
 std::optional<Refusal> SaveClientDetails(Business& business, ClientRecord& client);
 
 }  // namespace quillary

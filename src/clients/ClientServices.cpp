@@ -1,5 +1,7 @@
 #include "clients/ClientServices.h"
 
+#include "clients/ClientRecord.h"
+
 #include <algorithm>
 
 namespace quillary {
@@ -66,6 +68,7 @@ std::optional<Refusal> SaveClientServiceToDB(Business& business, qint64 clientId
                                              const ClientServiceArray& services,
                                              ClientServiceForm& form, SaveServiceAs as) {
   if (auto refusal = CheckClientService(business, form)) return refusal;
+  if (auto refusal = CheckClientIsThere(business, clientId)) return refusal;
   const bool isNew = as == SaveServiceAs::New || form.clientServiceId == 0;
   ClientServiceArray edited = services;
   if (edited.empty()) edited.emplace_back();
@@ -101,6 +104,7 @@ std::optional<Refusal> AddEmptyClientService(Business& business, qint64 clientId
     return Refusal{QStringLiteral("Please enter the main service first before adding a new one."),
                    QStringLiteral("cmbService")};
   }
+  if (auto refusal = CheckClientIsThere(business, clientId)) return refusal;
   Transaction addition(business);
   SaveClientServicesArrayToDB(business, clientId, services);
   InsertService(business, clientId);

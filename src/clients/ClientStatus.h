@@ -12,7 +12,7 @@ QStringList OfferedClientStatuses();
 /// "With Job", "None", "Monthly".
 QStringList InvoiceTypes();
 
-/// The hue of a status as 0xRRGGBB; white for those without one.
+/// The colour of a status as 0xRRGGBB, on every screen that shows one; white for those without.
 quint32 ClientStatusColour(const QString& status);
 
 /// Which parts of the client screen may be used.

@@ -61,6 +61,8 @@ TEST_F(ClientCommandsTest, ChangesPassTheChecksOfTheScreen) {
       {"a computed column", {"Account_Balance=5"}, 1, "no column Account_Balance"},
       {"no yes or no", {"InvoiceWithTelNo=maybe"}, 1, "yes or no"},
       {"no value", {"Map"}, 2, "COLUMN=VALUE"},
+      {"a payer nobody can bill", {"Billing_Client_ID=9999"}, 1, "no client who can be billed"},
+      {"no date", {"Debtor_Since=soon"}, 1, "no date"},
   };
   const qint64 id = Key("SELECT MIN(Client_ID) FROM Clients WHERE Status = 'Active'");
   const QStringList before = Dump("d.mdb");
@@ -90,6 +92,40 @@ TEST_F(ClientCommandsTest, DoneChangesWhatIsOwed) {
   Done({"done", "d.mdb", QString::number(job)});
   EXPECT_DOUBLE_EQ(Client(client.toLongLong())["Account_Balance"].toDouble(),
                    before - entry["Total_Of_Services"].toDouble());
+}
+
+TEST_F(ClientCommandsTest, AJobIsShownAsItIsStored) {
+  const qint64 job = Key("SELECT MIN(Diary_ID) FROM Diary WHERE Status = 'J'");
+  const QString id = QString::number(job);
+  Done({"sql", "d.mdb",
+        "UPDATE Diary SET Status = 'JP', Total_Price = 82.5, Total_GST = 7.5 WHERE Diary_ID = " +
+            id});
+  const QJsonObject entry = Json({"job", "d.mdb", id}).object();
+  EXPECT_EQ(entry["Status"].toString(), "JP") << "not the status it shows as";
+  EXPECT_DOUBLE_EQ(entry["Total_Price"].toDouble(), 82.5);
+  EXPECT_DOUBLE_EQ(entry["Total_GST"].toDouble(), 7.5);
+}
+
+TEST_F(ClientCommandsTest, ThePayerAndTheDebtAreSetLikeOnTheScreen) {
+  const qint64 id =
+      Key("SELECT MIN(Client_ID) FROM Clients WHERE Status = 'Active' AND Is_Billed_To = True");
+  const qint64 payer =
+      Key("SELECT MAX(Client_ID) FROM Clients WHERE Status = 'Active' AND Is_Billed_To = True");
+  ASSERT_NE(id, payer);
+  const auto set = [&](const QString& change) {
+    return Json({"client-set", "d.mdb", QString::number(id), change}).object();
+  };
+  EXPECT_EQ(set(QStringLiteral("billing_client_id=%1").arg(payer))["Billing_Client_ID"].toInteger(),
+            payer);
+  const auto flag = QStringLiteral(
+                        "SELECT COUNT(*) FROM Clients WHERE Client_ID = %1 AND "
+                        "Is_Billed_To = True")
+                        .arg(id);
+  EXPECT_EQ(Key(flag), 0);
+  EXPECT_EQ(set(QStringLiteral("Billing_Client_ID=%1").arg(id))["Billing_Client_ID"].toInteger(),
+            id);
+  EXPECT_EQ(Key(flag), 1);
+  EXPECT_EQ(set("Status=bad DEBTOR")["Status"].toString(), "Bad debtor");
 }
 
 TEST_F(ClientCommandsTest, BalancesAreComputedBeforeTheyAreListed) {

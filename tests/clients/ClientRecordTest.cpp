@@ -236,7 +236,8 @@ TEST_F(ClientsTest, TransferredPaymentsLeaveBalancesToTheNextRecalculation) {
   const ClientRecord to = AddClient("To's");
   Pay(from.clientId, 10);
   Pay(to.clientId, 5);
-  const auto payments = LoadClientPayments(business(), from.clientId);
+  const std::vector<qint64> payments = {
+      LoadClientPayments(business(), from.clientId).front().paymentId};
   EXPECT_EQ(TransferPayments(business(), outside.prompter, payments, std::nullopt)->message,
             "Please select a client first.");
   outside.prompter.Expect("the payments listed above to To's?", Answer::Yes);
@@ -251,17 +252,20 @@ TEST_F(ClientsTest, AnInvoiceDeletedHereLeavesItsJobsDone) {
   Run(Sql("INSERT INTO Invoices (Client_ID) VALUES ({})", client.clientId));
   Run(Sql("INSERT INTO Invoice_Items (Invoice_ID) VALUES (1)"));
   Run(Sql("UPDATE Diary SET Invoice_ID = 1"));
-  EXPECT_EQ(DeleteClientInvoice(business(), outside.prompter, 1, std::nullopt)->message,
+  EXPECT_EQ(DeleteClientInvoice(business(), outside.prompter, std::nullopt)->message,
             "Please select an invoice record to delete.");
   outside.prompter.Expect("delete this invoice?", Answer::Yes);
-  EXPECT_FALSE(DeleteClientInvoice(business(), outside.prompter, client.clientId, 1));
+  EXPECT_FALSE(DeleteClientInvoice(business(), outside.prompter, 1));
   EXPECT_EQ(Rows(Sql("SELECT Status, Invoice_ID FROM Diary")), "JD -");
   EXPECT_EQ(Count("Invoices") + Count("Invoice_Items"), 0);
-  EXPECT_EQ(LoadClientDetails(business(), 1)->accountBalance.ToText(), "-10");
+  EXPECT_EQ(Rows(Sql("SELECT Account_Balance FROM Clients")), "-") << "no invoice moves a balance";
 }
 
 TEST_F(ClientsTest, ColumnsAreSetByNameWithinTheirWidth) {
   ClientRecord client = AddClient("Smith");
+  const QString payer = QString::number(AddClient("Strata").clientId);
+  const ClientRecord billedElsewhere = AddClient("Site", "Active", payer.toLongLong());
+  const QString site = QString::number(billedElsewhere.clientId);
   struct {
     const char* column;
     QString value;
@@ -273,6 +277,13 @@ TEST_F(ClientsTest, ColumnsAreSetByNameWithinTheirWidth) {
       {"Display_Name", QString(101, u'x'), "txtDisplayName"},
       {"Notes", QString(5000, u'x'), nullptr},
       {"Account_Balance", "0", ""},
+      {"Status", "aCTIVE", nullptr},
+      {"debtor_since", "3/10/2026", nullptr},
+      {"Debtor_Since", "31/2/2026", "dtDebtorSince"},
+      {"Billing_Client_ID", payer, nullptr},
+      {"Billing_Client_ID", site, "cmbOtherAddressToBill"},
+      {"Billing_Client_ID", "99", "cmbOtherAddressToBill"},
+      {"Billing_Client_ID", "Strata", "cmbOtherAddressToBill"},
       {"Client_ID", "7", ""},
   };
   for (const auto& [column, value, field] : cases) {
@@ -283,8 +294,47 @@ TEST_F(ClientsTest, ColumnsAreSetByNameWithinTheirWidth) {
   EXPECT_EQ(client.phone1, "9876 5432");
   EXPECT_TRUE(client.invoiceWithTelNo);
   EXPECT_EQ(client.displayName, "Smith");
+  EXPECT_EQ(client.debtorSince, QDate(2026, 10, 3));
+  EXPECT_EQ(client.billingClientId, payer.toLongLong());
+  EXPECT_FALSE(
+      SetClientColumn(business(), client, "Billing_Client_ID", QString::number(client.clientId)));
+  EXPECT_TRUE(client.IsBilledTo()) << "the own key bills the client itself";
+  EXPECT_FALSE(SetClientColumn(business(), client, "Debtor_Since", ""));
+  EXPECT_FALSE(client.debtorSince);
+  EXPECT_FALSE(SaveClientDetails(business(), client));
+  EXPECT_EQ(Rows(Sql("SELECT Status FROM Clients WHERE Client_ID = {}", client.clientId)), "Active")
+      << "in the spelling of the list";
   EXPECT_EQ(ColumnWidth(business(), "clients", "display_name"), 100);
   EXPECT_EQ(ColumnWidth(business(), "Clients", "Notes"), std::nullopt);
+}
+
+TEST_F(ClientsTest, NothingIsSavedForAClientThatIsGone) {
+  ClientRecord client = AddClient("Smith");
+  ClientServiceArray services(2);
+  services.front().serviceId = 1;
+  ClientServiceForm form = ClearedServiceForm(business());
+  form.serviceId = 1;
+  form.jobType = "Casual";
+  Run(Sql("DELETE FROM Clients"));
+  const std::pair<const char*, std::function<std::optional<Refusal>()>> saves[] = {
+      {"the record", [&] { return SaveClientDetails(business(), client); }},
+      {"all", [&] { return SaveClient(business(), client, services); }},
+      {"the schedule", [&] { return CreateScheduleOfClient(business(), client, services); }},
+      {"a service",
+       [&] {
+         return SaveClientServiceToDB(business(), client.clientId, services, form,
+                                      SaveServiceAs::New);
+       }},
+      {"an empty service",
+       [&] { return AddEmptyClientService(business(), client.clientId, services); }},
+  };
+  for (const auto& [what, save] : saves) {
+    const auto refusal = save();
+    ASSERT_TRUE(refusal) << what;
+    EXPECT_EQ(refusal->message, "This client was deleted in the meantime. Nothing was saved.")
+        << what;
+  }
+  EXPECT_EQ(Count("Clients") + Count("Client_Services") + Count("Diary"), 0);
 }
 
 TEST_F(ClientsTest, AJobIsAddedToASavedRecordOnly) {

@@ -148,7 +148,11 @@ void ClientBillingPage::ConnectControls() {
     connect(choices_[static_cast<size_t>(at)], &QRadioButton::clicked, this,
             [this, at] { emit billingChosen(static_cast<BillingChoice>(at)); });
   connect(cmbOtherAddressToBill, &ComboSearch::picked, this, [this](int at) {
-    if (at >= 0) emit payerChosen(*ComboKey(cmbOtherAddressToBill));
+    // A payer is not taken away by emptying the field, but by another choice.
+    if (at >= 0)
+      emit payerChosen(*ComboKey(cmbOtherAddressToBill));
+    else if (!desk_.client.IsBilledTo())
+      ShowBilling();
   });
   connect(cmbOtherAddressToBill, &QComboBox::currentIndexChanged, this,
           [this] { EnableCommands(); });
@@ -196,8 +200,15 @@ void ClientBillingPage::ShowBilling() {
   EnableCommands();
 }
 
-void ClientBillingPage::ShowBalance() {
+void ClientBillingPage::ShowDebtorSince() {
   dtDebtorSince->SetDate(desk_.client.debtorSince.value_or(QDate()));
+}
+
+QWidget* ClientBillingPage::DebtorSinceField() const {
+  return dtDebtorSince;
+}
+
+void ClientBillingPage::ShowOwing() {
   txtCurrentlyOwing->setText(desk_.client.CurrentlyOwing().ToCurrencyText());
 }
 

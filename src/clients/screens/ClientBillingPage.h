@@ -42,9 +42,10 @@ class ClientBillingPage : public QWidget {
   QWidget* LastChoice() const;
   /// Who pays, with the frame that belongs to it.
   void ShowBilling();
-  /// What the client owes and since when.
-  void ShowBalance();
+  void ShowOwing();
+  void ShowDebtorSince();
   void TakeDebtorSince() const;
+  QWidget* DebtorSinceField() const;
   void EnableCommands();
   /// The name of the client that pays, where another does.
   QString PayerName() const;

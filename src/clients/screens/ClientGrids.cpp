@@ -51,18 +51,7 @@ GridCell DateOrNone(QDate date) {
 }  // namespace
 
 Hue HueOfClientStatus(const QString& status) {
-  switch (ClientStatusColour(status)) {
-    case 0x00FF00:
-      return Hue::Green;
-    case 0xFF0000:
-      return Hue::Red;
-    case 0x0000FF:
-      return Hue::Blue;
-    case 0xFFFF80:
-      return Hue::Yellow;
-    default:
-      return Hue::Neutral;
-  }
+  return HueOfColour(ClientStatusColour(status));
 }
 
 std::vector<GridColumn> ServiceColumns() {

@@ -10,7 +10,7 @@
 /// How the lists around a client stand in their tables.
 namespace quillary {
 
-/// The hue nearest to the colour that a status has. Its word stands beside it.
+/// The hue of the colour that a status has. Its word stands beside it.
 Hue HueOfClientStatus(const QString& status);
 
 std::vector<GridColumn> ServiceColumns();

@@ -4,6 +4,7 @@
 #include "clients/screens/ClientGrids.h"
 #include "kit/Grid.h"
 #include "kit/Layouts.h"
+#include "scheduling/OpenEntry.h"
 
 namespace quillary {
 
@@ -84,16 +85,10 @@ void ClientJobsPage::LoadJobs() {
   EnableCommands();
 }
 
-bool ClientJobsPage::CanOpen(const QString& status) const {
-  const Navigator& to = desk_.tools.navigator;
-  if (status.startsWith(u'V')) return to.CanOpen<EditVisit>();
-  if (status.startsWith(u'Q')) return to.CanOpen<EditQuoteVisit>();
-  return to.CanOpen<EditJob>();
-}
-
 void ClientJobsPage::EnableCommands() {
   const auto row = grid_->SelectedRow();
-  cmdEdit_->setEnabled(row && CanOpen(jobs_[static_cast<size_t>(*row)].status));
+  cmdEdit_->setEnabled(
+      row && CanOpenEntry(desk_.tools.navigator, jobs_[static_cast<size_t>(*row)].status));
   cmdAdd_->setEnabled(desk_.tools.navigator.CanOpen<AddJob>());
 }
 
@@ -105,13 +100,8 @@ std::optional<qint64> ClientJobsPage::SelectedJob() const {
 
 void ClientJobsPage::OpenJob(qint64 diaryId) {
   for (const ClientJob& job : std::vector<ClientJob>(jobs_)) {
-    if (job.diaryId != diaryId || !CanOpen(job.status)) continue;
-    if (job.status.startsWith(u'V'))
-      desk_.tools.navigator.Open(EditVisit{diaryId});
-    else if (job.status.startsWith(u'Q'))
-      desk_.tools.navigator.Open(EditQuoteVisit{diaryId});
-    else
-      desk_.tools.navigator.Open(EditJob{diaryId});
+    if (job.diaryId != diaryId || !CanOpenEntry(desk_.tools.navigator, job.status)) continue;
+    OpenEntry(desk_.tools.navigator, job.status, diaryId);
     desk_.loadJobs();
     desk_.showBalance();
     return;

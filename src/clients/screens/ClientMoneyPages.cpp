@@ -111,12 +111,11 @@ void ClientInvoicesPage::EnableFrame(bool on) {
 }
 
 void ClientInvoicesPage::DeleteSelected() {
-  if (!desk_.accepted(DeleteClientInvoice(desk_.business, desk_.Prompt(), desk_.client.clientId,
-                                          SelectedKey(grdInvoices))))
+  if (!desk_.accepted(
+          DeleteClientInvoice(desk_.business, desk_.Prompt(), SelectedKey(grdInvoices))))
     return;
   desk_.loadMoney();
   desk_.loadJobs();
-  desk_.showBalance();
 }
 
 ClientPaymentsPage::ClientPaymentsPage(ClientDesk& desk) : desk_(desk) {
@@ -154,16 +153,23 @@ void ClientPaymentsPage::MakeControls() {
 }
 
 void ClientPaymentsPage::LayOut() {
-  QLabel* transfer = MakeLabelFor(cmbTransferTo, tr("Transfer the payments listed above t&o"));
-  fraPayments = Frame("fraPayments", Page(txtPaymentFilter, grdPayments,
-                                          {transfer, cmbTransferTo, cmdTransferPayments},
-                                          {cmdAddPayment, cmdEditPayment}));
+  fraPayments = Frame("fraPayments",
+                      Page(txtPaymentFilter, grdPayments, {}, {cmdAddPayment, cmdEditPayment}));
+  // Outside the frame: a client whose payments now belong to its payer is the one to transfer them.
+  auto* transfer = new QHBoxLayout;
+  transfer->setSpacing(8);
+  transfer->setContentsMargins(0, 0, 0, 8);
+  transfer->addWidget(MakeLabelFor(cmbTransferTo, tr("Transfer the payments listed above t&o")));
+  transfer->addWidget(cmbTransferTo);
+  transfer->addWidget(cmdTransferPayments);
+  transfer->addStretch(1);
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(0);
   lblPaymentNote->setContentsMargins(0, 12, 0, 0);
   column->addWidget(lblPaymentNote);
   column->addWidget(fraPayments, 1);
+  column->addLayout(transfer);
 }
 
 void ClientPaymentsPage::LoadChoices() {
@@ -172,11 +178,11 @@ void ClientPaymentsPage::LoadChoices() {
 
 size_t ClientPaymentsPage::LoadPayments() {
   const auto kept = SelectedKey(grdPayments);
-  payments_ = LoadClientPayments(desk_.business, desk_.client.clientId);
-  grdPayments->SetRows(PaymentRows(payments_));
+  const auto payments = LoadClientPayments(desk_.business, desk_.client.clientId);
+  grdPayments->SetRows(PaymentRows(payments));
   if (kept) grdPayments->SelectKey(*kept);
   EnableCommands();
-  return payments_.size();
+  return payments.size();
 }
 
 void ClientPaymentsPage::EnableFrame(bool on, bool note) {
@@ -191,8 +197,8 @@ void ClientPaymentsPage::EnableCommands() {
 }
 
 void ClientPaymentsPage::Transfer() {
-  if (!desk_.accepted(
-          TransferPayments(desk_.business, desk_.Prompt(), payments_, ComboKey(cmbTransferTo))))
+  if (!desk_.accepted(TransferPayments(desk_.business, desk_.Prompt(), grdPayments->ShownKeys(),
+                                       ComboKey(cmbTransferTo))))
     return;
   desk_.loadMoney();
 }

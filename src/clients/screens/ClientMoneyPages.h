@@ -56,7 +56,6 @@ class ClientPaymentsPage : public QWidget {
   void Transfer();
 
   ClientDesk& desk_;
-  std::vector<ClientPayment> payments_;
   QLabel* lblPaymentNote;
   QWidget* fraPayments;
   QLineEdit* txtPaymentFilter;

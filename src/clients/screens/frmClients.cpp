@@ -168,7 +168,8 @@ void frmClients::ShowRecord() {
   ShowClientFields(this, desk_.client);
   details_->ShowClient();
   billing_->ShowBilling();
-  billing_->ShowBalance();
+  billing_->ShowDebtorSince();
+  billing_->ShowOwing();
   setWindowTitle(tr("Client: ") + (desk_.client.IsNew() ? tr("new") : desk_.client.displayName));
   lblStatus->ShowStatus(desk_.client.status, HueOfClientStatus(desk_.client.status));
   ShowHeader();
@@ -216,11 +217,19 @@ void frmClients::ShowBilling() {
 }
 
 void frmClients::ShowBalance() {
+  QWidget* since = billing_->DebtorSinceField();
+  const bool typed = record_.IsChanged(since);
   LoadBillingDetails(desk_.business, desk_.client);
-  billing_->ShowBalance();
-  ShowHeader();
-  desk_.stored.debtorSince = desk_.client.debtorSince;
   desk_.stored.accountBalance = desk_.client.accountBalance;
+  billing_->ShowOwing();
+  if (typed) {
+    billing_->TakeDebtorSince();  // a day that the user has typed stays
+  } else {
+    desk_.stored.debtorSince = desk_.client.debtorSince;
+    billing_->ShowDebtorSince();
+    record_.TakeAsStored(since);
+  }
+  ShowHeader();
 }
 
 void frmClients::TakeFields() {

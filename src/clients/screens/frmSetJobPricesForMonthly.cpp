@@ -1,5 +1,6 @@
 #include "clients/screens/frmSetJobPricesForMonthly.h"
 
+#include "clients/ClientRecord.h"
 #include "kit/CurrencyField.h"
 #include "kit/DateField.h"
 #include "kit/Grid.h"
@@ -30,6 +31,9 @@ frmSetJobPricesForMonthly::frmSetJobPricesForMonthly(Business& business, const S
              business.World().prompter),
       business_(business),
       clientId_(clientId) {
+  const auto client = LoadClientDetails(business, clientId);
+  lblClientName =
+      MakeLabel("lblClientName", client ? client->displayName : QString(), LabelRole::Title);
   const MonthRange month = MonthOf(business.Today());
   dtFrom = Named(new DateField(business.Today()), "dtFrom");
   dtTo = Named(new DateField(business.Today()), "dtTo");
@@ -62,6 +66,7 @@ void frmSetJobPricesForMonthly::LayOut() {
   gap->addStretch(1);
   auto* column = new QVBoxLayout;
   column->setSpacing(12);
+  column->addWidget(lblClientName);
   column->addLayout(InLine({{LabelOver(dtFrom, tr("&From")), 0},
                             {LabelOver(dtTo, tr("T&o")), 0},
                             {button, 0},

@@ -5,6 +5,7 @@
 #include "kit/Screen.h"
 
 class QCheckBox;
+class QLabel;
 class QPushButton;
 
 namespace quillary {
@@ -29,6 +30,7 @@ class frmSetJobPricesForMonthly : public Dialog {
   Business& business_;
   qint64 clientId_;
 
+  QLabel* lblClientName;
   DateField* dtFrom;
   DateField* dtTo;
   QPushButton* cmdList;
