@@ -59,16 +59,18 @@ std::vector<CheckedClient> ListCheckedClients(Business& business) {
   std::vector<CheckedClient> clients;
   const Recordset rows = business.RunSQL(
       Sql("SELECT Clients.Client_ID, Clients.Display_Name, Clients.Status, "
-          "Clients.Billing_Client_ID, Clients.Account_Balance, Billed.Display_Name AS Billed_Name "
+          "Clients.Billing_Client_ID, Clients.Account_Balance, Billed.Display_Name AS Billed_Name, "
+          "Billed.Account_Balance AS Billed_Balance "
           "FROM Clients LEFT JOIN Clients AS Billed "
-          "ON Clients.Billing_Client_ID = Billed.Client_ID ORDER BY Clients.Display_Name"));
+          "ON Clients.Billing_Client_ID = Billed.Client_ID "
+          "ORDER BY Clients.Display_Name, Clients.Surname, Clients.First_Name"));
   for (const Record row : rows) {
     const qint64 clientId = row[u"Client_ID"].ToLong();
     const bool paysForItself = row[u"Billing_Client_ID"].ToLong() == clientId;
     clients.push_back(
         {clientId, row[u"Display_Name"].ToText(), row[u"Status"].ToText(),
          paysForItself ? QStringLiteral(" (same as client) ") : row[u"Billed_Name"].ToText(),
-         -row[u"Account_Balance"].ToMoney()});
+         -row[u"Account_Balance"].ToMoney(), -row[u"Billed_Balance"].ToMoney()});
   }
   return clients;
 }

@@ -17,8 +17,9 @@ struct CheckedClient {
   QString status;
   QString billedClient;  // " (same as client) " for one who pays for itself
   Money amountOwing;     // the balance negated
+  Money billedClientOwes;
 };
-/// All clients, by display name.
+/// All clients, by display name, then by surname and first name.
 std::vector<CheckedClient> ListCheckedClients(Business& business);
 
 enum class CheckedJobColour { NotDone, Done, Paid };

@@ -97,16 +97,24 @@ DiaryRow RowOf(const Record& record) {
 
 }  // namespace
 
-QString DiaryRow::ShownStatus() const {
+QString FoldedStatus(const QString& status) {
   return IsOneOf(status, {u"JD", u"JU", u"JP"}) ? QStringLiteral("JD") : status;
+}
+
+QString DiaryRow::ShownStatus() const {
+  return FoldedStatus(status);
+}
+
+DiaryRowColour DiaryRow::Colour() const {
+  return ColourOfEntry(status, paymentId != -1);
 }
 
 QString DiaryRow::StatusWords() const {
   return WordsOf(status, &StatusWord::shown);
 }
 
-DiaryRowColour DiaryRow::Colour() const {
-  if (paymentId != -1) return DiaryRowColour::Paid;
+DiaryRowColour ColourOfEntry(const QString& status, bool isPaid) {
+  if (isPaid) return DiaryRowColour::Paid;
   if (IsOneOf(status, {u"J"})) return DiaryRowColour::Open;
   if (IsOneOf(status, {u"JC"})) return DiaryRowColour::Cancelled;
   if (status.startsWith(u'V', Qt::CaseInsensitive)) return DiaryRowColour::Visit;

@@ -22,6 +22,11 @@ struct DiaryQuery {
 /// The hue of a row. Paid wins over every status.
 enum class DiaryRowColour { Open, Visit, Cancelled, Done, Paid };
 
+/// What colours an entry.
+DiaryRowColour ColourOfEntry(const QString& status, bool isPaid);
+/// 'JD' for 'JD', 'JU' and 'JP'; otherwise the code.
+QString FoldedStatus(const QString& status);
+
 struct DiaryRow {
   int sequence = 0;
   qint64 diaryId = 0;
@@ -32,13 +37,12 @@ struct DiaryRow {
   QString phones;
   QString description;
   Money totalPrice;
-  QString status;  // the stored code; ShownStatus() folds the older forms of done
+  QString status;  // the stored code; ShownStatus() is the folded one
   qint64 employeeId = 0;
   qint64 invoiceId = -1;  // -1 for none
   QDate scheduleDate;
   qint64 paymentId = -1;  // -1 for none
 
-  /// 'JD' for 'JD', 'JU' and 'JP'; otherwise the code.
   QString ShownStatus() const;
   /// The words of the stored code, such as "Job DONE NOT PAID".
   QString StatusWords() const;

@@ -86,7 +86,10 @@ std::optional<Job> LoadJob(Business& business, qint64 diaryId) {
   job.employeeId = choice(u"Employee_ID");
   job.description = entry.Field(u"Description").ToText();
   job.notes = entry.Field(u"Notes").ToText();
-  job.statusPosition = JobStatusPosition(entry.Field(u"Status").ToText());
+  job.storedStatus = entry.Field(u"Status").ToText();
+  job.statusPosition = JobStatusPosition(job.storedStatus);
+  job.totalPrice = entry.Field(u"Total_Price").ToMoney();
+  job.totalGST = entry.Field(u"Total_GST").ToMoney();
   job.paymentId = entry.Field(u"Payment_ID").ToLong(kNoRecord);
   job.invoiceNumber = InvoiceNumberOf(business, entry.Field(u"Invoice_ID"));
   return job;

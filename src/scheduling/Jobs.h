@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/Money.h"
 #include "base/Refusal.h"
 #include "data/Business.h"
 
@@ -24,6 +25,10 @@ struct Job {
   QString description;
   QString notes;
   std::optional<int> statusPosition;  // in JobStatusWords()
+  // As they stand in the file; the lines and their own rules write these.
+  QString storedStatus;
+  Money totalPrice;  // tax included
+  Money totalGST;
   qint64 paymentId = kNoRecord;
   QString invoiceNumber;  // of the invoice that bills it; empty without one; never written
 

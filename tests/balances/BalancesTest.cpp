@@ -330,6 +330,17 @@ TEST_F(CheckerTest, ShowsWhatABalanceIsMadeOf) {
   EXPECT_EQ(clients[1].billedClient, " (same as client) ");
   EXPECT_EQ(clients[2].billedClient, "Payer");
 
+  Run(Sql("UPDATE Clients SET Display_Name = 'Same', Account_Balance = -7 * Client_ID"));
+  Run(Sql("UPDATE Clients SET Surname = 'B', First_Name = 'B' WHERE Client_ID = 1"));
+  Run(Sql("UPDATE Clients SET Surname = 'B', First_Name = 'A' WHERE Client_ID = 2"));
+  Run(Sql("UPDATE Clients SET Surname = 'A', First_Name = 'Z' WHERE Client_ID = 3"));
+  QStringList owing;
+  for (const CheckedClient& client : ListCheckedClients(business()))
+    owing += QStringLiteral("%1 %2 %3")
+                 .arg(client.clientId)
+                 .arg(client.amountOwing.ToText(), client.billedClientOwes.ToText());
+  EXPECT_EQ(owing.join(u','), "3 21 7,2 14 14,1 7 7") << "by surname and first name in the end";
+
   const CheckedJobs jobs = ListCheckedJobs(business(), 1);
   QStringList shown;
   for (const CheckedJob& job : jobs.rows) {

@@ -72,6 +72,9 @@ TEST_F(ClientListsTest, DebtorsAndCreditorsAreComputedOnOpening) {
   Click(Find<QWidget>(screen, "chkActiveClients"));
   EXPECT_EQ(RowCount(debtors), 0);
   Click(Find<QWidget>(screen, "chkActiveClients"));
+  Run(Sql("UPDATE Diary SET Total_Price = 60"));
+  navigator.Open(OpenDebtors{});
+  EXPECT_EQ(Cell(debtors, 0, 6), "$60.00") << "opening the open list computes anew";
   debtors->SelectFirst();
   QTest::keyClick(debtors, Qt::Key_Return);
   EXPECT_EQ(host.shown->windowTitle(), "Client: Abbott, Anna");
@@ -83,6 +86,7 @@ TEST_F(ClientListsTest, AMonthlyAmountIsSpreadOverTheTickedJobs) {
     Run(Sql("INSERT INTO Diary_Services (Diary_ID, Service_ID, Price) VALUES ({}, 1, 55)", job));
   frmSetJobPricesForMonthly dialog(business(), {navigator, host, runner}, 1);
   dialog.show();
+  EXPECT_EQ(Find<QLabel>(&dialog, "lblClientName")->text(), "Abbott, Anna");
   ClickOn(&dialog, "cdmStart");
   EXPECT_EQ(Told(), "Please enter an amount greater than 0.");
   EXPECT_EQ(dialog.focusWidget()->objectName(), "txtAmount");

@@ -203,6 +203,8 @@ TEST_F(ClientScreenTest, TheStatusSaysWhatMayBeUsed) {
     EXPECT_EQ(Find<QWidget>(screen, "fraPayments")->isEnabledTo(screen), c.money) << c.clientId;
     EXPECT_EQ(Find<QWidget>(screen, "fraPreviousInvoices")->isEnabledTo(screen), c.money);
     EXPECT_EQ(Find<QWidget>(screen, "lblPaymentNote")->isHidden(), c.money);
+    EXPECT_TRUE(Find<QWidget>(screen, "cmdTransferPayments")->isEnabledTo(screen))
+        << "who is billed elsewhere is the one to transfer";
   }
   const QWidget* screen = OpenOf(1);
   Pick(Find<QComboBox>(screen, "cmbStatus"), "Billing address");
@@ -313,6 +315,67 @@ TEST_F(ClientScreenTest, PaymentsAreTransferredToAChosenClient) {
       "Are you sure you want to transfer the payments listed above to Strata Pty?", Answer::Yes);
   ClickOn(screen, "cmdTransferPayments");
   EXPECT_EQ(RowCount(Find<Grid>(screen, "grdPayments")), 0);
+}
+
+TEST_F(ClientScreenTest, OnlyTheListedPaymentsAreTransferred) {
+  for (const char* method : {"Cash", "Cheque", "Cash"})
+    Run(Sql("INSERT INTO Payments (Client_ID, Amount, Payment_Method) VALUES (3, 20, {})", method));
+  const QWidget* screen = OpenOf(3);
+  ShowPage(screen, "Payments 3");
+  Line(screen, "txtPaymentFilter")->setText("cash");
+  auto* to = Find<QComboBox>(screen, "cmbTransferTo");
+  to->setCurrentIndex(to->findText("Strata Pty"));
+  outside.prompter.Expect("the payments listed above to Strata Pty?", Answer::Yes);
+  ClickOn(screen, "cmdTransferPayments");
+  const Recordset left = Run(Sql("SELECT Payment_Method FROM Payments WHERE Client_ID = 3"));
+  ASSERT_EQ(left.RowCount(), 1u);
+  EXPECT_EQ(left.Field(size_t{0}).ToText(), "Cheque");
+}
+
+TEST_F(ClientScreenTest, ANewBalanceIsNoChangeOfTheUser) {
+  AddJob(1, "JD", QDate(2026, 10, 26), 55);
+  Screen* screen = OpenOf(1);
+  auto* since = Find<DateField>(screen, "dtDebtorSince");
+  const auto deleteJob = [&] {
+    Find<Grid>(screen, "grdPastJobs")->SelectFirst();
+    outside.prompter.Expect("Are you sure you want to delete this job?", Answer::Yes);
+    ClickOn(screen, "cmdDeletePastJob");
+  };
+  EXPECT_TRUE(since->Date().isValid());
+  ShowPage(screen, "Past jobs");
+  deleteJob();
+  EXPECT_FALSE(since->Date().isValid());
+  EXPECT_TRUE(screen->MayClose()) << "nothing to ask about";
+
+  AddJob(1, "JD", QDate(2026, 10, 26), 55);
+  screen->Reload();
+  since->SetDate(QDate(2026, 9, 1));
+  deleteJob();
+  EXPECT_EQ(since->Date(), QDate(2026, 9, 1)) << "what the user has typed stays";
+  outside.prompter.Expect("Close without saving changes?", Answer::No);
+  EXPECT_FALSE(screen->MayClose());
+}
+
+TEST_F(ClientScreenTest, AnEmptiedPayerComesBack) {
+  const QWidget* screen = OpenOf(3);
+  ShowPage(screen, "Billing");
+  auto* payer = Find<QComboBox>(screen, "cmbOtherAddressToBill");
+  payer->setFocus();
+  payer->lineEdit()->selectAll();
+  QTest::keyClick(payer->lineEdit(), Qt::Key_Backspace);
+  EXPECT_EQ(payer->currentText(), "");
+  Line(screen, "txtClaimNumber")->setFocus();
+  EXPECT_EQ(payer->currentText(), "Strata Pty") << "nobody is billed without it showing";
+}
+
+TEST_F(ClientScreenTest, AClientDeletedMeanwhileIsNotSaved) {
+  const QWidget* screen = OpenOf(1);
+  Line(screen, "txtMap")->setText("45 B6");
+  Run(Sql("DELETE FROM Clients WHERE Client_ID = 1"));
+  for (const char* command : {"cmdSave", "cmdCloseAndSave"}) {
+    ClickOn(screen, command);
+    EXPECT_EQ(Told(), "This client was deleted in the meantime. Nothing was saved.") << command;
+  }
 }
 
 TEST_F(ClientScreenTest, ASiteOpensFromTheClientThatPays) {

@@ -1,5 +1,6 @@
 #include "base/ports/requests/Billing.h"
 #include "base/ports/requests/Clients.h"
+#include "base/ports/requests/Scheduling.h"
 #include "base/ports/requests/Screens.h"
 #include "gui/GuiTest.h"
 #include "kit/DateField.h"
@@ -211,6 +212,100 @@ TEST_F(DiaryScreenTest, EditsInItsCells) {
   QTest::keyClick(editor, Qt::Key_Return);
   QTest::qWait(20);
   EXPECT_EQ(Names(), "Brown Chen Diaz Abbott") << "letters are no sequence, 9 is the last place";
+}
+
+TEST_F(DiaryScreenTest, ACellThatHoldsNoChoiceKeepsWhatItHolds) {
+  AddEntry(2, "Q", 5, 0, 9);
+  Open();
+  for (const DiaryColumn column : {kStatus, kEmployee}) {
+    grid->setCurrentIndex(grid->model()->index(4, column));
+    QTest::keyClick(grid, Qt::Key_F2);
+    EXPECT_EQ(Find<QComboBox>(grid->viewport(), "editor")->currentIndex(), -1);
+    Find<QLineEdit>(screen, "txtFilter")->setFocus();  // leaving an editor stores what it holds
+    QTest::qWait(20);
+  }
+  EXPECT_EQ(StatusOf(6), "Q");
+  EXPECT_EQ(business().FirstField(Sql("SELECT Employee_ID FROM Diary WHERE Diary_ID = 6")).ToLong(),
+            9);
+  Choose(4, kStatus, "Job NOT DONE");
+  EXPECT_EQ(StatusOf(6), "J") << "what is chosen is stored";
+}
+
+TEST_F(DiaryScreenTest, AnEditNeedsASelectedJob) {
+  Open();
+  grid->SelectKey(2);
+  ClickOn(screen, "cmdDoneUnPaid");
+  ASSERT_FALSE(grid->SelectedRow());
+  QTest::keyClick(grid, Qt::Key_F2);
+  auto* editor = Find<QWidget>(grid->viewport(), "editor");
+  if (auto* line = qobject_cast<QLineEdit*>(editor)) line->setText("9");
+  QTest::keyClick(editor, Qt::Key_Return);
+  QTest::qWait(20);
+  EXPECT_EQ(outside.prompter.TakeTold(), QStringList{"Please select a job to update."});
+  EXPECT_EQ(business().FirstField(Sql("SELECT [Sequence] FROM Diary WHERE Diary_ID = 2")).ToLong(),
+            2);
+}
+
+TEST_F(DiaryScreenTest, OpeningItAgainShowsToday) {
+  Open();
+  QTest::keyClick(screen, Qt::Key_Right, Qt::AltModifier);
+  EXPECT_EQ(Names(), "Abbott");
+  navigator.Open(OpenDiary{});
+  EXPECT_EQ(Names(), "Abbott Brown Chen Diaz");
+  for (const char* field : {"dtJobDate", "dtFrom", "dtTo"})
+    EXPECT_EQ(Find<DateField>(screen, field)->Date(), QDate(2026, 11, 2)) << field;
+}
+
+TEST_F(DiaryScreenTest, ThePickedRangeAndItsOptionAgreeWithTheList) {
+  Open();
+  struct Step {
+    const char* field;
+    const char* typed;
+    bool range;
+    int rows;
+  };
+  const Step steps[] = {{"dtFrom", "3/11", false, 4},  // it ends before it begins, so far
+                        {"dtTo", "4/11", true, 1},
+                        {"dtJobDate", "4/11", false, 0},
+                        {"dtFrom", "2/11", true, 5}};
+  for (const Step& step : steps) {
+    auto* field = Find<DateField>(screen, step.field);
+    field->setFocus();
+    field->selectAll();
+    QTest::keyClicks(field, step.typed);
+    QTest::keyClick(field, Qt::Key_Return);
+    EXPECT_EQ(Find<QRadioButton>(screen, "optShowJobsBetween")->isChecked(), step.range)
+        << step.field;
+    EXPECT_EQ(grid->model()->rowCount(), step.rows) << step.field << step.typed;
+  }
+}
+
+TEST_F(DiaryScreenTest, AnEntryWithoutAScreenIsNotEdited) {
+  AddEntry(2, "Q", 5, 0, 1);
+  Open();
+  const auto* edit = Find<QPushButton>(screen, "cmdEditJob");
+  for (const auto& [key, on] : {std::pair{1, true}, {4, true}, {6, false}}) {
+    grid->SelectKey(key);
+    EXPECT_EQ(edit->isEnabled(), on) << key;
+  }
+  grid->clearSelection();
+  EXPECT_TRUE(edit->isEnabled()) << "it says that a job has to be selected";
+}
+
+TEST_F(DiaryScreenTest, PrintingRecomputesWhatTheClientOwes) {
+  int printed = 0;
+  navigator.Register<PrintWorkSheet>([&](const PrintWorkSheet&) {
+    ++printed;
+    EXPECT_EQ(Run(Sql("SELECT Account_Balance FROM Clients WHERE Client_ID = 3"))
+                  .Field(size_t{0})
+                  .ToMoney(),
+              Money::FromWhole(-40));
+  });
+  Run(Sql("UPDATE Clients SET Billing_Client_ID = Client_ID, Is_Billed_To = True"));
+  Open();
+  grid->SelectKey(3);
+  ClickOn(screen, "cmdPrint");
+  EXPECT_EQ(printed, 1);
 }
 
 TEST_F(DiaryScreenTest, ReordersByDragAndByKeys) {

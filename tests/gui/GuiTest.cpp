@@ -71,4 +71,8 @@ void SingleHost::ShowScreen(Screen* screen) {
   ASSERT_TRUE(QTest::qWaitForWindowActive(screen));
 }
 
+Screen* SingleHost::BringToFront(const QString& name) {
+  return shown && shown->objectName() == name ? shown.get() : nullptr;
+}
+
 }  // namespace quillary

@@ -52,7 +52,7 @@ class ProgramTest : public ::testing::Test {
 class SingleHost : public ScreenHost {
  public:
   void ShowScreen(Screen* screen) override;
-  Screen* BringToFront(const QString&) override { return nullptr; }
+  Screen* BringToFront(const QString& name) override;
   std::unique_ptr<Screen> shown;
 };
 

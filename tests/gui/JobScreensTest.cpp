@@ -143,6 +143,7 @@ TEST_F(JobScreensTest, PaymentOfAJobFollowsItsPayment) {
   UseDialog(EditJob{id}, [&](Dialog& job) { EXPECT_EQ(caption(job), "Add payment (off)"); });
   navigator.Register<PayForJob>([&](const PayForJob& request) {
     EXPECT_EQ(request.billingClientId, 1);
+    EXPECT_EQ(request.price, Money::FromWhole(50)) << "what it costs, though it has no lines";
     Run(Sql("UPDATE Diary SET Payment_ID = 9 WHERE Diary_ID = {}", request.diaryId));
     return true;
   });
@@ -235,6 +236,44 @@ TEST_F(JobScreensTest, EditsAndDeletesInTheJobsList) {
   EXPECT_EQ(Told(), "Please select a job to delete.|Please select a job to edit.");
   EXPECT_FALSE(Find<QPushButton>(&jobs, "cmdClientDetails")->isEnabled())
       << "disabled until that screen exists";
+}
+
+TEST_F(JobScreensTest, AnOlderFormOfDoneStaysInTheJobsList) {
+  const qint64 id = AddEntry(1, "JP", 55);
+  Run(Sql("UPDATE Clients SET Account_Balance = -3 WHERE Client_ID = 1"));
+  Screen& jobs = OpenTab(OpenJobsList{});
+  auto* grid = Find<Grid>(&jobs, "grdSchedule");
+  constexpr int kStatusColumn = 7;
+  grid->setCurrentIndex(grid->model()->index(0, kStatusColumn));
+  QTest::keyClick(grid, Qt::Key_F2);
+  EXPECT_EQ(Find<QComboBox>(grid->viewport(), "editor")->currentText(), "Job DONE");
+  Find<QLineEdit>(&jobs, "txtFilter")->setFocus();
+  QTest::qWait(20);
+  EXPECT_EQ(Entry(id).Field(u"Status").ToText(), "JP");
+  EXPECT_EQ(Number(Sql("SELECT Account_Balance FROM Clients WHERE Client_ID = 1")), -3);
+}
+
+TEST_F(JobScreensTest, OpeningTheJobsListAgainShowsThisMonth) {
+  AddEntry(1, "J", 55);
+  AddEntry(1, "J", 99, {2026, 12, 1});
+  Screen& jobs = OpenTab(OpenJobsList{});
+  TypeOver(&jobs, "dtTo", "31/12/2026");
+  EXPECT_EQ(Find<Grid>(&jobs, "grdSchedule")->model()->rowCount(), 2);
+  EXPECT_EQ(&OpenTab(OpenJobsList{}), &jobs);
+  EXPECT_EQ(Find<Grid>(&jobs, "grdSchedule")->model()->rowCount(), 1);
+}
+
+TEST_F(JobScreensTest, AQuoteOfTheListHasNoScreen) {
+  AddEntry(1, "Q", 0);
+  AddEntry(1, "V", 0, {2026, 11, 3});
+  Screen& jobs = OpenTab(OpenJobsList{});
+  auto* status = Find<QComboBox>(&jobs, "cboJobStatus");
+  status->setCurrentIndex(status->findText("- Uncancelled Jobs - "));
+  emit status->activated(status->currentIndex());
+  for (const auto& [key, on] : {std::pair{1, false}, {2, true}}) {
+    Find<Grid>(&jobs, "grdSchedule")->SelectKey(key);
+    EXPECT_EQ(Find<QPushButton>(&jobs, "cmdEditJob")->isEnabled(), on) << key;
+  }
 }
 
 TEST_F(JobScreensTest, OpensTheJobOfTheListByEnter) {

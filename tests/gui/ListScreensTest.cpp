@@ -120,6 +120,13 @@ TEST_F(ListScreensTest, KeepsHolidaysOfAYear) {
   EXPECT_EQ(RowText(grid, 0).section('|', 0, 1), "03/11|Every year");
   EXPECT_TRUE(IsHoliday(business().holidays, QDate(2030, 11, 3)))
       << "the roll sees the change at once";
+
+  Run(Sql("INSERT INTO Holiday (Hol_Date, Hol_Year, Hol_Recurring) VALUES ('25/12', 2026, False)"));
+  TypeOver(&screen, "txtDayMonth", "26/12");
+  years->setCurrentIndex(years->findText("2026"));
+  emit years->activated(years->currentIndex());
+  EXPECT_EQ(RowsOf(grid), 2) << "the list follows the year while a holiday is being typed";
+  EXPECT_EQ(Find<QLineEdit>(&screen, "txtDayMonth")->text(), "26/12");
 }
 
 TEST_F(ListScreensTest, KeepsFrequenciesInTheirCells) {

@@ -150,6 +150,7 @@ TEST_F(ReportViewerTest, MailsTheFileWhenSomebodyCan) {
     sent += mail.subject + u'|' + mail.file;
     return leaves;
   });
+  host.shown.reset();  // what can be opened is seen by a viewer made from here on
   frmReportViewer& viewer = OpenViewer();
   auto* button = Find<QPushButton>(&viewer, "cmdEmailFileAsAttachment");
   outside.headOffice.connected = true;

@@ -132,15 +132,30 @@ class CheckerTest : public ScheduleScreensTest {
 };
 
 TEST_F(CheckerTest, ShowsWhatABalanceIsMadeOf) {
-  EXPECT_EQ(RowText(List("grdClients"), 0), "Abbott|Active|(same as client)|$170.00");
-  EXPECT_EQ(RowText(List("grdClients"), 1).section('|', 2, 2), "Abbott");
+  EXPECT_EQ(RowText(List("grdClients"), 0), "Abbott|Active|(same as client)|$170.00|$170.00");
+  EXPECT_EQ(RowText(List("grdClients"), 1), "Brown|Active|Abbott|$0.00|$170.00");
   EXPECT_EQ(Text("txtTotalNoOfJobs"), "2 jobs");
   EXPECT_EQ(Text("txtTotalJobAmount"), "$200.00");
+  EXPECT_EQ(Text("txtTotalNoOfPayments"), "1 payment");
+  EXPECT_EQ(Text("txtTotalNoOfPayments2"), "1 payment");
   EXPECT_EQ(Text("txtTotalPayments"), "$30.00");
   EXPECT_EQ(Text("txtTotalPayments2"), "$30.00");
   List("grdClients")->setFocus();
   QTest::keyClick(List("grdClients"), Qt::Key_Down);
   EXPECT_EQ(Text("txtTotalJobAmount"), "$100.00") << "the other client's own";
+  EXPECT_EQ(Text("txtTotalNoOfPayments2"), "0 payments");
+}
+
+TEST_F(CheckerTest, AStatusHasItsColour) {
+  const std::pair<const char*, Hue> cases[] = {
+      {"Active", Hue::Green},  {"QUOTE ONLY", Hue::Yellow}, {"Billing address", Hue::PaleBlue},
+      {"Cancelled", Hue::Red}, {"Bad debtor", Hue::Blue},   {"Transferred", Hue::Neutral},
+  };
+  for (const auto& [status, hue] : cases) {
+    Run(Sql("UPDATE Clients SET Status = {}", status));
+    checker->Reload();
+    EXPECT_EQ(List("grdClients")->Rows().front().hue, hue) << status;
+  }
 }
 
 TEST_F(CheckerTest, DeletesOnlyAfterAskingAndRecomputes) {
@@ -168,7 +183,7 @@ TEST_F(CheckerTest, RecomputesAllAmountsOnYes) {
   for (const Answer answer : {Answer::No, Answer::Yes}) {
     outside.prompter.Expect("re-calculate and update the Amount owing", answer);
     ClickOn(checker, "cmdRecalculateAmountOwing");
-    const bool done = RowText(List("grdClients"), 0).endsWith("$170.00");
+    const bool done = RowText(List("grdClients"), 0).endsWith("$170.00|$170.00");
     EXPECT_EQ(done, answer == Answer::Yes);
   }
   EXPECT_EQ(Told(), "Re-calculation done.");

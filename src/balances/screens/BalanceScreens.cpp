@@ -9,12 +9,12 @@ namespace quillary {
 
 void RegisterBalanceScreens(Business& business, const ScreenTools& tools) {
   tools.navigator.Register<OpenDebtors>([&business, tools](const OpenDebtors&) {
-    if (Screen* open = tools.host.BringToFront(QStringLiteral("frmDebtors"))) {
-      open->Reload();
-      return;
+    auto* debtors =
+        qobject_cast<frmDebtors*>(tools.host.BringToFront(QStringLiteral("frmDebtors")));
+    if (!debtors) {
+      debtors = new frmDebtors(business, tools);
+      tools.host.ShowScreen(debtors);
     }
-    auto* debtors = new frmDebtors(business, tools);
-    tools.host.ShowScreen(debtors);
     debtors->ShowYourself();
   });
   tools.navigator.Register<RecomputeAmountOwing>([&business](const RecomputeAmountOwing&) {

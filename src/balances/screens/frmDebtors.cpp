@@ -4,6 +4,7 @@
 #include "base/ports/requests/Clients.h"
 #include "base/ports/requests/Documents.h"
 #include "base/ports/requests/Scheduling.h"
+#include "clients/ClientStatus.h"
 #include "kit/FlowLayout.h"
 #include "kit/Grid.h"
 #include "kit/Layouts.h"
@@ -36,11 +37,7 @@ GridRow RowOf(const DebtorRow& debtor) {
   GridRow row;
   row.cells = {false,         debtor.clientId,      debtor.displayName, debtor.status,
                debtor.phone1, debtor.statementType, debtor.amountOwing};
-  const QString status = debtor.status.toUpper();
-  row.hue = status == u"ACTIVE"       ? Hue::Green
-            : status == u"BAD DEBTOR" ? Hue::Blue
-            : status == u"CANCELLED"  ? Hue::Red
-                                      : Hue::Neutral;
+  row.hue = HueOfColour(ClientStatusColour(debtor.status));
   return row;
 }
 

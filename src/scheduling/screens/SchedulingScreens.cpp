@@ -33,6 +33,17 @@ void ShowTab(const ScreenTools& tools, const char* name, const Make& make) {
   screen->setFocus();  // on the list: the arrow keys work at once
 }
 
+/// Shows the screen as its command shows it, from today on, also when it is open already.
+template <typename Kind>
+void ShowAnew(Business& business, const ScreenTools& tools, const char* name) {
+  auto* screen = qobject_cast<Kind*>(tools.host.BringToFront(QLatin1StringView(name)));
+  if (!screen) {
+    screen = new Kind(business, tools);
+    tools.host.ShowScreen(screen);
+  }
+  screen->ShowYourself();
+}
+
 bool Run(Dialog&& dialog) {
   return dialog.exec() == QDialog::Accepted;
 }
@@ -46,23 +57,10 @@ bool TellGone(Business& business) {
 }
 
 void RegisterDiary(Business& business, const ScreenTools& tools) {
-  tools.navigator.Register<OpenDiary>([&business, tools](const OpenDiary&) {
-    if (Screen* open = tools.host.BringToFront(QStringLiteral("frmDiary"))) {
-      open->Reload();
-      return;
-    }
-    auto* diary = new frmDiary(business, tools);
-    tools.host.ShowScreen(diary);
-    diary->ShowYourself();
-  });
+  tools.navigator.Register<OpenDiary>(
+      [&business, tools](const OpenDiary&) { ShowAnew<frmDiary>(business, tools, "frmDiary"); });
   tools.navigator.Register<OpenJobsList>([&business, tools](const OpenJobsList&) {
-    if (Screen* open = tools.host.BringToFront(QStringLiteral("frmJobsList"))) {
-      open->Reload();
-      return;
-    }
-    auto* jobs = new frmJobsList(business, tools);
-    tools.host.ShowScreen(jobs);
-    jobs->ShowYourself();
+    ShowAnew<frmJobsList>(business, tools, "frmJobsList");
   });
   tools.navigator.Register<OpenJobsAndPaymentChecker>(
       [&business, tools](const OpenJobsAndPaymentChecker&) {

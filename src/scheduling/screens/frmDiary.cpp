@@ -52,12 +52,13 @@ void frmDiary::ShowYourself() {
 }
 
 void frmDiary::LoadEmployees() {
+  const QVariant kept = cmbEmployees->currentData();
   const std::vector<EmployeeChoice> employees = ListEmployees(business_);
   cmbEmployees->clear();
   cmbEmployees->addItem(QStringLiteral(" All"), kAllEmployees);
   for (const EmployeeChoice& employee : employees)
     cmbEmployees->addItem(employee.name, employee.employeeId);
-  cmbEmployees->SelectComboItem(kAllEmployees);
+  cmbEmployees->SelectComboItem(cmbEmployees->findData(kept) < 0 ? QVariant(kAllEmployees) : kept);
 }
 
 DiaryQuery frmDiary::Query() const {
@@ -99,6 +100,7 @@ void frmDiary::Show(const DiaryList& list) {
   grdSchedule->SetRows(std::move(rows));
   if (!grdSchedule->SelectKey(kept)) grdSchedule->SelectFirst();
   if (rowButtons_) rowButtons_->MoveButtons();
+  EnableEditJob();
 
   txtTotalNoOfJobs->setText(QString::number(list_.totalNoOfJobs));
   txtTotalAmountOfJobs->setText(list_.totalAmountOfJobs.ToCurrencyText());
@@ -112,7 +114,14 @@ void frmDiary::MoveDay(int days) {
   LoadScheduleGrid();
 }
 
+void frmDiary::ShowRange() {
+  optShowJobsBetween->setChecked(true);
+  LoadScheduleGrid();
+}
+
 void frmDiary::AfterEdit(int row, int column, const Value& value) {
+  // A command takes the selection away and leaves the cursor, in whose cell one can still type.
+  if (!SelectedJob("Please select a job to update.")) return;
   const qint64 diaryId = grdSchedule->Key(row);
   tools_.runner.Run(objectName(), QStringLiteral("grdSchedule_AfterEdit"), [&] {
     if (column == kSequence)
@@ -125,15 +134,20 @@ void frmDiary::AfterEdit(int row, int column, const Value& value) {
   LoadScheduleGrid();
 }
 
-const DiaryRow* frmDiary::SelectedJob() {
+const DiaryRow* frmDiary::FindSelected() const {
   const auto row = grdSchedule->SelectedRow();
-  if (row) {
-    const qint64 diaryId = grdSchedule->Key(*row);
-    for (const DiaryRow& job : list_.rows)
-      if (job.diaryId == diaryId) return &job;
-  }
-  business_.World().prompter.Tell(Tone::Exclamation, QStringLiteral("Please select a job."));
+  if (!row) return nullptr;
+  const qint64 diaryId = grdSchedule->Key(*row);
+  for (const DiaryRow& job : list_.rows)
+    if (job.diaryId == diaryId) return &job;
   return nullptr;
+}
+
+const DiaryRow* frmDiary::SelectedJob(const char* noneSelected) {
+  const DiaryRow* selected = FindSelected();
+  if (!selected)
+    business_.World().prompter.Tell(Tone::Exclamation, QString::fromLatin1(noneSelected));
+  return selected;
 }
 
 void frmDiary::ChangeSelected(const std::function<void(const DiaryRow&)>& change) {

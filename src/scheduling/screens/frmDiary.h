@@ -45,14 +45,19 @@ class frmDiary : public Screen {
   void ConnectControls();
   void ConnectCommands();
   void EnableCommands();
+  /// The selected entry may be one that no screen can show.
+  void EnableEditJob();
 
   DiaryQuery Query() const;
   void Show(const DiaryList& list);
   void LoadEmployees();
   void MoveDay(int days);
+  void ShowRange();
   void AfterEdit(int row, int column, const Value& value);
-  /// The selected entry; without one the user is told to select one.
-  const DiaryRow* SelectedJob();
+  /// Null when none is selected.
+  const DiaryRow* FindSelected() const;
+  /// The selected entry; without one the user is told so.
+  const DiaryRow* SelectedJob(const char* noneSelected = "Please select a job.");
   /// Runs a command on the selected entry, loads again and takes the selection away.
   void ChangeSelected(const std::function<void(const DiaryRow&)>& change);
 

@@ -1,8 +1,9 @@
+#include "balances/ClientBalance.h"
 #include "base/ports/requests/Billing.h"
 #include "base/ports/requests/Clients.h"
 #include "base/ports/requests/Scheduling.h"
 #include "scheduling/DiaryCommands.h"
-#include "scheduling/screens/OpenEntry.h"
+#include "scheduling/OpenEntry.h"
 #include "scheduling/screens/frmDiary.h"
 
 /// The diary's commands. Those that open another screen ask the navigator for it.
@@ -32,6 +33,7 @@ void frmDiary::ConnectCommands() {
     tools_.navigator.Open(EditSuburbPositions{});
     LoadScheduleGrid();
   });
+  connect(grdSchedule, &Grid::selectedRowChanged, this, &frmDiary::EnableEditJob);
   connect(grdSchedule, &Grid::rowOpened, this, [this] {
     if (cmdEditJob->isEnabled()) cmdEditJob->click();
   });
@@ -39,7 +41,7 @@ void frmDiary::ConnectCommands() {
 
 void frmDiary::EnableCommands() {
   const Navigator& to = tools_.navigator;
-  cmdEditJob->setEnabled(to.CanOpen<EditJob>());
+  EnableEditJob();
   cmdClientDetails->setEnabled(to.CanOpen<OpenClient>());
   cmdCreateInvoice->setEnabled(to.CanOpen<ChooseInvoiceFor>());
   cmdViewCreatePayment->setEnabled(to.CanOpen<PayForJob>());
@@ -48,6 +50,12 @@ void frmDiary::EnableCommands() {
   cmdPrint->setEnabled(to.CanOpen<PrintWorkSheet>());
   cmdPrintDailyTotals->setEnabled(to.CanOpen<PrintDailyTotals>());
   cmdShowSuburbDefinition->setEnabled(to.CanOpen<EditSuburbPositions>());
+}
+
+void frmDiary::EnableEditJob() {
+  const DiaryRow* job = FindSelected();
+  const Navigator& to = tools_.navigator;
+  cmdEditJob->setEnabled(job ? CanOpenEntry(to, job->status) : to.CanOpen<EditJob>());
 }
 
 void frmDiary::EditSelected() {
@@ -95,6 +103,8 @@ void frmDiary::RescheduleSelected() {
 }
 
 void frmDiary::PrintSheet() {
+  if (const DiaryRow* job = FindSelected())
+    RecalculateClientBalance(business_, BilledClientOf(business_, job->diaryId));
   const DiaryQuery query = Query();
   tools_.navigator.Open(
       PrintWorkSheet{query.from, query.to, query.employeeId, query.bySuburbPosition});

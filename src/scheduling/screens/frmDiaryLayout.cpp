@@ -201,17 +201,19 @@ void frmDiary::ConnectControls() {
     for (DateField* field : {dtJobDate, dtFrom, dtTo}) field->SetDate(business_.Today());
     LoadScheduleGrid();
   });
-  for (QPushButton* button : {cmdList, cmdRefreshList})
-    connect(button, &QPushButton::clicked, this, [this] { LoadScheduleGrid(); });
+  connect(cmdRefreshList, &QPushButton::clicked, this, [this] { LoadScheduleGrid(); });
+  connect(cmdList, &QPushButton::clicked, this, &frmDiary::ShowRange);
   for (QRadioButton* option : {optShowJobsOn, optShowJobsBetween})
     connect(option, &QRadioButton::clicked, this, [this] { LoadScheduleGrid(); });
   connect(dtJobDate, &DateField::dateChosen, this, [this] {
     optShowJobsOn->setChecked(true);
     LoadScheduleGrid();
   });
+  // The option turns together with the list, and waits for the second day of a range.
   for (DateField* field : {dtFrom, dtTo})
-    connect(field, &DateField::dateChosen, optShowJobsBetween,
-            [this] { optShowJobsBetween->setChecked(true); });
+    connect(field, &DateField::dateChosen, this, [this] {
+      if (dtFrom->Date() <= dtTo->Date()) ShowRange();
+    });
   connect(cmbEmployees, &ComboSearch::picked, this, [this] { LoadScheduleGrid(); });
   connect(chkSort, &QCheckBox::toggled, this, [this] { LoadScheduleGrid(); });
   connect(cmdClose, &QPushButton::clicked, this, &Screen::closeRequested);

@@ -97,7 +97,7 @@ frmHoliday::frmHoliday(Business& business, const ScreenTools& tools, std::shared
   cboYear = findChild<QComboBox*>(QStringLiteral("cboYear"));
   connect(cboYear, &QComboBox::activated, this, [this] {
     shown_->year = cboYear->currentText().toInt();
-    Reload();
+    ShowOthers();
   });
   connect(this, &RecordListScreen::loaded, this, &frmHoliday::FillYears);
   Reload();

@@ -170,11 +170,17 @@ void frmJobs::RemoveLine() {
 
 void frmJobs::Pay() {
   if (!SaveJob()) return;
+  ShowStored();
   if (job_.HasBeenPaid())
     tools_.navigator.Open(ViewPayment{job_.paymentId});
   else
+    // A job can have a price without a line.
     tools_.navigator.Open(
-        PayForJob{BilledClientOf(business_, job_.diaryId), job_.diaryId, services_.total});
+        PayForJob{BilledClientOf(business_, job_.diaryId), job_.diaryId, job_.totalPrice});
+  ShowStored();
+}
+
+void frmJobs::ShowStored() {
   if (const auto stored = LoadJob(business_, job_.diaryId)) job_ = *stored;
   ShowJob();
 }

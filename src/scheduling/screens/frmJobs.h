@@ -40,6 +40,8 @@ class frmJobs : public Dialog {
   void ConnectControls();
 
   void ShowJob();
+  /// The job as it stands in the file now.
+  void ShowStored();
   void ShowServices();
   /// What follows from the job's payment and invoice.
   void ShowBilling();

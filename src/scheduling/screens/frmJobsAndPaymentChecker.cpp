@@ -4,6 +4,7 @@
 #include "base/ports/requests/Billing.h"
 #include "base/ports/requests/Clients.h"
 #include "base/ports/requests/Scheduling.h"
+#include "clients/ClientStatus.h"
 #include "kit/Controls.h"
 #include "kit/Grid.h"
 
@@ -11,14 +12,6 @@
 namespace quillary {
 
 namespace {
-
-Hue HueOfClient(const QString& status) {
-  const QString word = status.toUpper();
-  if (word == u"ACTIVE") return Hue::Green;
-  if (word == u"BAD DEBTOR") return Hue::Red;
-  if (word == u"BILLING ADDRESS") return Hue::Blue;
-  return word.startsWith(u'Q') ? Hue::Yellow : Hue::Neutral;
-}
 
 Hue HueOfJob(CheckedJobColour colour) {
   switch (colour) {
@@ -29,6 +22,10 @@ Hue HueOfJob(CheckedJobColour colour) {
     default:
       return Hue::Neutral;
   }
+}
+
+QString CountOf(size_t count, const QString& one, const QString& many) {
+  return QStringLiteral("%1 %2").arg(count).arg(count == 1 ? one : many);
 }
 
 std::vector<GridRow> RowsOf(const CheckedPayments& payments) {
@@ -102,9 +99,10 @@ void frmJobsAndPaymentChecker::LoadClientsIntoGrid() {
   std::vector<GridRow> rows;
   for (const CheckedClient& client : ListCheckedClients(business_)) {
     GridRow row;
-    row.cells = {client.displayName, client.clientId, client.status, client.billedClient.trimmed(),
-                 client.amountOwing};
-    row.hue = HueOfClient(client.status);
+    row.cells = {client.displayName, client.clientId,
+                 client.status,      client.billedClient.trimmed(),
+                 client.amountOwing, client.billedClientOwes};
+    row.hue = HueOfColour(ClientStatusColour(client.status));
     rows.push_back(std::move(row));
   }
   {
@@ -133,9 +131,8 @@ void frmJobsAndPaymentChecker::LoadPastJobs(qint64 clientId) {
     row.hue = HueOfJob(job.Colour());
     rows.push_back(std::move(row));
   }
-  const size_t count = rows.size();
+  txtTotalNoOfJobs->setText(CountOf(rows.size(), tr("job"), tr("jobs")));
   grdJobs->SetRows(std::move(rows));
-  txtTotalNoOfJobs->setText(count == 1 ? tr("1 job") : tr("%1 jobs").arg(count));
   txtTotalJobAmount->setText(jobs.total.ToCurrencyText());
 }
 
@@ -144,6 +141,8 @@ void frmJobsAndPaymentChecker::LoadPayments(qint64 clientId) {
   const CheckedPayments attached = ListPaymentsOfAttachedClients(business_, clientId);
   grdPayments->SetRows(RowsOf(own));
   grdPayments2->SetRows(RowsOf(attached));
+  txtTotalNoOfPayments->setText(CountOf(own.rows.size(), tr("payment"), tr("payments")));
+  txtTotalNoOfPayments2->setText(CountOf(attached.rows.size(), tr("payment"), tr("payments")));
   txtTotalPayments->setText(own.total.ToCurrencyText());
   txtTotalPayments2->setText(attached.total.ToCurrencyText());
 }

@@ -60,7 +60,9 @@ class frmJobsAndPaymentChecker : public Screen {
   Grid* grdPayments2;
   QLabel* txtTotalNoOfJobs;
   QLabel* txtTotalJobAmount;
+  QLabel* txtTotalNoOfPayments;
   QLabel* txtTotalPayments;
+  QLabel* txtTotalNoOfPayments2;
   QLabel* txtTotalPayments2;
   QPushButton* cmdRecalculateAmountOwing;
   QPushButton* cmdViewClient;

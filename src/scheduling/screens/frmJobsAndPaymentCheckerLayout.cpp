@@ -47,7 +47,8 @@ void frmJobsAndPaymentChecker::MakeControls() {
                           {{}, ColumnKind::HiddenId},
                           {tr("Status"), ColumnKind::Chip, 120},
                           {tr("Billed to"), ColumnKind::Text, 120},
-                          {tr("Owing"), ColumnKind::Money, 96}});
+                          {tr("Owing"), ColumnKind::Money, 96},
+                          {tr("Payer owes"), ColumnKind::Money, 104}});
   grdClients->SetEmptyText(tr("There are no clients yet."), tr("Add a client first."));
   grdClients->FilterBy(txtFilter);
   grdJobs = new Grid(QStringLiteral("grdJobs"));
@@ -65,6 +66,8 @@ void frmJobsAndPaymentChecker::MakeControls() {
 
   txtTotalNoOfJobs = Named(MakeLabel("", {}, LabelRole::Muted), "txtTotalNoOfJobs");
   txtTotalJobAmount = Named(MakeLabel("", {}, LabelRole::Figure), "txtTotalJobAmount");
+  txtTotalNoOfPayments = Named(MakeLabel("", {}, LabelRole::Muted), "txtTotalNoOfPayments");
+  txtTotalNoOfPayments2 = Named(MakeLabel("", {}, LabelRole::Muted), "txtTotalNoOfPayments2");
   txtTotalPayments = Named(MakeLabel("", {}, LabelRole::Figure), "txtTotalPayments");
   txtTotalPayments2 = Named(MakeLabel("", {}, LabelRole::Figure), "txtTotalPayments2");
   cmdRecalculateAmountOwing =
@@ -118,11 +121,12 @@ QWidget* frmJobsAndPaymentChecker::ClientSide() {
 }
 
 QWidget* frmJobsAndPaymentChecker::MoneySide() {
-  QWidget* payments = Split(
-      Qt::Vertical, {Section(tr("Jobs done"), grdJobs, {txtTotalNoOfJobs, txtTotalJobAmount}),
-                     Section(tr("Payment(s) made by the client"), grdPayments, {txtTotalPayments}),
-                     Section(QStringLiteral("Payment(s) made by the attached clients"),
-                             grdPayments2, {txtTotalPayments2})});
+  QWidget* payments =
+      Split(Qt::Vertical, {Section(tr("Jobs done"), grdJobs, {txtTotalNoOfJobs, txtTotalJobAmount}),
+                           Section(tr("Payment(s) made by the client"), grdPayments,
+                                   {txtTotalNoOfPayments, txtTotalPayments}),
+                           Section(QStringLiteral("Payment(s) made by the attached clients"),
+                                   grdPayments2, {txtTotalNoOfPayments2, txtTotalPayments2})});
   payments->setMinimumWidth(320);
   auto* area = new QScrollArea;  // three lists need more height than a small display has
   area->setFrameShape(QFrame::NoFrame);

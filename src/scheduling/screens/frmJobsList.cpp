@@ -12,8 +12,8 @@
 #include "kit/ShownList.h"
 #include "scheduling/DiaryCommands.h"
 #include "scheduling/DiaryDay.h"
+#include "scheduling/OpenEntry.h"
 #include "scheduling/screens/DiaryGrid.h"
-#include "scheduling/screens/OpenEntry.h"
 
 namespace quillary {
 
@@ -50,21 +50,15 @@ std::vector<GridChoice> StatusChoices() {
   return choices;
 }
 
-Hue HueOf(const JobsListRow& row) {
-  if (row.isPaid) return Hue::Blue;
-  if (row.status == QLatin1StringView("JC")) return Hue::Red;
-  if (row.status.startsWith(u'V')) return Hue::Yellow;
-  return row.status.size() > 1 ? Hue::Green : Hue::Neutral;
-}
-
 GridRow RowOf(const JobsListRow& job) {
   const QString words =
       job.isPaid ? QObject::tr("%1 · paid").arg(job.StatusWords()) : job.StatusWords();
   GridRow row;
-  row.cells = {job.scheduleDate, job.diaryId,    job.displayName, job.address.simplified(),
-               job.description,  job.totalPrice, job.totalGST,    GridCell(job.status, words),
-               job.sequence};
-  row.hue = HueOf(job);
+  row.cells = {
+      job.scheduleDate, job.diaryId,    job.displayName, job.address.simplified(),
+      job.description,  job.totalPrice, job.totalGST,    GridCell(FoldedStatus(job.status), words),
+      job.sequence};
+  row.hue = HueOf(ColourOfEntry(job.status, job.isPaid));
   return row;
 }
 
@@ -152,7 +146,7 @@ void frmJobsList::ConnectControls() {
   on(cmdDeleteJob, &frmJobsList::DeleteSelected);
   tools_.runner.OnClick(cmdPrintJobs, objectName(),
                         [this] { tools_.navigator.Open(ShownList(windowTitle(), grdSchedule)); });
-  cmdEditJob->setEnabled(tools_.navigator.CanOpen<EditJob>());
+  EnableViewJob();
   cmdClientDetails->setEnabled(tools_.navigator.CanOpen<OpenClient>());
   cmdPrintJobs->setEnabled(tools_.navigator.CanOpen<PrintList>());
   connect(cmdList, &QPushButton::clicked, this, &frmJobsList::LoadScheduleGrid);
@@ -160,6 +154,7 @@ void frmJobsList::ConnectControls() {
     connect(field, &DateField::dateChosen, this, &frmJobsList::LoadScheduleGrid);
   connect(cboJobStatus, &QComboBox::activated, this, &frmJobsList::LoadScheduleGrid);
   connect(cmdClose, &QPushButton::clicked, this, &Screen::closeRequested);
+  connect(grdSchedule, &Grid::selectedRowChanged, this, &frmJobsList::EnableViewJob);
   connect(grdSchedule, &Grid::rowOpened, cmdEditJob, &QPushButton::click);
   // Queued, because the editor that made the change is still open and goes with the old rows.
   connect(grdSchedule, &Grid::edited, this, &frmJobsList::AfterEdit, Qt::QueuedConnection);
@@ -189,9 +184,17 @@ void frmJobsList::Show(const JobsList& list) {
   for (const JobsListRow& job : list_.rows) rows.push_back(RowOf(job));
   grdSchedule->SetRows(std::move(rows));
   if (!grdSchedule->SelectKey(kept)) grdSchedule->SelectFirst();
+  EnableViewJob();
   txtTotalNoOfJobs->setText(QString::number(list_.totalNoOfJobs));
   txtTotalAmountOfJobs->setText(list_.totalAmountOfJobs.ToCurrencyText());
   txtTotalAmountOfGST->setText(list_.totalAmountOfGST.ToCurrencyText());
+}
+
+void frmJobsList::EnableViewJob() {
+  const auto row = grdSchedule->SelectedRow();
+  const Navigator& to = tools_.navigator;
+  cmdEditJob->setEnabled(row ? CanOpenEntry(to, list_.rows[static_cast<size_t>(*row)].status)
+                             : to.CanOpen<EditJob>());
 }
 
 void frmJobsList::AfterEdit(int row, int column, const Value& value) {

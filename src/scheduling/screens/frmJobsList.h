@@ -33,6 +33,8 @@ class frmJobsList : public Screen {
   QLayout* CommandLine();
   void ConnectControls();
   void Show(const JobsList& list);
+  /// The selected entry may be one that no screen can show.
+  void EnableViewJob();
   void AfterEdit(int row, int column, const Value& value);
   /// The selected job; without one the user is told to select one.
   const JobsListRow* Selected(JobsListCommand command);
