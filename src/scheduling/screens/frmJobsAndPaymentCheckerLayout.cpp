@@ -43,12 +43,12 @@ void frmJobsAndPaymentChecker::MakeControls() {
   cmdRefreshList = MakeButton("cmdRefreshList", tr("Refresh"), ButtonKind::Plain, "view-refresh");
   cmdRefreshList->setToolTip(tr("Loads the lists again (F5)"));
   grdClients = new Grid(QStringLiteral("grdClients"));
-  grdClients->SetColumns({{tr("Client"), ColumnKind::StrongText, 152},
+  grdClients->SetColumns({{tr("Client"), ColumnKind::StrongText, 132},
                           {{}, ColumnKind::HiddenId},
-                          {tr("Status"), ColumnKind::Chip, 120},
+                          {tr("Status"), ColumnKind::Chip, 124},
                           {tr("Billed to"), ColumnKind::Text, 120},
-                          {tr("Owing"), ColumnKind::Money, 96},
-                          {tr("Payer owes"), ColumnKind::Money, 104}});
+                          {tr("Owing"), ColumnKind::Money, 92},
+                          {tr("Payer owes"), ColumnKind::Money, 100}});
   grdClients->SetEmptyText(tr("There are no clients yet."), tr("Add a client first."));
   grdClients->FilterBy(txtFilter);
   grdJobs = new Grid(QStringLiteral("grdJobs"));
@@ -98,8 +98,7 @@ void frmJobsAndPaymentChecker::LayOut() {
   column->setContentsMargins(16, 16, 16, 16);
   column->setSpacing(12);
   auto* sides = Split(Qt::Horizontal, {ClientSide(), MoneySide()});
-  sides->setStretchFactor(0, 4);
-  sides->setStretchFactor(1, 5);
+  for (const int side : {0, 1}) sides->setStretchFactor(side, 1);
   column->addWidget(sides, 1);
   column->addLayout(CommandLine());
 }
