@@ -2,6 +2,7 @@
 
 #include <QComboBox>
 #include <QLineEdit>
+#include <QPointer>
 #include <QTimer>
 
 namespace quillary {
@@ -54,8 +55,11 @@ void ScreenFixture::TypeInto(Grid* grid, int row, int column, const QString& typ
   if (!editor) throw std::runtime_error("the cell cannot be edited");
   editor->selectAll();
   QTest::keyClicks(editor, typed);
+  const QPointer<QLineEdit> open(editor);
   QTest::keyClick(editor, Qt::Key_Return);
-  QTest::qWait(10);  // the delegate commits later, and the screen loads after that
+  // The delegate commits later, and the screen loads after that.
+  EXPECT_TRUE(QTest::qWaitFor([&] { return !open || !open->isVisible(); }));
+  QTest::qWait(10);
 }
 
 void ScreenFixture::Meanwhile(const std::function<void(Dialog&)>& use) {
