@@ -10,6 +10,7 @@
 #include "clients/screens/ClientScreens.h"
 #include "data/Schema.h"
 #include "data/store/Connection.h"
+#include "kit/Theme.h"
 #include "scheduling/DiaryDay.h"
 #include "scheduling/screens/SchedulingScreens.h"
 
@@ -146,9 +147,10 @@ bool Run() {
   std::printf("%-52s %10.2f\n", "  client list / its rows alone", list / rows);
   PrintLine("  a key in its search box, to the new list", key);
 
+  DiaryQuery today;
+  today.from = today.to = business.Today();
   const double day = FirstPaint(navigator, host, OpenDiary{});
-  const double entries = MedianSeconds(
-      [&] { LoadDiary(business, {.from = business.Today(), .to = business.Today()}); });
+  const double entries = MedianSeconds([&] { LoadDiary(business, today); });
   const bool isReached = day * 1000 <= kMostMillisecondsOfDay;
   std::printf("%d rows of diary, %d of them today\n", kDiaryRows, kDiaryRows / kDays);
   PrintLine("  today in the diary screen", day);
@@ -164,6 +166,7 @@ bool Run() {
 
 int main(int argc, char** argv) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
-  const QApplication application(argc, argv);
+  QApplication application(argc, argv);
+  quillary::ApplyTheme(application, quillary::ThemeChoice::Light);
   return quillary::bench::Run() ? 0 : 1;
 }

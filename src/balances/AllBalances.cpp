@@ -30,7 +30,7 @@ struct Account {
 
 class AllBalances {
  public:
-  explicit AllBalances(Business& business) : business_(business) {}
+  explicit AllBalances(Business& business) : business_(business), today_(business.Today()) {}
 
   void Load() {
     LoadClients();
@@ -79,10 +79,10 @@ class AllBalances {
   }
 
   void LoadJobs() {
-    // Most jobs of a file are done: reading along the table is cheaper than by way of their status.
-    AddUp(business_.RunSQL(
-              Sql("SELECT Client_ID, IIf(Status IN ('JP', 'JU', 'JD', 'JI'), Total_Price, 0) "
-                  "FROM Diary")),
+    // Most jobs of a file are done: reading along the table is cheaper than by way of their status,
+    // and four comparisons, of which the first ones mostly decide, cheaper than a list.
+    AddUp(business_.RunSQL(Sql("SELECT Client_ID, IIf(Status = 'JD' OR Status = 'JI' OR "
+                               "Status = 'JU' OR Status = 'JP', Total_Price, 0) FROM Diary")),
           &Account::jobs);
   }
 
@@ -122,9 +122,8 @@ class AllBalances {
         }
         break;
     }
-    const Value since =
-        NextDebtorSince(account.balance.ToMoney(), account.debtorSince, business_.Today(),
-                        [&] { return OldestUnpaidJobOfGroup(account.clientId); });
+    const Value since = NextDebtorSince(account.balance.ToMoney(), account.debtorSince, today_,
+                                        [&] { return OldestUnpaidJobOfGroup(account.clientId); });
     account.isChanged |= !(since == account.debtorSince);
     account.debtorSince = since;
   }
@@ -162,6 +161,7 @@ class AllBalances {
   }
 
   Business& business_;
+  QDate today_;  // asking the clock for each client would take longer than the rest of its sum
   std::vector<Account> accounts_;                         // in the order of the file
   QHash<qint64, size_t> placeOf_;                         // in accounts_, by client
   std::optional<QHash<qint64, Value>> oldestUnpaidJobs_;  // by the client who is billed

@@ -38,28 +38,28 @@ Money MoneyOf(double stored) {
   return Money::FromUnits(std::llround(stored * Money::kUnitsPerOne));
 }
 
-Value TextColumn(sqlite3_stmt* statement, int column, jet::ColumnType type) {
-  const char* text = reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
-  const QString read = QString::fromUtf8(text, sqlite3_column_bytes(statement, column));
+Value TextOf(sqlite3_value* cell, jet::ColumnType type) {
+  const char* text = reinterpret_cast<const char*>(sqlite3_value_text(cell));
+  const QString read = QString::fromUtf8(text, sqlite3_value_bytes(cell));
   if (type == jet::ColumnType::Date) {
     if (const auto moment = FromIsoText(read)) return *moment;
   }
   return read;
 }
 
-Value NumberColumn(sqlite3_stmt* statement, int column, jet::ColumnType type, bool whole) {
+Value NumberOf(sqlite3_value* cell, jet::ColumnType type, bool whole) {
   using jet::ColumnType;
   switch (type) {
     case ColumnType::Currency:
-      return MoneyOf(sqlite3_column_double(statement, column));
+      return MoneyOf(sqlite3_value_double(cell));
     case ColumnType::YesNo:
-      return sqlite3_column_int(statement, column) != 0;
+      return sqlite3_value_int(cell) != 0;
     case ColumnType::Single:
     case ColumnType::Double:
-      return sqlite3_column_double(statement, column);
+      return sqlite3_value_double(cell);
     default:
-      if (whole) return static_cast<qint64>(sqlite3_column_int64(statement, column));
-      return sqlite3_column_double(statement, column);
+      if (whole) return static_cast<qint64>(sqlite3_value_int64(cell));
+      return sqlite3_value_double(cell);
   }
 }
 
@@ -115,16 +115,17 @@ bool Statement::Step() {
 }
 
 Value Statement::Column(int column, jet::ColumnType type) const {
-  sqlite3_stmt* statement = statement_.get();
-  switch (sqlite3_column_type(statement, column)) {
+  // The cell itself rather than its copies: one thread has the connection, so it cannot change.
+  sqlite3_value* cell = sqlite3_column_value(statement_.get(), column);
+  switch (sqlite3_value_type(cell)) {
     case SQLITE_NULL:
       return {};
     case SQLITE_INTEGER:
-      return NumberColumn(statement, column, type, true);
+      return NumberOf(cell, type, true);
     case SQLITE_FLOAT:
-      return NumberColumn(statement, column, type, false);
+      return NumberOf(cell, type, false);
     default:
-      return TextColumn(statement, column, type);
+      return TextOf(cell, type);
   }
 }
 
