@@ -27,7 +27,7 @@ QString WithoutWeekday(const QString& typed) {
 
 DateField::DateField(QDate today, QWidget* parent) : QLineEdit(parent), today_(today) {
   SelectAllText(this);
-  setFixedWidth(152);
+  setFixedWidth(160);
   arrow_ = addAction(QIcon(), QLineEdit::TrailingPosition);
   arrow_->setToolTip(tr("Pick a day (F4)"));
   connect(arrow_, &QAction::triggered, this, &DateField::ShowPicker);
@@ -37,7 +37,7 @@ DateField::DateField(QDate today, QWidget* parent) : QLineEdit(parent), today_(t
 
 void DateField::ShowWeekday(bool show) {
   format_ = show ? QStringLiteral("ddd d MMM yyyy") : QStringLiteral("d MMM yyyy");
-  setFixedWidth(show ? 152 : 128);
+  setFixedWidth(show ? 160 : 128);
   SetDate(date_);
 }
 

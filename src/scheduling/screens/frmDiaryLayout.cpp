@@ -77,7 +77,7 @@ void frmDiary::MakeControls() {
   cmdList = MakeButton("cmdList", tr("&List"));
   cmdList->setToolTip(tr("Lists the days of the range"));
   cmbEmployees = Named(new ComboSearch, "cmbEmployees", tr("Employee"));
-  cmbEmployees->setFixedWidth(144);
+  cmbEmployees->setFixedWidth(132);
   chkSort = Named(new QCheckBox(tr("Sor&t the list based on suburb position definition")),
                   "chkSort", tr("Sort the list based on suburb position definition"));
   cmdShowSuburbDefinition =
