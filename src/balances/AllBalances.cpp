@@ -161,9 +161,9 @@ class AllBalances {
   }
 
   Business& business_;
-  QDate today_;  // asking the clock for each client would take longer than the rest of its sum
-  std::vector<Account> accounts_;                         // in the order of the file
-  QHash<qint64, size_t> placeOf_;                         // in accounts_, by client
+  QDate today_;                    // the clock is asked once, not for each client
+  std::vector<Account> accounts_;  // in the order of the file
+  QHash<qint64, size_t> placeOf_;  // in accounts_, by client
   std::optional<QHash<qint64, Value>> oldestUnpaidJobs_;  // by the client who is billed
 };
 

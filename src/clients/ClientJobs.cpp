@@ -37,9 +37,7 @@ std::vector<ClientJob> ListJobs(Business& business, const Sql& statement) {
 }  // namespace
 
 QString ClientJob::StatusWords() const {
-  DiaryRow row;
-  row.status = status;
-  return row.StatusWords();
+  return EntryStatusWords(status);
 }
 
 DiaryRowColour ClientJob::Colour() const {

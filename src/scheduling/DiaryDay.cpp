@@ -109,8 +109,12 @@ DiaryRowColour DiaryRow::Colour() const {
   return ColourOfEntry(status, paymentId != -1);
 }
 
-QString DiaryRow::StatusWords() const {
+QString EntryStatusWords(const QString& status) {
   return WordsOf(status, &StatusWord::shown);
+}
+
+QString DiaryRow::StatusWords() const {
+  return EntryStatusWords(status);
 }
 
 DiaryRowColour ColourOfEntry(const QString& status, bool isPaid) {

@@ -26,6 +26,8 @@ enum class DiaryRowColour { Open, Visit, Cancelled, Done, Paid };
 DiaryRowColour ColourOfEntry(const QString& status, bool isPaid);
 /// 'JD' for 'JD', 'JU' and 'JP'; otherwise the code.
 QString FoldedStatus(const QString& status);
+/// The words of a stored code in a list of entries, such as "Job DONE NOT PAID".
+QString EntryStatusWords(const QString& status);
 
 struct DiaryRow {
   int sequence = 0;
@@ -44,7 +46,6 @@ struct DiaryRow {
   qint64 paymentId = -1;  // -1 for none
 
   QString ShownStatus() const;
-  /// The words of the stored code, such as "Job DONE NOT PAID".
   QString StatusWords() const;
   DiaryRowColour Colour() const;
 };

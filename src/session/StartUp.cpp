@@ -188,7 +188,6 @@ class Sequence {
     }
     RemindOfMonthlyInvoices();
     screens_.FillProgress();
-    NameTheTax();
     screens_.RenameMenuCaptions(business->values.taxName);
     screens_.CloseProgress();
   }

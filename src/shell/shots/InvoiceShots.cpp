@@ -64,7 +64,11 @@ void Shots::InvoiceDialogs() {
   shoot(blank, "frmInvoice-new");
   const qint64 payer = LoadInvoiceDetails(business, invoice)->clientId.value_or(0);
   frmListOfJobs jobs(business, tools, invoice, payer);
-  jobs.findChild<QCheckBox*>(QStringLiteral("chkTickUntickAll"))->click();
+  // Of last month, of which some are billed.
+  auto* monthOfJobs = jobs.findChild<QComboBox*>(QStringLiteral("cboMonth"));
+  monthOfJobs->setCurrentIndex(monthOfJobs->currentIndex() - 1);
+  emit monthOfJobs->activated(monthOfJobs->currentIndex());
+  jobs.findChild<QPushButton*>(QStringLiteral("cmdList"))->click();
   shoot(jobs);
   business.RunSQL(
       Sql("UPDATE Invoices SET Invoice_Notes = 'Thank you for your business.' "
