@@ -7,7 +7,7 @@
 #include "Timing.h"
 #include "balances/ClientBalance.h"
 #include "data/Business.h"
-#include "data/Schema.h"
+#include "data/schema/Schema.h"
 #include "data/store/Connection.h"
 
 #include <QCoreApplication>

@@ -5,12 +5,12 @@
 
 #include "BenchPorts.h"
 #include "Timing.h"
-#include "billing/InvoicePrint.h"
+#include "billing/invoices/InvoicePrint.h"
 #include "data/Business.h"
-#include "data/Schema.h"
-#include "documents/BillingDocuments.h"
+#include "data/schema/Schema.h"
+#include "documents/billing/BillingDocuments.h"
 #include "pdf/PDFWriter.h"
-#include "setup/DemoBusiness.h"
+#include "setup/demo/DemoBusiness.h"
 
 #include <QCoreApplication>
 #include <QDir>

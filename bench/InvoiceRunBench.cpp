@@ -5,8 +5,8 @@
 #include "BenchPorts.h"
 #include "RawFile.h"
 #include "Timing.h"
-#include "billing/MonthlyRun.h"
-#include "data/Schema.h"
+#include "billing/runs/MonthlyRun.h"
+#include "data/schema/Schema.h"
 #include "data/store/Connection.h"
 
 #include <QCoreApplication>

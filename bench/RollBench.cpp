@@ -6,9 +6,9 @@
 #include "RawFile.h"
 #include "Timing.h"
 #include "data/Business.h"
-#include "data/Schema.h"
+#include "data/schema/Schema.h"
 #include "data/store/Connection.h"
-#include "scheduling/ScheduleEngine.h"
+#include "roll/ScheduleEngine.h"
 
 #include <QCoreApplication>
 #include <QTemporaryDir>

@@ -8,11 +8,12 @@
 #include "base/ports/requests/Screens.h"
 #include "clients/ClientList.h"
 #include "clients/screens/ClientScreens.h"
-#include "data/Schema.h"
+#include "data/schema/Schema.h"
 #include "data/store/Connection.h"
+#include "diary/DiaryDay.h"
+#include "diary/screens/DiaryScreens.h"
 #include "kit/Theme.h"
-#include "scheduling/DiaryDay.h"
-#include "scheduling/screens/SchedulingScreens.h"
+#include "lists/screens/ListScreens.h"
 
 #include <QApplication>
 #include <QLineEdit>
@@ -134,7 +135,8 @@ bool Run() {
   PaintHost host;
   CommandRunner runner(ports, ports);
   const ScreenTools tools{navigator, host, runner};
-  RegisterSchedulingScreens(business, tools);
+  RegisterListScreens(business, tools);
+  RegisterDiaryScreens(business, tools);
   RegisterClientScreens(business, tools);
 
   std::printf("From the command to the first paint (medians of %d)\n", kRounds);

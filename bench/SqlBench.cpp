@@ -5,7 +5,7 @@
 #include "BenchPorts.h"
 #include "Timing.h"
 #include "data/Business.h"
-#include "data/Schema.h"
+#include "data/schema/Schema.h"
 #include "data/store/Connection.h"
 
 #include <QCoreApplication>

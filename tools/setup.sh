@@ -1,7 +1,7 @@
 # Shared by ./run and ./test: which packages the project stands on, and how it is built. Sourced.
 
 BUILD_PACKAGES=(
-  g++ cmake ninja-build ccache pkg-config
+  g++ cmake ninja-build ccache mold pkg-config
   qt6-base-dev libgl-dev
   libsqlite3-dev mdbtools-dev libglib2.0-dev
   fonts-urw-base35

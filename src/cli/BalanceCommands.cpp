@@ -3,9 +3,9 @@
 #include "cli/Command.h"
 #include "cli/Printing.h"
 #include "cli/WorkingBusiness.h"
-#include "scheduling/JobServices.h"
-#include "scheduling/Jobs.h"
-#include "scheduling/ScheduleCheck.h"
+#include "diary/JobServices.h"
+#include "diary/Jobs.h"
+#include "roll/ScheduleCheck.h"
 
 #include <limits>
 

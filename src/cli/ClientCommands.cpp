@@ -79,11 +79,6 @@ std::vector<std::pair<QString, Value>> FieldsOf(const ClientRecord& client) {
 }
 
 /// For people a day is a day; programs read every moment in one form.
-Value Day(const Call& call, QDate day) {
-  if (call.json) return day;
-  return day.toString(Qt::ISODate);
-}
-
 ResultTable ServicesOf(const Call& call, Business& business, qint64 clientId) {
   ResultTable table({"Client_Service_ID", "Service", "Price", "Notes", "Status", "Frequency",
                      "Employee_Name", "Next_Visit", "Other_Schedule_Client_Service_ID"});
@@ -91,7 +86,7 @@ ResultTable ServicesOf(const Call& call, Business& business, qint64 clientId) {
     if (service.IsEmpty()) continue;
     table.AddRow({service.clientServiceId, service.service, service.price, service.notes,
                   service.status, service.frequency, service.employeeName,
-                  Day(call, service.nextVisit), service.otherScheduleClientServiceId});
+                  DayCell(call, service.nextVisit), service.otherScheduleClientServiceId});
   }
   return table;
 }
@@ -107,7 +102,7 @@ ResultTable TableOf(const Call& call, const std::vector<ClientJob>& jobs) {
   ResultTable table({"Diary_ID", "Schedule_Date", "Display_Name", "Description", "Total_Price",
                      "Status", "Status_Words"});
   for (const ClientJob& job : jobs)
-    table.AddRow({job.diaryId, Day(call, job.scheduleDate), job.displayName, job.description,
+    table.AddRow({job.diaryId, DayCell(call, job.scheduleDate), job.displayName, job.description,
                   job.totalPrice, job.status, job.StatusWords()});
   return table;
 }
@@ -149,10 +144,6 @@ void RunClient(const Call& call) {
     call.out << '\n' << QString::fromLatin1(name).replace(u'_', u' ') << '\n';
     table.PrintAligned(call.out);
   }
-}
-
-void ThrowIf(const std::optional<Refusal>& refusal) {
-  if (refusal) throw CommandFailure(refusal->message);
 }
 
 void RunClientSet(const Call& call) {

@@ -1,9 +1,9 @@
-#include "scheduling/DiaryCommands.h"
+#include "diary/DiaryCommands.h"
 
 #include "cli/Command.h"
 #include "cli/Printing.h"
 #include "cli/WorkingBusiness.h"
-#include "scheduling/DiaryDay.h"
+#include "diary/DiaryDay.h"
 
 #include <algorithm>
 #include <limits>

@@ -1,11 +1,11 @@
 #include "accounts/TaxNames.h"
-#include "billing/InvoicePrint.h"
+#include "billing/invoices/InvoicePrint.h"
 #include "cli/Command.h"
 #include "cli/Printing.h"
 #include "cli/WorkingBusiness.h"
-#include "documents/BillingDocuments.h"
+#include "documents/billing/BillingDocuments.h"
+#include "lists/Divisions.h"
 #include "pdf/PDFTypes.h"
-#include "scheduling/Divisions.h"
 #include "session/ProgramFolder.h"
 
 #include <QDir>

@@ -1,11 +1,11 @@
 #include "cli/Command.h"
 #include "cli/Printing.h"
 #include "cli/WorkingBusiness.h"
-#include "data/Schema.h"
 #include "data/access/ConvertAccessFile.h"
 #include "data/access/FileInTheMaking.h"
 #include "data/access/ReceiptFile.h"
-#include "setup/DemoBusiness.h"
+#include "data/schema/Schema.h"
+#include "setup/demo/DemoBusiness.h"
 
 #include <limits>
 

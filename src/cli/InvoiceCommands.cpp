@@ -1,13 +1,13 @@
-#include "billing/InvoiceJobs.h"
-#include "billing/InvoiceList.h"
-#include "billing/MonthlyRun.h"
-#include "billing/WithJobRun.h"
+#include "billing/invoices/InvoiceJobs.h"
+#include "billing/invoices/InvoiceList.h"
+#include "billing/runs/MonthlyRun.h"
+#include "billing/runs/WithJobRun.h"
 #include "cli/Command.h"
 #include "cli/Printing.h"
 #include "cli/WorkingBusiness.h"
 #include "clients/ClientMoney.h"
-#include "scheduling/DiaryDay.h"
-#include "scheduling/JobPicker.h"
+#include "diary/DiaryDay.h"
+#include "diary/JobPicker.h"
 
 #include <algorithm>
 #include <limits>
@@ -16,22 +16,6 @@ namespace quillary {
 namespace {
 
 constexpr qint64 kHighestKey = std::numeric_limits<qint32>::max();
-
-void ThrowIf(const std::optional<Refusal>& refusal) {
-  if (refusal) throw CommandFailure(refusal->message);
-}
-
-/// A statement that is refused would leave half of what was asked for.
-void FailOnRefusal(Business& business) {
-  business.OnRefusedStatement([](const RefusedStatement& refused) {
-    throw CommandFailure(QStringLiteral("refused: ") + refused.reason);
-  });
-}
-
-Value Day(const Call& call, QDate day) {
-  if (call.json) return day;
-  return day.toString(Qt::ISODate);
-}
 
 QDate Needed(const Call& call, const char* option) {
   if (const auto day = call.arguments.Date(option)) return *day;
@@ -47,15 +31,6 @@ Days DaysOf(const Call& call) {
   const Days days{Needed(call, "from"), Needed(call, "to")};
   if (days.from > days.to) throw CommandFailure(QString::fromLatin1(kInvalidDateRange));
   return days;
-}
-
-void Print(const Call& call, const ResultTable& table) {
-  if (call.json) {
-    table.PrintJson(call.out);
-    call.out << '\n';
-  } else {
-    table.PrintAligned(call.out);
-  }
 }
 
 /// The jobs named, each of which the list of the screen would offer for this client.
@@ -124,9 +99,9 @@ void RunInvoice(const Call& call) {
   business->CloseConnection();
   ResultTable table({"Invoice_ID", "Invoice_Number", "Client_ID", "Generation_Date",
                      "Invoice_Description", "Total_Amount", "Total_GST", "Jobs"});
-  table.AddRow({form.invoiceId, form.number, form.clientId, Day(call, form.date), form.description,
-                form.totalAmount, form.totalGST, jobs.rows.size()});
-  Print(call, table);
+  table.AddRow({form.invoiceId, form.number, form.clientId, DayCell(call, form.date),
+                form.description, form.totalAmount, form.totalGST, jobs.rows.size()});
+  PrintTable(call, table);
 }
 
 void RunInvoiceRun(const Call& call) {
@@ -164,10 +139,10 @@ void RunInvoices(const Call& call) {
                      "Invoice_Description", "Total_Amount", "Invoice_Number", "Statement_Type",
                      "IsPaid"});
   for (const InvoiceListRow& row : invoices)
-    table.AddRow({row.invoiceId, row.clientId, row.displayName, Day(call, row.generationDate),
+    table.AddRow({row.invoiceId, row.clientId, row.displayName, DayCell(call, row.generationDate),
                   row.description, row.totalAmount, row.invoiceNumber, row.statementType,
                   row.isPaid});
-  Print(call, table);
+  PrintTable(call, table);
 }
 
 void RunInvoiceDelete(const Call& call) {
@@ -186,7 +161,7 @@ void RunInvoiceDelete(const Call& call) {
   business->CloseConnection();
   ResultTable table({"Invoice_ID", "Deleted"});
   table.AddRow({invoiceId, true});
-  Print(call, table);
+  PrintTable(call, table);
 }
 
 }  // namespace

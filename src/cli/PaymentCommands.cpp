@@ -1,35 +1,18 @@
 #include "accounts/TaxRepair.h"
 #include "balances/JobsAndPaymentChecker.h"
-#include "billing/PaymentJobs.h"
-#include "billing/PaymentsList.h"
-#include "billing/RevenueLines.h"
+#include "billing/payments/PaymentJobs.h"
+#include "billing/payments/PaymentsList.h"
+#include "billing/payments/RevenueLines.h"
 #include "cli/Command.h"
 #include "cli/Printing.h"
 #include "cli/WorkingBusiness.h"
-#include "scheduling/DiaryDay.h"
+#include "diary/DiaryDay.h"
 
 #include <algorithm>
 #include <limits>
 
 namespace quillary {
 namespace {
-
-void ThrowIf(const std::optional<Refusal>& refusal) {
-  if (refusal) throw CommandFailure(refusal->message);
-}
-
-/// A statement that is refused would leave half of what was asked for.
-void FailOnRefusal(Business& business) {
-  business.OnRefusedStatement([](const RefusedStatement& refused) {
-    throw CommandFailure(QStringLiteral("refused: ") + refused.reason);
-  });
-}
-
-Value Day(const Call& call, QDate day) {
-  if (!day.isValid()) return {};
-  if (call.json) return day;
-  return day.toString(Qt::ISODate);
-}
 
 Money AmountOf(const QString& text) {
   const auto amount = Money::Parse(text);
@@ -122,8 +105,8 @@ void RunPay(const Call& call) {
   business->CloseConnection();
   ResultTable table({"Payment_ID", "Client_ID", "Payment_Date", "Amount", "GST_Included",
                      "Payment_Method", "Jobs"});
-  table.AddRow({form.paymentId, *form.clientId, Day(call, form.paymentDate), form.amount, form.gst,
-                form.paymentMethod, static_cast<qint64>(jobs.size())});
+  table.AddRow({form.paymentId, *form.clientId, DayCell(call, form.paymentDate), form.amount,
+                form.gst, form.paymentMethod, static_cast<qint64>(jobs.size())});
   if (call.json) {
     table.PrintJson(call.out);
     call.out << '\n';
@@ -143,7 +126,7 @@ void RunPayments(const Call& call) {
   ResultTable table({"Payment_ID", "Display_Name", "Payment_Date", "Amount", "Payment_Method",
                      "Client_ID", "Accounts", "GL_Amount", "Matches"});
   for (const PaymentRow& row : list.rows)
-    table.AddRow({row.paymentId, row.displayName, Day(call, row.paymentDate), row.amount,
+    table.AddRow({row.paymentId, row.displayName, DayCell(call, row.paymentDate), row.amount,
                   row.paymentMethod, row.clientId, row.accounts, row.glAmount, !row.IsMismatch()});
   if (call.json) {
     call.out << "{\"rows\": ";

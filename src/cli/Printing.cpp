@@ -115,4 +115,19 @@ void ResultTable::PrintJson(QTextStream& out) const {
   out << (rows_.empty() ? "]" : "\n]");
 }
 
+void PrintTable(const Call& call, const ResultTable& table) {
+  if (call.json) {
+    table.PrintJson(call.out);
+    call.out << '\n';
+  } else {
+    table.PrintAligned(call.out);
+  }
+}
+
+Value DayCell(const Call& call, QDate day) {
+  if (!day.isValid()) return {};
+  if (call.json) return day;
+  return day.toString(Qt::ISODate);
+}
+
 }  // namespace quillary

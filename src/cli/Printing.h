@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/Value.h"
+#include "cli/Command.h"
 #include "data/store/Recordset.h"
 
 #include <QStringList>
@@ -30,6 +31,11 @@ class ResultTable {
   QStringList columns_;
   std::vector<std::vector<Value>> rows_;
 };
+
+/// The table in the form that was asked for.
+void PrintTable(const Call& call, const ResultTable& table);
+/// A day as a cell, empty when it is none: a date for programs, in ISO form for people.
+Value DayCell(const Call& call, QDate day);
 
 /// Currency and numbers as numbers, yes/no as true and false, a moment as "YYYY-MM-DD HH:MM:SS".
 QString ToJson(const Value& value);

@@ -9,11 +9,6 @@
 namespace quillary {
 namespace {
 
-void Print(const Call& call, const ResultTable& table) {
-  table.PrintJson(call.out);
-  call.out << '\n';
-}
-
 void RunCheck(const Call& call) {
   const std::vector<Finding> findings = CheckBusiness(call.world.Ports(), call.File());
   if (call.json) {
@@ -21,7 +16,7 @@ void RunCheck(const Call& call) {
     for (const Finding& finding : findings) {
       table.AddRow({finding.table, finding.what, finding.isNote});
     }
-    Print(call, table);
+    PrintTable(call, table);
   } else {
     for (const Finding& finding : findings) {
       call.out << (finding.isNote ? "note:  " : "wrong: ") << finding.table << ": "
@@ -47,7 +42,7 @@ void RunRepair(const Call& call) {
     for (const SalvagedTable& entry : receipt.tables) {
       table.AddRow({entry.table, entry.saved, entry.lost, entry.mayHaveLostMore});
     }
-    Print(call, table);
+    PrintTable(call, table);
     return;
   }
   for (const QString& damage : receipt.damage) call.out << "damage: " << OneLine(damage) << '\n';

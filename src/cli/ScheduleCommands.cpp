@@ -1,8 +1,8 @@
 #include "cli/Command.h"
 #include "cli/Printing.h"
 #include "cli/WorkingBusiness.h"
-#include "data/LocalSettings.h"
-#include "scheduling/ScheduleEngine.h"
+#include "data/settings/LocalSettings.h"
+#include "roll/ScheduleEngine.h"
 #include "session/ProgramFolder.h"
 #include "session/StartUp.h"
 

@@ -1,6 +1,6 @@
 #include "cli/WorkingBusiness.h"
 
-#include "data/Schema.h"
+#include "data/schema/Schema.h"
 
 namespace quillary {
 namespace {
@@ -41,6 +41,16 @@ std::unique_ptr<Business> OpenCurrentBusiness(const Call& call) {
   RequireCurrentVersion(*business);
   LoadScheduleValues(*business);
   return business;
+}
+
+void FailOnRefusal(Business& business) {
+  business.OnRefusedStatement([](const RefusedStatement& refused) {
+    throw CommandFailure(QStringLiteral("refused: ") + refused.reason);
+  });
+}
+
+void ThrowIf(const std::optional<Refusal>& refusal) {
+  if (refusal) throw CommandFailure(refusal->message);
 }
 
 }  // namespace quillary

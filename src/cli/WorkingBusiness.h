@@ -1,9 +1,11 @@
 #pragma once
 
+#include "base/Refusal.h"
 #include "cli/Command.h"
 #include "data/Business.h"
 
 #include <memory>
+#include <optional>
 
 namespace quillary {
 
@@ -14,5 +16,11 @@ std::unique_ptr<Business> OpenAnyBusiness(const Call& call);
 /// start it rolls nothing. Throws StorageFailure, and CommandFailure or ProgramError when the file
 /// is of another version and has to be started first.
 std::unique_ptr<Business> OpenCurrentBusiness(const Call& call);
+
+/// From now on a refused statement ends the command, since it would leave half of what was asked
+/// for: throws CommandFailure.
+void FailOnRefusal(Business& business);
+/// Throws CommandFailure with the words of a refusal.
+void ThrowIf(const std::optional<Refusal>& refusal);
 
 }  // namespace quillary

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "data/Business.h"
-#include "scheduling/Choices.h"
+#include "lists/Choices.h"
 
 #include <QHash>
 #include <QStringList>

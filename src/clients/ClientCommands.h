@@ -2,7 +2,7 @@
 
 #include "clients/ClientRecord.h"
 #include "clients/ClientServices.h"
-#include "scheduling/ScheduleEngine.h"
+#include "roll/ScheduleEngine.h"
 
 /// The commands of the client screen that save more than one thing or ask before they do. Each
 /// stops, having written nothing, when a check refuses.

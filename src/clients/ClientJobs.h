@@ -1,7 +1,7 @@
 #pragma once
 
 #include "clients/ClientRecord.h"
-#include "scheduling/DiaryDay.h"
+#include "diary/DiaryDay.h"
 
 #include <vector>
 

@@ -1,5 +1,5 @@
 #include "clients/ClientServices.h"
-#include "scheduling/DiaryDay.h"
+#include "diary/DiaryDay.h"
 
 namespace quillary {
 namespace {

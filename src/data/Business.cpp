@@ -1,7 +1,7 @@
 #include "data/Business.h"
 
 #include "base/Text.h"
-#include "data/Schema.h"
+#include "data/schema/Schema.h"
 #include "data/store/Connection.h"
 
 #include <cstdio>

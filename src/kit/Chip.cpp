@@ -6,8 +6,8 @@ namespace quillary {
 
 namespace {
 
-constexpr int kMargin = 10;
-constexpr int kHeight = 20;
+constexpr int kPaintedMargin = 10;
+constexpr int kPaintedHeight = 20;
 
 }  // namespace
 
@@ -31,7 +31,8 @@ QFont Chip::SmallFont() const {
 }
 
 QSize Chip::sizeHint() const {
-  return {QFontMetrics(SmallFont()).horizontalAdvance(text()) + 2 * kMargin + 1, kHeight + 1};
+  return {QFontMetrics(SmallFont()).horizontalAdvance(text()) + 2 * kPaintedMargin + 1,
+          kPaintedHeight + 1};
 }
 
 void Chip::paintEvent(QPaintEvent*) {

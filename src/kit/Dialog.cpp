@@ -11,7 +11,7 @@ namespace quillary {
 
 namespace {
 
-constexpr int kMargin = 16;
+constexpr int kDialogMargin = 16;
 /// What the frame of a window takes of the display.
 constexpr QSize kFrame{32, 56};
 
@@ -26,10 +26,10 @@ Dialog::Dialog(const char* name, const QString& title, Prompter& prompter, QWidg
   setObjectName(QLatin1StringView(name));
   setWindowTitle(title);
   column_ = new QVBoxLayout(this);
-  column_->setContentsMargins(0, 0, 0, kMargin);
-  column_->setSpacing(kMargin);
+  column_->setContentsMargins(0, 0, 0, kDialogMargin);
+  column_->setSpacing(kDialogMargin);
   auto* line = new QHBoxLayout;
-  line->setContentsMargins(kMargin, 0, kMargin, 0);
+  line->setContentsMargins(kDialogMargin, 0, kDialogMargin, 0);
   line->setSpacing(8);
   apart_ = new QHBoxLayout;
   actions_ = new QHBoxLayout;
@@ -41,7 +41,7 @@ Dialog::Dialog(const char* name, const QString& title, Prompter& prompter, QWidg
 }
 
 void Dialog::SetContent(QLayout* content) {
-  content->setContentsMargins(kMargin, kMargin, kMargin, 0);
+  content->setContentsMargins(kDialogMargin, kDialogMargin, kDialogMargin, 0);
   content_ = new QWidget;
   content_->setLayout(content);
   auto* scroll = new QScrollArea;
@@ -69,8 +69,8 @@ void Dialog::AddActions(const QList<QPushButton*>& actions) {
 QSize Dialog::sizeHint() const {
   QSize wanted = column_->totalSizeHint();
   if (content_) {
-    const int actions = column_->itemAt(1)->sizeHint().height() + 2 * kMargin;
-    wanted = content_->sizeHint().expandedTo({wanted.width() - kMargin, 0});
+    const int actions = column_->itemAt(1)->sizeHint().height() + 2 * kDialogMargin;
+    wanted = content_->sizeHint().expandedTo({wanted.width() - kDialogMargin, 0});
     if (content_->layout()->hasHeightForWidth()) {
       const int width = qMax(wanted.width(), room_.width());
       wanted.setHeight(content_->layout()->totalHeightForWidth(width));

@@ -10,8 +10,8 @@ namespace quillary {
 
 namespace {
 
-constexpr int kMargin = 14;
-constexpr int kHeight = 36;
+constexpr int kTabMargin = 14;
+constexpr int kTabHeight = 36;
 constexpr int kUnderline = 2;
 
 /// The words and the line under them. Their widths are those of the strong words, so that nothing
@@ -20,8 +20,8 @@ class PageBar : public QTabBar {
  protected:
   QSize tabSizeHint(int index) const override {
     const int width =
-        QFontMetrics(Strong()).size(Qt::TextShowMnemonic, tabText(index)).width() + 2 * kMargin;
-    return {width, kHeight};
+        QFontMetrics(Strong()).size(Qt::TextShowMnemonic, tabText(index)).width() + 2 * kTabMargin;
+    return {width, kTabHeight};
   }
   QSize minimumTabSizeHint(int index) const override { return tabSizeHint(index); }
 

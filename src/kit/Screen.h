@@ -40,4 +40,16 @@ struct ScreenTools {
   CommandRunner& runner;
 };
 
+/// Shows the screen of that name, making it when none is open, and loads it.
+template <typename Make>
+void ShowTab(const ScreenTools& tools, const char* name, const Make& make) {
+  Screen* screen = tools.host.BringToFront(QLatin1StringView(name));
+  if (!screen) {
+    screen = make();
+    tools.host.ShowScreen(screen);
+  }
+  screen->Reload();
+  screen->setFocus();  // on the list: the arrow keys work at once
+}
+
 }  // namespace quillary

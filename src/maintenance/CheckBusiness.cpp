@@ -1,7 +1,7 @@
 #include "maintenance/CheckBusiness.h"
 
 #include "balances/ClientBalance.h"
-#include "data/Schema.h"
+#include "data/schema/Schema.h"
 #include "data/store/Connection.h"
 #include "data/store/Integrity.h"
 

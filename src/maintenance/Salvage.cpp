@@ -1,7 +1,7 @@
 #include "maintenance/Salvage.h"
 
-#include "data/Schema.h"
 #include "data/access/FileInTheMaking.h"
+#include "data/schema/Schema.h"
 #include "data/store/Connection.h"
 #include "data/store/FileReplacement.h"
 #include "data/store/Integrity.h"

@@ -2,10 +2,10 @@
 
 #include "base/Errors.h"
 #include "data/ActivityLog.h"
-#include "data/Schema.h"
-#include "data/Upgrader.h"
-#include "scheduling/Divisions.h"
-#include "scheduling/ScheduleEngine.h"
+#include "data/schema/Schema.h"
+#include "data/schema/Upgrader.h"
+#include "lists/Divisions.h"
+#include "roll/ScheduleEngine.h"
 #include "session/ProgramFolder.h"
 #include "session/Support.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "data/Business.h"
-#include "data/LocalSettings.h"
+#include "data/settings/LocalSettings.h"
 
 #include <QString>
 

@@ -9,9 +9,10 @@
 #include "base/ports/requests/Setup.h"
 #include "billing/screens/BillingScreens.h"
 #include "clients/screens/ClientScreens.h"
+#include "diary/screens/DiaryScreens.h"
 #include "documents/screens/DocumentScreens.h"
+#include "lists/screens/ListScreens.h"
 #include "maintenance/DatabaseVersion.h"
-#include "scheduling/screens/SchedulingScreens.h"
 #include "session/AccessConversion.h"
 #include "session/ProgramFolder.h"
 #include "shell/frmAbout.h"
@@ -92,7 +93,8 @@ void Program::ShowMainMenu(Business& business) {
 }
 
 void Program::RegisterScreens(Business& business) {
-  RegisterSchedulingScreens(business, mainMenu_->Tools());
+  RegisterListScreens(business, mainMenu_->Tools());
+  RegisterDiaryScreens(business, mainMenu_->Tools());
   RegisterClientScreens(business, mainMenu_->Tools());
   RegisterBalanceScreens(business, mainMenu_->Tools());
   RegisterBillingScreens(business, mainMenu_->Tools());

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "data/LocalSettings.h"
+#include "data/settings/LocalSettings.h"
 #include "kit/CommandRunner.h"
 #include "session/StartUp.h"
 #include "shell/MainMenuMDI.h"

@@ -1,5 +1,5 @@
-#include "accounts/Countries.h"
 #include "accounts/LedgerAccounts.h"
+#include "lists/Countries.h"
 #include "support/BusinessTest.h"
 
 namespace quillary {

@@ -1,4 +1,4 @@
-#include "billing/InvoiceNumbers.h"
+#include "billing/invoices/InvoiceNumbers.h"
 #include "support/BusinessTest.h"
 
 namespace quillary {

@@ -1,11 +1,11 @@
 #include "InvoiceTest.h"
-#include "billing/InvoiceJobs.h"
-#include "billing/InvoiceList.h"
-#include "billing/InvoicePrint.h"
-#include "billing/InvoiceTexts.h"
-#include "billing/MonthlyReminder.h"
+#include "billing/invoices/InvoiceJobs.h"
+#include "billing/invoices/InvoiceList.h"
+#include "billing/invoices/InvoicePrint.h"
+#include "billing/invoices/InvoiceTexts.h"
+#include "billing/runs/MonthlyReminder.h"
 #include "clients/ClientMoney.h"
-#include "scheduling/DiaryEntries.h"
+#include "roll/DiaryEntries.h"
 
 namespace quillary {
 namespace {

@@ -1,16 +1,13 @@
 #include "InvoiceTest.h"
-#include "billing/InvoiceList.h"
-#include "billing/MonthlyRun.h"
-#include "billing/WithJobRun.h"
+#include "billing/invoices/InvoiceList.h"
+#include "billing/runs/MonthlyRun.h"
+#include "billing/runs/WithJobRun.h"
 #include "data/store/Connection.h"
 
 namespace quillary {
 namespace {
 
-QDate Day(int month, int day) {
-  return {2026, month, day};
-}
-const MonthlyPeriod kOctober{Day(10, 1), Day(10, 31), Day(11, 2)};
+const MonthlyPeriod kOctober{QDate(2026, 10, 1), QDate(2026, 10, 31), QDate(2026, 11, 2)};
 
 class InvoiceRunTest : public InvoiceTest {
  protected:
@@ -27,24 +24,24 @@ class InvoiceRunTest : public InvoiceTest {
 
 TEST_F(InvoiceRunTest, DescriptionNamesAMonthOrItsDates) {
   const std::tuple<QDate, QDate, const char*> cases[] = {
-      {Day(3, 1), Day(3, 31), "TAX INVOICE FOR MARCH"},
-      {Day(2, 1), Day(2, 28), "TAX INVOICE FOR FEBRUARY"},
-      {Day(3, 1), Day(3, 30), "TAX INVOICE FOR 01-MAR-2026 TO 30-MAR-2026"},
-      {Day(3, 2), Day(3, 31), "TAX INVOICE FOR 02-MAR-2026 TO 31-MAR-2026"},
-      {Day(3, 1), Day(4, 30), "TAX INVOICE FOR 01-MAR-2026 TO 30-APR-2026"},
-      {QDate(2025, 3, 1), Day(3, 31), "TAX INVOICE FOR 01-MAR-2025 TO 31-MAR-2026"},
+      {QDate(2026, 3, 1), QDate(2026, 3, 31), "TAX INVOICE FOR MARCH"},
+      {QDate(2026, 2, 1), QDate(2026, 2, 28), "TAX INVOICE FOR FEBRUARY"},
+      {QDate(2026, 3, 1), QDate(2026, 3, 30), "TAX INVOICE FOR 01-MAR-2026 TO 30-MAR-2026"},
+      {QDate(2026, 3, 2), QDate(2026, 3, 31), "TAX INVOICE FOR 02-MAR-2026 TO 31-MAR-2026"},
+      {QDate(2026, 3, 1), QDate(2026, 4, 30), "TAX INVOICE FOR 01-MAR-2026 TO 30-APR-2026"},
+      {QDate(2025, 3, 1), QDate(2026, 3, 31), "TAX INVOICE FOR 01-MAR-2025 TO 31-MAR-2026"},
   };
   for (const auto& [from, to, words] : cases) EXPECT_EQ(MonthlyDescription(from, to), words);
 }
 
 TEST_F(InvoiceRunTest, AGroupGetsOneInvoiceOfItsDoneJobs) {
-  AddJob(3, "JD", Day(10, 1));
-  AddJob(3, "JU", Day(10, 31), 55.5, 5.05);
-  AddJob(2, "JP", Day(10, 15), Value(), Value());
+  AddJob(3, "JD", QDate(2026, 10, 1));
+  AddJob(3, "JU", QDate(2026, 10, 31), 55.5, 5.05);
+  AddJob(2, "JP", QDate(2026, 10, 15), Value(), Value());
   const char* leftOut[] = {"J", "JI", "JC", "VD"};
-  for (const char* status : leftOut) AddJob(3, status, Day(10, 10));
-  AddJob(3, "JD", Day(11, 1));
-  AddJob(1, "JD", Day(10, 10));
+  for (const char* status : leftOut) AddJob(3, status, QDate(2026, 10, 10));
+  AddJob(3, "JD", QDate(2026, 11, 1));
+  AddJob(1, "JD", QDate(2026, 10, 10));
   std::vector<std::pair<int, int>> heard;
   const InvoiceRunCount count = GenerateMonthlyInvoices(
       business(), kOctober, [&](int done, int total) { heard.emplace_back(done, total); });
@@ -61,18 +58,18 @@ TEST_F(InvoiceRunTest, AGroupGetsOneInvoiceOfItsDoneJobs) {
 }
 
 TEST_F(InvoiceRunTest, ASecondRunFindsOnlyWhatCameLate) {
-  AddJob(3, "JD", Day(10, 1));
+  AddJob(3, "JD", QDate(2026, 10, 1));
   GenerateMonthlyInvoices(business(), kOctober);
   EXPECT_EQ(GenerateMonthlyInvoices(business(), kOctober).invoicesMade, 0);
   EXPECT_EQ(LastNumber(), "1001") << "who gets no invoice costs no number";
-  AddJob(3, "JD", Day(10, 2), 22, 2);
+  AddJob(3, "JD", QDate(2026, 10, 2), 22, 2);
   EXPECT_EQ(GenerateMonthlyInvoices(business(), kOctober).invoicesMade, 1);
   EXPECT_EQ(Invoices(), "2 1001 110 10,2 1002 22 2");
 }
 
 TEST_F(InvoiceRunTest, NothingToBillTakesTheInvoiceBackAndKeepsItsTraces) {
-  AddJob(3, "JD", Day(10, 1), 0, 0);
-  AddJob(2, "JD", Day(10, 2), Value(), Value());
+  AddJob(3, "JD", QDate(2026, 10, 1), 0, 0);
+  AddJob(2, "JD", QDate(2026, 10, 2), Value(), Value());
   EXPECT_EQ(GenerateMonthlyInvoices(business(), kOctober).invoicesMade, 0);
   EXPECT_EQ(Count("Invoices"), 0);
   EXPECT_EQ(JobStates(), "JD 1,JD 1");
@@ -95,11 +92,12 @@ TEST_F(InvoiceRunTest, WhoIsNotToBeBilledIsSkipped) {
   for (const Case& c : cases) {
     Run(Sql("UPDATE Clients SET Status = {}, Statement_Type = {} WHERE Client_ID = 2", c.status,
             c.billed));
-    AddJob(3, "JD", Day(10, 5));
+    AddJob(3, "JD", QDate(2026, 10, 5));
     EXPECT_EQ(GenerateMonthlyInvoices(business(), kOctober).invoicesMade, c.monthly ? 1 : 0)
         << c.status << ' ' << c.billed;
-    EXPECT_EQ(GenerateWithJobInvoices(business(), Day(10, 5), Day(10, 5)).invoicesMade,
-              c.withJob ? 1 : 0)
+    EXPECT_EQ(
+        GenerateWithJobInvoices(business(), QDate(2026, 10, 5), QDate(2026, 10, 5)).invoicesMade,
+        c.withJob ? 1 : 0)
         << c.status << ' ' << c.billed;
     Run(Sql("DELETE FROM Diary"));
   }
@@ -107,13 +105,14 @@ TEST_F(InvoiceRunTest, WhoIsNotToBeBilledIsSkipped) {
 
 TEST_F(InvoiceRunTest, WithJobRunBillsEachJobOnceWhateverItsStatus) {
   Run(Sql("UPDATE Clients SET Statement_Type = 'With Job' WHERE Client_ID = 2"));
-  AddJob(1, "JD", Day(11, 2), 44, 4);
+  AddJob(1, "JD", QDate(2026, 11, 2), 44, 4);
   const InvoiceForm before = AddInvoice(1, {1});
-  AddJob(1, "J", Day(11, 2));
-  AddJob(3, "JC", Day(11, 2), Value(), Value());
-  AddJob(1, "J", Day(11, 3));
+  AddJob(1, "J", QDate(2026, 11, 2));
+  AddJob(3, "JC", QDate(2026, 11, 2), Value(), Value());
+  AddJob(1, "J", QDate(2026, 11, 3));
   Run(Sql("INSERT INTO lstInvoicesToPrint (Invoice_ID) VALUES (77)"));
-  const InvoiceRunCount count = GenerateWithJobInvoices(business(), Day(11, 2), Day(11, 2));
+  const InvoiceRunCount count =
+      GenerateWithJobInvoices(business(), QDate(2026, 11, 2), QDate(2026, 11, 2));
   EXPECT_EQ(count.invoicesMade, 2);
   EXPECT_EQ(count.totalAmount, Money::FromWhole(110));
   EXPECT_EQ(JobStates(), "JD 1,J 2,JC 3,J -");
@@ -128,7 +127,8 @@ TEST_F(InvoiceRunTest, WithJobRunBillsEachJobOnceWhateverItsStatus) {
                 .Field(u"Made_Out_To")
                 .ToText(),
             "Abbott\n18 High St\nKEW 3101\n");
-  EXPECT_EQ(GenerateWithJobInvoices(business(), Day(11, 2), Day(11, 2)).invoicesMade, 0);
+  EXPECT_EQ(
+      GenerateWithJobInvoices(business(), QDate(2026, 11, 2), QDate(2026, 11, 2)).invoicesMade, 0);
   EXPECT_EQ(Count("lstInvoicesToPrint"), 3);
 }
 
@@ -144,9 +144,9 @@ TEST_F(InvoiceRunTest, TheRunIsAskedForFirst) {
 
 TEST_F(InvoiceRunTest, WhatFailsWithOneClientLeavesTheOthersTheirInvoices) {
   const qint64 last = AddClient("Zoe", "Active", "Monthly", 4);
-  AddJob(3, "JD", Day(10, 1));
-  AddJob(3, "JD", Day(10, 2));
-  AddJob(last, "JD", Day(10, 3));
+  AddJob(3, "JD", QDate(2026, 10, 1));
+  AddJob(3, "JD", QDate(2026, 10, 2));
+  AddJob(last, "JD", QDate(2026, 10, 3));
   ExpectRefused("UPDATE Diary SET Invoice_ID");
   Execute(
       "CREATE TEMP TRIGGER stop BEFORE UPDATE ON Diary WHEN NEW.Diary_ID = 2 "

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "billing/InvoiceRecord.h"
+#include "billing/invoices/InvoiceRecord.h"
 #include "support/BusinessTest.h"
 
 #include <QStringList>

@@ -1,11 +1,11 @@
 #include "InvoiceTest.h"
-#include "billing/MonthlyRun.h"
+#include "billing/runs/MonthlyRun.h"
 #include "data/store/Connection.h"
 
 namespace quillary {
 namespace {
 
-const MonthlyPeriod kOctober{{2026, 10, 1}, {2026, 10, 31}, {2026, 11, 2}};
+const MonthlyPeriod kFaultyOctober{{2026, 10, 1}, {2026, 10, 31}, {2026, 11, 2}};
 
 /// Counts the writes to a file and spoils one of them.
 struct Fault {
@@ -54,7 +54,7 @@ TEST_F(MonthlyFaultTest, AFailureOfTheStoreAtAnyWriteLeavesNothingOfTheRun) {
   const QString before = Everything();
   {
     Transaction trial(business());
-    GenerateMonthlyInvoices(business(), kOctober);
+    GenerateMonthlyInvoices(business(), kFaultyOctober);
   }
   const int writes = fault.writes;
   ASSERT_GE(writes, 3 + 3 + 6) << "numbers, invoices and jobs";
@@ -62,13 +62,13 @@ TEST_F(MonthlyFaultTest, AFailureOfTheStoreAtAnyWriteLeavesNothingOfTheRun) {
   for (const int code : {SQLITE_FULL, SQLITE_IOERR_WRITE}) {
     for (int at = 1; at <= writes; ++at) {
       SpoilWrite(at, code);
-      EXPECT_THROW(GenerateMonthlyInvoices(business(), kOctober), StorageFailure) << at;
+      EXPECT_THROW(GenerateMonthlyInvoices(business(), kFaultyOctober), StorageFailure) << at;
       EXPECT_EQ(Everything(), before) << "write " << at;
       EXPECT_EQ(outside.busy.depth, 0);
     }
   }
   SpoilWrite(0, 0);
-  EXPECT_EQ(GenerateMonthlyInvoices(business(), kOctober).invoicesMade, 3);
+  EXPECT_EQ(GenerateMonthlyInvoices(business(), kFaultyOctober).invoicesMade, 3);
   EXPECT_EQ(JobStates(), "JD 1,JD 1,JD 3,JD 3,JD 2,JD 1");
 }
 
@@ -80,7 +80,7 @@ TEST_F(MonthlyFaultTest, AnErrorAtAnyWriteCostsOneClientAndARepeatMakesItUp) {
   for (int at = 1;; ++at) {
     Transaction trial(business());
     SpoilWrite(at, SQLITE_ERROR);
-    const InvoiceRunCount first = GenerateMonthlyInvoices(business(), kOctober);
+    const InvoiceRunCount first = GenerateMonthlyInvoices(business(), kFaultyOctober);
     if (fault.writes < at) break;
     EXPECT_EQ(first.failed, outside.errors.TakeReports().size()) << "write " << at;
     EXPECT_LE(first.failed, 1);
@@ -90,7 +90,7 @@ TEST_F(MonthlyFaultTest, AnErrorAtAnyWriteCostsOneClientAndARepeatMakesItUp) {
               Number(Sql("SELECT Count(*) FROM Diary WHERE Invoice_ID IS NOT NULL")))
         << "a job points at an invoice that is not there, write " << at;
     SpoilWrite(0, 0);
-    const InvoiceRunCount second = GenerateMonthlyInvoices(business(), kOctober);
+    const InvoiceRunCount second = GenerateMonthlyInvoices(business(), kFaultyOctober);
     EXPECT_EQ(first.invoicesMade + second.invoicesMade, 3) << "write " << at;
     EXPECT_EQ(Rows(Sql("SELECT SUM(Total_Amount) FROM Invoices")), "550");
   }
@@ -115,11 +115,11 @@ TEST_F(MonthlyFaultTest, ARealFullDiskEndsTheRunToo) {
   };
   for (const int pages : {0, 2, 5}) {
     allowPages(pages);
-    EXPECT_THROW(GenerateMonthlyInvoices(business(), kOctober), StorageFailure) << pages;
+    EXPECT_THROW(GenerateMonthlyInvoices(business(), kFaultyOctober), StorageFailure) << pages;
     EXPECT_EQ(Everything(), before) << pages;
   }
   allowPages(10000);
-  EXPECT_EQ(GenerateMonthlyInvoices(business(), kOctober).invoicesMade, 203);
+  EXPECT_EQ(GenerateMonthlyInvoices(business(), kFaultyOctober).invoicesMade, 203);
 }
 
 }  // namespace

@@ -1,6 +1,6 @@
-#include "billing/PaymentJobs.h"
-#include "billing/PaymentsList.h"
 #include "billing/PaymentsTest.h"
+#include "billing/payments/PaymentJobs.h"
+#include "billing/payments/PaymentsList.h"
 
 namespace quillary {
 namespace {

@@ -1,5 +1,5 @@
-#include "billing/PaymentRecord.h"
 #include "billing/PaymentsTest.h"
+#include "billing/payments/PaymentRecord.h"
 
 namespace quillary {
 namespace {

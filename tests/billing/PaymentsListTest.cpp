@@ -1,6 +1,6 @@
-#include "billing/PaymentMethods.h"
-#include "billing/PaymentsList.h"
 #include "billing/PaymentsTest.h"
+#include "billing/payments/PaymentsList.h"
+#include "lists/PaymentMethods.h"
 
 namespace quillary {
 namespace {

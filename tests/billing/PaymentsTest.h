@@ -1,6 +1,6 @@
 #pragma once
 
-#include "billing/PaymentJobs.h"
+#include "billing/payments/PaymentJobs.h"
 #include "clients/ClientsTest.h"
 
 namespace quillary {

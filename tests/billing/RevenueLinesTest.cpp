@@ -1,5 +1,5 @@
 #include "billing/PaymentsTest.h"
-#include "billing/RevenueLines.h"
+#include "billing/payments/RevenueLines.h"
 
 namespace quillary {
 namespace {

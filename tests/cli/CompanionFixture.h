@@ -1,6 +1,6 @@
 #pragma once
 
-#include "data/Schema.h"
+#include "data/schema/Schema.h"
 #include "data/store/Connection.h"
 
 #include <QFile>

@@ -1,7 +1,7 @@
 #include "data/FixedLists.h"
 #include "data/Holidays.h"
 #include "data/Numbers.h"
-#include "data/Schema.h"
+#include "data/schema/Schema.h"
 #include "data/store/Connection.h"
 #include "support/BusinessTest.h"
 

@@ -1,4 +1,4 @@
-#include "data/LocalSettings.h"
+#include "data/settings/LocalSettings.h"
 #include "support/ScriptedOutside.h"
 
 #include <QFile>

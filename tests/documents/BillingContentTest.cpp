@@ -1,6 +1,6 @@
 #include "BillingFixture.h"
-#include "data/Schema.h"
-#include "setup/DemoBusiness.h"
+#include "data/schema/Schema.h"
+#include "setup/demo/DemoBusiness.h"
 
 namespace quillary {
 namespace {

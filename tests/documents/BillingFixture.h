@@ -1,6 +1,6 @@
 #pragma once
 
-#include "documents/BillingDocuments.h"
+#include "documents/billing/BillingDocuments.h"
 #include "pdf/PDFTypes.h"
 #include "support/BusinessTest.h"
 

@@ -1,6 +1,6 @@
 #include "PageFixture.h"
-#include "documents/PageSearch.h"
-#include "documents/PageText.h"
+#include "documents/pages/PageSearch.h"
+#include "documents/pages/PageText.h"
 
 namespace quillary {
 namespace {

@@ -1,6 +1,6 @@
 #include "PageFixture.h"
-#include "documents/Csv.h"
-#include "documents/Pdf.h"
+#include "documents/forms/Csv.h"
+#include "documents/forms/Pdf.h"
 #include "pdf/PDFTypes.h"
 
 #include <QDir>

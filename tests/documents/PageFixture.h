@@ -1,6 +1,6 @@
 #pragma once
 
-#include "documents/Composer.h"
+#include "documents/pages/Composer.h"
 
 #include <QFile>
 #include <QProcess>

@@ -1,4 +1,4 @@
-#include "documents/ReportFiles.h"
+#include "documents/reports/ReportFiles.h"
 
 #include <QDir>
 #include <QFileInfo>

@@ -1,5 +1,5 @@
 #include "PageFixture.h"
-#include "documents/ReportOfList.h"
+#include "documents/reports/ReportOfList.h"
 #include "support/BusinessTest.h"
 
 #include <QDir>

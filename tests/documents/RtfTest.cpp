@@ -1,5 +1,5 @@
 #include "PageFixture.h"
-#include "documents/Rtf.h"
+#include "documents/forms/Rtf.h"
 
 #include <QRegularExpression>
 

@@ -1,5 +1,5 @@
 #include "PageFixture.h"
-#include "documents/TableLayout.h"
+#include "documents/pages/TableLayout.h"
 
 #include <stdexcept>
 

@@ -1,6 +1,6 @@
 #include "FaultFiles.h"
 #include "session/StartUp.h"
-#include "setup/DemoBusiness.h"
+#include "setup/demo/DemoBusiness.h"
 
 namespace quillary {
 namespace {

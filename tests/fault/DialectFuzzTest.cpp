@@ -1,7 +1,7 @@
 #include "FaultFiles.h"
 #include "StatementMaker.h"
 #include "data/store/Connection.h"
-#include "setup/DemoBusiness.h"
+#include "setup/demo/DemoBusiness.h"
 
 #include <QDir>
 

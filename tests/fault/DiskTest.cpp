@@ -1,6 +1,6 @@
 #include "FaultFiles.h"
 #include "data/store/Integrity.h"
-#include "scheduling/ScheduleEngine.h"
+#include "roll/ScheduleEngine.h"
 #include "support/FailingDisk.h"
 
 namespace quillary {

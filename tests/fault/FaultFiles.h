@@ -1,7 +1,7 @@
 #pragma once
 
 #include "data/Business.h"
-#include "data/Schema.h"
+#include "data/schema/Schema.h"
 #include "support/BusinessTest.h"
 
 #include <QFile>

@@ -1,10 +1,10 @@
 #include "FaultFiles.h"
-#include "data/Upgrader.h"
 #include "data/access/ConvertAccessFile.h"
+#include "data/schema/Upgrader.h"
 #include "maintenance/CheckBusiness.h"
 #include "maintenance/Salvage.h"
-#include "scheduling/ScheduleEngine.h"
-#include "setup/DemoBusiness.h"
+#include "roll/ScheduleEngine.h"
+#include "setup/demo/DemoBusiness.h"
 
 #include <QDir>
 #include <QProcess>

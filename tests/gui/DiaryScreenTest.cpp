@@ -2,11 +2,12 @@
 #include "base/ports/requests/Clients.h"
 #include "base/ports/requests/Scheduling.h"
 #include "base/ports/requests/Screens.h"
+#include "diary/screens/DiaryGrid.h"
+#include "diary/screens/DiaryScreens.h"
 #include "gui/GuiTest.h"
 #include "kit/DateField.h"
 #include "kit/Grid.h"
-#include "scheduling/screens/DiaryGrid.h"
-#include "scheduling/screens/SchedulingScreens.h"
+#include "lists/screens/ListScreens.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -45,7 +46,8 @@ class DiaryScreenTest : public BusinessTest {
   }
 
   void Open() {
-    RegisterSchedulingScreens(business(), {navigator, host, runner});
+    RegisterListScreens(business(), {navigator, host, runner});
+    RegisterDiaryScreens(business(), {navigator, host, runner});
     navigator.Open(OpenDiary{});
     screen = host.shown.get();
     grid = Find<Grid>(screen, "grdSchedule");

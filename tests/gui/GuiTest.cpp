@@ -1,7 +1,7 @@
 #include "gui/GuiTest.h"
 
-#include "data/Schema.h"
-#include "setup/DemoBusiness.h"
+#include "data/schema/Schema.h"
+#include "setup/demo/DemoBusiness.h"
 
 #include <QPointer>
 

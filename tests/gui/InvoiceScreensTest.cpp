@@ -1,10 +1,10 @@
 #include "base/ports/requests/Billing.h"
 #include "base/ports/requests/Documents.h"
-#include "billing/InvoiceRecord.h"
-#include "billing/MonthlyReminder.h"
+#include "billing/invoices/InvoiceRecord.h"
+#include "billing/runs/MonthlyReminder.h"
 #include "billing/screens/InvoiceScreens.h"
 #include "gui/ScreenFixture.h"
-#include "setup/DemoBusiness.h"
+#include "setup/demo/DemoBusiness.h"
 
 #include <QCheckBox>
 #include <QComboBox>

@@ -5,7 +5,7 @@
 namespace quillary {
 namespace {
 
-const QDate kToday(2026, 11, 2);
+const QDate kRoadDay(2026, 11, 2);
 
 /// One job on its whole road through the real main window: a service makes it, it is done, billed
 /// and paid; then every step is taken back.
@@ -54,7 +54,7 @@ void JobRoadTest::AServiceMakesTheJob() {
   outside.prompter.Expect("Do you want to update the future schedule now?", Answer::Yes);
   ClickOn(client, "cmdSaveService");
   job = Run(Sql("SELECT Diary_ID FROM Diary WHERE Client_ID = {} AND Schedule_Date = {}", Number(),
-                kToday))
+                kRoadDay))
             .Field(size_t{0})
             .ToLong();
   EXPECT_EQ(State(), "J - -");

@@ -4,7 +4,7 @@
 #include "base/ports/requests/Documents.h"
 #include "base/ports/requests/Scheduling.h"
 #include "gui/ScreenFixture.h"
-#include "scheduling/ScheduleCheck.h"
+#include "roll/ScheduleCheck.h"
 
 #include <QCheckBox>
 #include <QLabel>

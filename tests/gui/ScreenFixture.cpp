@@ -30,7 +30,8 @@ void ScreenFixture::SetUp() {
         Sql("INSERT INTO Services (Service, Service_Code, Default_GL_Account_ID) "
             "VALUES ({}, {}, {})",
             service, QString(service).left(2).toUpper(), account));
-  RegisterSchedulingScreens(business(), {navigator, host, runner});
+  RegisterListScreens(business(), {navigator, host, runner});
+  RegisterDiaryScreens(business(), {navigator, host, runner});
 }
 
 QString ScreenFixture::Told() {

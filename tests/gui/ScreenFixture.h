@@ -1,9 +1,10 @@
 #pragma once
 
+#include "diary/screens/DiaryScreens.h"
 #include "gui/GuiTest.h"
 #include "kit/Dialog.h"
 #include "kit/Grid.h"
-#include "scheduling/screens/SchedulingScreens.h"
+#include "lists/screens/ListScreens.h"
 
 #include <QPushButton>
 

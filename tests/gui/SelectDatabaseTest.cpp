@@ -1,4 +1,4 @@
-#include "data/Schema.h"
+#include "data/schema/Schema.h"
 #include "gui/GuiTest.h"
 #include "shell/DataSources.h"
 #include "shell/RecentFiles.h"

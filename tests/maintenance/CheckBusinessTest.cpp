@@ -1,6 +1,6 @@
 #include "maintenance/CheckBusiness.h"
 #include "maintenance/DatabaseVersion.h"
-#include "setup/DemoBusiness.h"
+#include "setup/demo/DemoBusiness.h"
 #include "support/BusinessTest.h"
 
 namespace quillary {

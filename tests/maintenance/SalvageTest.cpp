@@ -1,9 +1,9 @@
-#include "data/Schema.h"
+#include "data/schema/Schema.h"
 #include "data/store/Connection.h"
 #include "data/store/Integrity.h"
 #include "maintenance/CheckBusiness.h"
 #include "maintenance/Salvage.h"
-#include "setup/DemoBusiness.h"
+#include "setup/demo/DemoBusiness.h"
 #include "support/BusinessTest.h"
 
 #include <QDir>

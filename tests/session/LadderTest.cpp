@@ -1,5 +1,5 @@
-#include "data/Schema.h"
-#include "data/Upgrader.h"
+#include "data/schema/Schema.h"
+#include "data/schema/Upgrader.h"
 #include "support/BusinessTest.h"
 
 namespace quillary {

@@ -1,7 +1,7 @@
 #include "balances/ClientBalance.h"
-#include "data/Upgrader.h"
 #include "data/access/ConvertAccessFile.h"
-#include "scheduling/DiaryDay.h"
+#include "data/schema/Upgrader.h"
+#include "diary/DiaryDay.h"
 #include "session/StartUp.h"
 #include "support/BusinessTest.h"
 

@@ -1,7 +1,7 @@
-#include "data/Schema.h"
-#include "scheduling/DiaryDay.h"
-#include "scheduling/ScheduleEngine.h"
-#include "setup/DemoBusiness.h"
+#include "data/schema/Schema.h"
+#include "diary/DiaryDay.h"
+#include "roll/ScheduleEngine.h"
+#include "setup/demo/DemoBusiness.h"
 #include "support/BusinessTest.h"
 
 #include <QElapsedTimer>

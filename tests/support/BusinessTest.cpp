@@ -1,6 +1,6 @@
 #include "support/BusinessTest.h"
 
-#include "data/Schema.h"
+#include "data/schema/Schema.h"
 
 namespace quillary {
 namespace {

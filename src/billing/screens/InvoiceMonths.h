@@ -1,6 +1,6 @@
 #pragma once
 
-#include "scheduling/JobPicker.h"
+#include "diary/JobPicker.h"
 
 class QComboBox;
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "billing/InvoiceRun.h"
+#include "billing/runs/InvoiceRun.h"
 
 #include <QProgressBar>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "billing/PaymentsList.h"
+#include "billing/payments/PaymentsList.h"
 #include "kit/GridColumns.h"
 
 /// How payments stand in their tables.

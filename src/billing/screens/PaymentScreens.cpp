@@ -1,10 +1,8 @@
 #include "billing/screens/PaymentScreens.h"
 
 #include "base/ports/requests/Billing.h"
-#include "base/ports/requests/Setup.h"
 #include "billing/screens/dlgPaymentJobs.h"
 #include "billing/screens/dlgPaymentOptions.h"
-#include "billing/screens/frmPaymentMethods.h"
 #include "billing/screens/frmPayments.h"
 #include "billing/screens/frmPaymentsList.h"
 
@@ -51,8 +49,6 @@ void RegisterPaymentScreens(Business& business, const ScreenTools& tools) {
   navigator.Register<AllocatePayment>([&business, tools](const AllocatePayment& request) {
     return Run(dlgPaymentJobs(business, tools, request.paymentId));
   });
-  navigator.Register<OpenPaymentMethods>(
-      [&business, tools](const OpenPaymentMethods&) { OpenPaymentMethodsList(business, tools); });
 }
 
 }  // namespace quillary

@@ -1,6 +1,6 @@
 #include "billing/screens/dlgInvoiceList.h"
 
-#include "billing/InvoiceList.h"
+#include "billing/invoices/InvoiceList.h"
 #include "kit/DateField.h"
 #include "kit/Layouts.h"
 

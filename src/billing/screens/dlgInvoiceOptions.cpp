@@ -1,7 +1,7 @@
 #include "billing/screens/dlgInvoiceOptions.h"
 
 #include "base/ports/requests/Documents.h"
-#include "billing/WithJobRun.h"
+#include "billing/runs/WithJobRun.h"
 #include "billing/screens/InvoiceProgress.h"
 #include "kit/Layouts.h"
 

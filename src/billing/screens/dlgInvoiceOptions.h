@@ -1,7 +1,7 @@
 #pragma once
 
 #include "base/ports/requests/Billing.h"
-#include "billing/InvoiceJobs.h"
+#include "billing/invoices/InvoiceJobs.h"
 #include "kit/Dialog.h"
 #include "kit/Screen.h"
 

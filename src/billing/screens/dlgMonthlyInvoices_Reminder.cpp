@@ -1,6 +1,6 @@
 #include "billing/screens/dlgMonthlyInvoices_Reminder.h"
 
-#include "billing/MonthlyReminder.h"
+#include "billing/runs/MonthlyReminder.h"
 #include "kit/DateField.h"
 #include "kit/Layouts.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "billing/PaymentJobs.h"
+#include "billing/payments/PaymentJobs.h"
 #include "kit/Dialog.h"
 #include "kit/Screen.h"
 

@@ -1,16 +1,16 @@
 #include "billing/screens/frmInvoice.h"
 
 #include "base/ports/requests/Documents.h"
-#include "billing/InvoiceNumbers.h"
-#include "billing/InvoicePrint.h"
+#include "billing/invoices/InvoiceNumbers.h"
+#include "billing/invoices/InvoicePrint.h"
 #include "billing/screens/frmInvoiceNotesSelection.h"
 #include "billing/screens/frmListOfJobs.h"
+#include "diary/DiaryDay.h"
 #include "kit/ComboSearch.h"
 #include "kit/Combos.h"
 #include "kit/CurrencyField.h"
 #include "kit/DateField.h"
 #include "kit/Grid.h"
-#include "scheduling/DiaryDay.h"
 
 #include <QCheckBox>
 #include <QLabel>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "billing/InvoiceJobs.h"
-#include "billing/InvoiceRecord.h"
+#include "billing/invoices/InvoiceJobs.h"
+#include "billing/invoices/InvoiceRecord.h"
 #include "kit/Dialog.h"
 #include "kit/Screen.h"
 

@@ -1,6 +1,6 @@
 #include "billing/screens/frmInvoiceNotesSelection.h"
 
-#include "billing/InvoiceTexts.h"
+#include "billing/invoices/InvoiceTexts.h"
 #include "kit/Grid.h"
 #include "kit/Layouts.h"
 

@@ -2,9 +2,9 @@
 
 #include "base/ports/requests/Clients.h"
 #include "base/ports/requests/Documents.h"
-#include "billing/InvoiceNumbers.h"
-#include "billing/InvoicePrint.h"
-#include "billing/MonthlyRun.h"
+#include "billing/invoices/InvoiceNumbers.h"
+#include "billing/invoices/InvoicePrint.h"
+#include "billing/runs/MonthlyRun.h"
 #include "billing/screens/InvoiceMonths.h"
 #include "billing/screens/InvoiceProgress.h"
 #include "billing/screens/dlgMonthlyInvoices_Reminder.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "billing/InvoiceList.h"
+#include "billing/invoices/InvoiceList.h"
 #include "kit/Screen.h"
 
 class QCheckBox;

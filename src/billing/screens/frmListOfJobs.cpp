@@ -1,7 +1,8 @@
 #include "billing/screens/frmListOfJobs.h"
 
-#include "billing/InvoiceJobs.h"
+#include "billing/invoices/InvoiceJobs.h"
 #include "billing/screens/InvoiceMonths.h"
+#include "diary/DiaryDay.h"
 #include "kit/Chip.h"
 #include "kit/Combos.h"
 #include "kit/DateField.h"
@@ -9,7 +10,6 @@
 #include "kit/Grid.h"
 #include "kit/Layouts.h"
 #include "kit/RowTicks.h"
-#include "scheduling/DiaryDay.h"
 
 #include <QCheckBox>
 #include <QComboBox>

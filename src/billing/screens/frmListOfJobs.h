@@ -1,9 +1,9 @@
 #pragma once
 
 #include "data/Business.h"
+#include "diary/JobPicker.h"
 #include "kit/Dialog.h"
 #include "kit/Screen.h"
-#include "scheduling/JobPicker.h"
 
 #include <set>
 

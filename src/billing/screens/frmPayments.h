@@ -1,7 +1,7 @@
 #pragma once
 
-#include "billing/PaymentJobs.h"
-#include "billing/RevenueLines.h"
+#include "billing/payments/PaymentJobs.h"
+#include "billing/payments/RevenueLines.h"
 #include "kit/Dialog.h"
 #include "kit/Screen.h"
 

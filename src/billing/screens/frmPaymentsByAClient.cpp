@@ -1,6 +1,6 @@
 #include "billing/screens/frmPaymentsByAClient.h"
 
-#include "billing/PaymentJobs.h"
+#include "billing/payments/PaymentJobs.h"
 #include "billing/screens/PaymentGrids.h"
 #include "kit/Grid.h"
 #include "kit/Layouts.h"

@@ -1,6 +1,6 @@
 #include "billing/screens/frmTermOfTrade.h"
 
-#include "billing/InvoiceTexts.h"
+#include "billing/invoices/InvoiceTexts.h"
 #include "kit/Layouts.h"
 
 #include <QPlainTextEdit>

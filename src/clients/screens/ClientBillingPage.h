@@ -2,7 +2,7 @@
 
 #include "clients/BillingChoice.h"
 #include "clients/screens/ClientDesk.h"
-#include "scheduling/Choices.h"
+#include "lists/Choices.h"
 
 #include <QWidget>
 

@@ -2,9 +2,9 @@
 
 #include "base/ports/requests/Scheduling.h"
 #include "clients/screens/ClientGrids.h"
+#include "diary/OpenEntry.h"
 #include "kit/Grid.h"
 #include "kit/Layouts.h"
-#include "scheduling/OpenEntry.h"
 
 namespace quillary {
 

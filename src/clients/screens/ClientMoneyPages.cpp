@@ -8,7 +8,7 @@
 #include "kit/Combos.h"
 #include "kit/Grid.h"
 #include "kit/Layouts.h"
-#include "scheduling/Choices.h"
+#include "lists/Choices.h"
 
 namespace quillary {
 

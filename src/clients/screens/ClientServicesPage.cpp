@@ -4,14 +4,14 @@
 #include "clients/screens/ClientFields.h"
 #include "clients/screens/ClientGrids.h"
 #include "clients/screens/WordCombo.h"
+#include "diary/DiaryDay.h"
 #include "kit/ComboSearch.h"
 #include "kit/Combos.h"
 #include "kit/DateField.h"
 #include "kit/Grid.h"
 #include "kit/Keys.h"
 #include "kit/Layouts.h"
-#include "scheduling/Choices.h"
-#include "scheduling/DiaryDay.h"
+#include "lists/Choices.h"
 
 #include <QCheckBox>
 #include <QPlainTextEdit>

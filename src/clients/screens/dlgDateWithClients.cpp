@@ -4,12 +4,12 @@
 #include "clients/ClientList.h"
 #include "clients/MonthlyPrices.h"
 #include "clients/screens/ClientGrids.h"
+#include "diary/DiaryDay.h"
 #include "kit/Combos.h"
 #include "kit/DateField.h"
 #include "kit/Grid.h"
 #include "kit/Layouts.h"
 #include "kit/RowTicks.h"
-#include "scheduling/DiaryDay.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -18,7 +18,7 @@ namespace quillary {
 
 namespace {
 
-std::vector<GridColumn> Columns() {
+std::vector<GridColumn> TickedClientColumns() {
   return {{{}, ColumnKind::Tick, 40},
           {{}, ColumnKind::HiddenId},
           {QObject::tr("Client"), ColumnKind::StrongText, 216},
@@ -56,7 +56,7 @@ void dlgDateWithClients::MakeControls() {
   txtFilter->setFixedWidth(240);
   grdClients = new Grid(QStringLiteral("grdClients"));
   grdClients->setAccessibleName(tr("Clients"));
-  grdClients->SetColumns(Columns());
+  grdClients->SetColumns(TickedClientColumns());
   grdClients->FilterBy(txtFilter);
   grdClients->SetEmptyText(tr("There are no clients yet."), tr("Add a client first."));
   ticks_ = new RowTicks(grdClients, 0, chkTickUntickAll);

@@ -13,7 +13,7 @@ namespace quillary {
 
 namespace {
 
-std::vector<GridColumn> Columns() {
+std::vector<GridColumn> MonthlyJobColumns() {
   return {{{}, ColumnKind::Tick, 40},
           {{}, ColumnKind::HiddenId},
           {QObject::tr("Date"), ColumnKind::Date, 112},
@@ -45,7 +45,7 @@ frmSetJobPricesForMonthly::frmSetJobPricesForMonthly(Business& business, const S
   chkTickUntickAll = MakeTickAllBox();
   fgJobs = new Grid(QStringLiteral("fgJobs"));
   fgJobs->setAccessibleName(tr("Jobs of the client"));
-  fgJobs->SetColumns(Columns());
+  fgJobs->SetColumns(MonthlyJobColumns());
   fgJobs->SetEmptyText(tr("No job lies in these days."),
                        tr("Choose other days and press Load jobs."));
   ticks_ = new RowTicks(fgJobs, 0, chkTickUntickAll);

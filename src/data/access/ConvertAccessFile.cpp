@@ -1,8 +1,8 @@
 #include "data/access/ConvertAccessFile.h"
 
-#include "data/Schema.h"
 #include "data/access/FileInTheMaking.h"
 #include "data/access/TableWriter.h"
+#include "data/schema/Schema.h"
 #include "data/store/Connection.h"
 #include "data/store/Statement.h"
 

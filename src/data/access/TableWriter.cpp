@@ -1,6 +1,6 @@
 #include "data/access/TableWriter.h"
 
-#include "data/Schema.h"
+#include "data/schema/Schema.h"
 
 #include <limits>
 

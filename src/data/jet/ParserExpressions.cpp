@@ -16,20 +16,20 @@ struct Rank {
 };
 
 // The more power, the closer an operator ties its operands.
-constexpr int kNotPower = 4;
-constexpr int kComparePower = 5;
+constexpr int kNotBinding = 4;
+constexpr int kCompareBinding = 5;
 constexpr int kNegatePower = 11;
 constexpr std::array<Rank, 17> kRanks{{
     {"XOR", Operator::Xor, 1},
     {"OR", Operator::Or, 2},
     {"AND", Operator::And, 3},
-    {"=", Operator::Equal, kComparePower},
-    {"<>", Operator::NotEqual, kComparePower},
-    {"<", Operator::Less, kComparePower},
-    {"<=", Operator::LessOrEqual, kComparePower},
-    {">", Operator::Greater, kComparePower},
-    {">=", Operator::GreaterOrEqual, kComparePower},
-    {"LIKE", Operator::Like, kComparePower},
+    {"=", Operator::Equal, kCompareBinding},
+    {"<>", Operator::NotEqual, kCompareBinding},
+    {"<", Operator::Less, kCompareBinding},
+    {"<=", Operator::LessOrEqual, kCompareBinding},
+    {">", Operator::Greater, kCompareBinding},
+    {">=", Operator::GreaterOrEqual, kCompareBinding},
+    {"LIKE", Operator::Like, kCompareBinding},
     {"&", Operator::Join, 6},
     {"+", Operator::Add, 7},
     {"-", Operator::Subtract, 7},
@@ -65,7 +65,7 @@ ExpressionPtr Parser::ParseBinary(int weakest) {
   const Level level(*this);
   ExpressionPtr left = ParsePrefix();
   for (;;) {
-    if (kComparePower >= weakest) {
+    if (kCompareBinding >= weakest) {
       if (ExpressionPtr predicate = ParsePredicate(left)) {
         left = std::move(predicate);
         continue;
@@ -85,7 +85,7 @@ ExpressionPtr Parser::ParseBinary(int weakest) {
 ExpressionPtr Parser::ParsePrefix() {
   if (AtWord("NOT")) {
     ExpressionPtr negation = Make(Expression::Kind::Not, Next());
-    Add(*negation, ParseBinary(kNotPower));
+    Add(*negation, ParseBinary(kNotBinding));
     return negation;
   }
   if (AtSign("-")) {
@@ -113,9 +113,9 @@ ExpressionPtr Parser::ParsePredicate(ExpressionPtr& left) {
     ExpressionPtr between = Make(Expression::Kind::Between, token);
     between->negated = negated;
     Add(*between, std::move(left));
-    Add(*between, ParseBinary(kComparePower + 1));
+    Add(*between, ParseBinary(kCompareBinding + 1));
     ExpectWord("AND");
-    Add(*between, ParseBinary(kComparePower + 1));
+    Add(*between, ParseBinary(kCompareBinding + 1));
     return between;
   }
   if (AtWord("IN", ahead) && AtSign("(", ahead + 1)) {
@@ -127,7 +127,7 @@ ExpressionPtr Parser::ParsePredicate(ExpressionPtr& left) {
     ExpressionPtr like = Make(Expression::Kind::Binary, token);
     like->op = Operator::Like;
     Add(*like, std::move(left));
-    Add(*like, ParseBinary(kComparePower + 1));
+    Add(*like, ParseBinary(kCompareBinding + 1));
     ExpressionPtr negation = Make(Expression::Kind::Not, token);
     Add(*negation, std::move(like));
     return negation;

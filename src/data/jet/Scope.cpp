@@ -6,7 +6,7 @@
 namespace quillary::jet {
 namespace {
 
-bool SameName(const QString& one, const QString& two) {
+bool SameAlias(const QString& one, const QString& two) {
   return one.compare(two, Qt::CaseInsensitive) == 0;
 }
 
@@ -23,7 +23,7 @@ Scope::Found Scope::Find(const QString& qualifier, const QString& name) const {
   Found found;
   for (size_t i = firstVisible; i < std::min(endVisible, sources.size()); ++i) {
     const VisibleSource& source = sources[i];
-    if (!qualifier.isEmpty() && !SameName(source.alias, qualifier)) continue;
+    if (!qualifier.isEmpty() && !SameAlias(source.alias, qualifier)) continue;
     const Column* column = source.table->Find(name);
     if (!column) continue;
     found.ambiguous = found.column != nullptr;
@@ -37,7 +37,7 @@ Scope::Found Scope::Find(const QString& qualifier, const QString& name) const {
 
 const VisibleSource* Scope::FindSource(const QString& alias) const {
   for (const VisibleSource& source : sources) {
-    if (SameName(source.alias, alias)) return &source;
+    if (SameAlias(source.alias, alias)) return &source;
   }
   return nullptr;
 }

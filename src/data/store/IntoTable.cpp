@@ -7,17 +7,17 @@
 namespace quillary {
 namespace {
 
-std::string Quoted(QString name) {
+std::string QuotedName(QString name) {
   name.replace(u'"', QStringLiteral("\"\""));
   return (u'"' + name + u'"').toStdString();
 }
 
 std::string CreateStatement(const jet::IntoTarget& target) {
-  std::string statement = "CREATE TABLE " + Quoted(target.table) + " (";
+  std::string statement = "CREATE TABLE " + QuotedName(target.table) + " (";
   for (size_t index = 0; index < target.columns.size(); ++index) {
     const jet::Column& column = target.columns[index];
     if (index > 0) statement += ", ";
-    statement += Quoted(column.name) + " " + jet::DeclarationOf(column).toStdString();
+    statement += QuotedName(column.name) + " " + jet::DeclarationOf(column).toStdString();
   }
   return statement + ")";
 }
@@ -27,7 +27,7 @@ std::string InsertStatement(const jet::IntoTarget& target) {
   for (size_t index = 0; index < target.columns.size(); ++index) {
     places += index == 0 ? "?" : ", ?";
   }
-  return "INSERT INTO " + Quoted(target.table) + " VALUES (" + places + ")";
+  return "INSERT INTO " + QuotedName(target.table) + " VALUES (" + places + ")";
 }
 
 }  // namespace

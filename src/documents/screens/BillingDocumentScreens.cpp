@@ -1,7 +1,7 @@
 #include "documents/screens/BillingDocumentScreens.h"
 
 #include "base/ports/requests/Documents.h"
-#include "documents/BillingDocuments.h"
+#include "documents/billing/BillingDocuments.h"
 #include "documents/screens/ReportPlacing.h"
 #include "documents/screens/frmReportViewer.h"
 

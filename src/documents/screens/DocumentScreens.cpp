@@ -1,6 +1,6 @@
 #include "documents/screens/DocumentScreens.h"
 
-#include "documents/ReportOfList.h"
+#include "documents/reports/ReportOfList.h"
 #include "documents/screens/BillingDocumentScreens.h"
 #include "documents/screens/ReportPlacing.h"
 #include "documents/screens/frmReportViewer.h"

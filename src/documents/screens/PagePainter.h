@@ -1,6 +1,6 @@
 #pragma once
 
-#include "documents/PageModel.h"
+#include "documents/pages/PageModel.h"
 
 #include <QHash>
 #include <QImage>

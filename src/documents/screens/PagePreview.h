@@ -1,6 +1,6 @@
 #pragma once
 
-#include "documents/PageSearch.h"
+#include "documents/pages/PageSearch.h"
 #include "documents/screens/PagePainter.h"
 
 #include <QAbstractScrollArea>

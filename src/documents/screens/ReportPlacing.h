@@ -1,6 +1,6 @@
 #pragma once
 
-#include "documents/Report.h"
+#include "documents/reports/Report.h"
 
 namespace quillary {
 

@@ -2,8 +2,8 @@
 
 #include "base/Text.h"
 #include "base/ports/requests/Mail.h"
-#include "documents/Csv.h"
-#include "documents/Pdf.h"
+#include "documents/forms/Csv.h"
+#include "documents/forms/Pdf.h"
 #include "documents/screens/PagePrinting.h"
 #include "kit/FlowLayout.h"
 #include "kit/Layouts.h"

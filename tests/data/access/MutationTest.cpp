@@ -7,11 +7,11 @@
 namespace quillary {
 namespace {
 
-constexpr int kPage = 4096;
+constexpr int kMutatedPage = 4096;
 
 QByteArray Spoil(QByteArray bytes, QRandomGenerator& random) {
-  const int pages = static_cast<int>(bytes.size()) / kPage;
-  const auto page = [&] { return random.bounded(pages) * kPage; };
+  const int pages = static_cast<int>(bytes.size()) / kMutatedPage;
+  const auto page = [&] { return random.bounded(pages) * kMutatedPage; };
   const auto anywhere = [&] { return random.bounded(static_cast<int>(bytes.size())); };
   switch (random.bounded(6)) {
     case 0:  // single bits
@@ -22,7 +22,7 @@ QByteArray Spoil(QByteArray bytes, QRandomGenerator& random) {
       break;
     case 1:  // pages that were never written
       for (int i = random.bounded(1, 4); i > 0; --i) {
-        bytes.replace(page(), kPage, QByteArray(kPage, '\0'));
+        bytes.replace(page(), kMutatedPage, QByteArray(kMutatedPage, '\0'));
       }
       break;
     case 2:  // a stretch of noise
@@ -31,10 +31,10 @@ QByteArray Spoil(QByteArray bytes, QRandomGenerator& random) {
       }
       break;
     case 3:  // the end is missing
-      bytes.truncate(random.bounded(1, pages) * kPage);
+      bytes.truncate(random.bounded(1, pages) * kMutatedPage);
       break;
     case 4:  // a page in the place of another
-      bytes.replace(page(), kPage, bytes.mid(page(), kPage));
+      bytes.replace(page(), kMutatedPage, bytes.mid(page(), kMutatedPage));
       break;
     default:  // the head of a page, where its kind, owner and row count stand
       for (int start = page(), i = random.bounded(1, 8); i > 0; --i) {

@@ -9,7 +9,7 @@ namespace quillary::jet {
 namespace {
 
 /// One case of results.txt, whose head tells what the marks mean.
-struct Case {
+struct StatementCase {
   int line = 0;
   std::vector<std::string> before;
   std::string statement;
@@ -22,7 +22,7 @@ std::ifstream Open(const std::string& name) {
   return std::ifstream(std::string(QUILLARY_TEST_DATA) + "/jet/" + name);
 }
 
-void Take(Case& into, const std::string& line, int number) {
+void Take(StatementCase& into, const std::string& line, int number) {
   const std::string rest = line.size() > 2 ? line.substr(2) : std::string();
   switch (line.front()) {
     case '#':
@@ -45,17 +45,17 @@ void Take(Case& into, const std::string& line, int number) {
   }
 }
 
-std::vector<Case> Cases() {
-  std::vector<Case> cases;
+std::vector<StatementCase> Cases() {
+  std::vector<StatementCase> cases;
   std::ifstream stream = Open("results.txt");
-  Case next;
+  StatementCase next;
   int number = 0;
   for (std::string line; std::getline(stream, line);) {
     ++number;
     if (!line.empty()) {
       Take(next, line, number);
     } else if (!next.statement.empty()) {
-      cases.push_back(std::exchange(next, Case()));
+      cases.push_back(std::exchange(next, StatementCase()));
     }
   }
   if (!next.statement.empty()) cases.push_back(next);
@@ -68,7 +68,7 @@ void FillWith(ScratchFile& file, const char* name) {
 }
 
 /// What the case comes to: its rows, or "refused" for the statement that is asked last.
-std::string Answer(const Case& each) {
+std::string Answer(const StatementCase& each) {
   ScratchFile file;
   FillWith(file, "business.sql");
   FillWith(file, "rows.sql");
@@ -82,9 +82,9 @@ std::string Answer(const Case& each) {
 }
 
 TEST(ResultsTest, EveryStatementComesToWhatItShould) {
-  const std::vector<Case> cases = Cases();
+  const std::vector<StatementCase> cases = Cases();
   ASSERT_GT(cases.size(), 150u);
-  for (const Case& each : cases) {
+  for (const StatementCase& each : cases) {
     EXPECT_EQ(Answer(each), each.refused ? "refused" : each.expected)
         << "results.txt:" << each.line << ": " << each.statement;
   }

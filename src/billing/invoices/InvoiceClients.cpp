@@ -1,0 +1,48 @@
+#include "billing/invoices/InvoiceClients.h"
+
+namespace quillary {
+
+std::vector<Choice> ListBilledClients(Business& business, BilledClients which) {
+  Sql statement("SELECT Client_ID, Display_Name FROM Clients WHERE Is_Billed_To = Yes");
+  if (which == BilledClients::Active)
+    statement = statement + Sql(" AND Status IN ('Active', 'Billing address')");
+  std::vector<Choice> clients;
+  for (const Record row : business.RunSQL(statement + Sql(" ORDER BY Display_Name;")))
+    clients.push_back({row[u"Client_ID"].ToLong(), row[u"Display_Name"].ToText()});
+  return clients;
+}
+
+QString BilledClient::OutstandingWords() const {
+  return QStringLiteral("Current outstanding amount is ") + (-accountBalance).ToCurrencyText();
+}
+
+std::optional<BilledClient> LoadBilledClient(Business& business, qint64 clientId) {
+  const Recordset row = business.RunSQL(
+      Sql("SELECT Display_Name, Account_Balance, Street_Number, Street, Suburb, Post_Code, "
+          "InvoiceWithOutstanding, InvoiceWithNextJob, InvoiceWithUnpaidPastJobs, Status, "
+          "Is_Billed_To FROM Clients WHERE Client_ID = {}",
+          clientId));
+  if (row.EndOfFile()) return std::nullopt;
+  BilledClient client;
+  client.clientId = clientId;
+  client.displayName = row.Field(u"Display_Name").ToText();
+  client.accountBalance = row.Field(u"Account_Balance").ToMoney();
+  client.addressBlock = AddressBlock(client.displayName, row.Field(u"Street_Number").ToText(),
+                                     row.Field(u"Street").ToText(), row.Field(u"Suburb").ToText(),
+                                     row.Field(u"Post_Code").ToText());
+  client.options = {.showOutstanding = row.Field(u"InvoiceWithOutstanding").ToBool(),
+                    .showNextJob = row.Field(u"InvoiceWithNextJob").ToBool(),
+                    .withUnpaidPastJobs = row.Field(u"InvoiceWithUnpaidPastJobs").ToBool()};
+  const QString status = row.Field(u"Status").ToText().toUpper();
+  client.isBilledTo = row.Field(u"Is_Billed_To").ToBool();
+  client.isListedAsActive =
+      client.isBilledTo && (status == u"ACTIVE" || status == u"BILLING ADDRESS");
+  return client;
+}
+
+QString AddressBlock(const QString& displayName, const QString& streetNumber, const QString& street,
+                     const QString& suburb, const QString& postCode) {
+  return displayName + u'\n' + streetNumber + u' ' + street + u'\n' + suburb + u' ' + postCode;
+}
+
+}  // namespace quillary

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "billing/invoices/InvoiceRecord.h"
+
+#include <vector>
+
+/// The jobs of an invoice. Each belongs to one invoice at most; its status and its invoice move
+/// independently of each other.
+namespace quillary {
+
+struct AttachedJob {
+  qint64 diaryId = 0;
+  QString displayName;  // of the client at whose site it is done
+  QString description;
+  QDate scheduleDate;
+  Money totalPrice;  // tax included
+  Money totalGST;
+  QString status;
+};
+
+struct AttachedJobs {
+  std::vector<AttachedJob> rows;  // by name and date
+  Money totalAmount;              // the live sums, which replace what the invoice had stored
+  Money totalGST;
+};
+/// The jobs that point at the invoice; of a new one those that its first save will attach.
+AttachedJobs LoadAttachedJobs(Business& business, const InvoiceForm& form);
+
+/// Points the jobs at the invoice, away from any other they stood on. Their status stays, and so do
+/// the stored totals of both invoices until they are saved again.
+void AttachJobs(Business& business, qint64 invoiceId, const std::vector<qint64>& diaryIds);
+
+/// Takes a job off its invoice, or out of those that a new one will attach. The status stays: an
+/// invoiced job goes on counting as invoiced. Refuses when no job is selected.
+std::optional<Refusal> RemoveJob(Business& business, InvoiceForm& form,
+                                 std::optional<qint64> diaryId);
+
+/// A job of the diary that is to be invoiced.
+struct JobToInvoice {
+  qint64 diaryId = 0;
+  QString displayName;  // of the client at whose site it is done
+  QString billedName;   // of who pays
+  QString description;
+  QDate scheduleDate;
+  Money totalPrice;                 // tax included
+  std::optional<qint64> invoiceId;  // the invoice it stands on, when that exists
+};
+/// Nothing when there is no such entry.
+std::optional<JobToInvoice> LoadJobToInvoice(Business& business, qint64 diaryId);
+
+}  // namespace quillary

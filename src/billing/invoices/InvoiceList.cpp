@@ -1,0 +1,83 @@
+#include "billing/invoices/InvoiceList.h"
+
+namespace quillary {
+namespace {
+
+QDate FirstOfMonth(QDate day) {
+  return {day.year(), day.month(), 1};
+}
+
+QDate LastOfMonth(QDate day) {
+  return FirstOfMonth(day).addMonths(1).addDays(-1);
+}
+
+Sql Selection(const InvoiceListQuery& query) {
+  const Sql days("AND Generation_Date BETWEEN {} AND {} ", query.from, EndOfDay(query.to));
+  const Sql rows(
+      "SELECT Clients.Display_Name, Invoices.* FROM Invoices INNER JOIN Clients "
+      "ON Invoices.Client_ID = Clients.Client_ID ");
+  const Sql order("ORDER BY Generation_Date DESC, Display_Name, Invoice_ID DESC; ");
+  if (!query.monthlyOnly)
+    return rows + Sql("WHERE Invoices.Statement_Type <> 'Statement' ") + days + order;
+  return rows +
+         Sql("WHERE Invoices.Statement_Type = 'Monthly' "
+             "AND Clients.Status IN ('Active', 'Billing address') "
+             "AND Clients.Is_Billed_To = Yes AND Clients.Statement_Type = 'Monthly' ") +
+         days + order;
+}
+
+}  // namespace
+
+InvoiceListQuery InvoicesOfMonth(QDate today, bool monthlyOnly) {
+  return {.from = FirstOfMonth(today), .to = LastOfMonth(today), .monthlyOnly = monthlyOnly};
+}
+
+QString InvoiceListRow::IsPaidWord() const {
+  return isPaid ? QStringLiteral("Yes") : QStringLiteral("No");
+}
+
+std::vector<InvoiceListRow> LoadInvoicesList(Business& business, const InvoiceListQuery& query) {
+  std::vector<InvoiceListRow> invoices;
+  for (const Record row : business.RunSQL(Selection(query))) {
+    invoices.push_back({.invoiceId = row[u"Invoice_ID"].ToLong(),
+                        .clientId = row[u"Client_ID"].ToLong(),
+                        .displayName = row[u"Display_Name"].ToText(),
+                        .generationDate = row[u"Generation_Date"].ToDate(),
+                        .description = row[u"Invoice_Description"].ToText(),
+                        .totalAmount = row[u"Total_Amount"].ToMoney(),
+                        .invoiceNumber = row[u"Invoice_Number"].ToText(),
+                        .statementType = row[u"Statement_Type"].ToText(),
+                        .isPaid = row[u"IsPaid"].ToBool()});
+  }
+  return invoices;
+}
+
+std::optional<Refusal> CheckInvoiceSelected(const std::optional<qint64>& invoiceId) {
+  if (invoiceId) return std::nullopt;
+  return Refusal{"Please select an invoice.", "fgInvoices"};
+}
+
+void DeleteInvoices(Business& business, const std::vector<qint64>& invoiceIds) {
+  Transaction deletion(business);
+  for (const qint64 invoiceId : invoiceIds) {
+    business.RunSQL(Sql("DELETE FROM Invoices WHERE Invoice_ID = {}", invoiceId));
+    business.RunSQL(Sql("DELETE FROM Invoice_Items WHERE Invoice_ID = {}", invoiceId));
+    business.RunSQL(Sql("UPDATE Diary SET Invoice_ID = NULL WHERE Invoice_ID = {}", invoiceId));
+  }
+  deletion.Commit();
+}
+
+bool DeleteTickedInvoices(Business& business, Prompter& prompter,
+                          const std::vector<qint64>& invoiceIds) {
+  const Answer answer =
+      prompter.Ask(QStringLiteral("Are you sure you want to delete ticked invoices "));
+  if (answer != Answer::Yes) return false;
+  DeleteInvoices(business, invoiceIds);
+  return true;
+}
+
+InvoiceListCriteria InvoiceListOfMonth(QDate today) {
+  return {.from = FirstOfMonth(today), .to = LastOfMonth(today)};
+}
+
+}  // namespace quillary

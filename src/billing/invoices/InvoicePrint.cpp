@@ -1,0 +1,37 @@
+#include "billing/invoices/InvoicePrint.h"
+
+#include "balances/ClientBalance.h"
+#include "data/ActivityLog.h"
+
+namespace quillary {
+namespace {
+
+void LogStep(Business& business, const QString& step) {
+  LogActivity(business, QStringLiteral("cmdPrintInvoice_Click (%1)->%2")
+                            .arg(step, business.Now().time.toString(QStringLiteral("HH:mm:ss"))));
+}
+
+}  // namespace
+
+void SelectInvoicesToPrint(Business& business, const std::vector<qint64>& invoiceIds) {
+  Transaction selecting(business);
+  business.RunSQL(Sql("DELETE FROM lstInvoicesToPrint;"));
+  for (const qint64 invoiceId : invoiceIds)
+    business.RunSQL(Sql("INSERT INTO lstInvoicesToPrint (Invoice_ID) VALUES ({});", invoiceId));
+  selecting.Commit();
+}
+
+std::optional<Refusal> CheckInvoicePrint(size_t attachedJobs) {
+  if (attachedJobs > 0) return std::nullopt;
+  return Refusal{"Please select jobs to included on the invoice.", "cmdShowListOfJobs"};
+}
+
+void PrepareInvoicePrint(Business& business, qint64 invoiceId) {
+  SelectInvoicesToPrint(business, {invoiceId});
+  if (!business.values.recalculateClientAmtsOwingOnPrint) return;
+  LogStep(business, QStringLiteral("RecalculateAmountOwingOfAllClients"));
+  RecalculateAmountOwingOfAllClients(business);
+  LogStep(business, QStringLiteral("RecalculateAmountOwingOfAllClients End"));
+}
+
+}  // namespace quillary

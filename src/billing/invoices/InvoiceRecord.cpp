@@ -1,0 +1,140 @@
+#include "billing/invoices/InvoiceRecord.h"
+
+#include "billing/invoices/InvoiceJobs.h"
+#include "billing/invoices/InvoiceNumbers.h"
+#include "diary/DiaryCommands.h"
+#include "roll/DiaryEntries.h"
+
+namespace quillary {
+namespace {
+
+/// Who pays for the client; the client itself when nobody is named.
+std::optional<qint64> PayerOf(Business& business, qint64 clientId) {
+  const Recordset client =
+      business.RunSQL(Sql("SELECT Billing_Client_ID FROM Clients WHERE Client_ID = {}", clientId));
+  if (client.EndOfFile()) return std::nullopt;
+  const qint64 payer = client.Field(u"Billing_Client_ID").ToLong();
+  return payer == 0 ? clientId : payer;
+}
+
+/// A new row has a date and nothing else until the update that follows.
+qint64 InsertInvoice(Business& business) {
+  const Sql insert("INSERT INTO Invoices (Generation_Date) VALUES ({})", business.Today());
+  if (!business.RunSQL(insert).IsOpen())
+    throw ProgramError(5, QStringLiteral("The invoice was not taken into the file"));
+  return business.FirstField(Sql("SELECT Max(Invoice_ID) FROM Invoices;")).ToLong();
+}
+
+void TakeJobsOfNewInvoice(Business& business, const InvoiceForm& form) {
+  AttachJobs(business, form.invoiceId, form.jobsToAttach);
+  if (!form.forJob) return;
+  business.RunSQL(Sql("UPDATE Diary SET Invoice_ID = {}, Status = 'JI' WHERE Diary_ID = {}",
+                      form.invoiceId, *form.forJob));
+}
+
+void WriteInvoice(Business& business, const InvoiceForm& form) {
+  business.RunSQL(
+      Sql("UPDATE Invoices SET Client_ID = {}, From_Date = {}, To_Date = {}, "
+          "Generation_Date = {}, Invoice_Description = {}, Total_Amount = {}, Total_GST = {}, "
+          "Made_Out_To = {}, Statement_Type = {}, Invoice_Number = {}, Invoice_Notes = {}, "
+          "IsPaid = {} WHERE Invoice_ID = {};",
+          form.clientId, form.date, form.date, form.date, form.description, form.totalAmount,
+          form.totalGST, form.madeOutTo, form.statementType, form.number, form.notes, form.isPaid,
+          form.invoiceId));
+}
+
+void WriteOptions(Business& business, const InvoiceForm& form) {
+  business.RunSQL(
+      Sql("UPDATE Clients SET InvoiceWithOutstanding = {}, InvoiceWithNextJob = {}, "
+          "InvoiceWithUnpaidPastJobs = {} WHERE Client_ID = {};",
+          form.options.showOutstanding, form.options.showNextJob, form.options.withUnpaidPastJobs,
+          form.clientId));
+}
+
+}  // namespace
+
+QStringList TypesOfInvoice() {
+  return {QStringLiteral("With job"), QStringLiteral("Monthly")};
+}
+
+QString InvoiceTypeOf(const QString& stored) {
+  for (const QString& type : TypesOfInvoice())
+    if (type.compare(stored, Qt::CaseInsensitive) == 0) return type;
+  return {};
+}
+
+BilledClient ChooseBilledClient(Business& business, InvoiceForm& form, qint64 clientId) {
+  const auto client = LoadBilledClient(business, clientId);
+  if (!client) return {};
+  form.clientId = clientId;
+  form.madeOutTo = client->addressBlock;
+  form.options = client->options;
+  return *client;
+}
+
+InvoiceForm NewInvoice(Business& business, std::optional<qint64> clientId,
+                       std::optional<qint64> diaryId) {
+  InvoiceForm form;
+  form.forJob = diaryId;
+  form.date = business.Today();
+  form.statementType = TypesOfInvoice().front();
+  form.description = QStringLiteral("TAX INVOICE");
+  if (diaryId) RecalculateDiaryEntryGST(business, *diaryId);
+  std::optional<qint64> payer = clientId ? PayerOf(business, *clientId) : std::nullopt;
+  if (!clientId && diaryId) payer = BilledClientOf(business, *diaryId);
+  const auto client = payer ? LoadBilledClient(business, *payer) : std::nullopt;
+  if (client && client->isBilledTo) ChooseBilledClient(business, form, *payer);
+  form.number = GetNextInvoiceNumber(business);
+  const AttachedJobs jobs = LoadAttachedJobs(business, form);
+  form.totalAmount = jobs.totalAmount;
+  form.totalGST = jobs.totalGST;
+  return form;
+}
+
+std::optional<InvoiceForm> LoadInvoiceDetails(Business& business, qint64 invoiceId) {
+  const Recordset row =
+      business.RunSQL(Sql("SELECT * FROM Invoices WHERE Invoice_ID = {}", invoiceId));
+  if (row.EndOfFile()) return std::nullopt;
+  InvoiceForm form;
+  form.invoiceId = invoiceId;
+  const Value& client = row.Field(u"Client_ID");
+  if (!client.IsNull()) ChooseBilledClient(business, form, client.ToLong());
+  form.date = row.Field(u"Generation_Date").ToDate(business.Today());
+  form.number = ShownInvoiceNumber(row.Field(u"Invoice_Number"));
+  form.description = row.Field(u"Invoice_Description").ToText();
+  form.madeOutTo = row.Field(u"Made_Out_To").ToText();
+  form.notes = row.Field(u"Invoice_Notes").ToText().trimmed();
+  form.statementType = InvoiceTypeOf(row.Field(u"Statement_Type").ToText());
+  form.isPaid = row.Field(u"IsPaid").ToBool();
+  form.totalAmount = row.Field(u"Total_Amount").ToMoney();
+  form.totalGST = row.Field(u"Total_GST").ToMoney();
+  return form;
+}
+
+std::optional<Refusal> CheckInvoice(const InvoiceForm& form) {
+  if (!form.clientId) return Refusal{"Please select the billed client.", "cmdBilledClient"};
+  if (ShownInvoiceNumber(form.number) == u"0")
+    return Refusal{"Please enter the invoice number.", "txtInvoiceNumber"};
+  if (InvoiceTypeOf(form.statementType).isEmpty())
+    return Refusal{"Please select the type of this invoice.", "cmbType"};
+  return std::nullopt;
+}
+
+std::optional<Refusal> SaveInvoices(Business& business, InvoiceForm& form) {
+  if (auto refusal = CheckInvoice(form)) return refusal;
+  InvoiceForm saved = form;
+  Transaction saving(business);
+  if (saved.IsNew()) {
+    saved.invoiceId = InsertInvoice(business);
+    TakeJobsOfNewInvoice(business, saved);
+    saved.forJob.reset();
+    saved.jobsToAttach.clear();
+  }
+  WriteInvoice(business, saved);
+  WriteOptions(business, saved);
+  saving.Commit();
+  form = saved;
+  return std::nullopt;
+}
+
+}  // namespace quillary

@@ -1,0 +1,35 @@
+#include "billing/invoices/InvoiceTexts.h"
+
+#include "clients/GeneralNotes.h"
+
+namespace quillary {
+
+QStringList ListInvoiceNotes(Business& business) {
+  QStringList notes;
+  QString previous;
+  for (const Record row :
+       business.RunSQL(Sql("SELECT Invoice_Notes FROM Invoices ORDER BY Invoice_Notes;"))) {
+    const QString note = row[u"Invoice_Notes"].ToText();
+    if (note.trimmed().isEmpty() || note == previous) continue;
+    notes += note;
+    previous = note;
+  }
+  const QString general = LoadGeneralNotes(business);
+  if (!general.trimmed().isEmpty()) notes += general;
+  return notes;
+}
+
+std::optional<Refusal> CheckNoteSelected(bool isSelected) {
+  if (isSelected) return std::nullopt;
+  return Refusal{"Please select a note from the list", "fgNotes"};
+}
+
+QString LoadTermsOfTrade(Business& business) {
+  return business.FirstField(Sql("SELECT TermsOfTrade FROM infOptions;")).ToText();
+}
+
+void SaveTermsOfTrade(Business& business, const QString& terms) {
+  business.RunSQL(Sql("UPDATE infOptions SET TermsOfTrade = {}", terms));
+}
+
+}  // namespace quillary

@@ -1,0 +1,200 @@
+#include "billing/payments/PaymentRecord.h"
+
+#include "balances/ClientBalance.h"
+#include "billing/payments/PaymentJobs.h"
+#include "data/Numbers.h"
+
+#include <algorithm>
+#include <array>
+#include <set>
+
+namespace quillary {
+namespace {
+
+constexpr char kCash[] = "CASH";
+/// The only methods by which nothing, or less than nothing, can be received.
+constexpr std::array kAnyAmountMethods = {"ADJUSTMENT", "CREDIT V"};
+
+QStringList WordsOf(const Recordset& rows) {
+  QStringList words;
+  for (const Record row : rows) words += row[size_t{0}].ToText();
+  return words;
+}
+
+QString ShownMethod(const QString& stored) {
+  return stored.isEmpty() ? QString(kCash) : stored.toUpper();
+}
+
+bool TakesAnyAmount(const QString& paymentMethod) {
+  return std::ranges::any_of(
+      kAnyAmountMethods, [&](const char* word) { return paymentMethod == QLatin1String(word); });
+}
+
+qint64 PayerOf(Business& business, qint64 clientId) {
+  return business
+      .FirstField(Sql("SELECT Billing_Client_ID FROM Clients WHERE Client_ID = {}", clientId))
+      .ToLong();
+}
+
+qint64 InsertEmptyPayment(Business& business, qint64 clientId) {
+  business.RunSQL(Sql("INSERT INTO Payments (Client_ID) VALUES ({});", clientId));
+  return business.FirstField(Sql("SELECT Max(Payment_ID) FROM Payments;")).ToLong();
+}
+
+void WriteFields(Business& business, const PaymentForm& form) {
+  business.RunSQL(
+      Sql("UPDATE Payments SET Client_ID = {}, Amount = {}, GST_Included = {}, Tax_Exempt = {}, "
+          "Payment_Date = {}, Payment_Method = {}, Cheque_Number = {}, Bank = {}, "
+          "Bank_Branch = {}, Bank_Account_Name = {}, Description = {} WHERE Payment_ID = {}; ",
+          form.clientId, form.amount, form.gst, form.taxExempt, form.paymentDate,
+          form.paymentMethod, form.chequeNumber, form.bank, form.bankBranch, form.bankAccountName,
+          form.description, form.paymentId));
+}
+
+void MarkInvoicesAsPaid(Business& business, qint64 paymentId) {
+  std::set<qint64> invoices;
+  for (const PaidService& service : LoadPaidServices(business, paymentId).rows)
+    if (service.invoiceId != 0) invoices.insert(service.invoiceId);
+  for (const qint64 invoice : invoices)
+    business.RunSQL(Sql("UPDATE Invoices SET IsPaid = 1 WHERE Invoice_ID = {}", invoice));
+}
+
+}  // namespace
+
+void PaymentForm::TakeHabits(const PaymentHabits& habits) {
+  paymentMethod = habits.paymentMethod;
+  bank = habits.bank;
+  bankBranch = habits.bankBranch;
+  bankAccountName = habits.bankAccountName;
+}
+
+std::vector<Choice> ListPayerChoices(Business& business) {
+  std::vector<Choice> payers;
+  for (const Record row : business.RunSQL(
+           Sql("SELECT Client_ID, Display_Name FROM Clients "
+               "WHERE Status IN ('Billing address', 'Active', 'Bad Debtor', 'Cancelled', "
+               "'Transferred') AND Is_Billed_To = True ORDER BY Display_Name; ")))
+    payers.push_back({row[u"Client_ID"].ToLong(), row[u"Display_Name"].ToText()});
+  return payers;
+}
+
+QStringList ListPaymentMethodWords(Business& business) {
+  return WordsOf(business.RunSQL(
+      Sql("SELECT Payment_Method FROM lstPayment_Methods ORDER BY Payment_Method;")));
+}
+
+QString ListedPaymentMethod(Business& business, const QString& word) {
+  for (const QString& listed : ListPaymentMethodWords(business))
+    if (listed.compare(word.trimmed(), Qt::CaseInsensitive) == 0) return listed;
+  return {};
+}
+
+QStringList ListBankNames(Business& business) {
+  return WordsOf(business.RunSQL(Sql("SELECT Bank FROM lstBanks ORDER BY Bank;")));
+}
+
+bool IsPaidByCheque(const QString& paymentMethod) {
+  return paymentMethod.toUpper() == QLatin1StringView("CHEQUE");
+}
+
+Money TaxWithin(Business& business, Money amount, bool taxExempt) {
+  if (taxExempt) return {};
+  return CalculateGSTComponent(amount, business.values.gstPercentage);
+}
+
+PaymentHabits HabitsOf(Business& business, qint64 clientId) {
+  const Recordset latest =
+      business.RunSQL(Sql("SELECT TOP 1 * FROM Payments WHERE Client_ID = {} AND Amount <> 0 "
+                          "ORDER BY Payment_Date DESC, Payment_ID DESC;",
+                          clientId));
+  if (latest.EndOfFile()) return {};
+  return {ShownMethod(latest.Field(u"Payment_Method").ToText()), latest.Field(u"Bank").ToText(),
+          latest.Field(u"Bank_Branch").ToText(), latest.Field(u"Bank_Account_Name").ToText()};
+}
+
+PaymentForm BlankPayment(Business& business) {
+  PaymentForm form;
+  form.paymentDate = business.Today();
+  form.TakeHabits({});
+  return form;
+}
+
+PaymentForm NewPayment(Business& business, qint64 clientId, Money amount,
+                       std::optional<qint64> forJob) {
+  PaymentForm form = BlankPayment(business);
+  form.amount = amount;
+  form.gst = TaxWithin(business, amount, false);
+  form.forJob = forJob;
+  const qint64 payer = PayerOf(business, clientId);
+  const auto isPayer = [payer](const Choice& choice) { return choice.id == payer; };
+  if (!std::ranges::any_of(ListPayerChoices(business), isPayer)) return form;
+  form.clientId = payer;
+  form.TakeHabits(HabitsOf(business, payer));
+  return form;
+}
+
+std::optional<PaymentForm> LoadPayment(Business& business, qint64 paymentId) {
+  const Recordset stored =
+      business.RunSQL(Sql("SELECT * FROM Payments WHERE Payment_ID = {}", paymentId));
+  if (stored.EndOfFile()) return std::nullopt;
+  const qint64 clientId = stored.Field(u"Client_ID").ToLong();
+  PaymentForm form;
+  form.paymentId = paymentId;
+  if (clientId != 0) form.clientId = clientId;
+  form.amount = stored.Field(u"Amount").ToMoney();
+  form.gst = stored.Field(u"GST_Included").ToMoney();
+  form.taxExempt = stored.Field(u"Tax_Exempt").ToBool();
+  form.paymentDate = stored.Field(u"Payment_Date").ToDate(business.Today());
+  form.paymentMethod = ShownMethod(stored.Field(u"Payment_Method").ToText());
+  form.chequeNumber = stored.Field(u"Cheque_Number").ToText();
+  form.bank = stored.Field(u"Bank").ToText();
+  form.bankBranch = stored.Field(u"Bank_Branch").ToText();
+  form.bankAccountName = stored.Field(u"Bank_Account_Name").ToText();
+  form.description = stored.Field(u"Description").ToText();
+  return form;
+}
+
+std::optional<Refusal> CheckPayment(const PaymentForm& form) {
+  const auto refuse = [](const char* message, const char* field) {
+    return Refusal{QString(message), QString(field)};
+  };
+  if (!form.clientId) return refuse("Please select a client.", "cmbClient");
+  // The two words are matched to the letter: a method that the owner spelled otherwise is the
+  // owner's own, and does not let a refund through by accident.
+  if (!TakesAnyAmount(form.paymentMethod) && form.amount <= Money())
+    return refuse("Please enter the payment amount.", "txtAmount");
+  if (form.paymentMethod.isEmpty())
+    return refuse("Please select the payment method.", "cmbPaymentMethod");
+  return std::nullopt;
+}
+
+std::optional<Refusal> SavePaymentDetails(Business& business, PaymentForm& form) {
+  if (std::optional<Refusal> refusal = CheckPayment(form)) return refusal;
+  Transaction save(business);
+  PaymentForm stored = form;
+  qint64 clientBefore = *form.clientId;
+  if (form.IsNew())
+    stored.paymentId = InsertEmptyPayment(business, *form.clientId);
+  else
+    clientBefore =
+        business
+            .FirstField(Sql("SELECT Client_ID FROM Payments WHERE Payment_ID = {}", form.paymentId))
+            .ToLong();
+  WriteFields(business, stored);
+  if (form.forJob) {
+    business.RunSQL(Sql("UPDATE Diary SET Payment_ID = {}, Status = 'JD' WHERE Diary_ID = {}",
+                        stored.paymentId, *form.forJob));
+  }
+  if (form.markInvoicesAsPaid) MarkInvoicesAsPaid(business, stored.paymentId);
+  RecalculateClientBalance(business, *form.clientId);
+  if (clientBefore != *form.clientId) RecalculateClientBalance(business, clientBefore);
+  business.RunSQL(
+      Sql("UPDATE General_Ledger_Entries SET GL_Entry_Description = {}, Entry_Date = {} "
+          "WHERE Payment_ID = {}",
+          form.description, form.paymentDate, stored.paymentId));
+  save.Commit();
+  form = stored;
+  return std::nullopt;
+}
+
+}  // namespace quillary

@@ -1,0 +1,65 @@
+#include "billing/payments/RevenueLines.h"
+
+namespace quillary {
+namespace {
+
+qint64 InsertEmptyLine(Business& business, qint64 paymentId) {
+  business.RunSQL(Sql("INSERT INTO General_Ledger_Entries (Payment_ID) VALUES ({})", paymentId));
+  return business.FirstField(Sql("SELECT Max(GL_Entry_ID) FROM General_Ledger_Entries;")).ToLong();
+}
+
+}  // namespace
+
+QString RevenueLines::TotalWords() const {
+  return QStringLiteral("Total = ") + totalAmount.ToCurrencyText();
+}
+
+RevenueLines LoadAccounts(Business& business, qint64 paymentId) {
+  RevenueLines lines;
+  for (const Record row : business.RunSQL(
+           Sql("SELECT General_Ledger_Entries.GL_Entry_ID, General_Ledger_Entries.GL_Account_ID, "
+               "General_Ledger_Accounts.GL_Account_Name, General_Ledger_Entries.GL_Amount, "
+               "General_Ledger_Entries.GST_Included "
+               "FROM General_Ledger_Entries LEFT JOIN General_Ledger_Accounts "
+               "ON General_Ledger_Entries.GL_Account_ID = General_Ledger_Accounts.GL_Account_ID "
+               "WHERE General_Ledger_Entries.Payment_ID = {} "
+               "ORDER BY General_Ledger_Entries.GL_Entry_ID;",
+               paymentId))) {
+    lines.rows.push_back({row[u"GL_Entry_ID"].ToLong(), row[u"GL_Account_ID"].ToLong(),
+                          row[u"GL_Account_Name"].ToText(), row[u"GL_Amount"].ToMoney(),
+                          row[u"GST_Included"].ToMoney()});
+    lines.totalAmount += lines.rows.back().amount;
+    lines.totalGST += lines.rows.back().gst;
+  }
+  return lines;
+}
+
+std::optional<Refusal> CheckRevenueAccount(const RevenueLineForm& line) {
+  if (line.glAccountId) return std::nullopt;
+  return Refusal{QStringLiteral("Please select a revenue account."),
+                 QStringLiteral("cmbRevenueAccount")};
+}
+
+std::optional<Refusal> SaveAccount(Business& business, qint64 paymentId,
+                                   const RevenueLineForm& line, SaveRevenueLine as) {
+  if (const auto refusal = CheckRevenueAccount(line)) return refusal;
+  if (as == SaveRevenueLine::Picked && !line.glEntryId)
+    return Refusal{QStringLiteral("Please select a record to update."), {}};
+  Transaction save(business);
+  const qint64 glEntryId =
+      as == SaveRevenueLine::AsNew ? InsertEmptyLine(business, paymentId) : *line.glEntryId;
+  business.RunSQL(
+      Sql("UPDATE General_Ledger_Entries SET GL_Account_ID = {}, GL_Amount = {}, "
+          "GST_Included = {} WHERE GL_Entry_ID = {}",
+          line.glAccountId, line.amount, line.gst, glEntryId));
+  save.Commit();
+  return std::nullopt;
+}
+
+std::optional<Refusal> RemoveAccount(Business& business, std::optional<qint64> glEntryId) {
+  if (!glEntryId) return Refusal{QStringLiteral("Please select an account to remove."), {}};
+  business.RunSQL(Sql("DELETE FROM General_Ledger_Entries WHERE GL_Entry_ID = {}", glEntryId));
+  return std::nullopt;
+}
+
+}  // namespace quillary

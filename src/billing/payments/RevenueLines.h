@@ -1,0 +1,48 @@
+#pragma once
+
+#include "billing/payments/PaymentRecord.h"
+
+/// How a payment is split over revenue accounts, by hand: rows of General_Ledger_Entries. They need
+/// not add up to the payment, nor their tax to its tax.
+namespace quillary {
+
+struct RevenueLine {
+  qint64 glEntryId = 0;
+  qint64 glAccountId = 0;
+  QString accountName;
+  Money amount;  // tax included
+  Money gst;
+};
+struct RevenueLines {
+  std::vector<RevenueLine> rows;  // in the order of their making
+  Money totalAmount;
+  Money totalGST;
+  /// "Total = $120.00"
+  QString TotalWords() const;
+};
+RevenueLines LoadAccounts(Business& business, qint64 paymentId);
+
+struct RevenueLineForm {
+  std::optional<qint64> glEntryId = {};  // of the line that was picked
+  std::optional<qint64> glAccountId = {};
+  Money amount = {};
+  Money gst = {};
+};
+enum class SaveRevenueLine { AsNew, Picked };
+
+/// Told after the reason when a payment would not save before its first line.
+inline constexpr char kPaymentNotSaved[] =
+    "An error has occured. Please check the payment details and try again.";
+
+/// Refuses a line without account: before the payment is saved for its sake.
+std::optional<Refusal> CheckRevenueAccount(const RevenueLineForm& line);
+
+/// Stores a line of a stored payment. Refuses a line without account, and an update without a line
+/// picked. A line gets date and note from the next save of its payment.
+std::optional<Refusal> SaveAccount(Business& business, qint64 paymentId,
+                                   const RevenueLineForm& line, SaveRevenueLine as);
+
+/// Refuses when no line is picked.
+std::optional<Refusal> RemoveAccount(Business& business, std::optional<qint64> glEntryId);
+
+}  // namespace quillary

@@ -1,0 +1,54 @@
+#include "billing/runs/InvoiceRun.h"
+
+#include "billing/invoices/InvoiceNumbers.h"
+
+#include <QLocale>
+
+namespace quillary {
+
+qint64 InsertGeneratedInvoice(Business& business, const GeneratedInvoice& invoice) {
+  // The key of the newest invoice would be somebody else's, had this one not been taken.
+  RunOrThrow(
+      business,
+      Sql("INSERT INTO Invoices (Client_ID, Made_Out_To, Done_For, From_Date, To_Date, "
+          "Generation_Date, Invoice_Description, Total_Amount, Total_GST, Balance_Carried_Across, "
+          "Statement_Type, Invoice_Number) "
+          "VALUES ({}, {}, NULL, {}, {}, {}, {}, {}, {}, 0, {}, {});",
+          invoice.clientId, invoice.madeOutTo, invoice.from, invoice.to, invoice.generated,
+          invoice.description, invoice.totalAmount, invoice.totalGST, invoice.statementType,
+          GetNextInvoiceNumber(business)));
+  return business.FirstField(Sql("SELECT MAX(Invoice_ID) FROM Invoices; ")).ToLong();
+}
+
+QString GeneratedMadeOutTo(const Record& client) {
+  return AddressBlock(client[u"Display_Name"].ToText(), client[u"Street_Number"].ToText(),
+                      client[u"Street"].ToText(), client[u"Suburb"].ToText(),
+                      client[u"Post_Code"].ToText()) +
+         u'\n';
+}
+
+QString UpperCasedDate(QDate date) {
+  return QLocale(QLocale::English).toString(date, QStringLiteral("dd-MMM-yyyy")).toUpper();
+}
+
+void RunOrThrow(Business& business, const Sql& statement) {
+  if (!business.RunSQL(statement).IsOpen())
+    throw ProgramError(5, QStringLiteral("A statement of the run was refused"));
+}
+
+bool GuardRunStep(Business& business, const QString& form, const QString& procedure,
+                  const std::function<void()>& step) {
+  try {
+    Transaction part(business);
+    step();
+    part.Commit();
+    return true;
+  } catch (const StorageFailure&) {
+    throw;
+  } catch (const std::exception& error) {
+    business.World().errors.ReportError(form, ErrorLine(error), procedure);
+    return false;
+  }
+}
+
+}  // namespace quillary

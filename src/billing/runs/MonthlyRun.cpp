@@ -1,0 +1,112 @@
+#include "billing/runs/MonthlyRun.h"
+
+#include <QHash>
+#include <QLocale>
+
+#include <vector>
+
+namespace quillary {
+namespace {
+
+struct MonthlyJobs {
+  std::vector<qint64> diaryIds;
+  Money totalAmount;
+  Money totalGST;
+};
+
+/// Read at once for all: a job belongs to one group, so what is invoiced for one client cannot
+/// change what is left for another.
+QHash<qint64, MonthlyJobs> LoadJobsOfGroups(Business& business, const MonthlyPeriod& period) {
+  enum Place : size_t { Client, DiaryId, Price, GST };
+  const Recordset rows = business.RunSQL(
+      Sql("SELECT Clients.Client_ID, Diary.Diary_ID, Diary.Total_Price, Diary.Total_GST "
+          "FROM (Clients INNER JOIN Clients AS Clients_1 "
+          "ON Clients.Client_ID = Clients_1.Billing_Client_ID) "
+          "INNER JOIN Diary ON Clients_1.Client_ID = Diary.Client_ID "
+          "WHERE Isnull(Diary.Invoice_ID) AND Clients.Is_Billed_To = Yes "
+          "AND Clients.Statement_Type = 'Monthly' "
+          "AND Schedule_Date BETWEEN {} AND {} AND Diary.Status IN ('JD', 'JU', 'JP') "
+          "ORDER BY Diary.Diary_ID",
+          period.from, EndOfDay(period.to)));
+  QHash<qint64, MonthlyJobs> groups;
+  for (const Record row : rows) {
+    MonthlyJobs& jobs = groups[row[Client].ToLong()];
+    jobs.diaryIds.push_back(row[DiaryId].ToLong());
+    jobs.totalAmount += row[Price].ToMoney();
+    jobs.totalGST += row[GST].ToMoney();
+  }
+  return groups;
+}
+
+void InvoiceJobs(Business& business, const GeneratedInvoice& invoice, const MonthlyJobs& jobs) {
+  const qint64 invoiceId = InsertGeneratedInvoice(business, invoice);
+  for (const qint64 diaryId : jobs.diaryIds)
+    RunOrThrow(business,
+               Sql("UPDATE Diary SET Invoice_ID = {} WHERE Diary_ID = {}", invoiceId, diaryId));
+  if (jobs.totalAmount == Money())
+    RunOrThrow(business, Sql("DELETE FROM Invoices WHERE Invoice_ID = {}", invoiceId));
+}
+
+}  // namespace
+
+QString MonthlyDescription(QDate from, QDate to) {
+  const bool isWholeMonth = from.day() == 1 && to.addDays(1).day() == 1 &&
+                            from.month() == to.month() && from.year() == to.year();
+  const QString words =
+      isWholeMonth ? QLocale(QLocale::English).toString(from, QStringLiteral("MMMM")).toUpper()
+                   : UpperCasedDate(from) + QStringLiteral(" TO ") + UpperCasedDate(to);
+  return QStringLiteral("TAX INVOICE FOR ") + words;
+}
+
+bool ConfirmMonthlyRun(Prompter& prompter) {
+  return prompter.Ask(QStringLiteral(
+             "This will automatically create invoice records for clients who are billed monthly.\n"
+             "This also attaches jobs done within the date specified to the invoice.\n\n"
+             "Continue?")) == Answer::Yes;
+}
+
+InvoiceRunCount GenerateMonthlyInvoices(Business& business, const MonthlyPeriod& period,
+                                        const RunProgress& progress) {
+  const BusyWhile busy(business.World().busy);
+  Transaction run(business);
+  const Recordset clients = business.RunSQL(
+      Sql("SELECT Client_ID, Display_Name, Street_Number, Street, Suburb, Post_Code "
+          "FROM Clients WHERE Status in ('Active', 'Billing address') AND Is_Billed_To = Yes "
+          "and (Statement_Type = 'Monthly') ORDER BY Display_Name; "));
+  const QHash<qint64, MonthlyJobs> groups = LoadJobsOfGroups(business, period);
+  GeneratedInvoice invoice{.clientId = 0,
+                           .madeOutTo = {},
+                           .from = period.from,
+                           .to = period.to,
+                           .generated = period.generated,
+                           .description = MonthlyDescription(period.from, period.to),
+                           .statementType = QStringLiteral("Monthly"),
+                           .totalAmount = {},
+                           .totalGST = {}};
+  InvoiceRunCount count;
+  int done = 0;
+  for (const Record client : clients) {
+    invoice.clientId = client[u"Client_ID"].ToLong();
+    const auto jobs = groups.constFind(invoice.clientId);
+    if (jobs != groups.cend()) {
+      invoice.madeOutTo = GeneratedMadeOutTo(client);
+      invoice.totalAmount = jobs->totalAmount;
+      invoice.totalGST = jobs->totalGST;
+      const bool isDone = GuardRunStep(business, QStringLiteral("frmInvoicesList"),
+                                       QStringLiteral("cmdGenerateInvoiceAutomatically_Click"),
+                                       [&] { InvoiceJobs(business, invoice, *jobs); });
+      if (!isDone) {
+        ++count.failed;
+      } else if (jobs->totalAmount != Money()) {
+        ++count.invoicesMade;
+        count.totalAmount += jobs->totalAmount;
+      }
+    }
+    if (progress) progress(++done, static_cast<int>(clients.RowCount()));
+  }
+  business.RunSQL(Sql("UPDATE infSystem SET Last_Monthly_Invoice_Ending = {}", period.to));
+  run.Commit();
+  return count;
+}
+
+}  // namespace quillary

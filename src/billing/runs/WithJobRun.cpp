@@ -1,0 +1,68 @@
+#include "billing/runs/WithJobRun.h"
+
+namespace quillary {
+namespace {
+
+Recordset LoadEntries(Business& business, QDate from, QDate to) {
+  return business.RunSQL(
+      Sql("SELECT Diary.Diary_ID, Diary.Invoice_ID, Diary.Schedule_Date, Diary.Total_Price, "
+          "Diary.Total_GST, Clients_1.* "
+          "FROM (Clients INNER JOIN Diary ON Clients.Client_ID = Diary.Client_ID) "
+          "INNER JOIN Clients AS Clients_1 ON Clients.Billing_Client_ID = Clients_1.Client_ID "
+          "WHERE Clients_1.Status In ('Active','Billing address') "
+          "AND Clients_1.Is_Billed_To = Yes AND Clients_1.Statement_Type = 'With Job' "
+          "AND (Diary.Schedule_Date BETWEEN {} AND {}) "
+          "ORDER BY Clients_1.Display_Name, Diary.Schedule_Date, Diary.Diary_ID;",
+          from, EndOfDay(to)));
+}
+
+qint64 InvoiceEntry(Business& business, const Record& entry, QDate from, QDate to) {
+  const GeneratedInvoice invoice{.clientId = entry[u"Client_ID"].ToLong(),
+                                 .madeOutTo = GeneratedMadeOutTo(entry),
+                                 .from = from,
+                                 .to = to,
+                                 .generated = business.Now(),
+                                 .description = QStringLiteral("TAX INVOICE FOR ") +
+                                                UpperCasedDate(entry[u"Schedule_Date"].ToDate()),
+                                 .statementType = QStringLiteral("With Job"),
+                                 .totalAmount = entry[u"Total_Price"],
+                                 .totalGST = entry[u"Total_GST"]};
+  const qint64 invoiceId = InsertGeneratedInvoice(business, invoice);
+  RunOrThrow(business, Sql("UPDATE Diary SET Invoice_ID = {} WHERE Diary_ID = {}", invoiceId,
+                           entry[u"Diary_ID"].ToLong()));
+  return invoiceId;
+}
+
+}  // namespace
+
+InvoiceRunCount GenerateWithJobInvoices(Business& business, QDate from, QDate to,
+                                        const RunProgress& progress) {
+  const BusyWhile busy(business.World().busy);
+  Transaction run(business);
+  RunOrThrow(business, Sql("DELETE FROM lstInvoicesToPrint;"));
+  const Recordset entries = LoadEntries(business, from, to);
+  InvoiceRunCount count;
+  int done = 0;
+  for (const Record entry : entries) {
+    const Value& before = entry[u"Invoice_ID"];
+    const bool isDone = GuardRunStep(
+        business, QStringLiteral("dlgInvoiceOptions"),
+        QStringLiteral("cmdCreateNonMonthlyInvoice_Click"), [&] {
+          const qint64 invoiceId =
+              before.IsNull() ? InvoiceEntry(business, entry, from, to) : before.ToLong();
+          RunOrThrow(business,
+                     Sql("INSERT INTO lstInvoicesToPrint (Invoice_ID) VALUES({})", invoiceId));
+        });
+    if (!isDone) {
+      ++count.failed;
+    } else if (before.IsNull()) {
+      ++count.invoicesMade;
+      count.totalAmount += entry[u"Total_Price"].ToMoney();
+    }
+    if (progress) progress(++done, static_cast<int>(entries.RowCount()));
+  }
+  run.Commit();
+  return count;
+}
+
+}  // namespace quillary

@@ -1,0 +1,104 @@
+#include "diary/JobServices.h"
+
+#include "data/Numbers.h"
+
+namespace quillary {
+namespace {
+
+constexpr char kNoAccount[] =
+    "(No selected revenue account ), Please update in the Services screen.";
+
+Money TaxInside(Business& business, Money price) {
+  return CalculateGSTComponent(price, business.values.gstPercentage);
+}
+
+void InsertLine(Business& business, qint64 diaryId, const JobServiceForm& form) {
+  business.RunSQL(
+      Sql("INSERT INTO Diary_Services (Diary_ID, Service_ID, Price, GST) VALUES ({}, {}, {}, {})",
+          diaryId, form.serviceId, form.price, TaxInside(business, form.price)));
+}
+
+void UpdateLine(Business& business, const JobServiceForm& form) {
+  business.RunSQL(
+      Sql("UPDATE Diary_Services SET Service_ID = {}, Price = {}, GST = {} "
+          "WHERE Diary_Service_ID = {}; ",
+          form.serviceId, form.price, TaxInside(business, form.price), form.diaryServiceId));
+}
+
+}  // namespace
+
+QString JobServices::TotalWords() const {
+  return QStringLiteral("Total = ") + total.ToCurrencyText();
+}
+
+QString JobServices::Description() const {
+  QStringList codes;
+  for (const JobService& row : rows) codes += row.serviceCode;
+  return codes.join(QStringLiteral(", "));
+}
+
+JobServices LoadServices(Business& business, qint64 diaryId) {
+  JobServices services;
+  for (const Record row : business.RunSQL(
+           Sql("SELECT Diary_Services.Diary_Service_ID, Diary_Services.Service_ID, "
+               "Services.Service_Code, Diary_Services.Price, "
+               "General_Ledger_Accounts.GL_Account_Name "
+               "FROM (Diary_Services "
+               "LEFT JOIN Services ON Diary_Services.Service_ID = Services.Service_ID) "
+               "LEFT JOIN General_Ledger_Accounts "
+               "ON Services.Default_GL_Account_ID = General_Ledger_Accounts.GL_Account_ID "
+               "WHERE Diary_Services.Diary_ID = {} ORDER BY Service, Diary_Service_ID;",
+               diaryId))) {
+    JobService line;
+    line.diaryServiceId = row[u"Diary_Service_ID"].ToLong();
+    line.serviceId = row[u"Service_ID"].ToLong();
+    line.serviceCode = row[u"Service_Code"].ToText();
+    line.price = row[u"Price"].ToMoney().Rounded(2);  // the list shows cents and adds up the same
+    line.accountName = row[u"GL_Account_Name"].ToText(QString(kNoAccount));
+    services.total += line.price;
+    services.rows.push_back(std::move(line));
+  }
+  return services;
+}
+
+std::optional<Refusal> SaveService(Business& business, Job& job, const JobServiceForm& form,
+                                   SaveLine as) {
+  if (!form.serviceId) {
+    return Refusal{QStringLiteral("Please select a service."), QStringLiteral("cmbService")};
+  }
+  if (as == SaveLine::Selected && !form.diaryServiceId) {
+    return Refusal{QStringLiteral("Please select a record to update."), {}};
+  }
+  Transaction save(business);
+  Job stored = job;
+  if (stored.IsNew()) {
+    if (std::optional<Refusal> refusal = SaveJob(business, stored)) return refusal;
+  }
+  if (as == SaveLine::AsNew) {
+    InsertLine(business, stored.diaryId, form);
+  } else {
+    UpdateLine(business, form);
+  }
+  UpdateTotalPriceAndGST(business, stored.diaryId);
+  save.Commit();
+  job = stored;
+  return std::nullopt;
+}
+
+std::optional<Refusal> RemoveService(Business& business, qint64 diaryId,
+                                     std::optional<qint64> diaryServiceId) {
+  if (!diaryServiceId) return Refusal{QStringLiteral("Please select a service to delete."), {}};
+  Transaction removal(business);
+  business.RunSQL(Sql("DELETE FROM Diary_Services WHERE Diary_Service_ID = {}", diaryServiceId));
+  UpdateTotalPriceAndGST(business, diaryId);
+  removal.Commit();
+  return std::nullopt;
+}
+
+void UpdateTotalPriceAndGST(Business& business, qint64 diaryId) {
+  const Money total = LoadServices(business, diaryId).total;
+  business.RunSQL(Sql("UPDATE Diary SET Total_Price = {}, Total_GST = {} WHERE Diary_ID = {};",
+                      total, TaxInside(business, total), diaryId));
+}
+
+}  // namespace quillary

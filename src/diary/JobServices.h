@@ -1,0 +1,53 @@
+#pragma once
+
+#include "base/Money.h"
+#include "diary/Jobs.h"
+
+#include <vector>
+
+/// The service lines of one job, and what follows from them for the job. All prices include tax.
+namespace quillary {
+
+struct JobService {
+  qint64 diaryServiceId = 0;
+  qint64 serviceId = 0;
+  QString serviceCode;
+  Money price;
+  QString accountName;  // of the revenue account, or a hint where to choose one
+};
+
+struct JobServices {
+  std::vector<JobService> rows;  // by name of the service
+  Money total;
+
+  /// "Total = $55.00"
+  QString TotalWords() const;
+  /// The codes as a job's description: "LM, HT".
+  QString Description() const;
+};
+
+JobServices LoadServices(Business& business, qint64 diaryId);
+
+/// The fields from which a line is stored.
+struct JobServiceForm {
+  std::optional<qint64> diaryServiceId;  // the line selected in the list
+  std::optional<qint64> serviceId;
+  Money price;
+};
+
+enum class SaveLine { AsNew, Selected };
+
+/// Adds a line to the job, or changes the selected one, with the tax inside its price, and then the
+/// job's totals. Refuses a form without service, and a change without a selected line. A new job is
+/// saved first, so that the line has an entry; what SaveJob() refuses is refused here too.
+std::optional<Refusal> SaveService(Business& business, Job& job, const JobServiceForm& form,
+                                   SaveLine as);
+/// Deletes the selected line and recomputes the job's totals. Refuses when none is selected.
+std::optional<Refusal> RemoveService(Business& business, qint64 diaryId,
+                                     std::optional<qint64> diaryServiceId);
+
+/// Sets the job's total price to the sum of its lines and its tax to the tax inside that sum, which
+/// can differ by a cent from the sum of the lines' tax.
+void UpdateTotalPriceAndGST(Business& business, qint64 diaryId);
+
+}  // namespace quillary

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "diary/DiaryDay.h"
+#include "kit/GridColumns.h"
+
+/// How the diary's entries stand in its table.
+namespace quillary {
+
+enum DiaryColumn {
+  kSequence,
+  kDiaryId,
+  kDisplayName,
+  kAddress,
+  kPhones,
+  kDate,
+  kServices,
+  kPrice,
+  kStatus,
+  kEmployee,
+  kRowCommands,
+};
+
+/// `rowCommands` keeps room at the right for the buttons of each row.
+std::vector<GridColumn> DiaryColumns(bool rowCommands);
+/// The statuses that may be given by hand.
+std::vector<GridChoice> DiaryStatusChoices();
+std::vector<GridChoice> EmployeeChoices(const std::vector<EmployeeChoice>& employees);
+GridRow DiaryGridRow(const DiaryRow& row);
+Hue HueOf(DiaryRowColour colour);
+
+/// What the hues mean, for the legend.
+struct DiaryLegend {
+  Hue hue;
+  QString meaning;
+};
+std::vector<DiaryLegend> DiaryLegends();
+
+}  // namespace quillary

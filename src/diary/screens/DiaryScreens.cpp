@@ -1,0 +1,117 @@
+#include "diary/screens/DiaryScreens.h"
+
+#include "base/ports/requests/Scheduling.h"
+#include "base/ports/requests/Screens.h"
+#include "base/ports/requests/Setup.h"
+#include "diary/screens/frmClients_RescheduleFutureJobs.h"
+#include "diary/screens/frmDiary.h"
+#include "diary/screens/frmHoliday.h"
+#include "diary/screens/frmJobs.h"
+#include "diary/screens/frmJobsAndPaymentChecker.h"
+#include "diary/screens/frmJobsList.h"
+#include "diary/screens/frmListOfClientsWithSchedulingProblem.h"
+#include "diary/screens/frmReschedule.h"
+#include "diary/screens/frmVisit.h"
+
+namespace quillary {
+
+namespace {
+
+/// Shows the screen as its command shows it, from today on, also when it is open already.
+template <typename Kind>
+void ShowAnew(Business& business, const ScreenTools& tools, const char* name) {
+  auto* screen = qobject_cast<Kind*>(tools.host.BringToFront(QLatin1StringView(name)));
+  if (!screen) {
+    screen = new Kind(business, tools);
+    tools.host.ShowScreen(screen);
+  }
+  screen->ShowYourself();
+}
+
+bool Run(Dialog&& dialog) {
+  return dialog.exec() == QDialog::Accepted;
+}
+
+/// An entry can have gone since its list was loaded: the roll builds open ones again.
+bool TellGone(Business& business) {
+  business.World().prompter.Tell(
+      Tone::Exclamation,
+      QObject::tr("This entry is no longer in the diary. Please refresh the list."));
+  return false;
+}
+
+void RegisterDiary(Business& business, const ScreenTools& tools) {
+  tools.navigator.Register<OpenDiary>(
+      [&business, tools](const OpenDiary&) { ShowAnew<frmDiary>(business, tools, "frmDiary"); });
+  tools.navigator.Register<OpenJobsList>([&business, tools](const OpenJobsList&) {
+    ShowAnew<frmJobsList>(business, tools, "frmJobsList");
+  });
+  tools.navigator.Register<OpenJobsAndPaymentChecker>(
+      [&business, tools](const OpenJobsAndPaymentChecker&) {
+        ShowTab(tools, "frmJobsAndPaymentChecker",
+                [&] { return new frmJobsAndPaymentChecker(business, tools); });
+      });
+}
+
+void RegisterEntries(Business& business, const ScreenTools& tools) {
+  Navigator& navigator = tools.navigator;
+  navigator.Register<EditJob>([&business, tools](const EditJob& request) {
+    const auto job = LoadJob(business, request.diaryId);
+    return job ? Run(frmJobs(business, tools, *job)) : TellGone(business);
+  });
+  navigator.Register<AddJob>([&business, tools](const AddJob& request) {
+    return Run(frmJobs(business, tools, NewJob(business, request.clientId)));
+  });
+  navigator.Register<EditVisit>([&business, tools](const EditVisit& request) {
+    const auto visit = LoadVisit(business, request.diaryId);
+    return visit ? Run(frmVisit(business, tools, *visit)) : TellGone(business);
+  });
+  navigator.Register<AddVisit>([&business, tools](const AddVisit& request) {
+    return Run(frmVisit(business, tools, NewVisit(business, request.clientId)));
+  });
+}
+
+void RegisterRescheduling(Business& business, const ScreenTools& tools) {
+  Navigator& navigator = tools.navigator;
+  navigator.Register<OpenReschedule>(
+      [&business, tools](const OpenReschedule&) { frmReschedule(business, tools).exec(); });
+  navigator.Register<RescheduleFutureJobs>([&business, tools](const RescheduleFutureJobs& request) {
+    return Run(frmClients_RescheduleFutureJobs(business, tools, request.clientId));
+  });
+  navigator.Register<OpenListOfClientsWithSchedulingProblem>(
+      [&business, tools](const OpenListOfClientsWithSchedulingProblem& request) {
+        const auto show = [&](const std::vector<ScheduleProblem>& found) {
+          const QString name = QStringLiteral("frmListOfClientsWithSchedulingProblem");
+          auto* list =
+              qobject_cast<frmListOfClientsWithSchedulingProblem*>(tools.host.BringToFront(name));
+          if (!list) {
+            list = new frmListOfClientsWithSchedulingProblem(business, tools);
+            tools.host.ShowScreen(list);
+          }
+          list->ShowFound(found);
+        };
+        if (request.atStartUp && !ShowsScheduleProblemsAtStartUp(business.World().settings)) return;
+        tools.runner.RunBusy(QStringLiteral("frmListOfClientsWithSchedulingProblem"),
+                             QStringLiteral("CheckClientSchedules"), [&] {
+                               const auto found = CheckClientSchedules(business);
+                               if (!request.atStartUp || !found.empty()) show(found);
+                             });
+      });
+}
+
+void RegisterHolidays(Business& business, const ScreenTools& tools) {
+  tools.navigator.Register<OpenHoliday>([&business, tools](const OpenHoliday&) {
+    ShowTab(tools, "frmHoliday", [&] { return new frmHoliday(business, tools); });
+  });
+}
+
+}  // namespace
+
+void RegisterDiaryScreens(Business& business, const ScreenTools& tools) {
+  RegisterDiary(business, tools);
+  RegisterEntries(business, tools);
+  RegisterRescheduling(business, tools);
+  RegisterHolidays(business, tools);
+}
+
+}  // namespace quillary

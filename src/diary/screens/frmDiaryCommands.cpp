@@ -1,0 +1,118 @@
+#include "balances/ClientBalance.h"
+#include "base/ports/requests/Billing.h"
+#include "base/ports/requests/Clients.h"
+#include "base/ports/requests/Scheduling.h"
+#include "diary/DiaryCommands.h"
+#include "diary/OpenEntry.h"
+#include "diary/screens/frmDiary.h"
+
+/// The diary's commands. Those that open another screen ask the navigator for it.
+namespace quillary {
+
+void frmDiary::ConnectCommands() {
+  const auto on = [this](QPushButton* button, void (frmDiary::*command)()) {
+    tools_.runner.OnClick(button, objectName(), [this, command] { (this->*command)(); });
+  };
+  on(cmdEditJob, &frmDiary::EditSelected);
+  on(cmdClientDetails, &frmDiary::OpenClientOfSelected);
+  on(cmdCreateInvoice, &frmDiary::CreateInvoiceForSelected);
+  on(cmdViewCreatePayment, &frmDiary::PayForSelected);
+  on(cmdDonePaid, &frmDiary::PayAndMarkDone);
+  on(cmdNext, &frmDiary::RescheduleSelected);
+  on(cmdPrint, &frmDiary::PrintSheet);
+  on(cmdPrintDailyTotals, &frmDiary::PrintTotals);
+  tools_.runner.OnClick(cmdCancelled, objectName(), [this] {
+    ChangeSelected([this](const DiaryRow& job) { CancelJob(business_, job.diaryId); });
+  });
+  tools_.runner.OnClick(cmdDoneUnPaid, objectName(), [this] {
+    ChangeSelected([this](const DiaryRow& job) {
+      MarkDoneUnpaidAndBalance(business_, business_.World().prompter, job.diaryId);
+    });
+  });
+  tools_.runner.OnClick(cmdShowSuburbDefinition, objectName(), [this] {
+    tools_.navigator.Open(EditSuburbPositions{});
+    LoadScheduleGrid();
+  });
+  connect(grdSchedule, &Grid::selectedRowChanged, this, &frmDiary::EnableEditJob);
+  connect(grdSchedule, &Grid::rowOpened, this, [this] {
+    if (cmdEditJob->isEnabled()) cmdEditJob->click();
+  });
+}
+
+void frmDiary::EnableCommands() {
+  const Navigator& to = tools_.navigator;
+  EnableEditJob();
+  cmdClientDetails->setEnabled(to.CanOpen<OpenClient>());
+  cmdCreateInvoice->setEnabled(to.CanOpen<ChooseInvoiceFor>());
+  cmdViewCreatePayment->setEnabled(to.CanOpen<PayForJob>());
+  cmdDonePaid->setEnabled(to.CanOpen<PayForJob>());
+  cmdNext->setEnabled(to.CanOpen<RescheduleFutureJobs>());
+  cmdPrint->setEnabled(to.CanOpen<PrintWorkSheet>());
+  cmdPrintDailyTotals->setEnabled(to.CanOpen<PrintDailyTotals>());
+  cmdShowSuburbDefinition->setEnabled(to.CanOpen<EditSuburbPositions>());
+}
+
+void frmDiary::EnableEditJob() {
+  const DiaryRow* job = FindSelected();
+  const Navigator& to = tools_.navigator;
+  cmdEditJob->setEnabled(job ? CanOpenEntry(to, job->status) : to.CanOpen<EditJob>());
+}
+
+void frmDiary::EditSelected() {
+  const DiaryRow* job = SelectedJob();
+  if (!job) return;
+  OpenEntry(tools_.navigator, job->status, job->diaryId);
+  LoadScheduleGrid();
+}
+
+void frmDiary::OpenClientOfSelected() {
+  if (const DiaryRow* job = SelectedJob()) tools_.navigator.Open(OpenClient{job->clientId});
+}
+
+void frmDiary::CreateInvoiceForSelected() {
+  const DiaryRow* job = SelectedJob();
+  if (!job) return;
+  const QDate day = optShowJobsOn->isChecked() ? dtJobDate->Date() : job->scheduleDate;
+  tools_.navigator.Open(ChooseInvoiceFor{job->billingClientId, job->diaryId, day, day});
+  LoadScheduleGrid();
+}
+
+void frmDiary::PayForSelected() {
+  const DiaryRow* job = SelectedJob();
+  if (!job) return;
+  if (job->paymentId != -1)
+    tools_.navigator.Open(ViewPayment{job->paymentId});
+  else
+    tools_.navigator.Open(PayForJob{job->billingClientId, job->diaryId, job->totalPrice});
+  LoadScheduleGrid();
+}
+
+void frmDiary::PayAndMarkDone() {
+  ChangeSelected([this](const DiaryRow& job) {
+    tools_.navigator.Open(PayForJob{job.billingClientId, job.diaryId, job.totalPrice});
+  });
+}
+
+void frmDiary::RescheduleSelected() {
+  const DiaryRow* selected = SelectedJob();
+  if (!selected) return;
+  const DiaryRow job = *selected;
+  OfferToCancelJob(business_, business_.World().prompter, job.diaryId);
+  tools_.navigator.Open(RescheduleFutureJobs{job.clientId});
+  LoadScheduleGrid();
+}
+
+void frmDiary::PrintSheet() {
+  if (const DiaryRow* job = FindSelected())
+    RecalculateClientBalance(business_, BilledClientOf(business_, job->diaryId));
+  const DiaryQuery query = Query();
+  tools_.navigator.Open(
+      PrintWorkSheet{query.from, query.to, query.employeeId, query.bySuburbPosition});
+}
+
+void frmDiary::PrintTotals() {
+  const DiaryQuery query = Query();
+  tools_.navigator.Open(PrintDailyTotals{query.from, query.to});
+}
+
+}  // namespace quillary

@@ -1,0 +1,60 @@
+#include "lists/Divisions.h"
+
+namespace quillary {
+namespace {
+
+std::optional<Refusal> CheckDivision(const DivisionForm& form) {
+  if (!form.divisionName.trimmed().isEmpty()) return std::nullopt;
+  return Refusal{QStringLiteral("Please enter the division name."),
+                 QStringLiteral("txtDivisionName")};
+}
+
+}  // namespace
+
+std::vector<Division> ListDivisions(Business& business) {
+  std::vector<Division> divisions;
+  for (const Record row : business.RunSQL(Sql("SELECT * FROM Divisions ORDER BY Division_Name;"))) {
+    divisions.push_back({row[u"Division_ID"].ToLong(), row[u"Division_Name"].ToText(),
+                         row[u"Nature_Of_Business"].ToText()});
+  }
+  return divisions;
+}
+
+QString OwnDivisionName(Business& business) {
+  return business
+      .FirstField(Sql("SELECT Division_Name FROM infPersonalDetails LEFT JOIN Divisions ON "
+                      "infPersonalDetails.Division_ID = Divisions.Division_ID;"))
+      .ToText();
+}
+
+std::optional<Refusal> InsertDivision(Business& business, const DivisionForm& form) {
+  if (std::optional<Refusal> refusal = CheckDivision(form)) return refusal;
+  Transaction insertion(business);
+  const qint64 divisionId =
+      business.FirstField(Sql("SELECT MAX(Division_ID) + 1 FROM Divisions;")).ToLong(1);
+  business.RunSQL(
+      Sql("INSERT INTO Divisions (Division_ID, Division_Name, Nature_Of_Business) "
+          "VALUES ({}, {}, {})",
+          divisionId, form.divisionName, form.natureOfBusiness));
+  insertion.Commit();
+  return std::nullopt;
+}
+
+std::optional<Refusal> UpdateDivision(Business& business, std::optional<qint64> divisionId,
+                                      const DivisionForm& form) {
+  if (std::optional<Refusal> refusal = CheckDivision(form)) return refusal;
+  if (!divisionId) return Refusal{QStringLiteral("Please choose a record to update."), {}};
+  business.RunSQL(
+      Sql("UPDATE Divisions SET Division_Name = {}, Nature_Of_Business = {} "
+          "WHERE Division_ID = {}",
+          form.divisionName, form.natureOfBusiness, divisionId));
+  return std::nullopt;
+}
+
+std::optional<Refusal> DeleteDivision(Business& business, std::optional<qint64> divisionId) {
+  if (!divisionId) return Refusal{QStringLiteral("Please choose a record to delete."), {}};
+  business.RunSQL(Sql("DELETE FROM Divisions WHERE Division_ID = {}", divisionId));
+  return std::nullopt;
+}
+
+}  // namespace quillary

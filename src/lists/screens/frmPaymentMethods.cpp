@@ -1,0 +1,87 @@
+#include "lists/screens/frmPaymentMethods.h"
+
+#include "lists/PaymentMethods.h"
+
+#include <QApplication>
+#include <QDialog>
+#include <QVBoxLayout>
+
+namespace quillary {
+
+namespace {
+
+/// A tab behind a dialog could not be reached, so the list comes in front of it.
+class ListInDialog : public QDialog {
+ public:
+  explicit ListInDialog(Screen* list) : QDialog(QApplication::activeModalWidget()), list_(list) {
+    setObjectName(list->objectName() + QStringLiteral("Dialog"));
+    setWindowTitle(list->windowTitle());
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->addWidget(list);
+    resize(720, 480);
+    connect(list, &Screen::closeRequested, this, &ListInDialog::reject);
+    list->Reload();
+    list->setFocus();
+  }
+  void reject() override {
+    if (list_->MayClose()) QDialog::reject();
+  }
+
+ private:
+  Screen* list_;
+};
+
+}  // namespace
+
+RecordList PaymentMethodsList(Business& business) {
+  return {
+      .name = "frmPaymentMethods",
+      .title = QObject::tr("Payment methods"),
+      .gridName = QStringLiteral("fgPaymentMethods"),
+      .about = QObject::tr("The ways in which clients pay you and you pay suppliers. Payments keep "
+                           "the word they were made by: renaming a method here leaves old payments "
+                           "as they are."),
+      .emptyWhat = QObject::tr("There are no payment methods yet."),
+      .emptyNext = QObject::tr("Fill in a method, such as CASH, and add it."),
+      .columns = {{QObject::tr("Payment method"), ColumnKind::StrongText, 280},
+                  {{}, ColumnKind::HiddenId}},
+      .fields = {{"txtPaymentMethod", QObject::tr("Payment &method"), FieldKind::Text, 0, 20}},
+      .load =
+          [&business] {
+            std::vector<GridRow> rows;
+            for (const PaymentMethod& method : ListPaymentMethods(business))
+              rows.push_back({{method.word, method.paymentMethodId}});
+            return rows;
+          },
+      .insert =
+          [&business](const RecordFields& fields) {
+            return InsertPaymentMethod(business, fields.Text("txtPaymentMethod"));
+          },
+      .update =
+          [&business](std::optional<qint64> key, const RecordFields& fields) {
+            return UpdatePaymentMethod(business, key, fields.Text("txtPaymentMethod"));
+          },
+      .remove =
+          [&business](std::optional<qint64> key) { return DeletePaymentMethod(business, key); },
+  };
+}
+
+void OpenPaymentMethodsList(Business& business, const ScreenTools& tools) {
+  const auto make = [&] {
+    return new RecordListScreen(PaymentMethodsList(business), tools, business.World());
+  };
+  if (QApplication::activeModalWidget()) {
+    ListInDialog(make()).exec();
+    return;
+  }
+  Screen* screen = tools.host.BringToFront(QStringLiteral("frmPaymentMethods"));
+  if (!screen) {
+    screen = make();
+    tools.host.ShowScreen(screen);
+  }
+  screen->Reload();
+  screen->setFocus();
+}
+
+}  // namespace quillary
