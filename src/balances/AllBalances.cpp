@@ -14,7 +14,7 @@
 namespace quillary {
 namespace {
 
-struct Account {
+struct Figures {
   qint64 clientId = 0;
   qint64 billingClientId = 0;
   QString status;
@@ -40,13 +40,13 @@ class AllBalances {
   }
 
   void Recalculate() {
-    for (Account& account : accounts_) {
+    for (Figures& account : accounts_) {
       if (account.isBilledTo) Recalculate(account);
     }
   }
 
   void Store() {
-    for (const Account& account : accounts_) {
+    for (const Figures& account : accounts_) {
       if (!account.isChanged) continue;
       business_.RunSQL(
           Sql("UPDATE Clients SET Account_Balance = {}, Debtor_Since = {} WHERE Client_ID = {}",
@@ -66,7 +66,7 @@ class AllBalances {
     accounts_.reserve(clients.RowCount());
     placeOf_.reserve(static_cast<qsizetype>(clients.RowCount()));
     for (const Record row : clients) {
-      Account account;
+      Figures account;
       account.clientId = row[ClientId].ToLong();
       account.billingClientId = row[BillingClientId].ToLong();
       account.status = row[Status].ToText();
@@ -83,31 +83,31 @@ class AllBalances {
     // and four comparisons, of which the first ones mostly decide, cheaper than a list.
     AddUp(business_.RunSQL(Sql("SELECT Client_ID, IIf(Status = 'JD' OR Status = 'JI' OR "
                                "Status = 'JU' OR Status = 'JP', Total_Price, 0) FROM Diary")),
-          &Account::jobs);
+          &Figures::jobs);
   }
 
   void LoadPayments() {
-    AddUp(business_.RunSQL(Sql("SELECT Client_ID, Amount FROM Payments")), &Account::paid);
+    AddUp(business_.RunSQL(Sql("SELECT Client_ID, Amount FROM Payments")), &Figures::paid);
   }
 
   /// Adding up here costs half of grouping in the store, which has to sort for it.
-  void AddUp(const Recordset& amounts, Money Account::*total) {
+  void AddUp(const Recordset& amounts, Money Figures::*total) {
     enum Place : size_t { Client, Amount };
     for (const Record row : amounts) {
-      if (Account* account = Find(row[Client].ToLong())) account->*total += row[Amount].ToMoney();
+      if (Figures* account = Find(row[Client].ToLong())) account->*total += row[Amount].ToMoney();
     }
   }
 
   void SumGroups() {
-    for (const Account& account : accounts_) {
-      if (Account* payer = Find(account.billingClientId)) {
+    for (const Figures& account : accounts_) {
+      if (Figures* payer = Find(account.billingClientId)) {
         payer->jobsOfGroup += account.jobs;
         payer->paidByGroup += account.paid;
       }
     }
   }
 
-  void Recalculate(Account& account) {
+  void Recalculate(Figures& account) {
     switch (BalanceKindOf(account.clientId, account.billingClientId, account.status)) {
       case BalanceKind::PaysForItself:
         SetBalance(account, RoundedBalance(account.paid, account.jobsOfGroup));
@@ -117,7 +117,7 @@ class AllBalances {
         break;
       case BalanceKind::BilledToAnother:
         SetBalance(account, Money());
-        if (Account* payer = Find(account.billingClientId)) {
+        if (Figures* payer = Find(account.billingClientId)) {
           SetBalance(*payer, payer->paidByGroup - payer->jobsOfGroup);
         }
         break;
@@ -128,7 +128,7 @@ class AllBalances {
     account.debtorSince = since;
   }
 
-  static void SetBalance(Account& account, Money balance) {
+  static void SetBalance(Figures& account, Money balance) {
     account.isChanged |= !(Value(balance) == account.balance);
     account.balance = balance;
   }
@@ -147,7 +147,7 @@ class AllBalances {
                              "GROUP BY Client_ID",
                              business_.Now()));
     for (const Record row : jobs) {
-      const Account* account = Find(row[u"Client_ID"].ToLong());
+      const Figures* account = Find(row[u"Client_ID"].ToLong());
       if (!account) continue;
       Value& kept = (*oldestUnpaidJobs_)[account->billingClientId];
       const Value& oldest = row[u"Oldest"];
@@ -155,14 +155,14 @@ class AllBalances {
     }
   }
 
-  Account* Find(qint64 clientId) {
+  Figures* Find(qint64 clientId) {
     const auto at = placeOf_.constFind(clientId);
     return at == placeOf_.cend() ? nullptr : &accounts_[*at];
   }
 
   Business& business_;
   QDate today_;                    // the clock is asked once, not for each client
-  std::vector<Account> accounts_;  // in the order of the file
+  std::vector<Figures> accounts_;  // in the order of the file
   QHash<qint64, size_t> placeOf_;  // in accounts_, by client
   std::optional<QHash<qint64, Value>> oldestUnpaidJobs_;  // by the client who is billed
 };

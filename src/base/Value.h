@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/DateTime.h"
+#include "base/Id.h"
 #include "base/Money.h"
 
 #include <QString>
@@ -36,6 +37,8 @@ class Value {
   Value(const std::optional<T>& value) {  // NOLINT
     if (value) *this = Value(*value);
   }
+  template <NumberedRow Row>
+  Value(Id<Row> id) : variant_(id.Number()) {}  // NOLINT
 
   const Variant& variant() const { return variant_; }
   bool IsNull() const { return std::holds_alternative<std::monostate>(variant_); }
@@ -48,6 +51,13 @@ class Value {
   qint64 ToLong(qint64 ifNone = 0) const;
   double ToDouble(double ifNone = 0) const;
   Money ToMoney(Money ifNone = {}) const;
+  /// Nothing for null and for 0: files hold both where a row belongs to none.
+  template <NumberedRow Row>
+  std::optional<Id<Row>> ToId() const {
+    const qint64 number = ToLong();
+    if (number == 0) return std::nullopt;
+    return Id<Row>(number);
+  }
   bool ToBool(bool ifNone = false) const;
   QDate ToDate(QDate ifNone = {}) const;
   std::optional<DateTime> ToDateTime() const;

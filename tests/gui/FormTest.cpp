@@ -17,7 +17,7 @@
 namespace quillary {
 namespace {
 
-struct Entry {
+struct Listed {
   QString words;
   qint64 id;
 };
@@ -41,8 +41,8 @@ class Sample : public Dialog {
     column->addWidget(tabs);
     SetContent(column);
     AddActions({save, remove, cancel});
-    FillCombo(choice, std::vector<Entry>{{"Mowing", 4}, {"Hedging", 7}});
-    FillCombo(search, std::vector<Entry>{{"Abbott", 1}, {"Brown", 2}});
+    FillCombo(choice, std::vector<Listed>{{"Mowing", 4}, {"Hedging", 7}});
+    FillCombo(search, std::vector<Listed>{{"Abbott", 1}, {"Brown", 2}});
     state_.WatchFieldsOf(this);
     state_.ClearDataChanged();
   }
@@ -123,7 +123,7 @@ TEST_F(FormTest, PicksEntriesByTheirKey) {
   QComboBox plain;
   ComboSearch search;
   for (QComboBox* combo : {&plain, static_cast<QComboBox*>(&search)}) {
-    FillCombo(combo, std::vector<Entry>{{"Mowing", 4}, {"Hedging", 7}});
+    FillCombo(combo, std::vector<Listed>{{"Mowing", 4}, {"Hedging", 7}});
     EXPECT_FALSE(ComboKey(combo)) << "a filled list proposes nothing";
     EXPECT_TRUE(SelectComboItem(combo, 7));
     EXPECT_EQ(ComboKey(combo), 7);

@@ -3,23 +3,23 @@
 namespace quillary {
 namespace {
 
-struct Country {
+struct CountrySeed {
   const char* name;
   const char* registrationName;  // "" for none
 };
 
-constexpr Country kCountries[] = {
+constexpr CountrySeed kCountries[] = {
     {"Australia", "ABN:"}, {"New Zealand", "GST:"}, {"UK", ""}, {"Canada", "GST:"}, {"U.S.", ""},
 };
 
-struct Division {
+struct DivisionSeed {
   int id;
   const char* name;
   const char* nature;
 };
 
 // The numbers are shared with head office, gaps included.
-constexpr Division kDivisions[] = {
+constexpr DivisionSeed kDivisions[] = {
     {1, "Gardens", "Garden care"},
     {2, "Lawns", "Lawn mowing"},
     {3, "Windows", "Window cleaning"},
@@ -59,7 +59,7 @@ constexpr const char* kHolidays[][2] = {{"01/01", "New Years Day"}, {"25/12", "C
 
 std::vector<Sql> DivisionRows() {
   std::vector<Sql> rows;
-  for (const Division& division : kDivisions) {
+  for (const DivisionSeed& division : kDivisions) {
     rows.emplace_back(
         "INSERT INTO Divisions (Division_ID, Division_Name, Nature_Of_Business) "
         "VALUES ({}, {}, {})",
@@ -70,7 +70,7 @@ std::vector<Sql> DivisionRows() {
 
 std::vector<Sql> CountryRows() {
   std::vector<Sql> rows;
-  for (const Country& country : kCountries) {
+  for (const CountrySeed& country : kCountries) {
     rows.emplace_back("INSERT INTO Countries (Country_Name, Registration_Name) VALUES ({}, {})",
                       country.name, country.registrationName);
   }

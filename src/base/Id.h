@@ -1,0 +1,35 @@
+#pragma once
+
+#include "base/Ids.h"
+
+#include <QHashFunctions>
+
+#include <compare>
+#include <functional>
+#include <ostream>
+
+namespace quillary {
+
+/// The number of one row. There is no number for "none": what may be missing is a
+/// std::optional<Id<...>>, and what a table stores for it is decided where it is stored.
+template <NumberedRow Row>
+class Id {
+ public:
+  constexpr explicit Id(qint64 number) : number_(number) {}
+  constexpr qint64 Number() const { return number_; }
+  constexpr auto operator<=>(const Id&) const = default;
+
+  friend size_t qHash(Id id, size_t seed = 0) noexcept { return ::qHash(id.number_, seed); }
+  /// How a failing test shows it.
+  friend void PrintTo(Id id, std::ostream* stream) { *stream << "number " << id.number_; }
+
+ private:
+  qint64 number_;
+};
+
+}  // namespace quillary
+
+template <quillary::NumberedRow Row>
+struct std::hash<quillary::Id<Row>> {
+  size_t operator()(quillary::Id<Row> id) const noexcept { return qHash(id); }
+};
