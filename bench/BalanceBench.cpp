@@ -149,8 +149,8 @@ Times Measure(Business& business, const QString& journal) {
   Times times;
   for (int round = 0; round < kRounds; ++round) {
     ForgetBalances(file);
-    times.all.push_back(Seconds([&] { RecalculateAmountOwingOfAllClients(business); }));
-    times.again.push_back(Seconds([&] { RecalculateAmountOwingOfAllClients(business); }));
+    times.all.push_back(Seconds([&] { balances::RecalculateAmountOwingOfAllClients(business); }));
+    times.again.push_back(Seconds([&] { balances::RecalculateAmountOwingOfAllClients(business); }));
     const std::vector<Money> figures = Figures(business);
     ForgetBalances(file);
     times.statement.push_back(Seconds([&] { RunRaw(file, kOneStatement); }));
@@ -160,7 +160,7 @@ Times Measure(Business& business, const QString& journal) {
   constexpr int kSingles = 200;
   times.one = Seconds([&] {
                 for (int client = 1; client <= kSingles; ++client) {
-                  RecalculateClientBalance(business, client);
+                  balances::RecalculateClientBalance(business, client);
                 }
               }) /
               kSingles;

@@ -120,14 +120,16 @@ class Bench {
     CreateEmptyBusiness(file_);
     business_ = std::make_unique<Business>(ports_.Ports(), file_);
     business_->ConnectToDatabase();
-    WriteDemoBusiness(*business_);
+    setup::WriteDemoBusiness(*business_);
     for (const Record row :
          business_->RunSQL(Sql("SELECT Invoice_ID FROM Invoices ORDER BY Invoice_ID DESC"))) {
       if (invoices_.size() < kInvoices) invoices_.push_back(row[size_t{0}].ToLong());
     }
     if (invoices_.size() < kInvoices) throw std::runtime_error("too few invoices");
-    places_ = {ReportPlacesUnder(folder_.path()), folder_.filePath(QStringLiteral("whole")), {}};
-    places_.fonts = std::make_shared<const PageFonts>(places_.report.fontFolder);
+    places_ = {documents::ReportPlacesUnder(folder_.path()),
+               folder_.filePath(QStringLiteral("whole")),
+               {}};
+    places_.fonts = std::make_shared<const documents::PageFonts>(places_.report.fontFolder);
     QDir().mkpath(places_.folder);
     QDir().mkpath(folder_.filePath(QStringLiteral("bare")));
   }
@@ -158,8 +160,9 @@ class Bench {
 
  private:
   QString PrintOne(qint64 invoice) {
-    SelectInvoicesToPrint(*business_, {invoice});
-    return PrintInvoicePDF(*business_, places_, QString::number(invoice), TaxMode::Included)
+    billing::SelectInvoicesToPrint(*business_, {invoice});
+    return documents::PrintInvoicePDF(*business_, places_, QString::number(invoice),
+                                      documents::TaxMode::Included)
         .docFile;
   }
   void ReadPages() {
@@ -182,7 +185,7 @@ class Bench {
   QString file_;
   std::unique_ptr<Business> business_;
   std::vector<qint64> invoices_;
-  BillingPlaces places_;
+  documents::BillingPlaces places_;
   std::vector<Strokes> pages_;
   size_t strokeCount_ = 0;
 };

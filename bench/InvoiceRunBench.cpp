@@ -23,7 +23,7 @@ constexpr double kMostTimesRaw = 4;
 constexpr double kMostGrowth = 1.3;
 
 const QDate kToday(2026, 11, 2);
-const MonthlyPeriod kOctober{{2026, 10, 1}, {2026, 10, 31}, kToday};
+const billing::MonthlyPeriod kOctober{{2026, 10, 1}, {2026, 10, 31}, kToday};
 
 struct Size {
   int clients;
@@ -109,8 +109,9 @@ double TimeRun(const QString& path, int clients, Cost& cost) {
   Business business(ports.Ports(), path);
   business.ConnectToDatabase();
   business.RunSQL(Sql("UPDATE infSystem SET Invoice_Number = 0"));
-  InvoiceRunCount count;
-  const double seconds = Seconds([&] { count = GenerateMonthlyInvoices(business, kOctober); });
+  billing::InvoiceRunCount count;
+  const double seconds =
+      Seconds([&] { count = billing::GenerateMonthlyInvoices(business, kOctober); });
   cost.areSame &= count.invoicesMade == clients && count.failed == 0;
   return seconds;
 }

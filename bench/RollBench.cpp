@@ -125,7 +125,7 @@ double TimeRoll(const QString& path, Cost& cost) {
   RestartPeakMemory();
   const double before = StatusMiB("VmRSS:");
   const double seconds =
-      Seconds([&] { cost.visits = AdvanceScheduleGlobally(business).entriesMade; });
+      Seconds([&] { cost.visits = roll::AdvanceScheduleGlobally(business).entriesMade; });
   cost.memory = std::max(cost.memory, StatusMiB("VmHWM:") - before);
   return seconds;
 }

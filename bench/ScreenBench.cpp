@@ -135,24 +135,24 @@ bool Run() {
   PaintHost host;
   CommandRunner runner(ports, ports);
   const ScreenTools tools{navigator, host, runner};
-  RegisterListScreens(business, tools);
-  RegisterDiaryScreens(business, tools);
-  RegisterClientScreens(business, tools);
+  lists::RegisterListScreens(business, tools);
+  diary::RegisterDiaryScreens(business, tools);
+  clients::RegisterClientScreens(business, tools);
 
   std::printf("From the command to the first paint (medians of %d)\n", kRounds);
   const double list = FirstPaint(navigator, host, OpenClientList{});
   const double key = KeyToPaint(host);
-  const double rows = MedianSeconds([&] { ClientList::Load(business); });
+  const double rows = MedianSeconds([&] { clients::ClientList::Load(business); });
   std::printf("%d clients\n", kClients);
   PrintLine("  client list", list);
   PrintLine("  its rows alone", rows);
   std::printf("%-52s %10.2f\n", "  client list / its rows alone", list / rows);
   PrintLine("  a key in its search box, to the new list", key);
 
-  DiaryQuery today;
+  diary::DiaryQuery today;
   today.from = today.to = business.Today();
   const double day = FirstPaint(navigator, host, OpenDiary{});
-  const double entries = MedianSeconds([&] { LoadDiary(business, today); });
+  const double entries = MedianSeconds([&] { diary::LoadDiary(business, today); });
   const bool isReached = day * 1000 <= kMostMillisecondsOfDay;
   std::printf("%d rows of diary, %d of them today\n", kDiaryRows, kDiaryRows / kDays);
   PrintLine("  today in the diary screen", day);

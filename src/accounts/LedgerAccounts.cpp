@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-namespace quillary {
+namespace quillary::accounts {
 namespace {
 
 bool IsNumberTaken(Business& business, LedgerAccountType type, std::optional<qint64> except,
@@ -75,4 +75,4 @@ std::optional<Refusal> DeleteLedgerAccount(Business& business, std::optional<qin
   return std::nullopt;
 }
 
-}  // namespace quillary
+}  // namespace quillary::accounts

@@ -10,7 +10,7 @@
 
 /// The chart of accounts. There are two kinds of account and no double entry: an amount counts as
 /// what its account is.
-namespace quillary {
+namespace quillary::accounts {
 
 enum class LedgerAccountType { Revenue, Expense };
 /// "Revenue" or "Expense", as stored and as the messages say it.
@@ -42,4 +42,4 @@ std::optional<Refusal> UpdateLedgerAccount(Business& business, LedgerAccountType
 /// then on.
 std::optional<Refusal> DeleteLedgerAccount(Business& business, std::optional<qint64> accountId);
 
-}  // namespace quillary
+}  // namespace quillary::accounts

@@ -1,6 +1,6 @@
 #include "accounts/TaxNames.h"
 
-namespace quillary {
+namespace quillary::accounts {
 
 TaxNames GetCountryTaxNames(Business& business, std::optional<qint64> countryId) {
   TaxNames names;
@@ -13,4 +13,4 @@ TaxNames GetCountryTaxNames(Business& business, std::optional<qint64> countryId)
   return names;
 }
 
-}  // namespace quillary
+}  // namespace quillary::accounts

@@ -4,7 +4,7 @@
 
 #include <optional>
 
-namespace quillary {
+namespace quillary::accounts {
 
 struct TaxNames {
   QString registrationName;  // the label of the business's tax number: "ABN:"
@@ -14,4 +14,4 @@ struct TaxNames {
 /// The words of a country; "ABN" and "GST" where it has none, and for a country that is not listed.
 TaxNames GetCountryTaxNames(Business& business, std::optional<qint64> countryId);
 
-}  // namespace quillary
+}  // namespace quillary::accounts

@@ -2,7 +2,7 @@
 
 #include "data/ActivityLog.h"
 
-namespace quillary {
+namespace quillary::accounts {
 namespace {
 
 /// The rate as its digits read. The bare single-precision number would carry its noise into the
@@ -59,4 +59,4 @@ bool RecalculateGSTAfterAsking(Business& business, Prompter& prompter) {
   return true;
 }
 
-}  // namespace quillary
+}  // namespace quillary::accounts

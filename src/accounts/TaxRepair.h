@@ -4,7 +4,7 @@
 
 /// The tax of everything that is stored, computed anew at today's rate. There is no rate of a date,
 /// so records of past years change with it.
-namespace quillary {
+namespace quillary::accounts {
 
 /// Rewrites the tax of payments, purchases, jobs with their services, ledger entries and invoices
 /// with their items: amount × (rate / (1 + rate)), to the four decimals that a currency keeps; 0
@@ -18,4 +18,4 @@ void ZeroTaxOfExemptLedgerEntries(Business& business);
 /// done. False when the user declined.
 bool RecalculateGSTAfterAsking(Business& business, Prompter& prompter);
 
-}  // namespace quillary
+}  // namespace quillary::accounts

@@ -11,7 +11,7 @@
 #include <optional>
 #include <vector>
 
-namespace quillary {
+namespace quillary::balances {
 namespace {
 
 struct Figures {
@@ -178,4 +178,4 @@ void RecalculateAmountOwingOfAllClients(Business& business) {
   recalculation.Commit();
 }
 
-}  // namespace quillary
+}  // namespace quillary::balances

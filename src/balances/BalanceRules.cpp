@@ -1,6 +1,6 @@
 #include "balances/BalanceRules.h"
 
-namespace quillary {
+namespace quillary::balances {
 
 BalanceKind BalanceKindOf(qint64 clientId, qint64 billingClientId, const QString& status) {
   if (billingClientId != clientId) return BalanceKind::BilledToAnother;
@@ -12,4 +12,4 @@ Money RoundedBalance(Money paid, Money jobs) {
   return paid.Rounded(2) - jobs.Rounded(2);
 }
 
-}  // namespace quillary
+}  // namespace quillary::balances

@@ -6,7 +6,7 @@
 #include <QDate>
 
 /// The parts of the arithmetic that one client and all clients share.
-namespace quillary {
+namespace quillary::balances {
 
 enum class BalanceKind { PaysForItself, BillingAddress, BilledToAnother };
 BalanceKind BalanceKindOf(qint64 clientId, qint64 billingClientId, const QString& status);
@@ -27,4 +27,4 @@ Value NextDebtorSince(Money balance, const Value& debtorSince, QDate today,
   return oldest.IsNull() ? debtorSince : oldest;
 }
 
-}  // namespace quillary
+}  // namespace quillary::balances

@@ -3,7 +3,7 @@
 #include "balances/BalanceRules.h"
 #include "data/ActivityLog.h"
 
-namespace quillary {
+namespace quillary::balances {
 namespace {
 
 Money Total(Business& business, const Sql& statement) {
@@ -121,4 +121,4 @@ bool RecomputeAmountOwingAfterAsking(Business& business, Prompter& prompter) {
   return true;
 }
 
-}  // namespace quillary
+}  // namespace quillary::balances

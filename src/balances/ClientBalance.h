@@ -8,7 +8,7 @@
 /// done jobs and the amounts of payments, over the billing group (a client and all who are billed
 /// to it), and kept in Clients.Account_Balance. It has the sign of a bank account: negative is a
 /// debt of the client. Invoices and the link between a job and its payment play no part in it.
-namespace quillary {
+namespace quillary::balances {
 
 struct ClientBillingInfo {
   qint64 billingClientId = 0;  // 0 when the client has none or does not exist
@@ -39,4 +39,4 @@ void RecalculateAmountOwingOfAllClients(Business& business);
 /// done. False when the user declined.
 bool RecomputeAmountOwingAfterAsking(Business& business, Prompter& prompter);
 
-}  // namespace quillary
+}  // namespace quillary::balances

@@ -1,6 +1,6 @@
 #include "balances/Debtors.h"
 
-namespace quillary {
+namespace quillary::balances {
 namespace {
 
 std::vector<DebtorRow> ListByBalance(Business& business, const Sql& balance, DebtorFilter filter) {
@@ -31,4 +31,4 @@ std::vector<DebtorRow> ListCreditors(Business& business, DebtorFilter filter) {
   return ListByBalance(business, Sql("Account_Balance > 0"), filter);
 }
 
-}  // namespace quillary
+}  // namespace quillary::balances

@@ -9,7 +9,7 @@
 
 /// The lists of those who owe and those who have paid too much, as the balances stand in the file.
 /// The screen recomputes all balances before it opens.
-namespace quillary {
+namespace quillary::balances {
 
 struct DebtorRow {
   qint64 clientId = 0;
@@ -28,4 +28,4 @@ std::vector<DebtorRow> ListDebtors(Business& business, DebtorFilter filter);
 /// Bill-to parties with a positive balance, by display name.
 std::vector<DebtorRow> ListCreditors(Business& business, DebtorFilter filter);
 
-}  // namespace quillary
+}  // namespace quillary::balances

@@ -5,7 +5,7 @@
 #include <QHash>
 #include <QStringList>
 
-namespace quillary {
+namespace quillary::balances {
 namespace {
 
 /// The names of the revenue accounts that the payments of the group are booked to.
@@ -135,4 +135,4 @@ void DeleteCheckedPayment(Business& business, qint64 clientId, qint64 paymentId)
   deletion.Commit();
 }
 
-}  // namespace quillary
+}  // namespace quillary::balances

@@ -9,7 +9,7 @@
 #include <vector>
 
 /// What a balance is made of, side by side: for finding out why a client owes what it owes.
-namespace quillary {
+namespace quillary::balances {
 
 struct CheckedClient {
   qint64 clientId = 0;
@@ -67,4 +67,4 @@ void DeleteCheckedJob(Business& business, qint64 clientId, qint64 diaryId);
 /// balance. A deposit that holds the payment keeps its totals.
 void DeleteCheckedPayment(Business& business, qint64 clientId, qint64 paymentId);
 
-}  // namespace quillary
+}  // namespace quillary::balances

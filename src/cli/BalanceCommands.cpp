@@ -9,13 +9,13 @@
 
 #include <limits>
 
-namespace quillary {
+namespace quillary::cli {
 namespace {
 
-ResultTable TableOf(const std::vector<DebtorRow>& rows) {
+ResultTable TableOf(const std::vector<balances::DebtorRow>& rows) {
   ResultTable table(
       {"Client_ID", "Display_Name", "Status", "Phone_1", "Amount_Owing", "Statement_Type"});
-  for (const DebtorRow& row : rows)
+  for (const balances::DebtorRow& row : rows)
     table.AddRow({row.clientId, row.displayName, row.status, row.phone1, row.amountOwing,
                   row.statementType});
   return table;
@@ -32,12 +32,14 @@ void RunBalances(const Call& call) {
   const auto business = OpenCurrentBusiness(call);
   if (client) {
     RequireClient(*business, *client);
-    RecalculateClientBalance(*business, *client);
+    balances::RecalculateClientBalance(*business, *client);
   } else {
-    RecalculateAmountOwingOfAllClients(*business);
+    balances::RecalculateAmountOwingOfAllClients(*business);
   }
-  const ResultTable debtors = TableOf(ListDebtors(*business, DebtorFilter::All));
-  const ResultTable creditors = TableOf(ListCreditors(*business, DebtorFilter::All));
+  const ResultTable debtors =
+      TableOf(balances::ListDebtors(*business, balances::DebtorFilter::All));
+  const ResultTable creditors =
+      TableOf(balances::ListCreditors(*business, balances::DebtorFilter::All));
   business->CloseConnection();
   if (call.json) {
     call.out << "{\"debtors\": ";
@@ -59,7 +61,7 @@ Value KeyOrNull(const std::optional<qint64>& key) {
   return *key;
 }
 
-Value PaymentOf(const Job& job) {
+Value PaymentOf(const diary::Job& job) {
   if (!job.HasBeenPaid()) return {};
   return job.paymentId;
 }
@@ -76,8 +78,8 @@ Value DayOrNull(const Call& call, QDate day) {
   return day.toString(Qt::ISODate);
 }
 
-std::vector<std::pair<QString, Value>> FieldsOf(const Call& call, const Job& job,
-                                                const JobServices& lines) {
+std::vector<std::pair<QString, Value>> FieldsOf(const Call& call, const diary::Job& job,
+                                                const diary::JobServices& lines) {
   return {{"Diary_ID", job.diaryId},
           {"Client_ID", KeyOrNull(job.clientId)},
           {"Schedule_Date", DayOrNull(call, job.date)},
@@ -95,12 +97,12 @@ std::vector<std::pair<QString, Value>> FieldsOf(const Call& call, const Job& job
 void RunJob(const Call& call) {
   const qint64 diaryId = ParseKey(call.arguments.positional.at(1));
   const auto business = OpenCurrentBusiness(call);
-  const auto job = LoadJob(*business, diaryId);
+  const auto job = diary::LoadJob(*business, diaryId);
   if (!job) throw CommandFailure(QStringLiteral("there is no entry %1").arg(diaryId));
-  const JobServices lines = LoadServices(*business, diaryId);
+  const diary::JobServices lines = diary::LoadServices(*business, diaryId);
   business->CloseConnection();
   ResultTable services({"Diary_Service_ID", "Service_ID", "Service_Code", "Price", "Account"});
-  for (const JobService& line : lines.rows)
+  for (const diary::JobService& line : lines.rows)
     services.AddRow(
         {line.diaryServiceId, line.serviceId, line.serviceCode, line.price, line.accountName});
   if (call.json) {
@@ -120,11 +122,11 @@ void RunJob(const Call& call) {
 
 void RunScheduleCheck(const Call& call) {
   const auto business = OpenCurrentBusiness(call);
-  const auto problems = CheckClientSchedules(*business);
+  const auto problems = roll::CheckClientSchedules(*business);
   business->CloseConnection();
   ResultTable table({"Client_ID", "Status", "Display_Name", "Address", "Client_Service_ID",
                      "Service_ID", "Frequency", "Next_Visit", "Missing_On"});
-  for (const ScheduleProblem& problem : problems)
+  for (const roll::ScheduleProblem& problem : problems)
     table.AddRow({problem.clientId, problem.status, problem.displayName, problem.address,
                   problem.clientServiceId, problem.serviceId, problem.frequency,
                   DayOrNull(call, problem.nextVisit), DayOrNull(call, problem.missingOn)});
@@ -160,4 +162,4 @@ std::vector<Command> BalanceCommands() {
   };
 }
 
-}  // namespace quillary
+}  // namespace quillary::cli

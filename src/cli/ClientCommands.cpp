@@ -11,33 +11,33 @@
 
 #include <limits>
 
-namespace quillary {
+namespace quillary::cli {
 namespace {
 
-using TextMember = QString ClientRecord::*;
-using YesMember = bool ClientRecord::*;
+using TextMember = QString clients::ClientRecord::*;
+using YesMember = bool clients::ClientRecord::*;
 
 QString KnownStatus(const QString& typed) {
-  for (const QString& status : ClientListStatuses())
+  for (const QString& status : clients::ClientListStatuses())
     if (status.compare(typed, Qt::CaseInsensitive) == 0) return status;
   throw CommandFailure(QStringLiteral("%1 is no status; there are %2")
-                           .arg(typed, ClientListStatuses().join(QStringLiteral(", "))));
+                           .arg(typed, clients::ClientListStatuses().join(QStringLiteral(", "))));
 }
 
 void RunClients(const Call& call) {
-  ClientListQuery query;
+  clients::ClientListQuery query;
   if (call.arguments.Has("status"))
     query.status = KnownStatus(call.arguments.options.value(QStringLiteral("status")));
-  if (call.arguments.Has("regular")) query.kinds = ClientKinds::RegularOnly;
+  if (call.arguments.Has("regular")) query.kinds = clients::ClientKinds::RegularOnly;
   const auto business = OpenCurrentBusiness(call);
-  const ClientList list = ClientList::Load(*business, query);
+  const clients::ClientList list = clients::ClientList::Load(*business, query);
   business->CloseConnection();
   ResultTable table({"Client_ID", "Status", "Display_Name", "First_Name", "Surname",
                      "Street_Number", "Street", "Suburb", "Post_Code", "Phones", "Fax", "Email"});
   const QString searched = call.arguments.options.value(QStringLiteral("search"));
   const std::vector<size_t> found = list.Search(searched);
   for (const size_t at : found) {
-    const ClientListRow& row = list.Rows()[at];
+    const clients::ClientListRow& row = list.Rows()[at];
     table.AddRow({row.clientId, row.status, row.displayName, row.firstName, row.surname,
                   row.streetNumber, row.street, row.suburb, row.postCode, row.phones, row.fax,
                   row.email});
@@ -48,30 +48,30 @@ void RunClients(const Call& call) {
     return;
   }
   table.PrintAligned(call.out);
-  call.out << ListCountWords(found.size()) << '\n';
+  call.out << clients::ListCountWords(found.size()) << '\n';
 }
 
-ClientRecord ClientOf(Business& business, qint64 clientId) {
-  auto client = LoadClientDetails(business, clientId);
+clients::ClientRecord ClientOf(Business& business, qint64 clientId) {
+  auto client = clients::LoadClientDetails(business, clientId);
   if (!client) throw CommandFailure(QStringLiteral("there is no client %1").arg(clientId));
   return *client;
 }
 
-Value FieldOf(const ClientRecord& client, const ClientColumn& column) {
+Value FieldOf(const clients::ClientRecord& client, const clients::ClientColumn& column) {
   if (const auto* text = std::get_if<TextMember>(&column.member)) return client.**text;
   return client.*std::get<YesMember>(column.member);
 }
 
-Value DebtorSinceOf(const ClientRecord& client) {
+Value DebtorSinceOf(const clients::ClientRecord& client) {
   if (!client.debtorSince) return {};
   return *client.debtorSince;
 }
 
 /// The record under the names of its columns, in the order in which it is stored.
-std::vector<std::pair<QString, Value>> FieldsOf(const ClientRecord& client) {
+std::vector<std::pair<QString, Value>> FieldsOf(const clients::ClientRecord& client) {
   std::vector<std::pair<QString, Value>> fields = {{"Client_ID", client.clientId},
                                                    {"Billing_Client_ID", client.billingClientId}};
-  for (const ClientColumn& column : ClientColumns())
+  for (const clients::ClientColumn& column : clients::ClientColumns())
     fields.emplace_back(QString::fromLatin1(column.column), FieldOf(client, column));
   fields.emplace_back("Debtor_Since", DebtorSinceOf(client));
   fields.emplace_back("Account_Balance", client.accountBalance);
@@ -82,7 +82,8 @@ std::vector<std::pair<QString, Value>> FieldsOf(const ClientRecord& client) {
 ResultTable ServicesOf(const Call& call, Business& business, qint64 clientId) {
   ResultTable table({"Client_Service_ID", "Service", "Price", "Notes", "Status", "Frequency",
                      "Employee_Name", "Next_Visit", "Other_Schedule_Client_Service_ID"});
-  for (const ClientServiceRecord& service : LoadClientServicesIntoArray(business, clientId)) {
+  for (const clients::ClientServiceRecord& service :
+       clients::LoadClientServicesIntoArray(business, clientId)) {
     if (service.IsEmpty()) continue;
     table.AddRow({service.clientServiceId, service.service, service.price, service.notes,
                   service.status, service.frequency, service.employeeName,
@@ -93,26 +94,26 @@ ResultTable ServicesOf(const Call& call, Business& business, qint64 clientId) {
 
 ResultTable SitesOf(Business& business, qint64 clientId) {
   ResultTable table({"Client_ID", "Display_Name", "First_Name", "Surname"});
-  for (const Site& site : LoadSites(business, clientId))
+  for (const clients::Site& site : clients::LoadSites(business, clientId))
     table.AddRow({site.clientId, site.displayName, site.firstName, site.surname});
   return table;
 }
 
-ResultTable TableOf(const Call& call, const std::vector<ClientJob>& jobs) {
+ResultTable TableOf(const Call& call, const std::vector<clients::ClientJob>& jobs) {
   ResultTable table({"Diary_ID", "Schedule_Date", "Display_Name", "Description", "Total_Price",
                      "Status", "Status_Words"});
-  for (const ClientJob& job : jobs)
+  for (const clients::ClientJob& job : jobs)
     table.AddRow({job.diaryId, DayCell(call, job.scheduleDate), job.displayName, job.description,
                   job.totalPrice, job.status, job.StatusWords()});
   return table;
 }
 
-void PrintRecord(const Call& call, const ClientRecord& client) {
+void PrintRecord(const Call& call, const clients::ClientRecord& client) {
   for (const auto& [name, value] : FieldsOf(client))
     call.out << (name + u':').leftJustified(28) << OneLine(value.ToText()) << '\n';
 }
 
-void PrintRecordJson(const Call& call, const ClientRecord& client) {
+void PrintRecordJson(const Call& call, const clients::ClientRecord& client) {
   QStringList fields;
   for (const auto& [name, value] : FieldsOf(client))
     fields += ToJson(name) + QStringLiteral(": ") + ToJson(value);
@@ -122,12 +123,12 @@ void PrintRecordJson(const Call& call, const ClientRecord& client) {
 void RunClient(const Call& call) {
   const qint64 clientId = ParseKey(call.arguments.positional.at(1));
   const auto business = OpenCurrentBusiness(call);
-  const ClientRecord client = ClientOf(*business, clientId);
+  const clients::ClientRecord client = ClientOf(*business, clientId);
   const std::pair<const char*, ResultTable> parts[] = {
       {"services", ServicesOf(call, *business, clientId)},
       {"sites", SitesOf(*business, clientId)},
-      {"future_jobs", TableOf(call, LoadFutureJobs(*business, client))},
-      {"past_jobs", TableOf(call, LoadPastJobs(*business, client))}};
+      {"future_jobs", TableOf(call, clients::LoadFutureJobs(*business, client))},
+      {"past_jobs", TableOf(call, clients::LoadPastJobs(*business, client))}};
   business->CloseConnection();
   if (call.json) {
     call.out << '{';
@@ -154,14 +155,15 @@ void RunClientSet(const Call& call) {
       throw WrongUsage(QStringLiteral("%1 is not of the form COLUMN=VALUE").arg(change));
   const auto business = OpenCurrentBusiness(call);
   if (call.json) call.world.prompter.BeQuiet();
-  ClientRecord client = ClientOf(*business, clientId);
+  clients::ClientRecord client = ClientOf(*business, clientId);
   for (const QString& change : changes) {
     const qsizetype equals = change.indexOf(u'=');
-    ThrowIf(SetClientColumn(*business, client, change.left(equals), change.mid(equals + 1)));
+    ThrowIf(
+        clients::SetClientColumn(*business, client, change.left(equals), change.mid(equals + 1)));
   }
   Transaction all(*business);
-  ThrowIf(SaveClientDetails(*business, client));
-  RecalculateClientBalance(*business, client.billingClientId);
+  ThrowIf(clients::SaveClientDetails(*business, client));
+  balances::RecalculateClientBalance(*business, client.billingClientId);
   client = ClientOf(*business, clientId);
   all.Commit();
   business->CloseConnection();
@@ -204,4 +206,4 @@ std::vector<Command> ClientCommands() {
   };
 }
 
-}  // namespace quillary
+}  // namespace quillary::cli

@@ -11,7 +11,7 @@
 #include <stdexcept>
 #include <vector>
 
-namespace quillary {
+namespace quillary::cli {
 
 /// The command could not be done; exit code 1.
 class CommandFailure : public std::runtime_error {
@@ -81,4 +81,4 @@ std::vector<Command> PaymentCommands();
 std::vector<Command> DocumentCommands();
 std::vector<Command> RepairCommands();
 
-}  // namespace quillary
+}  // namespace quillary::cli

@@ -4,7 +4,7 @@
 #include "cli/Command.h"
 #include "cli/Parsing.h"
 
-namespace quillary {
+namespace quillary::cli {
 namespace {
 
 constexpr int kDone = 0;
@@ -100,4 +100,4 @@ int RunCommandLine(const QStringList& arguments, QTextStream& out, QTextStream& 
   }
 }
 
-}  // namespace quillary
+}  // namespace quillary::cli

@@ -8,17 +8,17 @@
 #include <algorithm>
 #include <limits>
 
-namespace quillary {
+namespace quillary::cli {
 namespace {
 
-DiaryQuery QueryOf(const Arguments& arguments) {
+diary::DiaryQuery QueryOf(const Arguments& arguments) {
   const auto from = arguments.Date("from");
   if (!from) throw WrongUsage(QStringLiteral("diary needs --from"));
-  DiaryQuery query;
+  diary::DiaryQuery query;
   query.from = *from;
   query.to = arguments.Date("to").value_or(*from);
   query.employeeId = arguments.Number("employee", 0, std::numeric_limits<qint32>::max());
-  if (query.from > query.to) throw CommandFailure(QString::fromLatin1(kInvalidDateRange));
+  if (query.from > query.to) throw CommandFailure(QString::fromLatin1(diary::kInvalidDateRange));
   return query;
 }
 
@@ -27,11 +27,11 @@ Value IdOrNull(qint64 id) {
 }
 
 /// Everything the screen's list holds, under the names of the columns it comes from.
-ResultTable AllColumns(const DiaryList& list) {
+ResultTable AllColumns(const diary::DiaryList& list) {
   ResultTable table({"Sequence", "Diary_ID", "Client_ID", "Billing_Client_ID", "Display_Name",
                      "Address", "Phones", "Description", "Total_Price", "Status", "Status_Words",
                      "Employee_ID", "Invoice_ID", "Schedule_Date", "Payment_ID"});
-  for (const DiaryRow& row : list.rows) {
+  for (const diary::DiaryRow& row : list.rows) {
     table.AddRow({row.sequence, row.diaryId, row.clientId, row.billingClientId, row.displayName,
                   row.address, row.phones, row.description, row.totalPrice, row.status,
                   row.StatusWords(), row.employeeId, IdOrNull(row.invoiceId), row.scheduleDate,
@@ -41,10 +41,10 @@ ResultTable AllColumns(const DiaryList& list) {
 }
 
 /// What a person at a terminal looks for.
-ResultTable ShortColumns(const DiaryList& list) {
+ResultTable ShortColumns(const diary::DiaryList& list) {
   ResultTable table({"Date", "Seq", "Diary_ID", "Client", "Address", "Description", "Price",
                      "Status", "Employee", "Paid"});
-  for (const DiaryRow& row : list.rows) {
+  for (const diary::DiaryRow& row : list.rows) {
     table.AddRow({row.scheduleDate.toString(Qt::ISODate), row.sequence, row.diaryId,
                   row.displayName, row.address, row.description, row.totalPrice, row.StatusWords(),
                   row.employeeId, row.paymentId < 0 ? QString() : QStringLiteral("paid")});
@@ -53,9 +53,9 @@ ResultTable ShortColumns(const DiaryList& list) {
 }
 
 void RunDiary(const Call& call) {
-  const DiaryQuery query = QueryOf(call.arguments);
+  const diary::DiaryQuery query = QueryOf(call.arguments);
   const auto business = OpenCurrentBusiness(call);
-  const DiaryList list = LoadDiary(*business, query);
+  const diary::DiaryList list = diary::LoadDiary(*business, query);
   business->CloseConnection();
   if (call.json) {
     call.out << "{\"rows\": ";
@@ -98,7 +98,8 @@ void RunDone(const Call& call) {
   });
   Transaction all(*business);
   for (const qint64 job : jobs) RequireOpenJob(*business, job);
-  for (const qint64 job : jobs) MarkDoneUnpaidAndBalance(*business, call.world.prompter, job);
+  for (const qint64 job : jobs)
+    diary::MarkDoneUnpaidAndBalance(*business, call.world.prompter, job);
   all.Commit();
   business->CloseConnection();
   ResultTable table({"Diary_ID", "Status"});
@@ -135,4 +136,4 @@ std::vector<Command> DiaryCommands() {
   };
 }
 
-}  // namespace quillary
+}  // namespace quillary::cli

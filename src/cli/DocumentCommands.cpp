@@ -12,15 +12,15 @@
 
 #include <algorithm>
 
-namespace quillary {
+namespace quillary::cli {
 namespace {
 
 struct DocumentCall {
   std::vector<qint64> invoices;
-  BillingPlaces places;
-  TaxMode mode = TaxMode::Included;
+  documents::BillingPlaces places;
+  documents::TaxMode mode = documents::TaxMode::Included;
   bool forWord = false;
-  StatementDays days;
+  documents::StatementDays days;
 };
 
 const QString& OptionOf(const Call& call, const char* option) {
@@ -54,8 +54,8 @@ void RequireInvoices(Business& business, const std::vector<qint64>& invoices) {
 }
 
 /// Without days a statement goes from the oldest of its invoices to today.
-StatementDays DaysOf(const Call& call, Business& business) {
-  StatementDays days;
+documents::StatementDays DaysOf(const Call& call, Business& business) {
+  documents::StatementDays days;
   if (const auto from = call.arguments.Date("from"))
     days.from = *from;
   else
@@ -76,19 +76,20 @@ QString MadeOutTo(Business& business, qint64 invoiceId) {
       .ToText();
 }
 
-ReportDocument Print(Business& business, const QString& kind, const DocumentCall& document) {
+documents::ReportDocument Print(Business& business, const QString& kind,
+                                const DocumentCall& document) {
   const auto& [invoices, places, mode, forWord, days] = document;
   if (kind == u"statement") {
-    return forWord ? PrintStatementForInvoices(business, places, days, mode)
-                   : PrintStatementForInvoicesPDF(business, places, days, mode);
+    return forWord ? documents::PrintStatementForInvoices(business, places, days, mode)
+                   : documents::PrintStatementForInvoicesPDF(business, places, days, mode);
   }
   if (kind == u"reminder") {
-    return forWord ? PrintRemindersForInvoices(business, places, mode)
-                   : PrintRemindersForInvoicesPDF(business, places, mode);
+    return forWord ? documents::PrintRemindersForInvoices(business, places, mode)
+                   : documents::PrintRemindersForInvoicesPDF(business, places, mode);
   }
   const QString name = MadeOutTo(business, invoices.front());
-  return forWord ? PrintInvoice(business, places, name, mode)
-                 : PrintInvoicePDF(business, places, name, mode);
+  return forWord ? documents::PrintInvoice(business, places, name, mode)
+                 : documents::PrintInvoicePDF(business, places, name, mode);
 }
 
 DocumentCall ReadDocumentCall(const Call& call, const QString& kind) {
@@ -100,8 +101,10 @@ DocumentCall ReadDocumentCall(const Call& call, const QString& kind) {
   if (!call.arguments.Has("out")) throw WrongUsage(QStringLiteral("--out names the folder"));
   DocumentCall document;
   document.invoices = ParseInvoices(OptionOf(call, "invoices"));
-  document.places = {.report = ReportPlacesUnder(ProgramFolder()), .folder = OptionOf(call, "out")};
-  document.mode = call.arguments.Has("exclude-tax") ? TaxMode::Excluded : TaxMode::Included;
+  document.places = {.report = documents::ReportPlacesUnder(session::ProgramFolder()),
+                     .folder = OptionOf(call, "out")};
+  document.mode = call.arguments.Has("exclude-tax") ? documents::TaxMode::Excluded
+                                                    : documents::TaxMode::Included;
   document.forWord = format == u"word";
   return document;
 }
@@ -110,10 +113,10 @@ DocumentCall ReadDocumentCall(const Call& call, const QString& kind) {
 void LoadLetterheadValues(Business& business) {
   const Value country = business.FirstField(Sql("SELECT Country_ID FROM infPersonalDetails"));
   business.values.taxName =
-      GetCountryTaxNames(business,
-                         country.IsNull() ? std::nullopt : std::optional(country.ToLong()))
+      accounts::GetCountryTaxNames(
+          business, country.IsNull() ? std::nullopt : std::optional(country.ToLong()))
           .taxName;
-  business.values.divisionName = OwnDivisionName(business);
+  business.values.divisionName = lists::OwnDivisionName(business);
 }
 
 void RunDocument(const Call& call) {
@@ -122,12 +125,12 @@ void RunDocument(const Call& call) {
   const auto business = OpenCurrentBusiness(call);
   RequireInvoices(*business, document.invoices);
   LoadLetterheadValues(*business);
-  SelectInvoicesToPrint(*business, document.invoices);
+  billing::SelectInvoicesToPrint(*business, document.invoices);
   if (kind == u"statement") document.days = DaysOf(call, *business);
   if (!QDir().mkpath(document.places.folder))
     throw CommandFailure(
         QStringLiteral("the folder %1 cannot be made").arg(document.places.folder));
-  ReportDocument done;
+  documents::ReportDocument done;
   try {
     done = Print(*business, kind, document);
   } catch (const PDFError& error) {
@@ -161,4 +164,4 @@ std::vector<Command> DocumentCommands() {
   };
 }
 
-}  // namespace quillary
+}  // namespace quillary::cli

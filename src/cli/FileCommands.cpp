@@ -9,7 +9,7 @@
 
 #include <limits>
 
-namespace quillary {
+namespace quillary::cli {
 namespace {
 
 void Say(const Call& call, const QString& text) {
@@ -31,7 +31,7 @@ void RunNew(const Call& call) {
 void RunDemo(const Call& call) {
   constexpr qint64 kMostClients = 100'000;
   constexpr qint64 kMostMonths = 1200;
-  DemoOptions options;
+  setup::DemoOptions options;
   const Arguments& given = call.arguments;
   options.clients =
       static_cast<int>(given.Number("clients", 1, kMostClients).value_or(options.clients));
@@ -45,7 +45,7 @@ void RunDemo(const Call& call) {
   {
     Business business(call.world.Ports(), file.Path());
     business.ConnectToDatabase();
-    WriteDemoBusiness(business, options);
+    setup::WriteDemoBusiness(business, options);
     business.CloseConnection();
   }
   file.TakeItsPlace();
@@ -145,4 +145,4 @@ std::vector<Command> FileCommands() {
   };
 }
 
-}  // namespace quillary
+}  // namespace quillary::cli

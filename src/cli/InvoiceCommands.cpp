@@ -12,7 +12,7 @@
 #include <algorithm>
 #include <limits>
 
-namespace quillary {
+namespace quillary::cli {
 namespace {
 
 constexpr qint64 kHighestKey = std::numeric_limits<qint32>::max();
@@ -29,7 +29,7 @@ struct Days {
 
 Days DaysOf(const Call& call) {
   const Days days{Needed(call, "from"), Needed(call, "to")};
-  if (days.from > days.to) throw CommandFailure(QString::fromLatin1(kInvalidDateRange));
+  if (days.from > days.to) throw CommandFailure(QString::fromLatin1(diary::kInvalidDateRange));
   return days;
 }
 
@@ -37,12 +37,13 @@ Days DaysOf(const Call& call) {
 std::vector<qint64> JobsFor(Business& business, qint64 clientId, const QString& listed) {
   const QDate earliest(1900, 1, 1);
   const QDate latest(9999, 12, 31);
-  const auto offered = ListPickableJobs(business, clientId, earliest, latest);
+  const auto offered = diary::ListPickableJobs(business, clientId, earliest, latest);
   std::vector<qint64> jobs;
   for (const QString& word : listed.split(u',')) {
     const qint64 key = ParseKey(word.trimmed());
-    const bool isOffered = std::any_of(offered.begin(), offered.end(),
-                                       [&](const PickableJob& job) { return job.diaryId == key; });
+    const bool isOffered =
+        std::any_of(offered.begin(), offered.end(),
+                    [&](const diary::PickableJob& job) { return job.diaryId == key; });
     if (!isOffered)
       throw CommandFailure(
           QStringLiteral("entry %1 is no job that client %2 is billed for").arg(key).arg(clientId));
@@ -56,13 +57,13 @@ void RequireJobToInvoice(Business& business, qint64 diaryId) {
       business.FirstField(Sql("SELECT Status FROM Diary WHERE Diary_ID = {}", diaryId)).ToText();
   if (!status.startsWith(u'J', Qt::CaseInsensitive))
     throw CommandFailure(QStringLiteral("entry %1 is no job").arg(diaryId));
-  const auto job = LoadJobToInvoice(business, diaryId);
+  const auto job = billing::LoadJobToInvoice(business, diaryId);
   if (job && job->invoiceId)
     throw CommandFailure(
         QStringLiteral("entry %1 stands on invoice %2").arg(diaryId).arg(*job->invoiceId));
 }
 
-InvoiceForm AskedFor(const Call& call, Business& business) {
+billing::InvoiceForm AskedFor(const Call& call, Business& business) {
   const auto job = call.arguments.Number("job", 1, kHighestKey);
   const auto client = call.arguments.Number("client", 1, kHighestKey);
   if (job.has_value() == client.has_value())
@@ -70,7 +71,7 @@ InvoiceForm AskedFor(const Call& call, Business& business) {
   if (client && !call.arguments.Has("jobs"))
     throw WrongUsage(QStringLiteral("--client needs --jobs"));
   if (job) RequireJobToInvoice(business, *job);
-  InvoiceForm form = NewInvoice(business, client, job);
+  billing::InvoiceForm form = billing::NewInvoice(business, client, job);
   if (client && form.clientId)
     form.jobsToAttach =
         JobsFor(business, *form.clientId, call.arguments.options.value(QStringLiteral("jobs")));
@@ -78,11 +79,11 @@ InvoiceForm AskedFor(const Call& call, Business& business) {
     form.description = call.arguments.options.value(QStringLiteral("description"));
   if (call.arguments.Has("number"))
     form.number = call.arguments.options.value(QStringLiteral("number"));
-  if (form.description.size() > kInvoiceDescriptionWidth ||
-      form.number.size() > kInvoiceNumberWidth)
+  if (form.description.size() > billing::kInvoiceDescriptionWidth ||
+      form.number.size() > billing::kInvoiceNumberWidth)
     throw CommandFailure(QStringLiteral("a description has at most %1 characters, a number %2")
-                             .arg(kInvoiceDescriptionWidth)
-                             .arg(kInvoiceNumberWidth));
+                             .arg(billing::kInvoiceDescriptionWidth)
+                             .arg(billing::kInvoiceNumberWidth));
   return form;
 }
 
@@ -90,11 +91,11 @@ void RunInvoice(const Call& call) {
   const auto business = OpenCurrentBusiness(call);
   FailOnRefusal(*business);
   Transaction all(*business);
-  InvoiceForm form = AskedFor(call, *business);
-  const AttachedJobs jobs = LoadAttachedJobs(*business, form);
+  billing::InvoiceForm form = AskedFor(call, *business);
+  const billing::AttachedJobs jobs = billing::LoadAttachedJobs(*business, form);
   form.totalAmount = jobs.totalAmount;
   form.totalGST = jobs.totalGST;
-  ThrowIf(SaveInvoices(*business, form));
+  ThrowIf(billing::SaveInvoices(*business, form));
   all.Commit();
   business->CloseConnection();
   ResultTable table({"Invoice_ID", "Invoice_Number", "Client_ID", "Generation_Date",
@@ -114,9 +115,9 @@ void RunInvoiceRun(const Call& call) {
   const Days days = DaysOf(call);
   const auto business = OpenCurrentBusiness(call);
   const QDate generated = call.arguments.Date("generated").value_or(business->Today());
-  const InvoiceRunCount count =
-      monthly ? GenerateMonthlyInvoices(*business, {days.from, days.to, generated})
-              : GenerateWithJobInvoices(*business, days.from, days.to);
+  const billing::InvoiceRunCount count =
+      monthly ? billing::GenerateMonthlyInvoices(*business, {days.from, days.to, generated})
+              : billing::GenerateWithJobInvoices(*business, days.from, days.to);
   business->CloseConnection();
   if (call.json) {
     call.out << "{\"Invoices_Made\": " << count.invoicesMade
@@ -133,12 +134,12 @@ void RunInvoices(const Call& call) {
   const Days days = DaysOf(call);
   const auto business = OpenCurrentBusiness(call);
   const auto invoices =
-      LoadInvoicesList(*business, {days.from, days.to, call.arguments.Has("monthly")});
+      billing::LoadInvoicesList(*business, {days.from, days.to, call.arguments.Has("monthly")});
   business->CloseConnection();
   ResultTable table({"Invoice_ID", "Client_ID", "Display_Name", "Generation_Date",
                      "Invoice_Description", "Total_Amount", "Invoice_Number", "Statement_Type",
                      "IsPaid"});
-  for (const InvoiceListRow& row : invoices)
+  for (const billing::InvoiceListRow& row : invoices)
     table.AddRow({row.invoiceId, row.clientId, row.displayName, DayCell(call, row.generationDate),
                   row.description, row.totalAmount, row.invoiceNumber, row.statementType,
                   row.isPaid});
@@ -155,9 +156,9 @@ void RunInvoiceDelete(const Call& call) {
   call.world.prompter.BeQuiet();
   call.world.prompter.AnswerYes();
   if (call.arguments.Has("from-client"))
-    ThrowIf(DeleteClientInvoice(*business, call.world.prompter, invoiceId));
+    ThrowIf(clients::DeleteClientInvoice(*business, call.world.prompter, invoiceId));
   else
-    DeleteInvoices(*business, {invoiceId});
+    billing::DeleteInvoices(*business, {invoiceId});
   business->CloseConnection();
   ResultTable table({"Invoice_ID", "Deleted"});
   table.AddRow({invoiceId, true});
@@ -208,4 +209,4 @@ std::vector<Command> InvoiceCommands() {
   };
 }
 
-}  // namespace quillary
+}  // namespace quillary::cli

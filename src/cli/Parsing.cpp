@@ -2,7 +2,7 @@
 
 #include "base/DateTime.h"
 
-namespace quillary {
+namespace quillary::cli {
 namespace {
 
 QDate ParseDate(const QString& text) {
@@ -149,4 +149,4 @@ CommandLine ParseCommandLine(const QStringList& words, const std::vector<Command
   return Parser(words, commands).Parse();
 }
 
-}  // namespace quillary
+}  // namespace quillary::cli

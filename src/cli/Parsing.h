@@ -8,7 +8,7 @@
 #include <optional>
 #include <vector>
 
-namespace quillary {
+namespace quillary::cli {
 
 /// A whole command line, taken apart.
 struct CommandLine {
@@ -27,4 +27,4 @@ const std::vector<Option>& GlobalOptions();
 /// WrongUsage, and CommandFailure for a day that does not exist.
 CommandLine ParseCommandLine(const QStringList& words, const std::vector<Command>& commands);
 
-}  // namespace quillary
+}  // namespace quillary::cli

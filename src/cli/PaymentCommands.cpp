@@ -11,7 +11,7 @@
 #include <algorithm>
 #include <limits>
 
-namespace quillary {
+namespace quillary::cli {
 namespace {
 
 Money AmountOf(const QString& text) {
@@ -35,8 +35,8 @@ std::vector<qint64> JobsOf(const Arguments& arguments) {
   return jobs;
 }
 
-std::vector<RevenueLineForm> LinesOf(const Arguments& arguments) {
-  std::vector<RevenueLineForm> lines;
+std::vector<billing::RevenueLineForm> LinesOf(const Arguments& arguments) {
+  std::vector<billing::RevenueLineForm> lines;
   for (const QString& word : arguments.All("revenue")) {
     if (!word.contains(u'='))
       throw WrongUsage(QStringLiteral("--revenue takes ACCOUNT_ID=AMOUNT, not \"%1\"").arg(word));
@@ -60,47 +60,49 @@ void RequirePayable(Business& business, qint64 payerId, qint64 diaryId) {
 }
 
 void RequireRevenueAccount(Business& business, qint64 accountId) {
-  const auto accounts = ListRevenueAccountChoices(business);
-  if (std::ranges::none_of(accounts, [&](const Choice& one) { return one.id == accountId; }))
+  const auto accounts = lists::ListRevenueAccountChoices(business);
+  if (std::ranges::none_of(accounts, [&](const lists::Choice& one) { return one.id == accountId; }))
     throw CommandFailure(QStringLiteral("there is no revenue account %1").arg(accountId));
 }
 
-PaymentForm AskedFor(Business& business, const Arguments& arguments, Money amount,
-                     const std::vector<qint64>& jobs) {
-  PaymentForm form = NewPayment(business, ClientOf(arguments), amount,
-                                jobs.size() == 1 ? std::optional(jobs.front()) : std::nullopt);
+billing::PaymentForm AskedFor(Business& business, const Arguments& arguments, Money amount,
+                              const std::vector<qint64>& jobs) {
+  billing::PaymentForm form =
+      billing::NewPayment(business, ClientOf(arguments), amount,
+                          jobs.size() == 1 ? std::optional(jobs.front()) : std::nullopt);
   const QString method = arguments.options.value(QStringLiteral("method"), form.paymentMethod);
-  form.paymentMethod = ListedPaymentMethod(business, method);
+  form.paymentMethod = billing::ListedPaymentMethod(business, method);
   form.paymentDate = arguments.Date("date").value_or(form.paymentDate);
   return form;
 }
 
 /// The lines get the payment's date from the save that follows them.
-void StoreLines(Business& business, PaymentForm& form, std::vector<RevenueLineForm> lines) {
-  for (RevenueLineForm& line : lines) {
+void StoreLines(Business& business, billing::PaymentForm& form,
+                std::vector<billing::RevenueLineForm> lines) {
+  for (billing::RevenueLineForm& line : lines) {
     RequireRevenueAccount(business, *line.glAccountId);
-    line.gst = TaxWithin(business, line.amount, form.taxExempt);
-    if (form.IsNew()) ThrowIf(SavePaymentDetails(business, form));
-    ThrowIf(SaveAccount(business, form.paymentId, line, SaveRevenueLine::AsNew));
+    line.gst = billing::TaxWithin(business, line.amount, form.taxExempt);
+    if (form.IsNew()) ThrowIf(billing::SavePaymentDetails(business, form));
+    ThrowIf(billing::SaveAccount(business, form.paymentId, line, billing::SaveRevenueLine::AsNew));
   }
-  if (!lines.empty()) ThrowIf(SavePaymentDetails(business, form));
+  if (!lines.empty()) ThrowIf(billing::SavePaymentDetails(business, form));
 }
 
 void RunPay(const Call& call) {
   if (!call.arguments.Has("amount")) throw WrongUsage(QStringLiteral("--amount is missing"));
   const Money amount = AmountOf(call.arguments.options.value(QStringLiteral("amount")));
   const std::vector<qint64> jobs = JobsOf(call.arguments);
-  const std::vector<RevenueLineForm> lines = LinesOf(call.arguments);
+  const std::vector<billing::RevenueLineForm> lines = LinesOf(call.arguments);
   const auto business = OpenCurrentBusiness(call);
   FailOnRefusal(*business);
   Transaction all(*business);
-  PaymentForm form = AskedFor(*business, call.arguments, amount, jobs);
-  ThrowIf(CheckPayment(form));
+  billing::PaymentForm form = AskedFor(*business, call.arguments, amount, jobs);
+  ThrowIf(billing::CheckPayment(form));
   for (const qint64 job : jobs) RequirePayable(*business, *form.clientId, job);
-  ThrowIf(SavePaymentDetails(*business, form));
+  ThrowIf(billing::SavePaymentDetails(*business, form));
   StoreLines(*business, form, lines);
   if (!form.forJob)
-    for (const qint64 job : jobs) TickJob(*business, form.paymentId, job, true);
+    for (const qint64 job : jobs) billing::TickJob(*business, form.paymentId, job, true);
   all.Commit();
   business->CloseConnection();
   ResultTable table({"Payment_ID", "Client_ID", "Payment_Date", "Amount", "GST_Included",
@@ -119,13 +121,13 @@ void RunPayments(const Call& call) {
   const auto from = call.arguments.Date("from");
   const auto to = call.arguments.Date("to");
   if (!from || !to) throw WrongUsage(QStringLiteral("payments needs --from and --to"));
-  if (*from > *to) throw CommandFailure(QString::fromLatin1(kInvalidDateRange));
+  if (*from > *to) throw CommandFailure(QString::fromLatin1(diary::kInvalidDateRange));
   const auto business = OpenCurrentBusiness(call);
-  const PaymentsList list = LoadPaymentsList(*business, *from, *to);
+  const billing::PaymentsList list = billing::LoadPaymentsList(*business, *from, *to);
   business->CloseConnection();
   ResultTable table({"Payment_ID", "Display_Name", "Payment_Date", "Amount", "Payment_Method",
                      "Client_ID", "Accounts", "GL_Amount", "Matches"});
-  for (const PaymentRow& row : list.rows)
+  for (const billing::PaymentRow& row : list.rows)
     table.AddRow({row.paymentId, row.displayName, DayCell(call, row.paymentDate), row.amount,
                   row.paymentMethod, row.clientId, row.accounts, row.glAmount, !row.IsMismatch()});
   if (call.json) {
@@ -148,9 +150,9 @@ void RunPaymentDelete(const Call& call) {
   const qint64 paymentId = ParseKey(call.arguments.positional.at(1));
   const auto business = OpenCurrentBusiness(call);
   FailOnRefusal(*business);
-  const auto payment = LoadPayment(*business, paymentId);
+  const auto payment = billing::LoadPayment(*business, paymentId);
   if (!payment) throw CommandFailure(QStringLiteral("there is no payment %1").arg(paymentId));
-  DeleteCheckedPayment(*business, payment->clientId.value_or(0), paymentId);
+  balances::DeleteCheckedPayment(*business, payment->clientId.value_or(0), paymentId);
   business->CloseConnection();
   if (call.json)
     call.out << "{\"deleted\": " << paymentId << "}\n";
@@ -161,7 +163,7 @@ void RunPaymentDelete(const Call& call) {
 void RunRecalculate(const Call& call) {
   const auto business = OpenCurrentBusiness(call);
   FailOnRefusal(*business);
-  RecalculateGSTOfAllRecords(*business);
+  accounts::RecalculateGSTOfAllRecords(*business);
   business->CloseConnection();
   call.out << (call.json ? "{\"done\": true}\n" : "Re-calculation done.\n");
 }
@@ -208,4 +210,4 @@ std::vector<Command> PaymentCommands() {
   };
 }
 
-}  // namespace quillary
+}  // namespace quillary::cli

@@ -1,6 +1,6 @@
 #include "cli/Ports.h"
 
-namespace quillary {
+namespace quillary::cli {
 
 QString OneLine(const QString& text) {
   return text.simplified();
@@ -44,4 +44,4 @@ void ForgottenSettings::Write(const QString& section, const QString& key, const 
   values_[{section, key}] = value;
 }
 
-}  // namespace quillary
+}  // namespace quillary::cli

@@ -8,7 +8,7 @@
 #include <utility>
 
 /// The outside world of a program without a screen.
-namespace quillary {
+namespace quillary::cli {
 
 /// Prints what it is told, failures to stderr, and answers every question with No, or with Yes when
 /// the caller allowed that in advance.
@@ -93,4 +93,4 @@ struct CompanionWorld {
 /// The text on one line.
 QString OneLine(const QString& text);
 
-}  // namespace quillary
+}  // namespace quillary::cli

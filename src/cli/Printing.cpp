@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <cmath>
 
-namespace quillary {
+namespace quillary::cli {
 namespace {
 
 /// An amount with two decimals, more only when it has them.
@@ -130,4 +130,4 @@ Value DayCell(const Call& call, QDate day) {
   return day.toString(Qt::ISODate);
 }
 
-}  // namespace quillary
+}  // namespace quillary::cli

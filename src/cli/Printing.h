@@ -10,7 +10,7 @@
 #include <vector>
 
 /// How results look: aligned for people, JSON for programs.
-namespace quillary {
+namespace quillary::cli {
 
 /// Rows under named columns, in the order in which they were added.
 class ResultTable {
@@ -40,4 +40,4 @@ Value DayCell(const Call& call, QDate day);
 /// Currency and numbers as numbers, yes/no as true and false, a moment as "YYYY-MM-DD HH:MM:SS".
 QString ToJson(const Value& value);
 
-}  // namespace quillary
+}  // namespace quillary::cli

@@ -6,27 +6,29 @@
 #include "session/ProgramFolder.h"
 #include "session/StartUp.h"
 
-namespace quillary {
+namespace quillary::cli {
 namespace {
 
 void RunCheck(const Call& call) {
-  const std::vector<Finding> findings = CheckBusiness(call.world.Ports(), call.File());
+  const std::vector<maintenance::Finding> findings =
+      maintenance::CheckBusiness(call.world.Ports(), call.File());
   if (call.json) {
     ResultTable table({"table", "finding", "note"});
-    for (const Finding& finding : findings) {
+    for (const maintenance::Finding& finding : findings) {
       table.AddRow({finding.table, finding.what, finding.isNote});
     }
     PrintTable(call, table);
   } else {
-    for (const Finding& finding : findings) {
+    for (const maintenance::Finding& finding : findings) {
       call.out << (finding.isNote ? "note:  " : "wrong: ") << finding.table << ": "
                << OneLine(finding.what) << '\n';
     }
   }
   call.out.flush();
-  if (IsWrong(findings)) {
-    const auto wrong = std::count_if(findings.begin(), findings.end(),
-                                     [](const Finding& finding) { return !finding.isNote; });
+  if (maintenance::IsWrong(findings)) {
+    const auto wrong =
+        std::count_if(findings.begin(), findings.end(),
+                      [](const maintenance::Finding& finding) { return !finding.isNote; });
     throw CommandFailure(
         QStringLiteral("%1: %2 findings").arg(call.File()).arg(static_cast<qint64>(wrong)));
   }
@@ -35,19 +37,20 @@ void RunCheck(const Call& call) {
 
 void RunRepair(const Call& call) {
   const QString& target = call.arguments.positional.at(1);
-  const SalvageReceipt receipt = SalvageFile(call.File(), target);
-  const std::vector<Finding> left = CheckBusiness(call.world.Ports(), target);
+  const maintenance::SalvageReceipt receipt = maintenance::SalvageFile(call.File(), target);
+  const std::vector<maintenance::Finding> left =
+      maintenance::CheckBusiness(call.world.Ports(), target);
   if (call.json) {
     ResultTable table({"table", "saved", "lost", "perhaps_more"});
-    for (const SalvagedTable& entry : receipt.tables) {
+    for (const maintenance::SalvagedTable& entry : receipt.tables) {
       table.AddRow({entry.table, entry.saved, entry.lost, entry.mayHaveLostMore});
     }
     PrintTable(call, table);
     return;
   }
   for (const QString& damage : receipt.damage) call.out << "damage: " << OneLine(damage) << '\n';
-  for (const QString& line : SalvageLines(receipt)) call.out << OneLine(line) << '\n';
-  for (const Finding& finding : left) {
+  for (const QString& line : maintenance::SalvageLines(receipt)) call.out << OneLine(line) << '\n';
+  for (const maintenance::Finding& finding : left) {
     call.out << "in the new file: " << finding.table << ": " << OneLine(finding.what) << '\n';
   }
   call.out << target << (receipt.LostNothing() ? ": nothing was lost\n" : ": not all was saved\n");
@@ -60,7 +63,7 @@ qint64 VersionOf(Business& business) {
 void RunUpgrade(const Call& call) {
   const auto business = OpenAnyBusiness(call);
   const qint64 before = VersionOf(*business);
-  UpgradeFile(*business, ProgramFolder());
+  session::UpgradeFile(*business, session::ProgramFolder());
   const qint64 after = VersionOf(*business);
   business->CloseConnection();
   if (call.json) {
@@ -100,4 +103,4 @@ std::vector<Command> RepairCommands() {
   };
 }
 
-}  // namespace quillary
+}  // namespace quillary::cli

@@ -8,11 +8,11 @@
 
 #include <limits>
 
-namespace quillary {
+namespace quillary::cli {
 namespace {
 
 /// A start that shows nothing and names each step that it reaches.
-class NamedSteps : public StartUpScreens {
+class NamedSteps : public session::StartUpScreens {
  public:
   NamedSteps(const Call& call, const QString& programFolder)
       : call_(call), programFolder_(programFolder) {}
@@ -20,7 +20,7 @@ class NamedSteps : public StartUpScreens {
   std::unique_ptr<Business> SelectDatabaseToAccess() override {
     // The box that tells a user at the screen what to check takes five lines; a script gets one.
     try {
-      return OpenDatabase(outside_, call_.File(), programFolder_);
+      return session::OpenDatabase(outside_, call_.File(), programFolder_);
     } catch (const std::exception& error) {
       whyNotOpened = QString::fromUtf8(error.what());
       return nullptr;
@@ -58,14 +58,14 @@ void PrintSteps(const Call& call, const QStringList& steps) {
 }
 
 void RunStart(const Call& call) {
-  const QString folder = ProgramFolder();
+  const QString folder = session::ProgramFolder();
   const Outside outside = call.world.Ports();
   LocalSettings settings(folder, call.world.prompter);
   NamedSteps screens(call, folder);
-  const auto business = StartUp(outside, settings, {}, screens);
+  const auto business = session::StartUp(outside, settings, {}, screens);
   if (business) {
     PrintSteps(call, screens.steps);
-    FinishUp(*business, settings);
+    session::FinishUp(*business, settings);
   } else if (!screens.whyNotOpened.isEmpty()) {
     throw CommandFailure(screens.whyNotOpened);
   } else if (!call.world.ToldOfFailure()) {
@@ -73,20 +73,20 @@ void RunStart(const Call& call) {
   }
 }
 
-RollCount RollClient(Business& business, const QString& file, qint64 clientId) {
+roll::RollCount RollClient(Business& business, const QString& file, qint64 clientId) {
   const Value found =
       business.FirstField(Sql("SELECT Client_ID FROM Clients WHERE Client_ID = {}", clientId));
   if (found.IsNull()) {
     throw CommandFailure(QStringLiteral("%1 has no client %2").arg(file).arg(clientId));
   }
-  return AdvanceScheduleForClient(business, clientId);
+  return roll::AdvanceScheduleForClient(business, clientId);
 }
 
 void RunRoll(const Call& call) {
   const auto client = call.arguments.Number("client", 1, std::numeric_limits<qint32>::max());
   const auto business = OpenCurrentBusiness(call);
-  const RollCount count =
-      client ? RollClient(*business, call.File(), *client) : AdvanceScheduleGlobally(*business);
+  const roll::RollCount count = client ? RollClient(*business, call.File(), *client)
+                                       : roll::AdvanceScheduleGlobally(*business);
   business->CloseConnection();
   if (call.world.ToldOfFailure()) return;
   if (call.json) {
@@ -119,4 +119,4 @@ std::vector<Command> ScheduleCommands() {
   };
 }
 
-}  // namespace quillary
+}  // namespace quillary::cli

@@ -2,7 +2,7 @@
 #include "cli/Printing.h"
 #include "cli/WorkingBusiness.h"
 
-namespace quillary {
+namespace quillary::cli {
 namespace {
 
 void RunStatement(const Call& call) {
@@ -39,4 +39,4 @@ std::vector<Command> StatementCommands() {
            RunStatement}};
 }
 
-}  // namespace quillary
+}  // namespace quillary::cli

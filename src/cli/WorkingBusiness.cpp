@@ -2,7 +2,7 @@
 
 #include "data/schema/Schema.h"
 
-namespace quillary {
+namespace quillary::cli {
 namespace {
 
 void RequireCurrentVersion(Business& business) {
@@ -53,4 +53,4 @@ void ThrowIf(const std::optional<Refusal>& refusal) {
   if (refusal) throw CommandFailure(refusal->message);
 }
 
-}  // namespace quillary
+}  // namespace quillary::cli

@@ -7,7 +7,7 @@
 #include <memory>
 #include <optional>
 
-namespace quillary {
+namespace quillary::cli {
 
 /// The file of the call, open, whatever its version. Throws StorageFailure.
 std::unique_ptr<Business> OpenAnyBusiness(const Call& call);
@@ -23,4 +23,4 @@ void FailOnRefusal(Business& business);
 /// Throws CommandFailure with the words of a refusal.
 void ThrowIf(const std::optional<Refusal>& refusal);
 
-}  // namespace quillary
+}  // namespace quillary::cli

@@ -1,6 +1,6 @@
 #include "clients/BillingChoice.h"
 
-namespace quillary {
+namespace quillary::clients {
 namespace {
 
 bool HasPayments(Business& business, qint64 clientId) {
@@ -57,4 +57,4 @@ QString UpdateBillingName(Business& business, const QString& firstName, const QS
   return name.trimmed();  // a company has no surname
 }
 
-}  // namespace quillary
+}  // namespace quillary::clients

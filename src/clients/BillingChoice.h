@@ -5,7 +5,7 @@
 #include <QStringList>
 
 /// Where a client's bills go, and in what name.
-namespace quillary {
+namespace quillary::clients {
 
 /// In the order of BillingChoiceWords().
 enum class BillingChoice { SameAddress, ExistingAddress, NewAddress };
@@ -30,4 +30,4 @@ QString SampleBillingAddress(const ClientRecord& client);
 /// names; first name first when none was chosen.
 QString UpdateBillingName(Business& business, const QString& firstName, const QString& surname);
 
-}  // namespace quillary
+}  // namespace quillary::clients

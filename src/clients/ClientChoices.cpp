@@ -1,9 +1,9 @@
 #include "clients/ClientChoices.h"
 
-namespace quillary {
+namespace quillary::clients {
 
-std::vector<Choice> ListBillableOthers(Business& business, qint64 clientId) {
-  std::vector<Choice> others;
+std::vector<lists::Choice> ListBillableOthers(Business& business, qint64 clientId) {
+  std::vector<lists::Choice> others;
   const Recordset rows = business.RunSQL(
       Sql("SELECT Client_ID, Display_Name FROM Clients WHERE Is_Billed_To = Yes "
           "AND (Client_ID <> {}) AND (Client_ID = Billing_Client_ID) ORDER BY Display_Name; ",
@@ -71,4 +71,4 @@ std::vector<Site> LoadSites(Business& business, qint64 clientId) {
   return sites;
 }
 
-}  // namespace quillary
+}  // namespace quillary::clients

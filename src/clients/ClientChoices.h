@@ -10,10 +10,10 @@
 
 /// The lists behind the combos of the client screens. Clients, services and employees are those of
 /// scheduling/Choices.h.
-namespace quillary {
+namespace quillary::clients {
 
 /// The bill-to parties that could pay for the client, by name; never the client itself.
-std::vector<Choice> ListBillableOthers(Business& business, qint64 clientId);
+std::vector<lists::Choice> ListBillableOthers(Business& business, qint64 clientId);
 /// The numbers of days between visits, as a combo shows them.
 QStringList ListFrequencyDays(Business& business);
 /// The labels in use for the work cover number.
@@ -40,4 +40,4 @@ struct Site {
 };
 std::vector<Site> LoadSites(Business& business, qint64 clientId);
 
-}  // namespace quillary
+}  // namespace quillary::clients

@@ -7,7 +7,7 @@
 
 #include <algorithm>
 
-namespace quillary {
+namespace quillary::clients {
 namespace {
 
 std::optional<bool> YesOrNo(const QString& typed) {
@@ -37,7 +37,8 @@ std::optional<Refusal> SetPayer(Business& business, ClientRecord& client, const 
     return std::nullopt;
   }
   const auto others = ListBillableOthers(business, client.clientId);
-  if (!isKey || std::ranges::none_of(others, [&](const Choice& at) { return at.id == payer; }))
+  if (!isKey ||
+      std::ranges::none_of(others, [&](const lists::Choice& at) { return at.id == payer; }))
     return Refusal{QStringLiteral("%1 is no client who can be billed.").arg(value),
                    QStringLiteral("cmbOtherAddressToBill")};
   BillExistingAddress(business, business.World().prompter, client, payer);
@@ -116,4 +117,4 @@ std::optional<int> ColumnWidth(Business& business, const QString& table, const Q
   return definition->width;
 }
 
-}  // namespace quillary
+}  // namespace quillary::clients

@@ -9,7 +9,7 @@
 
 /// The editable columns of a client by name: for the companion, which sets them one by one, and for
 /// the fields of the screen, which hold as many characters as their column.
-namespace quillary {
+namespace quillary::clients {
 
 struct ClientColumn {
   const char* column;
@@ -30,4 +30,4 @@ std::optional<Refusal> SetClientColumn(Business& business, ClientRecord& client,
 /// How many characters a text column holds; nothing for memos, other types and unknown columns.
 std::optional<int> ColumnWidth(Business& business, const QString& table, const QString& column);
 
-}  // namespace quillary
+}  // namespace quillary::clients

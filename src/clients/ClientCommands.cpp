@@ -2,7 +2,7 @@
 
 #include "balances/ClientBalance.h"
 
-namespace quillary {
+namespace quillary::clients {
 namespace {
 
 std::optional<Refusal> SaveRecordAndServices(Business& business, ClientRecord& client,
@@ -46,7 +46,7 @@ std::optional<Refusal> CreateScheduleOfClient(Business& business, ClientRecord& 
   save.Commit();
   client = std::move(saved);
   services = std::move(savedServices);
-  AdvanceScheduleForClient(business, client.clientId);
+  roll::AdvanceScheduleForClient(business, client.clientId);
   return std::nullopt;
 }
 
@@ -72,4 +72,4 @@ MayGoOn SaveBeforeAddingJob(Business& business, Prompter& prompter, ClientRecord
   return {!refusal, refusal};
 }
 
-}  // namespace quillary
+}  // namespace quillary::clients

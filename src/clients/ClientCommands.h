@@ -6,7 +6,7 @@
 
 /// The commands of the client screen that save more than one thing or ask before they do. Each
 /// stops, having written nothing, when a check refuses.
-namespace quillary {
+namespace quillary::clients {
 
 /// Saves the record and its services, recomputes the balance of the billing client and reads the
 /// billing details again. One transaction.
@@ -33,4 +33,4 @@ struct MayGoOn {
 MayGoOn SaveBeforeAddingJob(Business& business, Prompter& prompter, ClientRecord& client,
                             const ClientRecord& stored);
 
-}  // namespace quillary
+}  // namespace quillary::clients

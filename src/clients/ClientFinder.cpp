@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-namespace quillary {
+namespace quillary::clients {
 namespace {
 
 QString AddressOf(const ClientListRow& client) {
@@ -59,4 +59,4 @@ std::vector<FoundJob> ClientFinder::Jobs(qint64 clientId) const {
   return jobs;
 }
 
-}  // namespace quillary
+}  // namespace quillary::clients

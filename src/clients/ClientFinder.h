@@ -2,7 +2,7 @@
 
 #include "clients/ClientList.h"
 
-namespace quillary {
+namespace quillary::clients {
 
 struct FoundClient {
   qint64 clientId = 0;
@@ -31,4 +31,4 @@ class ClientFinder {
   ClientList prospects_;
 };
 
-}  // namespace quillary
+}  // namespace quillary::clients

@@ -2,7 +2,7 @@
 
 #include "balances/ClientBalance.h"
 
-namespace quillary {
+namespace quillary::clients {
 namespace {
 
 Sql JobsOf(const ClientRecord& client) {
@@ -37,11 +37,11 @@ std::vector<ClientJob> ListJobs(Business& business, const Sql& statement) {
 }  // namespace
 
 QString ClientJob::StatusWords() const {
-  return EntryStatusWords(status);
+  return diary::EntryStatusWords(status);
 }
 
-DiaryRowColour ClientJob::Colour() const {
-  return ColourOfEntry(status, paymentId != -1);
+diary::DiaryRowColour ClientJob::Colour() const {
+  return diary::ColourOfEntry(status, paymentId != -1);
 }
 
 std::vector<ClientJob> LoadFutureJobs(Business& business, const ClientRecord& client) {
@@ -69,9 +69,9 @@ std::optional<Refusal> DeleteClientJob(Business& business, Prompter& prompter,
   Transaction deletion(business);
   business.RunSQL(Sql("DELETE FROM Diary_Services WHERE Diary_ID = {}", *diaryId));
   business.RunSQL(Sql("DELETE FROM Diary WHERE Diary_ID = {}", *diaryId));
-  RecalculateClientBalance(business, client.billingClientId);
+  balances::RecalculateClientBalance(business, client.billingClientId);
   deletion.Commit();
   return std::nullopt;
 }
 
-}  // namespace quillary
+}  // namespace quillary::clients

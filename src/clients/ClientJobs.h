@@ -7,7 +7,7 @@
 
 /// The jobs on the tabs of a client. One who pays for itself shows those of all who are billed to
 /// it; one who is billed elsewhere shows its own alone, named "Name".
-namespace quillary {
+namespace quillary::clients {
 
 struct ClientJob {
   qint64 diaryId = 0;
@@ -21,7 +21,7 @@ struct ClientJob {
 
   QString StatusWords() const;
   /// As the diary colours it.
-  DiaryRowColour Colour() const;
+  diary::DiaryRowColour Colour() const;
 };
 
 /// What is not finished and lies today or later, the next first. A job done early is past.
@@ -34,4 +34,4 @@ std::vector<ClientJob> LoadPastJobs(Business& business, const ClientRecord& clie
 std::optional<Refusal> DeleteClientJob(Business& business, Prompter& prompter,
                                        const ClientRecord& client, std::optional<qint64> diaryId);
 
-}  // namespace quillary
+}  // namespace quillary::clients

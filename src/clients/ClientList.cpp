@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-namespace quillary {
+namespace quillary::clients {
 namespace {
 
 QString DigitsOf(const QString& text) {
@@ -151,4 +151,4 @@ bool DeleteClientAfterAsking(Business& business, Prompter& prompter, qint64 clie
   return true;
 }
 
-}  // namespace quillary
+}  // namespace quillary::clients

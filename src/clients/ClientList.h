@@ -10,7 +10,7 @@
 #include <vector>
 
 /// The door to the clients: the list, its search, and the deletion of a client.
-namespace quillary {
+namespace quillary::clients {
 
 enum class ClientKinds { All, RegularOnly };  // regular: with a service that repeats
 
@@ -65,4 +65,4 @@ std::optional<Refusal> CheckClientSelected(ClientListCommand command,
 /// sites go on pointing at it. One transaction. False when the user declined.
 bool DeleteClientAfterAsking(Business& business, Prompter& prompter, qint64 clientId);
 
-}  // namespace quillary
+}  // namespace quillary::clients

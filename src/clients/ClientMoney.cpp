@@ -1,6 +1,6 @@
 #include "clients/ClientMoney.h"
 
-namespace quillary {
+namespace quillary::clients {
 
 std::vector<ClientInvoice> LoadClientInvoices(Business& business, qint64 clientId) {
   std::vector<ClientInvoice> invoices;
@@ -78,4 +78,4 @@ std::optional<Refusal> DeleteClientInvoice(Business& business, Prompter& prompte
   return std::nullopt;
 }
 
-}  // namespace quillary
+}  // namespace quillary::clients

@@ -6,7 +6,7 @@
 
 /// The invoices and payments on the tabs of a client: those recorded under the client itself. They
 /// stay with it when another begins to pay for it.
-namespace quillary {
+namespace quillary::clients {
 
 struct ClientInvoice {
   qint64 invoiceId = 0;
@@ -46,4 +46,4 @@ bool MayAddPaymentWithoutJob(Prompter& prompter);
 std::optional<Refusal> DeleteClientInvoice(Business& business, Prompter& prompter,
                                            std::optional<qint64> invoiceId);
 
-}  // namespace quillary
+}  // namespace quillary::clients

@@ -3,7 +3,7 @@
 #include "balances/ClientBalance.h"
 #include "clients/ClientStatus.h"
 
-namespace quillary {
+namespace quillary::clients {
 namespace {
 
 std::optional<QDate> DebtorSinceOf(const Value& value) {
@@ -96,7 +96,7 @@ std::optional<ClientRecord> LoadClientDetails(Business& business, qint64 clientI
 
 void LoadBillingDetails(Business& business, ClientRecord& client) {
   if (client.IsNew()) return;
-  RecalculateClientBalance(business, client.billingClientId);
+  balances::RecalculateClientBalance(business, client.billingClientId);
   const Recordset rows = business.RunSQL(Sql(
       "SELECT Account_Balance, Debtor_Since FROM Clients WHERE Client_ID = {}", client.clientId));
   if (!rows.HasRows()) return;
@@ -161,4 +161,4 @@ std::optional<Refusal> SaveClientDetails(Business& business, ClientRecord& clien
   return std::nullopt;
 }
 
-}  // namespace quillary
+}  // namespace quillary::clients

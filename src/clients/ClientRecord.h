@@ -11,7 +11,7 @@
 
 /// One row of Clients as the client screen edits it: a person or site where work is done and, when
 /// it pays for itself, an account that is billed.
-namespace quillary {
+namespace quillary::clients {
 
 /// The key of a client that is not stored yet.
 inline constexpr qint64 kNewClient = -1;
@@ -76,4 +76,4 @@ std::optional<Refusal> CheckClientDetails(const ClientRecord& client);
 /// CheckClientIsThere() refuses.
 std::optional<Refusal> SaveClientDetails(Business& business, ClientRecord& client);
 
-}  // namespace quillary
+}  // namespace quillary::clients

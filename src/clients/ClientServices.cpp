@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-namespace quillary {
+namespace quillary::clients {
 namespace {
 
 ClientServiceRecord RecordOf(const Record& row, QDate today) {
@@ -134,4 +134,4 @@ std::optional<Refusal> RemoveClientService(Business& business, qint64 clientId,
   return std::nullopt;
 }
 
-}  // namespace quillary
+}  // namespace quillary::clients

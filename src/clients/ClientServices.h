@@ -14,7 +14,7 @@
 /// The services that a client takes: what the roll makes the diary from. The screen edits them in
 /// an array that mirrors Client_Services. The oldest is the main service; others may follow its
 /// dates.
-namespace quillary {
+namespace quillary::clients {
 
 struct ClientServiceRecord {
   qint64 clientServiceId = 0;  // 0 while it is not stored
@@ -100,4 +100,4 @@ std::optional<Refusal> AddEmptyClientService(Business& business, qint64 clientId
 std::optional<Refusal> RemoveClientService(Business& business, qint64 clientId,
                                            ClientServiceArray& services, qint64 clientServiceId);
 
-}  // namespace quillary
+}  // namespace quillary::clients

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-namespace quillary {
+namespace quillary::clients {
 
 QStringList OfferedClientStatuses() {
   return {QStringLiteral("Active"), QStringLiteral("Bad debtor"), QStringLiteral("Billing address"),
@@ -34,4 +34,4 @@ ClientParts PartsOf(const ClientRecord& client) {
   return parts;
 }
 
-}  // namespace quillary
+}  // namespace quillary::clients

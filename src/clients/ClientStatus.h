@@ -5,7 +5,7 @@
 #include <QStringList>
 
 /// What a client's status means for the screen that edits it.
-namespace quillary {
+namespace quillary::clients {
 
 /// The statuses that the client screen offers.
 QStringList OfferedClientStatuses();
@@ -26,4 +26,4 @@ ClientParts PartsOf(const ClientRecord& client);
 
 inline constexpr char kPaymentNote[] = "To add payments, please refer to the billed client...";
 
-}  // namespace quillary
+}  // namespace quillary::clients

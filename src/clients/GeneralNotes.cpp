@@ -1,6 +1,6 @@
 #include "clients/GeneralNotes.h"
 
-namespace quillary {
+namespace quillary::clients {
 
 QString LoadGeneralNotes(Business& business) {
   return business.FirstField(Sql("SELECT Invoice_Notes FROM infOptions;")).ToText();
@@ -10,4 +10,4 @@ void SaveGeneralNotes(Business& business, const QString& notes) {
   business.RunSQL(Sql("UPDATE infOptions SET Invoice_Notes = {}", notes));
 }
 
-}  // namespace quillary
+}  // namespace quillary::clients

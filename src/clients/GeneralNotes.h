@@ -5,10 +5,10 @@
 #include <QString>
 
 /// The free text that is printed on invoices, statements and reminders.
-namespace quillary {
+namespace quillary::clients {
 
 QString LoadGeneralNotes(Business& business);
 /// An empty text clears it.
 void SaveGeneralNotes(Business& business, const QString& notes);
 
-}  // namespace quillary
+}  // namespace quillary::clients

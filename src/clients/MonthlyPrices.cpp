@@ -2,7 +2,7 @@
 
 #include "data/Numbers.h"
 
-namespace quillary {
+namespace quillary::clients {
 namespace {
 
 QString StatusWords(const QString& status) {
@@ -88,4 +88,4 @@ std::optional<Refusal> SetJobPricesForMonthly(Business& business, Money amount,
   return std::nullopt;
 }
 
-}  // namespace quillary
+}  // namespace quillary::clients

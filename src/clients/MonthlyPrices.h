@@ -11,7 +11,7 @@
 #include <vector>
 
 /// A fixed monthly amount, spread evenly over the jobs of a client who pays by the month.
-namespace quillary {
+namespace quillary::clients {
 
 struct MonthlyJob {
   qint64 diaryId = 0;
@@ -43,4 +43,4 @@ std::optional<Refusal> CheckMonthlyPrices(Money amount, const std::vector<qint64
 std::optional<Refusal> SetJobPricesForMonthly(Business& business, Money amount,
                                               const std::vector<qint64>& ticked);
 
-}  // namespace quillary
+}  // namespace quillary::clients

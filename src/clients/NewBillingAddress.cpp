@@ -2,7 +2,7 @@
 
 #include "data/FixedLists.h"
 
-namespace quillary {
+namespace quillary::clients {
 namespace {
 
 qint64 InsertAddress(Business& business, const BillingAddress& address) {
@@ -72,4 +72,4 @@ std::optional<Refusal> SaveBillingAddress(Business& business, BillingAddress& ad
   return std::nullopt;
 }
 
-}  // namespace quillary
+}  // namespace quillary::clients

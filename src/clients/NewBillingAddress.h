@@ -8,7 +8,7 @@
 #include <optional>
 
 /// A client that is only an address which others are billed at.
-namespace quillary {
+namespace quillary::clients {
 
 struct BillingAddress {
   std::optional<qint64> clientId;  // nothing while it is not stored
@@ -37,4 +37,4 @@ std::optional<Refusal> CheckBillingAddress(const BillingAddress& address);
 /// bills itself. Writes nothing when CheckBillingAddress() refuses.
 std::optional<Refusal> SaveBillingAddress(Business& business, BillingAddress& address);
 
-}  // namespace quillary
+}  // namespace quillary::clients

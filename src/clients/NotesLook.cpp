@@ -2,7 +2,7 @@
 
 #include <utility>
 
-namespace quillary {
+namespace quillary::clients {
 namespace {
 
 const QString kSection = QStringLiteral("Reports");
@@ -62,4 +62,4 @@ void SaveNotesLook(SettingsStore& settings, const NotesLook& look) {
   settings.Write(kSection, QStringLiteral("Notes Color"), look.colour);
 }
 
-}  // namespace quillary
+}  // namespace quillary::clients

@@ -7,7 +7,7 @@
 
 /// How the notes are printed on invoices, statements and reminders. It belongs to the user and not
 /// to the business, and is read when a document is made.
-namespace quillary {
+namespace quillary::clients {
 
 struct NotesLook {
   QString font = QStringLiteral("Arial");
@@ -31,4 +31,4 @@ quint32 NotesColourValue(const QString& colour);
 NotesLook LoadNotesLook(const SettingsStore& settings);
 void SaveNotesLook(SettingsStore& settings, const NotesLook& look);
 
-}  // namespace quillary
+}  // namespace quillary::clients

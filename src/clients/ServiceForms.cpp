@@ -1,7 +1,7 @@
 #include "clients/ClientServices.h"
 #include "diary/DiaryDay.h"
 
-namespace quillary {
+namespace quillary::clients {
 namespace {
 
 constexpr int kLongestFrequency = 365;
@@ -57,7 +57,7 @@ ClientServiceForm ClearedServiceForm(Business& business) {
   form.nextVisit = business.Today();
   form.frequency = QStringLiteral("0");
   form.price = Money().ToCurrencyText();
-  const std::vector<EmployeeChoice> employees = ListEmployees(business);
+  const std::vector<diary::EmployeeChoice> employees = diary::ListEmployees(business);
   if (!employees.empty()) {
     form.employeeId = employees.front().employeeId;
     form.employeeName = employees.front().name;
@@ -132,4 +132,4 @@ void SaveClientServiceToArray(const ClientServiceForm& form, ClientServiceArray&
   if (element + 1 == services.size() && !record.IsEmpty()) services.emplace_back();
 }
 
-}  // namespace quillary
+}  // namespace quillary::clients

@@ -3,7 +3,7 @@
 #include "balances/ClientBalance.h"
 #include "diary/DiaryDay.h"
 
-namespace quillary {
+namespace quillary::diary {
 
 qint64 BilledClientOf(Business& business, qint64 diaryId) {
   const Recordset client =
@@ -19,7 +19,7 @@ qint64 BilledClientOf(Business& business, qint64 diaryId) {
 void ChangeJobStatusAndBalance(Business& business, qint64 diaryId, const QString& status) {
   Transaction change(business);
   ChangeJobStatus(business, diaryId, status);
-  RecalculateClientBalance(business, BilledClientOf(business, diaryId));
+  balances::RecalculateClientBalance(business, BilledClientOf(business, diaryId));
   change.Commit();
 }
 
@@ -29,7 +29,7 @@ void CancelJob(Business& business, qint64 diaryId) {
 
 void MarkDoneUnpaidAndBalance(Business& business, Prompter& prompter, qint64 diaryId) {
   MarkDoneUnpaid(business, prompter, diaryId);
-  RecalculateClientBalance(business, BilledClientOf(business, diaryId));
+  balances::RecalculateClientBalance(business, BilledClientOf(business, diaryId));
 }
 
 void OfferToCancelJob(Business& business, Prompter& prompter, qint64 diaryId) {
@@ -37,4 +37,4 @@ void OfferToCancelJob(Business& business, Prompter& prompter, qint64 diaryId) {
   if (answer == Answer::Yes) CancelJob(business, diaryId);
 }
 
-}  // namespace quillary
+}  // namespace quillary::diary

@@ -6,7 +6,7 @@
 
 /// What the diary and the list of jobs do to one entry where money may follow. Who owes what is
 /// recomputed after each change of a status, whatever the way it was changed.
-namespace quillary {
+namespace quillary::diary {
 
 /// The client who is billed for an entry; 0 when there is no such entry or client.
 qint64 BilledClientOf(Business& business, qint64 diaryId);
@@ -24,4 +24,4 @@ void MarkDoneUnpaidAndBalance(Business& business, Prompter& prompter, qint64 dia
 /// cancels it on Yes.
 void OfferToCancelJob(Business& business, Prompter& prompter, qint64 diaryId);
 
-}  // namespace quillary
+}  // namespace quillary::diary

@@ -6,7 +6,7 @@
 #include <array>
 #include <stdexcept>
 
-namespace quillary {
+namespace quillary::diary {
 namespace {
 
 struct StatusWord {
@@ -198,4 +198,4 @@ void MarkDoneUnpaid(Business& business, Prompter& prompter, qint64 diaryId) {
   if (answer == Answer::Yes) TakeOffPayment(business, diaryId);
 }
 
-}  // namespace quillary
+}  // namespace quillary::diary

@@ -10,7 +10,7 @@
 #include <vector>
 
 /// The list behind the diary screen.
-namespace quillary {
+namespace quillary::diary {
 
 struct DiaryQuery {
   QDate from;
@@ -90,4 +90,4 @@ void TakeOffPayment(Business& business, qint64 diaryId);
 /// take it off that payment.
 void MarkDoneUnpaid(Business& business, Prompter& prompter, qint64 diaryId);
 
-}  // namespace quillary
+}  // namespace quillary::diary

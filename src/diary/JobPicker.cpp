@@ -2,7 +2,7 @@
 
 #include <QLocale>
 
-namespace quillary {
+namespace quillary::diary {
 
 std::vector<MonthChoice> ListPickerMonths(QDate today) {
   std::vector<MonthChoice> months;
@@ -61,4 +61,4 @@ std::vector<PickableJob> ListPickableJobs(Business& business, qint64 billedClien
   return jobs;
 }
 
-}  // namespace quillary
+}  // namespace quillary::diary

@@ -10,7 +10,7 @@
 #include <vector>
 
 /// The jobs from which an invoice can be put together.
-namespace quillary {
+namespace quillary::diary {
 
 struct MonthChoice {
   QString words;  // "November 2026"
@@ -47,4 +47,4 @@ struct PickableJob {
 std::vector<PickableJob> ListPickableJobs(Business& business, qint64 billedClientId, QDate from,
                                           QDate to);
 
-}  // namespace quillary
+}  // namespace quillary::diary

@@ -2,7 +2,7 @@
 
 #include "data/Numbers.h"
 
-namespace quillary {
+namespace quillary::diary {
 namespace {
 
 constexpr char kNoAccount[] =
@@ -101,4 +101,4 @@ void UpdateTotalPriceAndGST(Business& business, qint64 diaryId) {
                       total, TaxInside(business, total), diaryId));
 }
 
-}  // namespace quillary
+}  // namespace quillary::diary

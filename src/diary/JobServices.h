@@ -6,7 +6,7 @@
 #include <vector>
 
 /// The service lines of one job, and what follows from them for the job. All prices include tax.
-namespace quillary {
+namespace quillary::diary {
 
 struct JobService {
   qint64 diaryServiceId = 0;
@@ -50,4 +50,4 @@ std::optional<Refusal> RemoveService(Business& business, qint64 diaryId,
 /// can differ by a cent from the sum of the lines' tax.
 void UpdateTotalPriceAndGST(Business& business, qint64 diaryId);
 
-}  // namespace quillary
+}  // namespace quillary::diary

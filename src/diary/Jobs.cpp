@@ -4,7 +4,7 @@
 
 #include <array>
 
-namespace quillary {
+namespace quillary::diary {
 namespace {
 
 struct JobState {
@@ -123,9 +123,9 @@ std::optional<Refusal> SaveJob(Business& business, Job& job) {
           clientId, job.date, job.employeeId, job.description, job.notes,
           JobStatusAt(*job.statusPosition), job.HasBeenPaid() ? Value(job.paymentId) : Value(),
           diaryId));
-  RecalculateClientBalance(business, clientId);
-  RefreshDebtorSince(business, clientId);
-  if (clientBefore != clientId) RecalculateClientBalance(business, clientBefore);
+  balances::RecalculateClientBalance(business, clientId);
+  balances::RefreshDebtorSince(business, clientId);
+  if (clientBefore != clientId) balances::RecalculateClientBalance(business, clientBefore);
   save.Commit();
   job.diaryId = diaryId;
   return std::nullopt;
@@ -136,8 +136,8 @@ void DeleteJob(Business& business, qint64 diaryId) {
   const qint64 clientId = ClientOf(business, diaryId);
   business.RunSQL(Sql("DELETE FROM Diary WHERE Diary_ID = {}; ", diaryId));
   business.RunSQL(Sql("DELETE FROM Diary_Services WHERE Diary_ID = {}; ", diaryId));
-  RecalculateClientBalance(business, clientId);
+  balances::RecalculateClientBalance(business, clientId);
   removal.Commit();
 }
 
-}  // namespace quillary
+}  // namespace quillary::diary

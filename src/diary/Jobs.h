@@ -11,7 +11,7 @@
 #include <optional>
 
 /// One job of the diary, edited by hand. Its service lines are in JobServices.h.
-namespace quillary {
+namespace quillary::diary {
 
 /// The key of an entry that is not stored yet, and of a payment that does not exist.
 inline constexpr qint64 kNoRecord = -1;
@@ -65,4 +65,4 @@ std::optional<Refusal> SaveJob(Business& business, Job& job);
 /// Deletes an entry with its lines and recomputes the balance of its client.
 void DeleteJob(Business& business, qint64 diaryId);
 
-}  // namespace quillary
+}  // namespace quillary::diary

@@ -8,7 +8,7 @@
 
 #include <array>
 
-namespace quillary {
+namespace quillary::diary {
 namespace {
 
 struct FilterChoice {
@@ -52,7 +52,7 @@ JobsListRow ListedJob(const Record& record) {
           .sequence = static_cast<int>(record[u"Sequence"].ToLong()),
           .scheduleDate = record[u"Schedule_Date"].ToDate(),
           .displayName = record[u"Display_Name"].ToText(),
-          .address = ListedAddress(record),
+          .address = lists::ListedAddress(record),
           .description = record[u"Description"].ToText(),
           .totalPrice = record[u"Total_Price"].ToMoney(),
           .totalGST = record[u"Total_GST"].ToMoney(),
@@ -124,4 +124,4 @@ bool DeleteJobAfterAsking(Business& business, Prompter& prompter, qint64 diaryId
   return true;
 }
 
-}  // namespace quillary
+}  // namespace quillary::diary

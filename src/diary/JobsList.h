@@ -13,7 +13,7 @@
 
 /// The list of jobs over a period. Its cells are edited through ChangeJobStatusAndBalance() and
 /// ChangeSequence().
-namespace quillary {
+namespace quillary::diary {
 
 /// In the order of JobFilterWords().
 enum class JobFilter { AllJobs, UncancelledJobs, NotDone, Done, Cancelled };
@@ -64,4 +64,4 @@ std::optional<Refusal> CheckJobSelected(JobsListCommand command, std::optional<q
 /// False when the user declined.
 bool DeleteJobAfterAsking(Business& business, Prompter& prompter, qint64 diaryId);
 
-}  // namespace quillary
+}  // namespace quillary::diary

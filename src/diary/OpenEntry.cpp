@@ -2,7 +2,7 @@
 
 #include "base/ports/requests/Scheduling.h"
 
-namespace quillary {
+namespace quillary::diary {
 namespace {
 
 bool IsVisit(const QString& status) {
@@ -30,4 +30,4 @@ void OpenEntry(const Navigator& navigator, const QString& status, qint64 diaryId
     navigator.Open(EditJob{diaryId});
 }
 
-}  // namespace quillary
+}  // namespace quillary::diary

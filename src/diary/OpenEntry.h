@@ -6,11 +6,11 @@
 
 /// The screen that a diary entry is edited on, which its status decides: visits, quotes still open,
 /// or jobs.
-namespace quillary {
+namespace quillary::diary {
 
 /// Whether there is such a screen; a command that would open it is off otherwise.
 bool CanOpenEntry(const Navigator& navigator, const QString& status);
 /// Opens it and comes back when the user has finished.
 void OpenEntry(const Navigator& navigator, const QString& status, qint64 diaryId);
 
-}  // namespace quillary
+}  // namespace quillary::diary

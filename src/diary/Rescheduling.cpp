@@ -4,16 +4,16 @@
 
 #include <limits>
 
-namespace quillary {
+namespace quillary::diary {
 
 QString ServiceRhythm::StartDateText() const {
   return QLocale::c().toString(nextVisit, QStringLiteral("dd MMM yyyy"));
 }
 
-RollCount RecreateEntireSchedule(Business& business) {
+roll::RollCount RecreateEntireSchedule(Business& business) {
   // Not one piece with the roll: when that fails, the next start has to begin at today.
   business.RunSQL(Sql("UPDATE infSystem SET Last_Schedule_Ending = null"));
-  return AdvanceScheduleGlobally(business);
+  return roll::AdvanceScheduleGlobally(business);
 }
 
 std::vector<ServiceRhythm> LoadServiceRhythms(Business& business, qint64 clientId) {
@@ -64,8 +64,8 @@ std::optional<Refusal> TypeFrequency(ServiceRhythm& row, const QString& typed) {
   return std::nullopt;
 }
 
-RollCount RescheduleClient(Business& business, qint64 clientId,
-                           const std::vector<ServiceRhythm>& rows) {
+roll::RollCount RescheduleClient(Business& business, qint64 clientId,
+                                 const std::vector<ServiceRhythm>& rows) {
   Transaction rhythm(business);
   for (const ServiceRhythm& row : rows) {
     business.RunSQL(
@@ -75,7 +75,7 @@ RollCount RescheduleClient(Business& business, qint64 clientId,
   }
   // Committed before the rebuild, which may hand a damaged file over and end the process.
   rhythm.Commit();
-  return AdvanceScheduleForClient(business, clientId);
+  return roll::AdvanceScheduleForClient(business, clientId);
 }
 
-}  // namespace quillary
+}  // namespace quillary::diary

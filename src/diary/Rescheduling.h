@@ -11,11 +11,11 @@
 #include <vector>
 
 /// Building the diary again: all of it, or that of one client in a new rhythm.
-namespace quillary {
+namespace quillary::diary {
 
 /// Forgets how far the diary reaches and rolls it again, so that every open entry from today on is
 /// rebuilt. With no days to advance nothing is rebuilt, and the next roll starts at today.
-RollCount RecreateEntireSchedule(Business& business);
+roll::RollCount RecreateEntireSchedule(Business& business);
 
 /// One service of a client, as the screen for a new rhythm lists it.
 struct ServiceRhythm {
@@ -46,7 +46,7 @@ std::optional<Refusal> TypeFrequency(ServiceRhythm& row, const QString& typed);
 
 /// Writes frequency and start date of every row to Client_Services and rebuilds the client's open
 /// diary from today on.
-RollCount RescheduleClient(Business& business, qint64 clientId,
-                           const std::vector<ServiceRhythm>& rows);
+roll::RollCount RescheduleClient(Business& business, qint64 clientId,
+                                 const std::vector<ServiceRhythm>& rows);
 
-}  // namespace quillary
+}  // namespace quillary::diary

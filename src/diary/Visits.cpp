@@ -2,7 +2,7 @@
 
 #include <array>
 
-namespace quillary {
+namespace quillary::diary {
 namespace {
 
 // In the order of VisitState.
@@ -76,4 +76,4 @@ bool DeleteVisit(Business& business, Prompter& prompter, qint64 diaryId) {
   return true;
 }
 
-}  // namespace quillary
+}  // namespace quillary::diary

@@ -3,7 +3,7 @@
 #include "diary/Jobs.h"
 
 /// A visit: an entry of the diary without lines and without price, made by hand.
-namespace quillary {
+namespace quillary::diary {
 
 enum class VisitState { NotDone, Done, Cancelled };
 
@@ -32,4 +32,4 @@ std::optional<Refusal> SaveVisit(Business& business, Visit& visit);
 /// Asks, then deletes the entry. False when the user declined.
 bool DeleteVisit(Business& business, Prompter& prompter, qint64 diaryId);
 
-}  // namespace quillary
+}  // namespace quillary::diary

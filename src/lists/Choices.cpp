@@ -1,6 +1,6 @@
 #include "lists/Choices.h"
 
-namespace quillary {
+namespace quillary::lists {
 namespace {
 
 // The first field is the key, the second the words.
@@ -34,4 +34,4 @@ std::vector<Choice> ListRevenueAccountChoices(Business& business) {
                                  "ORDER BY GL_Account_Name; "));
 }
 
-}  // namespace quillary
+}  // namespace quillary::lists

@@ -7,7 +7,7 @@
 #include <vector>
 
 /// What the combo lists of the scheduling screens offer.
-namespace quillary {
+namespace quillary::lists {
 
 struct Choice {
   qint64 id = 0;
@@ -23,4 +23,4 @@ std::vector<Choice> ListEmployeeChoices(Business& business);
 /// The ledger accounts that revenue can go to.
 std::vector<Choice> ListRevenueAccountChoices(Business& business);
 
-}  // namespace quillary
+}  // namespace quillary::lists

@@ -1,6 +1,6 @@
 #include "lists/Countries.h"
 
-namespace quillary {
+namespace quillary::lists {
 namespace {
 
 std::optional<Refusal> CheckCountry(const CountryForm& form) {
@@ -44,4 +44,4 @@ std::optional<Refusal> DeleteCountry(Business& business, std::optional<qint64> c
   return std::nullopt;
 }
 
-}  // namespace quillary
+}  // namespace quillary::lists

@@ -10,7 +10,7 @@
 
 /// The countries a business can be in. Each names its tax and how a business is registered for it;
 /// what is left empty falls back as GetCountryTaxNames() tells.
-namespace quillary {
+namespace quillary::lists {
 
 struct Country {
   qint64 countryId = 0;
@@ -34,4 +34,4 @@ std::optional<Refusal> UpdateCountry(Business& business, std::optional<qint64> c
 /// Whether the business is there or not.
 std::optional<Refusal> DeleteCountry(Business& business, std::optional<qint64> countryId);
 
-}  // namespace quillary
+}  // namespace quillary::lists

@@ -1,6 +1,6 @@
 #include "lists/Divisions.h"
 
-namespace quillary {
+namespace quillary::lists {
 namespace {
 
 std::optional<Refusal> CheckDivision(const DivisionForm& form) {
@@ -57,4 +57,4 @@ std::optional<Refusal> DeleteDivision(Business& business, std::optional<qint64> 
   return std::nullopt;
 }
 
-}  // namespace quillary
+}  // namespace quillary::lists

@@ -9,7 +9,7 @@
 #include <vector>
 
 /// The group's lines of business. The owner's own one is infPersonalDetails.Division_ID.
-namespace quillary {
+namespace quillary::lists {
 
 struct Division {
   qint64 divisionId = 0;
@@ -33,4 +33,4 @@ std::optional<Refusal> UpdateDivision(Business& business, std::optional<qint64> 
                                       const DivisionForm& form);
 std::optional<Refusal> DeleteDivision(Business& business, std::optional<qint64> divisionId);
 
-}  // namespace quillary
+}  // namespace quillary::lists

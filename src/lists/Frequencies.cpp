@@ -1,6 +1,6 @@
 #include "lists/Frequencies.h"
 
-namespace quillary {
+namespace quillary::lists {
 
 std::vector<Frequency> ListFrequencies(Business& business) {
   std::vector<Frequency> frequencies;
@@ -39,4 +39,4 @@ std::optional<Refusal> RemoveFrequency(Business& business, std::optional<qint64>
   return std::nullopt;
 }
 
-}  // namespace quillary
+}  // namespace quillary::lists

@@ -9,7 +9,7 @@
 #include <vector>
 
 /// The numbers of days that the lists of frequencies offer.
-namespace quillary {
+namespace quillary::lists {
 
 struct Frequency {
   qint64 frequencyId = 0;
@@ -28,4 +28,4 @@ std::optional<Refusal> ChangeFrequencyDays(Business& business, qint64 frequencyI
 /// Refuses when none is selected.
 std::optional<Refusal> RemoveFrequency(Business& business, std::optional<qint64> frequencyId);
 
-}  // namespace quillary
+}  // namespace quillary::lists

@@ -4,9 +4,9 @@
 
 #include <QString>
 
-namespace quillary {
+namespace quillary::lists {
 
 /// The address of a client as the lists show it: suburb, post code, street, number.
 QString ListedAddress(const Record& client);
 
-}  // namespace quillary
+}  // namespace quillary::lists

@@ -1,6 +1,6 @@
 #include "lists/PaymentMethods.h"
 
-namespace quillary {
+namespace quillary::lists {
 namespace {
 
 std::optional<Refusal> CheckWord(const QString& word) {
@@ -47,4 +47,4 @@ std::optional<Refusal> DeletePaymentMethod(Business& business, std::optional<qin
   return std::nullopt;
 }
 
-}  // namespace quillary
+}  // namespace quillary::lists

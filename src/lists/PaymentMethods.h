@@ -10,7 +10,7 @@
 
 /// The words that a payment or purchase can be made by. These keep the word itself, so a method can
 /// be renamed or deleted whether it is in use or not, and what was paid stays as it was written.
-namespace quillary {
+namespace quillary::lists {
 
 struct PaymentMethod {
   qint64 paymentMethodId = 0;
@@ -25,4 +25,4 @@ std::optional<Refusal> UpdatePaymentMethod(Business& business, std::optional<qin
                                            const QString& word);
 std::optional<Refusal> DeletePaymentMethod(Business& business, std::optional<qint64> methodId);
 
-}  // namespace quillary
+}  // namespace quillary::lists

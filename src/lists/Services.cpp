@@ -1,6 +1,6 @@
 #include "lists/Services.h"
 
-namespace quillary {
+namespace quillary::lists {
 namespace {
 
 // `noName` differs between a new service and a changed one.
@@ -82,4 +82,4 @@ Value DefaultServiceId(Business& business) {
   return business.FirstField(Sql("SELECT MIN(Service_ID) FROM Services WHERE [Default] = True; "));
 }
 
-}  // namespace quillary
+}  // namespace quillary::lists

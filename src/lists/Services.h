@@ -10,7 +10,7 @@
 
 /// The catalogue of services. Jobs and clients point at a service by its key, so renaming one
 /// changes them all and deleting one leaves them pointing at nothing.
-namespace quillary {
+namespace quillary::lists {
 
 struct Service {
   qint64 serviceId = 0;
@@ -47,4 +47,4 @@ bool MayDownloadServices(Prompter& prompter);
 /// The oldest of the services marked as default; null when there is none.
 Value DefaultServiceId(Business& business);
 
-}  // namespace quillary
+}  // namespace quillary::lists

@@ -1,6 +1,6 @@
 #include "lists/SuburbPositions.h"
 
-namespace quillary {
+namespace quillary::lists {
 
 std::vector<SuburbPosition> ListSuburbPositions(Business& business) {
   std::vector<SuburbPosition> suburbs;
@@ -58,4 +58,4 @@ std::optional<Refusal> RemoveSuburb(Business& business, Prompter& prompter,
   return std::nullopt;
 }
 
-}  // namespace quillary
+}  // namespace quillary::lists

@@ -11,7 +11,7 @@
 
 /// The order in which the diary can go through the suburbs. A suburb that is not listed comes
 /// first.
-namespace quillary {
+namespace quillary::lists {
 
 struct SuburbPosition {
   QString suburbName;
@@ -31,4 +31,4 @@ void ChangeSuburbPosition(Business& business, const QString& suburbName, int pos
 std::optional<Refusal> RemoveSuburb(Business& business, Prompter& prompter,
                                     const std::optional<QString>& suburbName);
 
-}  // namespace quillary
+}  // namespace quillary::lists

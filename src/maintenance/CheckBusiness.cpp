@@ -9,7 +9,7 @@
 #include <cstdlib>
 #include <map>
 
-namespace quillary {
+namespace quillary::maintenance {
 namespace {
 
 enum class Weight { Wrong, Note };
@@ -221,7 +221,7 @@ class Check {
     std::map<qint64, Money> computed;
     {
       const Transaction undone(business_);
-      RecalculateAmountOwingOfAllClients(business_);
+      balances::RecalculateAmountOwingOfAllClients(business_);
       computed = Balances();
     }
     Rows rows;
@@ -264,4 +264,4 @@ bool IsWrong(const std::vector<Finding>& findings) {
                      [](const Finding& finding) { return !finding.isNote; });
 }
 
-}  // namespace quillary
+}  // namespace quillary::maintenance

@@ -7,7 +7,7 @@
 #include <vector>
 
 /// Whether a business file is whole and its tables agree with one another.
-namespace quillary {
+namespace quillary::maintenance {
 
 /// One thing that is not as it should be.
 struct Finding {
@@ -31,4 +31,4 @@ std::vector<Finding> CheckBusiness(const Outside& outside, const QString& file);
 /// Whether one of them is more than a note.
 bool IsWrong(const std::vector<Finding>& findings);
 
-}  // namespace quillary
+}  // namespace quillary::maintenance

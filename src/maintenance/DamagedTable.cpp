@@ -5,7 +5,7 @@
 #include <limits>
 #include <utility>
 
-namespace quillary {
+namespace quillary::maintenance {
 namespace {
 
 constexpr qint64 kLowest = std::numeric_limits<qint64>::min();
@@ -171,4 +171,4 @@ void DamagedTable::AskIndexes(const Take& take) {
   }
 }
 
-}  // namespace quillary
+}  // namespace quillary::maintenance

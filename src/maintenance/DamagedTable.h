@@ -8,7 +8,7 @@
 #include <functional>
 #include <memory>
 
-namespace quillary {
+namespace quillary::maintenance {
 
 /// Reads the rows of one table of a damaged file, by their row numbers and around the pages that
 /// cannot be read.
@@ -56,4 +56,4 @@ class DamagedTable {
   QStringList reasons_;
 };
 
-}  // namespace quillary
+}  // namespace quillary::maintenance

@@ -4,7 +4,7 @@
 
 #include <limits>
 
-namespace quillary {
+namespace quillary::maintenance {
 
 void SetDatabaseVersion(Business& business) {
   const Outside& world = business.World();
@@ -35,4 +35,4 @@ void SetDatabaseVersion(Business& business) {
   world.desktop.EndProcess(0);
 }
 
-}  // namespace quillary
+}  // namespace quillary::maintenance

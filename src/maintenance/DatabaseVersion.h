@@ -2,7 +2,7 @@
 
 #include "data/Business.h"
 
-namespace quillary {
+namespace quillary::maintenance {
 
 /// The repair command that makes the next start climb the ladder again from a version that the user
 /// types: two questions first, then the number, proposing the current one. Writes
@@ -11,4 +11,4 @@ namespace quillary {
 /// nothing and asks for no restart.
 void SetDatabaseVersion(Business& business);
 
-}  // namespace quillary
+}  // namespace quillary::maintenance

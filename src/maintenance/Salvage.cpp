@@ -16,7 +16,7 @@
 
 #include <algorithm>
 
-namespace quillary {
+namespace quillary::maintenance {
 namespace {
 
 StorageFailure PastSaving(const QString& file, const QString& why) {
@@ -336,4 +336,4 @@ QStringList SalvageLines(const SalvageReceipt& receipt) {
   return lines;
 }
 
-}  // namespace quillary
+}  // namespace quillary::maintenance

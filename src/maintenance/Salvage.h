@@ -6,7 +6,7 @@
 #include <vector>
 
 /// Rescuing what can still be read of a damaged business file.
-namespace quillary {
+namespace quillary::maintenance {
 
 struct SalvagedTable {
   QString table;
@@ -43,4 +43,4 @@ RepairInPlaceResult RepairInPlace(const QString& file, const QString& archive,
 /// The receipt in words, a line a table.
 QStringList SalvageLines(const SalvageReceipt& receipt);
 
-}  // namespace quillary
+}  // namespace quillary::maintenance

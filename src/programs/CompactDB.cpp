@@ -57,17 +57,18 @@ Outcome Repair(const QString& file, const QString& newFile) {
     outcome.lines = {QStringLiteral("%1 is not damaged and was left as it is.").arg(file)};
     return outcome;
   }
-  const QString archive = ArchiveUnder(ProgramFolder());
+  const QString archive = session::ArchiveUnder(session::ProgramFolder());
   QString where = newFile;
-  SalvageReceipt receipt;
+  maintenance::SalvageReceipt receipt;
   if (newFile.isEmpty()) {
-    const RepairInPlaceResult result = RepairInPlace(file, archive, Stamp());
+    const maintenance::RepairInPlaceResult result =
+        maintenance::RepairInPlace(file, archive, Stamp());
     receipt = result.receipt;
     where = file;
     outcome.lines +=
         QStringLiteral("%1 was repaired. The damaged file lies in %2.").arg(file, result.keptAt);
   } else {
-    receipt = SalvageFile(file, newFile);
+    receipt = maintenance::SalvageFile(file, newFile);
     outcome.lines += QStringLiteral("What could be read of %1 is in %2.").arg(file, newFile);
   }
   outcome.lines += receipt.LostNothing()
@@ -76,14 +77,15 @@ Outcome Repair(const QString& file, const QString& newFile) {
                              "Not everything could be saved. Compare with the newest "
                              "backup in the folder %1.")
                              .arg(archive);
-  outcome.lines += SalvageLines(receipt);
+  outcome.lines += maintenance::SalvageLines(receipt);
   KeepReport(where + QStringLiteral(".repair.txt"), outcome.lines);
   outcome.done = true;
   return outcome;
 }
 
 Outcome Run(const QStringList& words) {
-  const QString file = words.value(0, QDir(ProgramFolder()).filePath(QStringLiteral("DATA.MDB")));
+  const QString file =
+      words.value(0, QDir(session::ProgramFolder()).filePath(QStringLiteral("DATA.MDB")));
   try {
     return Repair(file, words.value(1));
   } catch (const std::exception& error) {

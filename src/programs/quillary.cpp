@@ -23,7 +23,7 @@ namespace {
 class DesktopApplication : public QApplication {
  public:
   using QApplication::QApplication;
-  void UsePorts(DesktopPorts* ports) { ports_ = ports; }
+  void UsePorts(shell::DesktopPorts* ports) { ports_ = ports; }
 
   bool notify(QObject* receiver, QEvent* event) override {
     try {
@@ -38,7 +38,7 @@ class DesktopApplication : public QApplication {
   }
 
  private:
-  DesktopPorts* ports_ = nullptr;
+  shell::DesktopPorts* ports_ = nullptr;
 };
 
 struct Options {
@@ -82,16 +82,16 @@ const char* const kHelp =
     "                 main window into DIR\n";
 
 int RunDesktop(DesktopApplication& application, const Options& options) {
-  DesktopPorts ports;
+  shell::DesktopPorts ports;
   application.UsePorts(&ports);
   int code = 1;
   {
-    Program program(ports.All(), ports.navigator, ProgramFolder());
+    shell::Program program(ports.All(), ports.navigator, session::ProgramFolder());
     program.UseFile(options.file);
     if (program.Start(options.rest.join(u' '))) {
       QObject::connect(
-          program.MainMenu(), &MainMenuMDI::left, &application, [] { QCoreApplication::exit(0); },
-          Qt::QueuedConnection);
+          program.MainMenu(), &shell::MainMenuMDI::left, &application,
+          [] { QCoreApplication::exit(0); }, Qt::QueuedConnection);
       code = application.exec();
     } else if (program.UserLeft()) {
       code = 0;
@@ -104,7 +104,7 @@ int RunDesktop(DesktopApplication& application, const Options& options) {
 /// What needs no display is answered before one is asked for. Nothing when the program is to run.
 std::optional<int> AnswerWithoutDisplay(const Options& options) {
   if (options.help || options.version) {
-    std::cout << (options.help ? kHelp : qPrintable(VersionText() + u'\n'));
+    std::cout << (options.help ? kHelp : qPrintable(shell::VersionText() + u'\n'));
     return 0;
   }
   if (options.wrong.isEmpty()) return std::nullopt;
@@ -124,16 +124,16 @@ int main(int argc, char** argv) {
 
   DesktopApplication application(argc, argv);
   QApplication::setApplicationName(QStringLiteral("Quillary"));
-  QApplication::setApplicationVersion(VersionText());
+  QApplication::setApplicationVersion(shell::VersionText());
   QApplication::setDesktopFileName(QStringLiteral("quillary"));
   QApplication::setQuitOnLastWindowClosed(false);  // the main window decides when we leave
-  QApplication::setWindowIcon(ProgramIcon());
+  QApplication::setWindowIcon(shell::ProgramIcon());
 
   // Without the words that the toolkit takes for itself.
   const Options options = ReadOptions(QCoreApplication::arguments());
-  ApplyTheme(application, ReadThemeChoice(PerUserSettings()));
+  ApplyTheme(application, ReadThemeChoice(shell::PerUserSettings()));
   if (options.dayRunFolder.isEmpty()) return RunDesktop(application, options);
   // The platform without a display remarks on every window that it does not show.
   QLoggingCategory::setFilterRules(QStringLiteral("default.warning=false"));
-  return RunTheDay(options.rest.join(u' '), options.file, options.dayRunFolder);
+  return shell::RunTheDay(options.rest.join(u' '), options.file, options.dayRunFolder);
 }

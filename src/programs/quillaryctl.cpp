@@ -27,5 +27,5 @@ int main(int count, char** arguments) {
   QCoreApplication::setApplicationName(QStringLiteral("quillaryctl"));
   QTextStream out(stdout);
   QTextStream err(stderr);
-  return quillary::RunCommandLine(QCoreApplication::arguments().mid(1), out, err);
+  return quillary::cli::RunCommandLine(QCoreApplication::arguments().mid(1), out, err);
 }

@@ -42,7 +42,7 @@ int main(int argc, char** argv) {
   QLoggingCategory::setFilterRules(QStringLiteral("default.warning=false"));
   ApplyTheme(application, dark ? ThemeChoice::Dark : ThemeChoice::Light);
   try {
-    Shots(words.first()).Run();
+    shell::Shots(words.first()).Run();
   } catch (const std::exception& error) {
     std::cerr << "quillary_shots: " << error.what() << '\n';
     return 1;

@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-namespace quillary {
+namespace quillary::roll {
 namespace {
 
 /// When a service is done: taken from the service's own row, or from that of the service whose
@@ -239,4 +239,4 @@ RollCount RebuildClientAlone(Business& business, RollFaults& faults, DaySequence
   return {};
 }
 
-}  // namespace quillary
+}  // namespace quillary::roll

@@ -6,7 +6,7 @@
 
 #include <QDate>
 
-namespace quillary {
+namespace quillary::roll {
 
 /// The days of one rebuild, with nothing left to default.
 struct RebuildDates {
@@ -26,4 +26,4 @@ RollCount RebuildClient(Business& business, RollFaults& faults, DaySequences& se
 RollCount RebuildClientAlone(Business& business, RollFaults& faults, DaySequences& sequences,
                              qint64 clientId, const RebuildDates& dates);
 
-}  // namespace quillary
+}  // namespace quillary::roll

@@ -3,7 +3,7 @@
 #include "data/Numbers.h"
 #include "roll/Trap.h"
 
-namespace quillary {
+namespace quillary::roll {
 namespace {
 
 // Only blanks count as nothing here; a note that is a mere line break is still a note.
@@ -140,4 +140,4 @@ void RecalculateDiaryEntryGST(Business& business, qint64 diaryId) {
   }
 }
 
-}  // namespace quillary
+}  // namespace quillary::roll

@@ -9,7 +9,7 @@
 #include <optional>
 
 /// The three routines through which a diary entry comes to be, and what follows from its lines.
-namespace quillary {
+namespace quillary::roll {
 
 /// Whether any line of the service stands in the client's diary on that day, in whatever status: a
 /// cancelled visit counts too, which is what keeps it cancelled through every roll. False for an
@@ -49,4 +49,4 @@ QString JoinNotes(const QString& notes, const QString& more);
 /// user and passed over.
 void RecalculateDiaryEntryGST(Business& business, qint64 diaryId);
 
-}  // namespace quillary
+}  // namespace quillary::roll

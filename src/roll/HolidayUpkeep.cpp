@@ -5,7 +5,7 @@
 
 #include <set>
 
-namespace quillary {
+namespace quillary::roll {
 namespace {
 
 // A leap year, so that a day that comes round only every fourth year can recur.
@@ -114,4 +114,4 @@ std::optional<Refusal> DeleteHoliday(Business& business, std::optional<qint64> h
   return std::nullopt;
 }
 
-}  // namespace quillary
+}  // namespace quillary::roll

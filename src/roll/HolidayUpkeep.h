@@ -10,7 +10,7 @@
 
 /// The days on which nobody works. Changing them moves no entry of the diary until it is recreated,
 /// and the roll sees the change after LoadHolidaysIntoArray().
-namespace quillary {
+namespace quillary::roll {
 
 struct Holiday {
   qint64 holId = 0;
@@ -44,4 +44,4 @@ std::optional<Refusal> UpdateHoliday(Business& business, std::optional<qint64> h
                                      const HolidayForm& form);
 std::optional<Refusal> DeleteHoliday(Business& business, std::optional<qint64> holId);
 
-}  // namespace quillary
+}  // namespace quillary::roll

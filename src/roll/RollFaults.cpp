@@ -2,7 +2,7 @@
 
 #include <QCoreApplication>
 
-namespace quillary {
+namespace quillary::roll {
 
 void RollFaults::OfferRepair() {
   if (declinedRepair_) return;  // steps lie within steps, and each sees the failure pass
@@ -35,4 +35,4 @@ void HandOverToRepair(Business& business) {
   world.desktop.EndProcess(kExitForRepair);
 }
 
-}  // namespace quillary
+}  // namespace quillary::roll

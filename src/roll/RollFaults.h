@@ -4,7 +4,7 @@
 
 #include <QScopeGuard>
 
-namespace quillary {
+namespace quillary::roll {
 
 /// The user wants the damaged file repaired. Thrown through the roll, so that it is undone before
 /// the repair program gets the file.
@@ -61,4 +61,4 @@ class RollFaults {
 /// when there is no such program. Returns only where ending the process does.
 void HandOverToRepair(Business& business);
 
-}  // namespace quillary
+}  // namespace quillary::roll

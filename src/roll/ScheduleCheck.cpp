@@ -6,7 +6,7 @@
 
 #include <optional>
 
-namespace quillary {
+namespace quillary::roll {
 namespace {
 
 constexpr char16_t kSection[] = u"Scheduling problem screen";
@@ -67,7 +67,7 @@ std::vector<ScheduleProblem> CheckClientSchedules(Business& business) {
     ScheduleProblem service{.clientId = row[u"Client_ID"].ToLong(),
                             .status = row[u"Status"].ToText(),
                             .displayName = row[u"Display_Name"].ToText(),
-                            .address = ListedAddress(row),
+                            .address = lists::ListedAddress(row),
                             .clientServiceId = row[u"Client_Service_ID"].ToLong(),
                             .serviceId = row[u"Service_ID"].ToLong(),
                             .frequency = static_cast<int>(row[u"Frequency"].ToLong()),
@@ -92,4 +92,4 @@ void ShowScheduleProblemsAtStartUp(SettingsStore& settings, bool show) {
                  show ? QStringLiteral("1") : QStringLiteral("0"));
 }
 
-}  // namespace quillary
+}  // namespace quillary::roll

@@ -9,7 +9,7 @@
 #include <vector>
 
 /// Finds the clients whose regular visits are missing from the diary.
-namespace quillary {
+namespace quillary::roll {
 
 struct ScheduleProblem {
   qint64 clientId = 0;
@@ -34,4 +34,4 @@ std::vector<ScheduleProblem> CheckClientSchedules(Business& business);
 bool ShowsScheduleProblemsAtStartUp(const SettingsStore& settings);
 void ShowScheduleProblemsAtStartUp(SettingsStore& settings, bool show);
 
-}  // namespace quillary
+}  // namespace quillary::roll

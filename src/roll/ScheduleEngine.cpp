@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-namespace quillary {
+namespace quillary::roll {
 namespace {
 
 // What a client that has left loses: everything after the present moment, in whatever status. The
@@ -129,4 +129,4 @@ RollCount AdvanceScheduleForClient(Business& business, qint64 clientId,
   return {};
 }
 
-}  // namespace quillary
+}  // namespace quillary::roll

@@ -7,7 +7,7 @@
 #include <optional>
 
 /// The roller: turns the services of clients into dated diary entries, a set number of days ahead.
-namespace quillary {
+namespace quillary::roll {
 
 /// What a roll wrote. Entries that were deleted and built again count in both.
 struct RollCount {
@@ -43,4 +43,4 @@ struct AdvanceOptions {
 RollCount AdvanceScheduleForClient(Business& business, qint64 clientId,
                                    const AdvanceOptions& options = {});
 
-}  // namespace quillary
+}  // namespace quillary::roll

@@ -4,7 +4,7 @@
 
 #include <QString>
 
-namespace quillary {
+namespace quillary::roll {
 
 /// Runs one step of a routine. A failure goes to the error screen under the routine's name and is
 /// passed over, so that one bad row does not stop the rest; a failure of the store is thrown on,
@@ -20,4 +20,4 @@ void PassOverErrors(Business& business, const QString& procedure, Step&& step) {
   }
 }
 
-}  // namespace quillary
+}  // namespace quillary::roll

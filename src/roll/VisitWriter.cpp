@@ -3,7 +3,7 @@
 #include "data/Numbers.h"
 #include "roll/DiaryEntries.h"
 
-namespace quillary {
+namespace quillary::roll {
 
 int DaySequences::Next(QDate day) {
   const auto known = highest_.find(day.toJulianDay());
@@ -127,4 +127,4 @@ void VisitWriter::InsertLines() {
   }
 }
 
-}  // namespace quillary
+}  // namespace quillary::roll

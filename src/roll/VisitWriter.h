@@ -12,7 +12,7 @@
 #include <utility>
 #include <vector>
 
-namespace quillary {
+namespace quillary::roll {
 
 /// The highest Sequence of each day, remembered for the length of a roll, so that numbering an
 /// entry does not ask the file for every visit. Deletions need not be told: once a day is known,
@@ -96,4 +96,4 @@ class VisitWriter {
   std::vector<Line> lines_;
 };
 
-}  // namespace quillary
+}  // namespace quillary::roll

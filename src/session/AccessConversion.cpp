@@ -8,7 +8,7 @@
 
 #include <QFileInfo>
 
-namespace quillary {
+namespace quillary::session {
 
 namespace {
 
@@ -92,4 +92,4 @@ QString ConvertIfAccessFile(const Outside& outside, const QString& path, const Q
   return {};
 }
 
-}  // namespace quillary
+}  // namespace quillary::session

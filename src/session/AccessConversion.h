@@ -4,7 +4,7 @@
 
 #include <QString>
 
-namespace quillary {
+namespace quillary::session {
 
 /// The file to open in place of the chosen one. A business file is itself. A genuine Access file is
 /// offered for conversion: it goes untouched into the folder `archive`, and then the business made
@@ -12,4 +12,4 @@ namespace quillary {
 /// done, in which case the user has been told why and the file stands as it was.
 QString ConvertIfAccessFile(const Outside& outside, const QString& path, const QString& archive);
 
-}  // namespace quillary
+}  // namespace quillary::session

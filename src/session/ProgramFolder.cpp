@@ -5,7 +5,7 @@
 #include <QFile>
 #include <QStandardPaths>
 
-namespace quillary {
+namespace quillary::session {
 
 QString ProgramFolder() {
   const QString beside = ToolsFolder();
@@ -27,4 +27,4 @@ QString ToolsFolder() {
   return QCoreApplication::applicationDirPath();
 }
 
-}  // namespace quillary
+}  // namespace quillary::session

@@ -2,7 +2,7 @@
 
 #include <QString>
 
-namespace quillary {
+namespace quillary::session {
 
 /// The folder that holds the installation's files: qy.ini, DATA.MDB, Archive, Log.txt. It is the
 /// folder of the running program when a qy.ini lies there (a portable installation); otherwise
@@ -16,4 +16,4 @@ QString ArchiveUnder(const QString& programFolder);
 /// The folder of the running program, where the programs that belong to it lie.
 QString ToolsFolder();
 
-}  // namespace quillary
+}  // namespace quillary::session

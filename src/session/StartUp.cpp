@@ -11,7 +11,7 @@
 
 #include <QDir>
 
-namespace quillary {
+namespace quillary::session {
 namespace {
 
 void DeleteTemporaryFiles(const QString& folder) {
@@ -153,7 +153,7 @@ class Sequence {
     LoadDaysToAdvance(*business);
     Advance(1);
     EnsurePersonalDetails(*business);
-    values.divisionName = OwnDivisionName(*business);
+    values.divisionName = lists::OwnDivisionName(*business);
     Advance(1);
     LoadTaxRate(*business);
     values.accountingMethod = AccountingMethodOf(
@@ -171,7 +171,7 @@ class Sequence {
   }
 
   void RollAndShow() {
-    AdvanceScheduleGlobally(*business);
+    roll::AdvanceScheduleGlobally(*business);
     Advance(2);
     Reached("AdvanceScheduleGlobally");
     // Budgets join here; nothing else at start-up depends on them.
@@ -241,7 +241,7 @@ void UpgradeFile(Business& business, const QString& programFolder,
     // What is made anew reaches as far and is taxed as ever, although little is loaded yet.
     LoadDaysToAdvance(business);
     LoadTaxRate(business);
-    AdvanceScheduleForClient(business, clientId);
+    roll::AdvanceScheduleForClient(business, clientId);
   };
   Upgrader::Initialize(business, options);
 }
@@ -291,4 +291,4 @@ QString CannotConnectMessage(const QString& programFolder, const std::exception&
       .arg(programFolder, ToolsFolder(), ErrorLine(error));
 }
 
-}  // namespace quillary
+}  // namespace quillary::session

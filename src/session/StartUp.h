@@ -10,7 +10,7 @@
 
 /// The program's road from start to main menu and from the exit command to its end, without
 /// screens: the desktop and the companion supply what is shown at each step.
-namespace quillary {
+namespace quillary::session {
 
 /// What start-up shows. The companion shows nothing and answers plainly.
 class StartUpScreens {
@@ -59,4 +59,4 @@ void FinishUp(Business& business, LocalSettings& settings);
 /// is where files are looked for; the repair program lies beside the running one.
 QString CannotConnectMessage(const QString& programFolder, const std::exception& error);
 
-}  // namespace quillary
+}  // namespace quillary::session

@@ -2,7 +2,7 @@
 
 #include <QString>
 
-namespace quillary {
+namespace quillary::session {
 
 // Where users are sent for help. A build for a group puts its own in place.
 inline const QString kSupportAddress = QStringLiteral("support@quillary.example");
@@ -10,4 +10,4 @@ inline const QString kSupportPage = QStringLiteral("https://www.quillary.example
 inline const QString kManualPage = QStringLiteral("https://www.quillary.example/manual");
 inline const QString kWebSite = QStringLiteral("https://www.quillary.example/");
 
-}  // namespace quillary
+}  // namespace quillary::session

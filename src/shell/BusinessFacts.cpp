@@ -1,6 +1,6 @@
 #include "shell/BusinessFacts.h"
 
-namespace quillary {
+namespace quillary::shell {
 
 BusinessFacts ReadBusinessFacts(Business& business) {
   BusinessFacts facts;
@@ -11,4 +11,4 @@ BusinessFacts ReadBusinessFacts(Business& business) {
   return facts;
 }
 
-}  // namespace quillary
+}  // namespace quillary::shell

@@ -1,6 +1,6 @@
 #include "shell/DataSources.h"
 
-namespace quillary {
+namespace quillary::shell {
 
 namespace {
 
@@ -27,4 +27,4 @@ void CreateDataSource(SettingsStore& settings, const QString& name, const QStrin
   settings.Write(kList, name, kDriver);
 }
 
-}  // namespace quillary
+}  // namespace quillary::shell

@@ -19,7 +19,7 @@
 
 #include <stdexcept>
 
-namespace quillary {
+namespace quillary::shell {
 
 namespace {
 
@@ -70,13 +70,13 @@ class UnwatchedDesktop : public MachineDesktop {
 int FirstOpenJob(const Grid& grid) {
   for (size_t row = 0; row < grid.Rows().size(); ++row) {
     const GridRow& entry = grid.Rows()[row];
-    if (entry.cells[kStatus].value == Value("J")) return static_cast<int>(row);
+    if (entry.cells[diary::kStatus].value == Value("J")) return static_cast<int>(row);
   }
   return -1;
 }
 
 QString NameIn(const Grid& grid, int row) {
-  return grid.Rows()[static_cast<size_t>(row)].cells[kDisplayName].value.ToText();
+  return grid.Rows()[static_cast<size_t>(row)].cells[diary::kDisplayName].value.ToText();
 }
 
 /// The entry of the job, unless none was left to mark.
@@ -91,7 +91,7 @@ std::optional<qint64> MarkFirstJobDone(QWidget* window, const FailingErrors& err
   }
   const qint64 key = grid->Key(row);
   grid->SelectKey(key);  // scrolls it into sight
-  const QPoint onName(grid->columnViewportPosition(kDisplayName) + 16,
+  const QPoint onName(grid->columnViewportPosition(diary::kDisplayName) + 16,
                       grid->RowRect(row).center().y());
   Hands::ClickAt(grid->viewport(), onName);
   Hands::Click(window->findChild<QPushButton*>(QStringLiteral("cmdDoneUnPaid")));
@@ -99,7 +99,7 @@ std::optional<qint64> MarkFirstJobDone(QWidget* window, const FailingErrors& err
   const std::vector<qint64> keys = grid->Keys();
   for (size_t at = 0; at < keys.size(); ++at) {
     if (keys[at] != key) continue;
-    if (!(grid->Rows()[at].cells[kStatus].value == Value("JD")))
+    if (!(grid->Rows()[at].cells[diary::kStatus].value == Value("JD")))
       Fail(QStringLiteral("The job was not marked done"));
     Say(QStringLiteral("Marked the job of %1 done.").arg(NameIn(*grid, static_cast<int>(at))));
     return key;
@@ -108,29 +108,31 @@ std::optional<qint64> MarkFirstJobDone(QWidget* window, const FailingErrors& err
 }
 
 /// An invoice for the job.
-InvoiceForm BillJob(Business& business, qint64 diaryId) {
-  InvoiceForm form = NewInvoice(business, std::nullopt, diaryId);
-  if (form.statementType.isEmpty()) form.statementType = TypesOfInvoice().first();
-  if (const auto refusal = SaveInvoices(business, form)) Fail(refusal->message);
+billing::InvoiceForm BillJob(Business& business, qint64 diaryId) {
+  billing::InvoiceForm form = billing::NewInvoice(business, std::nullopt, diaryId);
+  if (form.statementType.isEmpty()) form.statementType = billing::TypesOfInvoice().first();
+  if (const auto refusal = billing::SaveInvoices(business, form)) Fail(refusal->message);
   Say(QStringLiteral("Billed it by invoice %1 over %2.")
           .arg(form.number, form.totalAmount.ToCurrencyText()));
   return form;
 }
 
-InvoiceForm NewestInvoice(Business& business) {
+billing::InvoiceForm NewestInvoice(Business& business) {
   const Value newest = business.FirstField(Sql("SELECT MAX(Invoice_ID) FROM Invoices"));
-  const auto form = LoadInvoiceDetails(business, newest.ToLong());
+  const auto form = billing::LoadInvoiceDetails(business, newest.ToLong());
   if (!form) Fail(QStringLiteral("There is no invoice to print"));
   return *form;
 }
 
-void PrintInBothForms(Business& business, const InvoiceForm& invoice) {
-  PrepareInvoicePrint(business, invoice.invoiceId);
-  const BillingPlaces places{.report = ReportPlacesUnder(ProgramFolder())};
+void PrintInBothForms(Business& business, const billing::InvoiceForm& invoice) {
+  billing::PrepareInvoicePrint(business, invoice.invoiceId);
+  const documents::BillingPlaces places{.report =
+                                            documents::ReportPlacesUnder(session::ProgramFolder())};
   QStringList told;  // both forms miss the same picture
-  for (const auto& [print, form] :
-       {std::pair{&PrintInvoicePDF, "PDF"}, std::pair{&PrintInvoice, "word processor"}}) {
-    const ReportDocument done = print(business, places, invoice.madeOutTo, TaxMode::Included);
+  for (const auto& [print, form] : {std::pair{&documents::PrintInvoicePDF, "PDF"},
+                                    std::pair{&documents::PrintInvoice, "word processor"}}) {
+    const documents::ReportDocument done =
+        print(business, places, invoice.madeOutTo, documents::TaxMode::Included);
     Say(QStringLiteral("Invoice %1 as %2: %3")
             .arg(invoice.number, QString::fromLatin1(form), done.docFile));
     for (const QString& trouble : done.troubles) {
@@ -156,7 +158,7 @@ void Run(const QString& commandLine, const QString& file, const QString& folder)
   UnwatchedDesktop desktop;
   Outside outside{ports.clock,    prompter,         errors, ports.busy,
                   ports.settings, ports.headOffice, desktop};
-  Program program(outside, ports.navigator, ProgramFolder());
+  Program program(outside, ports.navigator, session::ProgramFolder());
   program.UseFile(file);
   if (!program.Start(commandLine))
     Fail(QStringLiteral("The start-up ended early. ") + prompter.lastTold);
@@ -189,4 +191,4 @@ int RunTheDay(const QString& commandLine, const QString& file, const QString& fo
   }
 }
 
-}  // namespace quillary
+}  // namespace quillary::shell

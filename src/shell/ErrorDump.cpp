@@ -10,7 +10,7 @@
 #include <QPlainTextEdit>
 #include <QSysInfo>
 
-namespace quillary {
+namespace quillary::shell {
 
 namespace {
 
@@ -73,4 +73,4 @@ QString BuildErrorDump(const ErrorReport& report) {
       .join(u'\n');
 }
 
-}  // namespace quillary
+}  // namespace quillary::shell

@@ -6,7 +6,7 @@
 
 class QWidget;
 
-namespace quillary {
+namespace quillary::shell {
 
 /// What a report of a failure tells the people who are to mend it.
 struct ErrorReport {
@@ -28,4 +28,4 @@ QString GetSystemVersion();
 
 QString BuildErrorDump(const ErrorReport& report);
 
-}  // namespace quillary
+}  // namespace quillary::shell

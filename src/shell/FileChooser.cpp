@@ -3,7 +3,7 @@
 #include <QDir>
 #include <QStorageInfo>
 
-namespace quillary {
+namespace quillary::shell {
 
 namespace {
 
@@ -101,4 +101,4 @@ void FileChooser::OpenFolder(QListWidgetItem* item) {
   if (Folder->count() > 0) Folder->setCurrentRow(0);
 }
 
-}  // namespace quillary
+}  // namespace quillary::shell

@@ -5,7 +5,7 @@
 #include <QComboBox>
 #include <QListWidget>
 
-namespace quillary {
+namespace quillary::shell {
 
 /// Places, folders and files side by side, as the dialogs that look for a file or a folder share
 /// them. A folder opens by a double click or by Enter.
@@ -38,4 +38,4 @@ class FileChooser : public QObject {
   QString folder_;
 };
 
-}  // namespace quillary
+}  // namespace quillary::shell

@@ -5,7 +5,7 @@
 #include <QMouseEvent>
 #include <QWidget>
 
-namespace quillary {
+namespace quillary::shell {
 
 void Hands::Click(QWidget* control) {
   ClickAt(control, control->rect().center());
@@ -38,4 +38,4 @@ void Hands::Settle() {
   }
 }
 
-}  // namespace quillary
+}  // namespace quillary::shell

@@ -4,7 +4,7 @@
 
 class QWidget;
 
-namespace quillary {
+namespace quillary::shell {
 
 /// Uses a screen as a user would, by events and by nothing else. For runs without a user.
 class Hands {
@@ -17,4 +17,4 @@ class Hands {
   static void Settle();
 };
 
-}  // namespace quillary
+}  // namespace quillary::shell

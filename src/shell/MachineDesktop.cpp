@@ -10,7 +10,7 @@
 
 #include <cstdlib>
 
-namespace quillary {
+namespace quillary::shell {
 
 void MachineDesktop::OpenInBrowser(const QString& address) {
   QDesktopServices::openUrl(QUrl(address));
@@ -33,4 +33,4 @@ void MachineDesktop::EndProcess(int exitCode) {
   std::_Exit(exitCode);
 }
 
-}  // namespace quillary
+}  // namespace quillary::shell

@@ -2,7 +2,7 @@
 
 #include "base/ports/Desktop.h"
 
-namespace quillary {
+namespace quillary::shell {
 
 /// The desktop we really run on.
 class MachineDesktop : public Desktop {
@@ -13,4 +13,4 @@ class MachineDesktop : public Desktop {
   [[noreturn]] void EndProcess(int exitCode) override;
 };
 
-}  // namespace quillary
+}  // namespace quillary::shell

@@ -16,7 +16,7 @@
 
 #include <algorithm>
 
-namespace quillary {
+namespace quillary::shell {
 
 MainMenuMDI::MainMenuMDI(Business& business, LocalSettings& settings, Navigator& navigator,
                          CommandRunner& runner)
@@ -181,4 +181,4 @@ void MainMenuMDI::RenameMenuCaptions(const QString& taxName) {
   for (MenuCommand& command : commands_) command.path.last() = PlainCaption(command.action->text());
 }
 
-}  // namespace quillary
+}  // namespace quillary::shell

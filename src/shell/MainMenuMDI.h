@@ -15,7 +15,7 @@
 
 #include <map>
 
-namespace quillary {
+namespace quillary::shell {
 
 /// The frame of the program: the menu bar is its command surface, the screens open as tabs, the
 /// status bar names the business. Closing it asks first and does the work of the exit.
@@ -91,4 +91,4 @@ class MainMenuMDI : public QMainWindow, public ScreenHost {
   QSystemTrayIcon* tray_ = nullptr;
 };
 
-}  // namespace quillary
+}  // namespace quillary::shell

@@ -7,14 +7,14 @@
 #include <QMenuBar>
 
 /// The commands that the main window does itself.
-namespace quillary {
+namespace quillary::shell {
 
 void MainMenuMDI::RunOwn(const QString& name) {
   const std::map<QString, std::function<void()>> commands = {
       {"cmdReconnectToInternet", [this] { ReconnectToInternet(); }},
       {"mnuRegisterComponents", [this] { RegisterComponents(); }},
       {"mnuFunctionsDebugTest1", [this] { DebugTest1(); }},
-      {"mnuHelpIndex", [this] { business_.World().desktop.OpenInBrowser(kManualPage); }},
+      {"mnuHelpIndex", [this] { business_.World().desktop.OpenInBrowser(session::kManualPage); }},
       {"mnuExit", [this] { close(); }},
       {"mnuAppearanceSystem", [&] { UseTheme(name); }},
       {"mnuAppearanceLight", [&] { UseTheme(name); }},
@@ -52,8 +52,8 @@ void MainMenuMDI::RegisterComponents() {
   const QString program = QStringLiteral("RegisterComponents.exe");
   if (business_.World().desktop.StartProgram(program)) return;
   business_.World().prompter.Tell(
-      Tone::Exclamation,
-      QStringLiteral("The RegisterComponents.exe cannot be found in %1.").arg(ToolsFolder()));
+      Tone::Exclamation, QStringLiteral("The RegisterComponents.exe cannot be found in %1.")
+                             .arg(session::ToolsFolder()));
 }
 
 void MainMenuMDI::DebugTest1() {
@@ -80,4 +80,4 @@ void MainMenuMDI::UseTheme(const QString& name) {
       command.action->setChecked(QLatin1StringView(command.entry->name) == name);
 }
 
-}  // namespace quillary
+}  // namespace quillary::shell

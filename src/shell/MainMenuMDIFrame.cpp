@@ -13,7 +13,7 @@
 #include <QTimer>
 
 /// The frame itself: its tabs, its place on the display, the tray, and the way out.
-namespace quillary {
+namespace quillary::shell {
 
 namespace {
 
@@ -143,7 +143,7 @@ void MainMenuMDI::closeEvent(QCloseEvent* event) {
   leaving_ = true;
   runner_.Run(objectName(), QStringLiteral("FinishUp"), [this] {
     LogActivity(business_, QStringLiteral("Logoff"));
-    FinishUp(business_, settings_);
+    session::FinishUp(business_, settings_);
   });
   LeaveTray();
   event->accept();
@@ -175,4 +175,4 @@ void MainMenuMDI::LeaveTray() {
   if (tray_) tray_->hide();
 }
 
-}  // namespace quillary
+}  // namespace quillary::shell

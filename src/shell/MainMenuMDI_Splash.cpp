@@ -8,7 +8,7 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
-namespace quillary {
+namespace quillary::shell {
 
 namespace {
 constexpr int kShownForSeconds = 2;
@@ -42,4 +42,4 @@ void MainMenuMDI_Splash::ShowOver(const QWidget* frame, QTime now) {
   QTimer::singleShot(MillisecondsOfPause(now, kShownForSeconds), this, &QWidget::close);
 }
 
-}  // namespace quillary
+}  // namespace quillary::shell

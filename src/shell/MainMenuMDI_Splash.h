@@ -4,7 +4,7 @@
 #include <QLabel>
 #include <QTime>
 
-namespace quillary {
+namespace quillary::shell {
 
 /// The greeting over the main window: whose business this is, and which version runs. Closes by
 /// itself.
@@ -21,4 +21,4 @@ class MainMenuMDI_Splash : public QFrame {
   QLabel* lblVersion;
 };
 
-}  // namespace quillary
+}  // namespace quillary::shell

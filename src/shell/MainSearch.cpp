@@ -11,7 +11,7 @@
 
 #include <algorithm>
 
-namespace quillary {
+namespace quillary::shell {
 
 namespace {
 
@@ -86,12 +86,12 @@ void MainSearch::OfferCommands(const QString& typed) {
 void MainSearch::OfferClients(const QString& typed) {
   if (!finder_) finder_.emplace(business_);
   const auto clients = finder_->Clients(typed, kMostClients);
-  for (const FoundClient& client : clients) {
+  for (const clients::FoundClient& client : clients) {
     Add(client.address.isEmpty() ? client.name
                                  : client.name + QStringLiteral("  –  ") + client.address,
         [this, id = client.clientId] { navigator_.Open(OpenClient{id}); });
     if (clients.size() > kClientsWithJobs) continue;
-    for (const FoundJob& job : finder_->Jobs(client.clientId))
+    for (const clients::FoundJob& job : finder_->Jobs(client.clientId))
       Add(client.name + QStringLiteral("  –  ") + job.words,
           [this, id = job.diaryId] { navigator_.Open(EditJob{id}); });
   }
@@ -129,4 +129,4 @@ void MainSearch::keyPressEvent(QKeyEvent* event) {
   QLineEdit::keyPressEvent(event);
 }
 
-}  // namespace quillary
+}  // namespace quillary::shell

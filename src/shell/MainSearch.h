@@ -12,7 +12,7 @@
 class QCompleter;
 class QStandardItemModel;
 
-namespace quillary {
+namespace quillary::shell {
 
 /// Finds a command, a client or a client's job by words in any order, and opens it: the whole
 /// program under the fingers.
@@ -40,10 +40,10 @@ class MainSearch : public QLineEdit {
   const std::vector<MenuCommand>& commands_;
   Navigator& navigator_;
   CommandRunner& runner_;
-  std::optional<ClientFinder> finder_;
+  std::optional<clients::ClientFinder> finder_;
   QStandardItemModel* offered_;
   std::vector<std::function<void()>> opens_;  // of each row of offered_
   QCompleter* completer_;
 };
 
-}  // namespace quillary
+}  // namespace quillary::shell

@@ -4,7 +4,7 @@
 
 #include <QMenuBar>
 
-namespace quillary {
+namespace quillary::shell {
 
 namespace {
 
@@ -58,4 +58,4 @@ std::vector<MenuCommand> BuildMenus(QMenuBar* bar,
   return std::move(builder.commands);
 }
 
-}  // namespace quillary
+}  // namespace quillary::shell

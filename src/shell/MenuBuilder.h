@@ -10,7 +10,7 @@
 
 class QMenuBar;
 
-namespace quillary {
+namespace quillary::shell {
 
 /// A command as it stands in the menus, with the words on the way to it.
 struct MenuCommand {
@@ -24,4 +24,4 @@ struct MenuCommand {
 std::vector<MenuCommand> BuildMenus(QMenuBar* bar,
                                     const std::function<void(const MenuEntry&)>& choose);
 
-}  // namespace quillary
+}  // namespace quillary::shell

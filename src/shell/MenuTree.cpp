@@ -11,7 +11,7 @@
 
 #include <cstring>
 
-namespace quillary {
+namespace quillary::shell {
 
 namespace {
 
@@ -260,4 +260,4 @@ const MenuEntry* EntryOfScreen(const char* screen) {
   return Find(MenuTree(), screen);
 }
 
-}  // namespace quillary
+}  // namespace quillary::shell

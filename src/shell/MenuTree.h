@@ -6,7 +6,7 @@
 
 /// The command surface of the program, declared as data: what stands where, under which words, what
 /// it opens and which activity it records.
-namespace quillary {
+namespace quillary::shell {
 
 /// What choosing an entry does.
 struct MenuAction {
@@ -37,4 +37,4 @@ const std::vector<MenuEntry>& MenuTree();
 /// The entry that opens the screen of that name; null when none does.
 const MenuEntry* EntryOfScreen(const char* screen);
 
-}  // namespace quillary
+}  // namespace quillary::shell

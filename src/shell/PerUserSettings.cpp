@@ -3,7 +3,7 @@
 #include <QDir>
 #include <QStandardPaths>
 
-namespace quillary {
+namespace quillary::shell {
 
 namespace {
 
@@ -30,4 +30,4 @@ void PerUserSettings::Write(const QString& section, const QString& key, const QS
   store_.setValue(section + u'/' + key, value);
 }
 
-}  // namespace quillary
+}  // namespace quillary::shell

@@ -7,7 +7,7 @@
 #include "shell/PerUserSettings.h"
 #include "shell/frmErrorHandler.h"
 
-namespace quillary {
+namespace quillary::shell {
 
 /// The outside world of the desktop program.
 struct DesktopPorts {
@@ -23,4 +23,4 @@ struct DesktopPorts {
   Outside All() { return {clock, prompter, errors, busy, settings, headOffice, desktop}; }
 };
 
-}  // namespace quillary
+}  // namespace quillary::shell

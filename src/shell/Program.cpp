@@ -21,7 +21,7 @@
 
 #include <QFileInfo>
 
-namespace quillary {
+namespace quillary::shell {
 
 Program::Program(const Outside& outside, Navigator& navigator, const QString& programFolder)
     : outside_(outside),
@@ -36,7 +36,7 @@ Program::~Program() {
 
 bool Program::Start(const QString& commandLine) {
   userLeft_ = false;
-  business_ = StartUp(outside_, settings_, commandLine, *this);
+  business_ = session::StartUp(outside_, settings_, commandLine, *this);
   if (!business_) {
     progress_.close();
     mainMenu_.reset();
@@ -51,10 +51,10 @@ std::unique_ptr<Business> Program::SelectDatabaseToAccess() {
                              QStringLiteral("Couldn't find the database file : ") + file_);
       return nullptr;
     }
-    const QString opened = ConvertIfAccessFile(outside_, QFileInfo(file_).absoluteFilePath(),
-                                               ArchiveUnder(settings_.Folder()));
+    const QString opened = session::ConvertIfAccessFile(
+        outside_, QFileInfo(file_).absoluteFilePath(), session::ArchiveUnder(settings_.Folder()));
     if (opened.isEmpty()) return nullptr;
-    return OpenDatabase(outside_, opened, settings_.Folder());
+    return session::OpenDatabase(outside_, opened, settings_.Folder());
   }
   frmSelectDatabaseToAccess dialog(outside_, settings_.Folder());
   auto business = dialog.Choose();
@@ -93,15 +93,15 @@ void Program::ShowMainMenu(Business& business) {
 }
 
 void Program::RegisterScreens(Business& business) {
-  RegisterListScreens(business, mainMenu_->Tools());
-  RegisterDiaryScreens(business, mainMenu_->Tools());
-  RegisterClientScreens(business, mainMenu_->Tools());
-  RegisterBalanceScreens(business, mainMenu_->Tools());
-  RegisterBillingScreens(business, mainMenu_->Tools());
-  RegisterAccountScreens(business, mainMenu_->Tools());
-  RegisterDocumentScreens(business, mainMenu_->Tools());
+  lists::RegisterListScreens(business, mainMenu_->Tools());
+  diary::RegisterDiaryScreens(business, mainMenu_->Tools());
+  clients::RegisterClientScreens(business, mainMenu_->Tools());
+  balances::RegisterBalanceScreens(business, mainMenu_->Tools());
+  billing::RegisterBillingScreens(business, mainMenu_->Tools());
+  accounts::RegisterAccountScreens(business, mainMenu_->Tools());
+  documents::RegisterDocumentScreens(business, mainMenu_->Tools());
   navigator_.Register<SetDBVersion>(
-      [&business](const SetDBVersion&) { SetDatabaseVersion(business); });
+      [&business](const SetDBVersion&) { maintenance::SetDatabaseVersion(business); });
   navigator_.Register<OpenAbout>([this](const OpenAbout&) { frmAbout(mainMenu_.get()).exec(); });
   navigator_.Register<OpenODBCConnection>([this](const OpenODBCConnection&) {
     frmODBCConnection(outside_, settings_.Folder(), mainMenu_.get()).exec();
@@ -121,4 +121,4 @@ void Program::RenameMenuCaptions(const QString& taxName) {
   mainMenu_->RenameMenuCaptions(taxName);
 }
 
-}  // namespace quillary
+}  // namespace quillary::shell

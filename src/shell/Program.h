@@ -8,11 +8,11 @@
 
 #include <memory>
 
-namespace quillary {
+namespace quillary::shell {
 
 /// The running desktop program: the start-up sequence with its screens, the main window, and what
 /// the navigator can open. All wiring between areas stands here.
-class Program : private StartUpScreens {
+class Program : private session::StartUpScreens {
  public:
   Program(const Outside& outside, Navigator& navigator, const QString& programFolder);
   ~Program() override;
@@ -55,4 +55,4 @@ class Program : private StartUpScreens {
   std::unique_ptr<MainMenuMDI> mainMenu_;
 };
 
-}  // namespace quillary
+}  // namespace quillary::shell

@@ -4,11 +4,11 @@ static void LoadShellResources() {
   Q_INIT_RESOURCE(shell);
 }
 
-namespace quillary {
+namespace quillary::shell {
 
 QIcon ProgramIcon() {
   LoadShellResources();
   return QIcon(QStringLiteral(":/shell/quillary.svg"));
 }
 
-}  // namespace quillary
+}  // namespace quillary::shell

@@ -2,9 +2,9 @@
 
 #include <QIcon>
 
-namespace quillary {
+namespace quillary::shell {
 
 /// The program's own sign, for windows, the tray and the splash.
 QIcon ProgramIcon();
 
-}  // namespace quillary
+}  // namespace quillary::shell

@@ -1,6 +1,6 @@
 #include "shell/RecentFiles.h"
 
-namespace quillary {
+namespace quillary::shell {
 
 namespace {
 
@@ -27,4 +27,4 @@ void RecentFiles::Save() {
     settings_.Write(kSection, QString::number(number), paths_.value(number - 1));
 }
 
-}  // namespace quillary
+}  // namespace quillary::shell

@@ -4,7 +4,7 @@
 
 #include <QStringList>
 
-namespace quillary {
+namespace quillary::shell {
 
 /// The database files opened last, newest first, at most four.
 class RecentFiles {
@@ -22,4 +22,4 @@ class RecentFiles {
   QStringList paths_;
 };
 
-}  // namespace quillary
+}  // namespace quillary::shell

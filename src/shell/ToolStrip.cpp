@@ -6,7 +6,7 @@
 
 #include <algorithm>
 
-namespace quillary {
+namespace quillary::shell {
 
 namespace {
 
@@ -102,4 +102,4 @@ void ToolStrip::AddAtEnd(QWidget* widget) {
   addWidget(widget);
 }
 
-}  // namespace quillary
+}  // namespace quillary::shell

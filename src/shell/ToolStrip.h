@@ -6,7 +6,7 @@
 
 class QToolButton;
 
-namespace quillary {
+namespace quillary::shell {
 
 /// The commands of every day, with icon and word. Each presses its entry in the menus and follows
 /// that entry's state; the one whose screen is in front is marked.
@@ -37,4 +37,4 @@ class ToolStrip : public QToolBar {
   std::vector<Tool> tools_;
 };
 
-}  // namespace quillary
+}  // namespace quillary::shell

@@ -2,11 +2,11 @@
 
 #include <QString>
 
-namespace quillary {
+namespace quillary::shell {
 
 /// Major, minor and revision, joined by points.
 inline QString VersionText() {
   return QStringLiteral(QUILLARY_VERSION);
 }
 
-}  // namespace quillary
+}  // namespace quillary::shell

@@ -6,7 +6,7 @@
 
 #include <QVBoxLayout>
 
-namespace quillary {
+namespace quillary::shell {
 
 frmAbout::frmAbout(QWidget* parent) : QDialog(parent) {
   setObjectName(QStringLiteral("frmAbout"));
@@ -42,4 +42,4 @@ frmAbout::frmAbout(QWidget* parent) : QDialog(parent) {
   setFixedSize(sizeHint());
 }
 
-}  // namespace quillary
+}  // namespace quillary::shell

@@ -4,7 +4,7 @@
 
 class QPushButton;
 
-namespace quillary {
+namespace quillary::shell {
 
 class frmAbout : public QDialog {
   Q_OBJECT
@@ -16,4 +16,4 @@ class frmAbout : public QDialog {
   QPushButton* cmdClose;
 };
 
-}  // namespace quillary
+}  // namespace quillary::shell

@@ -10,7 +10,7 @@
 #include <QGridLayout>
 #include <QVBoxLayout>
 
-namespace quillary {
+namespace quillary::shell {
 
 namespace {
 
@@ -108,7 +108,7 @@ void frmErrorHandler::ConnectCommands() {
     prompter_.Tell(Tone::Information,
                    QStringLiteral("The site asks for the name and password of your business. They "
                                   "are those of your head-office login."));
-    desktop_.OpenInBrowser(kWebSite);
+    desktop_.OpenInBrowser(session::kWebSite);
   });
   connect(cmdEmail, &QPushButton::clicked, this, &frmErrorHandler::Email);
 }
@@ -136,7 +136,7 @@ void frmErrorHandler::Email() {
     return;
   }
   const QString subject = QStringLiteral("Quillary v") + VersionText();
-  if (navigator_.Open(SendMail{kSupportAddress, subject, Text1->toPlainText()}))
+  if (navigator_.Open(SendMail{session::kSupportAddress, subject, Text1->toPlainText()}))
     prompter_.Tell(Tone::Information, QStringLiteral("Error report successfully sent via email!"));
 }
 
@@ -165,4 +165,4 @@ void ScreenErrorReporter::ReportError(const QString& form, const QString& errorL
   if (!screen_->isVisible()) screen_->exec();
 }
 
-}  // namespace quillary
+}  // namespace quillary::shell

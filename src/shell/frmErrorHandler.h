@@ -11,7 +11,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 
-namespace quillary {
+namespace quillary::shell {
 
 /// The apology, with the choices to go on, to leave, or to send the details away.
 class frmErrorHandler : public QDialog {
@@ -67,4 +67,4 @@ class ScreenErrorReporter : public ErrorReporter {
   std::unique_ptr<frmErrorHandler> screen_;
 };
 
-}  // namespace quillary
+}  // namespace quillary::shell

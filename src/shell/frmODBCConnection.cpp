@@ -10,7 +10,7 @@
 #include <QGridLayout>
 #include <QVBoxLayout>
 
-namespace quillary {
+namespace quillary::shell {
 
 frmODBCConnection::frmODBCConnection(const Outside& outside, const QString& programFolder,
                                      QWidget* parent)
@@ -83,4 +83,4 @@ void frmODBCConnection::cmdCreate_Click() {
   accept();
 }
 
-}  // namespace quillary
+}  // namespace quillary::shell

@@ -7,7 +7,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 
-namespace quillary {
+namespace quillary::shell {
 
 /// Defines a further database connection, for a separate database of another division.
 class frmODBCConnection : public QDialog {
@@ -29,4 +29,4 @@ class frmODBCConnection : public QDialog {
   QPushButton* cmdCancel;
 };
 
-}  // namespace quillary
+}  // namespace quillary::shell

@@ -14,7 +14,7 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
-namespace quillary {
+namespace quillary::shell {
 
 namespace {
 
@@ -155,13 +155,14 @@ void frmSelectDatabaseToAccess::cmdOK_Click() {
 }
 
 void frmSelectDatabaseToAccess::Open(const QString& path) {
-  const QString file = ConvertIfAccessFile(outside_, path, ArchiveUnder(programFolder_));
+  const QString file =
+      session::ConvertIfAccessFile(outside_, path, session::ArchiveUnder(programFolder_));
   if (file.isEmpty()) return;
   const BusyWhile busy(outside_.busy);
   recent_.PutInFront(file);
   recent_.Save();
   outside_.settings.Write(kForm, kShow, chkShowThisWindow->isChecked() ? "1" : "0");
-  business_ = OpenDatabase(outside_, file, programFolder_);
+  business_ = session::OpenDatabase(outside_, file, programFolder_);
   accept();
 }
 
@@ -171,4 +172,4 @@ std::unique_ptr<Business> frmSelectDatabaseToAccess::Choose() {
   return std::move(business_);
 }
 
-}  // namespace quillary
+}  // namespace quillary::shell

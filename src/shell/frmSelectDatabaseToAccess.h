@@ -13,7 +13,7 @@
 #include <exception>
 #include <memory>
 
-namespace quillary {
+namespace quillary::shell {
 
 /// Chooses the database file and opens it. With the "show this window" box cleared it opens the
 /// proposed file without waiting for the user, and waits only when that file is gone.
@@ -52,4 +52,4 @@ class frmSelectDatabaseToAccess : public QDialog {
   QPushButton* cmdExit;
 };
 
-}  // namespace quillary
+}  // namespace quillary::shell

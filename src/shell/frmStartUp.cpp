@@ -5,7 +5,7 @@
 #include <QCoreApplication>
 #include <QVBoxLayout>
 
-namespace quillary {
+namespace quillary::shell {
 
 frmStartUp::frmStartUp() {
   setObjectName(QStringLiteral("frmStartUp"));
@@ -47,4 +47,4 @@ void frmStartUp::Fill() {
   repaint();
 }
 
-}  // namespace quillary
+}  // namespace quillary::shell

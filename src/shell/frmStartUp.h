@@ -4,7 +4,7 @@
 #include <QProgressBar>
 #include <QWidget>
 
-namespace quillary {
+namespace quillary::shell {
 
 /// The sign of life while the business is made ready.
 class frmStartUp : public QWidget {
@@ -25,4 +25,4 @@ class frmStartUp : public QWidget {
   QProgressBar* pb;
 };
 
-}  // namespace quillary
+}  // namespace quillary::shell

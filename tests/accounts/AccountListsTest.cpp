@@ -2,7 +2,7 @@
 #include "lists/Countries.h"
 #include "support/BusinessTest.h"
 
-namespace quillary {
+namespace quillary::accounts {
 namespace {
 
 using AccountListsTest = BusinessTest;
@@ -74,23 +74,24 @@ TEST_F(AccountListsTest, AnAccountInUseCanGo) {
 
 TEST_F(AccountListsTest, CountriesAreKeptByName) {
   Run(Sql("DELETE FROM Countries"));
-  EXPECT_EQ(InsertCountry(business(), {" ", "ABN:", "GST"})->message,
+  EXPECT_EQ(lists::InsertCountry(business(), {" ", "ABN:", "GST"})->message,
             "Please enter the name of the country.");
   for (const char* name : {"Tonga", "Fiji"})
-    ASSERT_FALSE(InsertCountry(business(), {name, "TIN:", ""}));
-  const Country fiji = ListCountries(business())[0];
+    ASSERT_FALSE(lists::InsertCountry(business(), {name, "TIN:", ""}));
+  const lists::Country fiji = lists::ListCountries(business())[0];
   EXPECT_EQ(fiji.name, "Fiji");
-  EXPECT_EQ(UpdateCountry(business(), fiji.countryId, {"", "", ""})->field, "txtCountry");
-  EXPECT_EQ(UpdateCountry(business(), {}, {"X", "", ""})->message,
+  EXPECT_EQ(lists::UpdateCountry(business(), fiji.countryId, {"", "", ""})->field, "txtCountry");
+  EXPECT_EQ(lists::UpdateCountry(business(), {}, {"X", "", ""})->message,
             "Please choose a record to update.");
-  ASSERT_FALSE(UpdateCountry(business(), fiji.countryId, {"Fiji", "VAT no:", "VAT"}));
-  EXPECT_EQ(ListCountries(business())[0].registrationName, "VAT no:");
-  EXPECT_EQ(ListCountries(business())[0].taxName, "VAT");
+  ASSERT_FALSE(lists::UpdateCountry(business(), fiji.countryId, {"Fiji", "VAT no:", "VAT"}));
+  EXPECT_EQ(lists::ListCountries(business())[0].registrationName, "VAT no:");
+  EXPECT_EQ(lists::ListCountries(business())[0].taxName, "VAT");
   Run(Sql("UPDATE infPersonalDetails SET Country_ID = {}", fiji.countryId));
-  EXPECT_EQ(DeleteCountry(business(), {})->message, "Please choose a record to delete.");
-  EXPECT_FALSE(DeleteCountry(business(), fiji.countryId)) << "nothing keeps a country in use";
-  EXPECT_EQ(ListCountries(business()).size(), 1U);
+  EXPECT_EQ(lists::DeleteCountry(business(), {})->message, "Please choose a record to delete.");
+  EXPECT_FALSE(lists::DeleteCountry(business(), fiji.countryId))
+      << "nothing keeps a country in use";
+  EXPECT_EQ(lists::ListCountries(business()).size(), 1U);
 }
 
 }  // namespace
-}  // namespace quillary
+}  // namespace quillary::accounts

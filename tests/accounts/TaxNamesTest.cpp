@@ -1,7 +1,7 @@
 #include "accounts/TaxNames.h"
 #include "support/BusinessTest.h"
 
-namespace quillary {
+namespace quillary::accounts {
 namespace {
 
 using TaxNamesTest = BusinessTest;
@@ -27,4 +27,4 @@ TEST_F(TaxNamesTest, EmptyWordsFallBack) {
 }
 
 }  // namespace
-}  // namespace quillary
+}  // namespace quillary::accounts

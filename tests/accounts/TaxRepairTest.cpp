@@ -1,7 +1,7 @@
 #include "accounts/TaxRepair.h"
 #include "support/BusinessTest.h"
 
-namespace quillary {
+namespace quillary::accounts {
 namespace {
 
 /// One record of 110 in each table that carries tax, each with a wrong tax of 1; payments and
@@ -95,4 +95,4 @@ TEST_F(TaxRepairTest, AsksByTheFormulaFirst) {
 }
 
 }  // namespace
-}  // namespace quillary
+}  // namespace quillary::accounts

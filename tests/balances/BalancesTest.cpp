@@ -7,7 +7,7 @@
 
 #include <optional>
 
-namespace quillary {
+namespace quillary::balances {
 namespace {
 
 QDate Day(const char* iso) {
@@ -374,4 +374,4 @@ TEST_F(CheckerTest, DeletingRecomputesWhatIsLeft) {
 }
 
 }  // namespace
-}  // namespace quillary
+}  // namespace quillary::balances

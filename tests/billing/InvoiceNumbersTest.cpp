@@ -1,7 +1,7 @@
 #include "billing/invoices/InvoiceNumbers.h"
 #include "support/BusinessTest.h"
 
-namespace quillary {
+namespace quillary::billing {
 namespace {
 
 using InvoiceNumbersTest = BusinessTest;
@@ -24,4 +24,4 @@ TEST_F(InvoiceNumbersTest, LettersOfOldNumbersAreNotShown) {
 }
 
 }  // namespace
-}  // namespace quillary
+}  // namespace quillary::billing

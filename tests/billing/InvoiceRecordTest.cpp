@@ -7,7 +7,7 @@
 #include "clients/ClientMoney.h"
 #include "roll/DiaryEntries.h"
 
-namespace quillary {
+namespace quillary::billing {
 namespace {
 
 const QDate kDay(2026, 10, 20);
@@ -80,7 +80,7 @@ TEST_F(InvoiceRecordTest, ListsWhoIsBilled) {
   AddClient("Aaron", "Cancelled", "Monthly", 4);
   const auto names = [&](BilledClients which) {
     QStringList words;
-    for (const Choice& choice : ListBilledClients(business(), which)) words += choice.words;
+    for (const lists::Choice& choice : ListBilledClients(business(), which)) words += choice.words;
     return words.join(u',');
   };
   EXPECT_EQ(names(BilledClients::Active), "Abbott,Strata");
@@ -148,7 +148,7 @@ TEST_F(InvoiceRecordTest, StatusAndInvoiceOfAJobMoveIndependently) {
       {"deleting from the client left the status",
        [&](InvoiceForm& form, qint64) {
          outside.prompter.Expect("Are you sure you want to delete this invoice?", Answer::Yes);
-         DeleteClientInvoice(business(), outside.prompter, form.invoiceId);
+         clients::DeleteClientInvoice(business(), outside.prompter, form.invoiceId);
        },
        "JD -"},
   };
@@ -223,13 +223,13 @@ TEST_F(InvoiceRecordTest, TaxOfAnEntryCountsWholePercents) {
   };
   for (const RateCase& c : cases) {
     Run(Sql("UPDATE infOptions SET GST_Percentage = {}", c.rate));
-    RecalculateDiaryEntryGST(business(), job);
+    roll::RecalculateDiaryEntryGST(business(), job);
     EXPECT_EQ(Rows(Sql("SELECT GST FROM Diary_Services ORDER BY Diary_Service_ID")), c.lines)
         << c.fault;
     EXPECT_EQ(Rows(Sql("SELECT Total_GST FROM Diary WHERE Diary_ID = {}", job)), c.total)
         << c.fault;
   }
-  RecalculateDiaryEntryGST(business(), bare);
+  roll::RecalculateDiaryEntryGST(business(), bare);
   EXPECT_EQ(Rows(Sql("SELECT Total_GST FROM Diary WHERE Diary_ID = {}", bare)), "99");
 }
 
@@ -304,4 +304,4 @@ TEST_F(InvoiceRecordTest, ReminderIsMovedByTheOwnerAlone) {
 }
 
 }  // namespace
-}  // namespace quillary
+}  // namespace quillary::billing

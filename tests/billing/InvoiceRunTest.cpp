@@ -4,7 +4,7 @@
 #include "billing/runs/WithJobRun.h"
 #include "data/store/Connection.h"
 
-namespace quillary {
+namespace quillary::billing {
 namespace {
 
 const MonthlyPeriod kOctober{QDate(2026, 10, 1), QDate(2026, 10, 31), QDate(2026, 11, 2)};
@@ -166,4 +166,4 @@ TEST_F(InvoiceRunTest, WhatFailsWithOneClientLeavesTheOthersTheirInvoices) {
 }
 
 }  // namespace
-}  // namespace quillary
+}  // namespace quillary::billing

@@ -40,10 +40,10 @@ class InvoiceTest : public BusinessTest {
     return Number(Sql("SELECT MAX(Diary_ID) FROM Diary"));
   }
   /// A saved invoice of the client with these jobs.
-  InvoiceForm AddInvoice(qint64 clientId, const std::vector<qint64>& jobs = {}) {
-    InvoiceForm form = NewInvoice(business(), clientId, std::nullopt);
+  billing::InvoiceForm AddInvoice(qint64 clientId, const std::vector<qint64>& jobs = {}) {
+    billing::InvoiceForm form = billing::NewInvoice(business(), clientId, std::nullopt);
     form.jobsToAttach = jobs;
-    EXPECT_FALSE(SaveInvoices(business(), form));
+    EXPECT_FALSE(billing::SaveInvoices(business(), form));
     return form;
   }
 

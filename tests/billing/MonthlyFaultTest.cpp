@@ -2,7 +2,7 @@
 #include "billing/runs/MonthlyRun.h"
 #include "data/store/Connection.h"
 
-namespace quillary {
+namespace quillary::billing {
 namespace {
 
 const MonthlyPeriod kFaultyOctober{{2026, 10, 1}, {2026, 10, 31}, {2026, 11, 2}};
@@ -123,4 +123,4 @@ TEST_F(MonthlyFaultTest, ARealFullDiskEndsTheRunToo) {
 }
 
 }  // namespace
-}  // namespace quillary
+}  // namespace quillary::billing

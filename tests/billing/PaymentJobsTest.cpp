@@ -2,7 +2,7 @@
 #include "billing/payments/PaymentJobs.h"
 #include "billing/payments/PaymentsList.h"
 
-namespace quillary {
+namespace quillary::billing {
 namespace {
 
 TEST_F(PaymentsTest, ServicesOfItsJobsAreListedOneByOne) {
@@ -108,4 +108,4 @@ TEST_F(PaymentsTest, JobsAreRequiredWhileSomeWait) {
 }
 
 }  // namespace
-}  // namespace quillary
+}  // namespace quillary::billing

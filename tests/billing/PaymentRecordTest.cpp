@@ -1,7 +1,7 @@
 #include "billing/PaymentsTest.h"
 #include "billing/payments/PaymentRecord.h"
 
-namespace quillary {
+namespace quillary::billing {
 namespace {
 
 TEST_F(PaymentsTest, EveryFieldSurvivesSaveAndLoad) {
@@ -166,4 +166,4 @@ TEST_F(PaymentsTest, BalanceAndLedgerFollowASave) {
 }
 
 }  // namespace
-}  // namespace quillary
+}  // namespace quillary::billing

@@ -2,7 +2,7 @@
 #include "billing/payments/PaymentsList.h"
 #include "lists/PaymentMethods.h"
 
-namespace quillary {
+namespace quillary::billing {
 namespace {
 
 TEST_F(PaymentsTest, TheListSetsPaymentsAgainstTheirJobs) {
@@ -72,25 +72,25 @@ TEST_F(PaymentsTest, ADeletedPaymentLeavesItsJobsUnpaid) {
 
 TEST_F(PaymentsTest, MethodsAreFreeWordsInUpperCase) {
   Run(Sql("DELETE FROM lstPayment_Methods"));
-  EXPECT_EQ(InsertPaymentMethod(business(), "  ")->message,
+  EXPECT_EQ(lists::InsertPaymentMethod(business(), "  ")->message,
             "Please enter a value for the Payment Method.");
-  EXPECT_FALSE(InsertPaymentMethod(business(), "direct debit"));
-  EXPECT_FALSE(InsertPaymentMethod(business(), "Cash"));
+  EXPECT_FALSE(lists::InsertPaymentMethod(business(), "direct debit"));
+  EXPECT_FALSE(lists::InsertPaymentMethod(business(), "Cash"));
   EXPECT_EQ(Rows(Sql("SELECT Payment_Method, Sequence FROM lstPayment_Methods")),
             "DIRECT DEBIT 1,CASH 2");
   Store(Form(1, Whole(5), "CASH"));
-  const qint64 cash = ListPaymentMethods(business())[1].paymentMethodId;
-  EXPECT_EQ(UpdatePaymentMethod(business(), cash, "")->field, "txtPaymentMethod");
-  EXPECT_EQ(UpdatePaymentMethod(business(), std::nullopt, "x")->message,
+  const qint64 cash = lists::ListPaymentMethods(business())[1].paymentMethodId;
+  EXPECT_EQ(lists::UpdatePaymentMethod(business(), cash, "")->field, "txtPaymentMethod");
+  EXPECT_EQ(lists::UpdatePaymentMethod(business(), std::nullopt, "x")->message,
             "Please choose a record to update.");
-  EXPECT_FALSE(UpdatePaymentMethod(business(), cash, "notes"));
-  EXPECT_EQ(ListPaymentMethods(business())[1].word, "NOTES");
+  EXPECT_FALSE(lists::UpdatePaymentMethod(business(), cash, "notes"));
+  EXPECT_EQ(lists::ListPaymentMethods(business())[1].word, "NOTES");
   EXPECT_EQ(Rows(Sql("SELECT Payment_Method FROM Payments")), "CASH") << "what was paid stays";
-  EXPECT_EQ(DeletePaymentMethod(business(), std::nullopt)->message,
+  EXPECT_EQ(lists::DeletePaymentMethod(business(), std::nullopt)->message,
             "Please choose a record to delete.");
-  EXPECT_FALSE(DeletePaymentMethod(business(), cash));
+  EXPECT_FALSE(lists::DeletePaymentMethod(business(), cash));
   EXPECT_EQ(Count("lstPayment_Methods"), 1);
 }
 
 }  // namespace
-}  // namespace quillary
+}  // namespace quillary::billing

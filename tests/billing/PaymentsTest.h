@@ -29,17 +29,17 @@ class PaymentsTest : public ClientsTest {
     Run(Sql("UPDATE Diary_Services SET Price = {} WHERE Diary_ID = {}", price, job));
     return job;
   }
-  PaymentForm Form(qint64 clientId, Money amount, const char* method = "Cash") {
-    PaymentForm form = BlankPayment(business());
+  billing::PaymentForm Form(qint64 clientId, Money amount, const char* method = "Cash") {
+    billing::PaymentForm form = billing::BlankPayment(business());
     form.clientId = clientId;
     form.amount = amount;
-    form.gst = TaxWithin(business(), amount, false);
+    form.gst = billing::TaxWithin(business(), amount, false);
     form.paymentMethod = method;
     return form;
   }
   /// Stores a payment through the record and returns its key.
-  qint64 Store(PaymentForm form) {
-    const auto refusal = SavePaymentDetails(business(), form);
+  qint64 Store(billing::PaymentForm form) {
+    const auto refusal = billing::SavePaymentDetails(business(), form);
     EXPECT_FALSE(refusal) << refusal->message.toStdString();
     return form.paymentId;
   }

@@ -1,7 +1,7 @@
 #include "billing/PaymentsTest.h"
 #include "billing/payments/RevenueLines.h"
 
-namespace quillary {
+namespace quillary::billing {
 namespace {
 
 TEST_F(PaymentsTest, ALineNeedsAnAccountAndAnUpdateALine) {
@@ -48,4 +48,4 @@ TEST_F(PaymentsTest, LinesNeedNotAddUpToThePayment) {
 }
 
 }  // namespace
-}  // namespace quillary
+}  // namespace quillary::billing

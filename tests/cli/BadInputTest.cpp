@@ -4,7 +4,7 @@
 
 #include <unistd.h>
 
-namespace quillary {
+namespace quillary::cli {
 namespace {
 
 constexpr int kFailed = 1;
@@ -191,4 +191,4 @@ TEST_F(BadInputTest, SettingsThatCannotBeUsed) {
 }
 
 }  // namespace
-}  // namespace quillary
+}  // namespace quillary::cli

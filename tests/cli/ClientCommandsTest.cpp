@@ -1,6 +1,6 @@
 #include "CompanionFixture.h"
 
-namespace quillary {
+namespace quillary::cli {
 namespace {
 
 class ClientCommandsTest : public CompanionTest {
@@ -167,4 +167,4 @@ TEST_F(ClientCommandsTest, WhatIsNotThereIsOneClearLine) {
 }
 
 }  // namespace
-}  // namespace quillary
+}  // namespace quillary::cli

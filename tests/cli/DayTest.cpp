@@ -2,7 +2,7 @@
 
 #include <QSet>
 
-namespace quillary {
+namespace quillary::cli {
 namespace {
 
 const QStringList kSteps = {"LocalSettings.Initialize",
@@ -144,4 +144,4 @@ TEST_F(DayTest, TheSameSeedIsTheSameBusiness) {
 }
 
 }  // namespace
-}  // namespace quillary
+}  // namespace quillary::cli

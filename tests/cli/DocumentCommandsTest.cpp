@@ -3,7 +3,7 @@
 #include <QDir>
 #include <QFileInfo>
 
-namespace quillary {
+namespace quillary::cli {
 namespace {
 
 class DocumentCommandsTest : public CompanionTest {
@@ -97,4 +97,4 @@ TEST_F(DocumentCommandsTest, WhatCannotBeIsToldAndWritesNothing) {
 }
 
 }  // namespace
-}  // namespace quillary
+}  // namespace quillary::cli

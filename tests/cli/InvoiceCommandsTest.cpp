@@ -4,7 +4,7 @@
 #include <QRandomGenerator>
 #include <QThread>
 
-namespace quillary {
+namespace quillary::cli {
 namespace {
 
 class InvoiceCommandsTest : public CompanionTest {
@@ -193,4 +193,4 @@ TEST_F(InvoiceCommandsTest, SuddenDeathLeavesTheRunWholeOrNotBegun) {
 }
 
 }  // namespace
-}  // namespace quillary
+}  // namespace quillary::cli

@@ -1,6 +1,6 @@
 #include "CompanionFixture.h"
 
-namespace quillary {
+namespace quillary::cli {
 namespace {
 
 /// One job on its whole road and back, as a script of commands on the invented business.
@@ -68,4 +68,4 @@ TEST_F(JobRoadTest, ThereAndBack) {
 }
 
 }  // namespace
-}  // namespace quillary
+}  // namespace quillary::cli

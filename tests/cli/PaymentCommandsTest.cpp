@@ -1,6 +1,6 @@
 #include "CompanionFixture.h"
 
-namespace quillary {
+namespace quillary::cli {
 namespace {
 
 /// Over the payer 1 with the site 2, two jobs of the site and a revenue account.
@@ -115,4 +115,4 @@ TEST_F(PaymentCommandsTest, TheTaxIsRepairedWithoutAsking) {
 }
 
 }  // namespace
-}  // namespace quillary
+}  // namespace quillary::cli

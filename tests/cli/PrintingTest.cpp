@@ -1,6 +1,6 @@
 #include "CompanionFixture.h"
 
-namespace quillary {
+namespace quillary::cli {
 namespace {
 
 class PrintingTest : public CompanionTest {
@@ -46,4 +46,4 @@ TEST_F(PrintingTest, HelpIsThereForEveryCommand) {
 }
 
 }  // namespace
-}  // namespace quillary
+}  // namespace quillary::cli

@@ -2,7 +2,7 @@
 
 #include <QDir>
 
-namespace quillary {
+namespace quillary::cli {
 namespace {
 
 constexpr int kPage = 4096;
@@ -61,4 +61,4 @@ TEST_F(CompanionTest, UpgradeClimbsTheLadderOnceAndConversionsKeepAReceipt) {
 }
 
 }  // namespace
-}  // namespace quillary
+}  // namespace quillary::cli

@@ -3,7 +3,7 @@
 #include "clients/GeneralNotes.h"
 #include "clients/MonthlyPrices.h"
 
-namespace quillary {
+namespace quillary::clients {
 namespace {
 
 class ClientListTest : public ClientsTest {
@@ -145,4 +145,4 @@ TEST_F(ClientsTest, GeneralNotesKeepTheirTextAndCanBeCleared) {
 }
 
 }  // namespace
-}  // namespace quillary
+}  // namespace quillary::clients

@@ -9,7 +9,7 @@
 #include "clients/ClientsTest.h"
 #include "clients/NewBillingAddress.h"
 
-namespace quillary {
+namespace quillary::clients {
 namespace {
 
 TEST_F(ClientsTest, EveryFieldSurvivesSaveAndLoad) {
@@ -351,4 +351,4 @@ TEST_F(ClientsTest, AJobIsAddedToASavedRecordOnly) {
 }
 
 }  // namespace
-}  // namespace quillary
+}  // namespace quillary::clients

@@ -4,7 +4,7 @@
 
 #include <functional>
 
-namespace quillary {
+namespace quillary::clients {
 namespace {
 
 class ClientServicesTest : public ClientsTest {
@@ -182,4 +182,4 @@ TEST_F(ClientServicesTest, ARefusedRecordStopsTheWholeSave) {
 }
 
 }  // namespace
-}  // namespace quillary
+}  // namespace quillary::clients

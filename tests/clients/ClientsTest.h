@@ -22,13 +22,13 @@ class ClientsTest : public BusinessTest {
   }
 
   /// A client saved through the record, billed to `billingClientId` unless that is 0.
-  ClientRecord AddClient(const char* name, const char* status = "Active",
-                         qint64 billingClientId = 0) {
-    ClientRecord client = NewClientRecord();
+  clients::ClientRecord AddClient(const char* name, const char* status = "Active",
+                                  qint64 billingClientId = 0) {
+    clients::ClientRecord client = clients::NewClientRecord();
     client.displayName = name;
     client.status = status;
     if (billingClientId != 0) client.billingClientId = billingClientId;
-    EXPECT_FALSE(SaveClientDetails(business(), client)) << name;
+    EXPECT_FALSE(clients::SaveClientDetails(business(), client)) << name;
     return client;
   }
 

@@ -5,7 +5,7 @@
 
 #include <stdexcept>
 
-namespace quillary {
+namespace quillary::diary {
 namespace {
 
 class DiaryDayTest : public ScheduleTest {
@@ -177,4 +177,4 @@ TEST_F(DiaryDayTest, OneDayIsFoundAmongManyRows) {
 }
 
 }  // namespace
-}  // namespace quillary
+}  // namespace quillary::diary

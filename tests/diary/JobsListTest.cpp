@@ -3,7 +3,7 @@
 #include "diary/JobsList.h"
 #include "roll/ScheduleTest.h"
 
-namespace quillary {
+namespace quillary::diary {
 namespace {
 
 /// Client 1 pays for itself and for client 2.
@@ -185,4 +185,4 @@ TEST_F(JobsListTest, ThePickersMonthsSpanThreeYears) {
 }
 
 }  // namespace
-}  // namespace quillary
+}  // namespace quillary::diary

@@ -3,7 +3,7 @@
 #include "diary/Visits.h"
 #include "roll/ScheduleTest.h"
 
-namespace quillary {
+namespace quillary::diary {
 namespace {
 
 class JobsTest : public ScheduleTest {
@@ -212,4 +212,4 @@ TEST_F(JobsTest, AVisitKeepsItsStateAndMayFallOnAHoliday) {
 }
 
 }  // namespace
-}  // namespace quillary
+}  // namespace quillary::diary

@@ -2,7 +2,7 @@
 #include "roll/ScheduleCheck.h"
 #include "roll/ScheduleTest.h"
 
-namespace quillary {
+namespace quillary::diary {
 namespace {
 
 using ReschedulingTest = ScheduleTest;
@@ -66,7 +66,7 @@ TEST_F(ReschedulingTest, ANewRhythmMovesTheOpenJobsOfOneClient) {
   AddService(client, {.service = 2, .nextVisit = nullptr, .employee = 0, .follows = 1});
   const qint64 other = AddClient();
   AddService(other);
-  AdvanceScheduleForClient(business(), client);
+  roll::AdvanceScheduleForClient(business(), client);
   std::vector<ServiceRhythm> rows = LoadServiceRhythms(business(), client);
   ASSERT_EQ(rows.size(), 2u);
   EXPECT_EQ(rows[0].price, Money::FromWhole(55)) << "not cut to cents";
@@ -125,12 +125,12 @@ TEST_F(ReschedulingTest, TheCheckFindsWhatTheRollWouldHaveMade) {
     if (check.holiday) AddHoliday(check.holiday);
     const qint64 client = AddClient(check.clientStatus);
     AddService(client, check.service);
-    AdvanceScheduleForClient(business(), client);
+    roll::AdvanceScheduleForClient(business(), client);
     if (check.removed) {
       Run(Sql("DELETE FROM Diary WHERE Schedule_Date = {}", Day(check.removed)));
     }
     QStringList missingOn;
-    for (const ScheduleProblem& problem : CheckClientSchedules(business())) {
+    for (const roll::ScheduleProblem& problem : roll::CheckClientSchedules(business())) {
       EXPECT_EQ(problem.clientId, client);
       const QDate day = problem.missingOn;
       missingOn += day.isValid() ? day.toString(Qt::ISODate) : QStringLiteral("-");
@@ -149,27 +149,27 @@ TEST_F(ReschedulingTest, TheCheckLooksForTheClientNotForTheService) {
   AddEntry(client, Day("2026-11-02"), "JC", 3);
   AddEntry(client, Day("2026-11-09"), "V", 0);
   AddEntry(client, Day("2026-11-16"), "JD", 2);
-  EXPECT_TRUE(CheckClientSchedules(business()).empty());
+  EXPECT_TRUE(roll::CheckClientSchedules(business()).empty());
   Run(Sql("UPDATE Diary SET Schedule_Date = {} WHERE Status = 'V'",
           DateTime(Day("2026-11-09"), QTime(8, 0))));
   AddService(client, {.frequency = 0});
   AddService(AddClient(), {});
   QStringList listed;
-  for (const ScheduleProblem& problem : CheckClientSchedules(business())) {
+  for (const roll::ScheduleProblem& problem : roll::CheckClientSchedules(business())) {
     listed += problem.displayName + u' ' + problem.missingOn.toString(Qt::ISODate);
   }
   EXPECT_EQ(listed, (QStringList{"Client 2026-11-02", "Zeta 2026-11-09", "Zeta "}));
 }
 
 TEST_F(ReschedulingTest, TheListShowsAtStartUpUntilItIsSwitchedOff) {
-  EXPECT_TRUE(ShowsScheduleProblemsAtStartUp(outside.settings));
-  ShowScheduleProblemsAtStartUp(outside.settings, false);
-  EXPECT_FALSE(ShowsScheduleProblemsAtStartUp(outside.settings));
-  ShowScheduleProblemsAtStartUp(outside.settings, true);
-  EXPECT_TRUE(ShowsScheduleProblemsAtStartUp(outside.settings));
+  EXPECT_TRUE(roll::ShowsScheduleProblemsAtStartUp(outside.settings));
+  roll::ShowScheduleProblemsAtStartUp(outside.settings, false);
+  EXPECT_FALSE(roll::ShowsScheduleProblemsAtStartUp(outside.settings));
+  roll::ShowScheduleProblemsAtStartUp(outside.settings, true);
+  EXPECT_TRUE(roll::ShowsScheduleProblemsAtStartUp(outside.settings));
   outside.settings.Write("Scheduling problem screen", "Show", "yes");
-  EXPECT_FALSE(ShowsScheduleProblemsAtStartUp(outside.settings));
+  EXPECT_FALSE(roll::ShowsScheduleProblemsAtStartUp(outside.settings));
 }
 
 }  // namespace
-}  // namespace quillary
+}  // namespace quillary::diary

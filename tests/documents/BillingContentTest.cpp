@@ -2,7 +2,7 @@
 #include "data/schema/Schema.h"
 #include "setup/demo/DemoBusiness.h"
 
-namespace quillary {
+namespace quillary::documents {
 namespace {
 
 class BillingContentTest : public BillingFixture {
@@ -133,7 +133,7 @@ TEST(BillingSums, EveryInvoiceOfABusinessAddsUpToItsRow) {
   CreateEmptyBusiness(path);
   Business business(outside.Ports(), path);
   business.ConnectToDatabase();
-  WriteDemoBusiness(business, {.clients = 60, .months = 8});
+  setup::WriteDemoBusiness(business, {.clients = 60, .months = 8});
   int invoices = 0;
   for (const TaxMode mode : {TaxMode::Included, TaxMode::Excluded}) {
     const BillingFrame frame = ReadBillingFrame(business, mode);
@@ -152,4 +152,4 @@ TEST(BillingSums, EveryInvoiceOfABusinessAddsUpToItsRow) {
 }
 
 }  // namespace
-}  // namespace quillary
+}  // namespace quillary::documents

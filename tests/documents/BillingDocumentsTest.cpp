@@ -7,7 +7,7 @@
 
 #include <functional>
 
-namespace quillary {
+namespace quillary::documents {
 namespace {
 
 class BillingDocumentsTest : public BillingFixture {
@@ -387,4 +387,4 @@ TEST(InvoiceFileNameTest, IsCutBetweenCharactersAndHoldsTheTime) {
 }
 
 }  // namespace
-}  // namespace quillary
+}  // namespace quillary::documents

@@ -65,10 +65,10 @@ inline QStringList Words(const std::vector<PdfText>& texts) {
 }
 
 /// The texts of composed pages, in the order in which they were placed.
-inline QStringList Words(const Composition& document) {
+inline QStringList Words(const documents::Composition& document) {
   QStringList words;
-  for (const Page& page : document.pages) {
-    for (const TextRun& run : page.texts) words += run.text;
+  for (const documents::Page& page : document.pages) {
+    for (const documents::TextRun& run : page.texts) words += run.text;
   }
   return words;
 }
@@ -102,12 +102,12 @@ inline QStringList GoldenLines(const std::vector<PdfText>& texts) {
   return lines;
 }
 
-inline QStringList GoldenLines(const Composition& document) {
+inline QStringList GoldenLines(const documents::Composition& document) {
   QStringList lines;
   int number = 0;
-  for (const Page& page : document.pages) {
+  for (const documents::Page& page : document.pages) {
     ++number;
-    for (const TextRun& run : page.texts) {
+    for (const documents::TextRun& run : page.texts) {
       lines += QStringLiteral("%1 %2 %3 %4%5 %6")
                    .arg(number)
                    .arg(run.x, 6, 'f', 0)
@@ -218,7 +218,7 @@ class BillingFixture : public BusinessTest {
 
   qint64 payer = 0;
   qint64 tenant = 0;
-  BillingPlaces places;
+  documents::BillingPlaces places;
 };
 
 }  // namespace quillary

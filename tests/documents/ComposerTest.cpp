@@ -2,7 +2,7 @@
 #include "documents/pages/PageSearch.h"
 #include "documents/pages/PageText.h"
 
-namespace quillary {
+namespace quillary::documents {
 namespace {
 
 TEST(PageFonts, WrapsAtBlanksAndCutsOnlyWhatNoLineHolds) {
@@ -185,4 +185,4 @@ TEST(PageSearch, FindsPlacesInReadingOrder) {
 }
 
 }  // namespace
-}  // namespace quillary
+}  // namespace quillary::documents

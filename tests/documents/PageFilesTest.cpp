@@ -7,7 +7,7 @@
 #include <QRegularExpression>
 #include <QTemporaryDir>
 
-namespace quillary {
+namespace quillary::documents {
 namespace {
 
 const DateTime kNow(QDate(2026, 11, 2), QTime(9, 5));
@@ -89,4 +89,4 @@ TEST(Pdf, AFailureKeepsTheOlderFile) {
 }
 
 }  // namespace
-}  // namespace quillary
+}  // namespace quillary::documents

@@ -10,34 +10,34 @@
 
 namespace quillary {
 
-inline std::shared_ptr<const PageFonts> TestFonts() {
+inline std::shared_ptr<const documents::PageFonts> TestFonts() {
   static const auto fonts =
-      std::make_shared<const PageFonts>(QStringLiteral(QUILLARY_BIN "/Fonts"));
+      std::make_shared<const documents::PageFonts>(QStringLiteral(QUILLARY_BIN "/Fonts"));
   return fonts;
 }
 
 /// The texts of a page in the order in which they were put there.
-inline QStringList TextsOf(const Page& page) {
+inline QStringList TextsOf(const documents::Page& page) {
   QStringList texts;
-  for (const TextRun& run : page.texts) texts.append(run.text);
+  for (const documents::TextRun& run : page.texts) texts.append(run.text);
   return texts;
 }
 
 /// Fails for every pair of texts that overlap, and for every text beyond the margins.
-inline void ExpectTidy(const Composition& document) {
-  const Margins margins = document.setup.margins;
+inline void ExpectTidy(const documents::Composition& document) {
+  const documents::Margins margins = document.setup.margins;
   const double right = document.setup.Width() - margins.right;
   const double bottom = document.setup.Height() - margins.bottom;
   constexpr double kTouch = 0.5;
-  for (const Page& page : document.pages) {
+  for (const documents::Page& page : document.pages) {
     for (size_t i = 0; i < page.texts.size(); ++i) {
-      const TextRun& a = page.texts[i];
+      const documents::TextRun& a = page.texts[i];
       EXPECT_GE(a.x, margins.left - kTouch) << a.text.toStdString();
       EXPECT_LE(a.x + a.width, right + kTouch) << a.text.toStdString();
       EXPECT_GE(a.top, margins.top - kTouch) << a.text.toStdString();
       EXPECT_LE(a.top + a.height, bottom + kTouch) << a.text.toStdString();
       for (size_t j = i + 1; j < page.texts.size(); ++j) {
-        const TextRun& b = page.texts[j];
+        const documents::TextRun& b = page.texts[j];
         const bool apart = a.x + a.width <= b.x + kTouch || b.x + b.width <= a.x + kTouch ||
                            a.top + a.height <= b.top + kTouch || b.top + b.height <= a.top + kTouch;
         EXPECT_TRUE(apart) << a.text.toStdString() << " / " << b.text.toStdString();

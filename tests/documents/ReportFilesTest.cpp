@@ -6,7 +6,7 @@
 
 #include <gtest/gtest.h>
 
-namespace quillary {
+namespace quillary::documents {
 namespace {
 
 TEST(ReportFiles, ANameNeverLeavesItsFolder) {
@@ -26,4 +26,4 @@ TEST(ReportFiles, TheFolderIsMadeOnceAndFoundAgain) {
 }
 
 }  // namespace
-}  // namespace quillary
+}  // namespace quillary::documents

@@ -4,7 +4,7 @@
 
 #include <QDir>
 
-namespace quillary {
+namespace quillary::documents {
 namespace {
 
 class ReportTest : public BusinessTest {
@@ -139,4 +139,4 @@ TEST_F(ReportTest, AWideListLiesOnItsSideAndWraps) {
 }
 
 }  // namespace
-}  // namespace quillary
+}  // namespace quillary::documents

@@ -3,7 +3,7 @@
 
 #include <QRegularExpression>
 
-namespace quillary {
+namespace quillary::documents {
 namespace {
 
 /// Reads RTF as strictly as is needed to see what it says: its visible text, cells ended by "|",
@@ -152,4 +152,4 @@ TEST(Rtf, KeepsPagesSpacesAndLooks) {
 }
 
 }  // namespace
-}  // namespace quillary
+}  // namespace quillary::documents

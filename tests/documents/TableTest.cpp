@@ -3,7 +3,7 @@
 
 #include <stdexcept>
 
-namespace quillary {
+namespace quillary::documents {
 namespace {
 
 TEST(TableFormat, ReadsColumnsOfEveryKind) {
@@ -92,4 +92,4 @@ TEST(TableLayout, ATableThatIsTooWideIsNarrowedToThePage) {
 }
 
 }  // namespace
-}  // namespace quillary
+}  // namespace quillary::documents

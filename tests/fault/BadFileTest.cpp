@@ -15,7 +15,7 @@ struct BadFile {
 };
 
 TEST_F(BadFileTest, IsToldForWhatItIsAndKeepsEveryByte) {
-  WriteDemoBusiness(business(), {.clients = 20, .months = 2, .seed = 2});
+  setup::WriteDemoBusiness(business(), {.clients = 20, .months = 2, .seed = 2});
   business().CloseConnection();
   const QByteArray whole = Bytes(business().DatabaseFile());
   constexpr qsizetype kPage = 4096;
@@ -46,7 +46,7 @@ TEST_F(BadFileTest, IsToldForWhatItIsAndKeepsEveryByte) {
       EXPECT_TRUE(words.contains(bad.message)) << failure.what();
       EXPECT_TRUE(words.startsWith(path)) << failure.what();
       EXPECT_TRUE(words.contains("Archive")) << "points to the backups: " << failure.what();
-      const QString box = CannotConnectMessage(folder.path(), failure);
+      const QString box = session::CannotConnectMessage(folder.path(), failure);
       EXPECT_TRUE(box.contains("please use CompactDB.exe to repair your database"));
       EXPECT_TRUE(box.contains(words));
     }
@@ -56,7 +56,7 @@ TEST_F(BadFileTest, IsToldForWhatItIsAndKeepsEveryByte) {
 }
 
 TEST_F(BadFileTest, AFlippedBitEitherOpensOrIsToldAndNeverCrashes) {
-  WriteDemoBusiness(business(), {.clients = 12, .months = 1, .seed = 4});
+  setup::WriteDemoBusiness(business(), {.clients = 12, .months = 1, .seed = 4});
   business().CloseConnection();
   const QByteArray whole = Bytes(business().DatabaseFile());
   for (int at = 0; at < 4096; at += 23) {

@@ -97,7 +97,7 @@ class DialectFuzzTest : public FaultTest {
 };
 
 TEST_F(DialectFuzzTest, ColdAndWarmAgreeAndNothingBreaks) {
-  WriteDemoBusiness(business(), {.clients = 12, .months = 1, .seed = 8});
+  setup::WriteDemoBusiness(business(), {.clients = 12, .months = 1, .seed = 8});
   business().CloseConnection();
   const QString folderBefore = QDir::currentPath();
   QDir::setCurrent(folder.path());  // statements that name other files find none of value

@@ -39,7 +39,7 @@ class DiskTest : public FaultTest {
       Business file(outside.Ports(), business().DatabaseFile());
       file.values.daysToAdvanceSchedule = 21;
       file.ConnectToDatabase();
-      AdvanceScheduleGlobally(file);
+      roll::AdvanceScheduleGlobally(file);
       told = outside.prompter.TakeTold();
       file.CloseConnection();
     } catch (const StorageFailure& failure) {

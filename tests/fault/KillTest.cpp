@@ -25,7 +25,7 @@ class KillTest : public FaultTest {
   }
 
   QByteArray DemoBytes() {
-    WriteDemoBusiness(business(), {.clients = 25, .months = 2, .seed = 9});
+    setup::WriteDemoBusiness(business(), {.clients = 25, .months = 2, .seed = 9});
     business().CloseConnection();
     return Bytes(business().DatabaseFile());
   }
@@ -66,7 +66,7 @@ class KillTest : public FaultTest {
   }
 
   void ExpectInOrder(const QString& file) {
-    for (const Finding& finding : CheckBusiness(outside.Ports(), file)) {
+    for (const maintenance::Finding& finding : maintenance::CheckBusiness(outside.Ports(), file)) {
       EXPECT_TRUE(finding.isNote) << finding.table.toStdString() << ": "
                                   << finding.what.toStdString();
     }
@@ -96,7 +96,7 @@ TEST_F(KillTest, EachSaveIsThereWholeOrNotAtAll) {
   const QString rolled = Write("WHOLE.MDB", DemoBytes());
   ASSERT_TRUE(Work("roll", rolled, 0));
   KillAtPoints("save", Bytes(rolled), [&](const QString& file) {
-    for (const Finding& finding : CheckBusiness(outside.Ports(), file)) {
+    for (const maintenance::Finding& finding : maintenance::CheckBusiness(outside.Ports(), file)) {
       // A line is saved before its job, and until then the balance is that of before.
       const bool waits = finding.what.startsWith("Account_Balance");
       EXPECT_TRUE(finding.isNote) << finding.what.toStdString();
@@ -202,8 +202,10 @@ TEST_F(KillTest, TheSecondProgramIsRefusedAndAKilledOneStopsNobody) {
   };
   const QString inUse = file + " is in use by another program";
   EXPECT_TRUE(refusal([&] { business().ConnectToDatabase(); }).startsWith(inUse));
-  EXPECT_NE(refusal([&] { CheckBusiness(outside.Ports(), file); }), "");
-  EXPECT_TRUE(refusal([&] { SalvageFile(file, folder.filePath("NEW.MDB")); }).startsWith(inUse));
+  EXPECT_NE(refusal([&] { maintenance::CheckBusiness(outside.Ports(), file); }), "");
+  EXPECT_TRUE(refusal([&] {
+                maintenance::SalvageFile(file, folder.filePath("NEW.MDB"));
+              }).startsWith(inUse));
   holder.kill();
   ASSERT_TRUE(holder.waitForFinished(30'000));
   EXPECT_EQ(refusal([&] { business().ConnectToDatabase(); }), "");

@@ -13,7 +13,7 @@ class AccountScreensTest : public ScreenFixture {
  protected:
   void SetUp() override {
     ScreenFixture::SetUp();
-    RegisterAccountScreens(business(), {navigator, host, runner});
+    accounts::RegisterAccountScreens(business(), {navigator, host, runner});
   }
 };
 

@@ -43,7 +43,7 @@ class ClientFixture : public BusinessTest {
             "VALUES ('03/11', 2026, 0, 'Cup day')"));
     LoadHolidaysIntoArray(business());
     business().values.daysToAdvanceSchedule = 30;
-    RegisterClientScreens(business(), {navigator, host, runner});
+    clients::RegisterClientScreens(business(), {navigator, host, runner});
   }
 
   void AddClient(const char* status, const char* name, int billedTo) {

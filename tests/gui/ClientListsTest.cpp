@@ -55,7 +55,7 @@ TEST_F(ClientListsTest, CommandsOfTheListNeedAClient) {
 }
 
 TEST_F(ClientListsTest, DebtorsAndCreditorsAreComputedOnOpening) {
-  RegisterBalanceScreens(business(), {navigator, host, runner});
+  balances::RegisterBalanceScreens(business(), {navigator, host, runner});
   AddJob(1, "JD", QDate(2026, 10, 26), 55);
   Run(Sql("INSERT INTO Payments (Client_ID, Amount) VALUES (3, 20)"));
   Run(Sql("UPDATE Clients SET Account_Balance = -9 WHERE Client_ID = 4"));
@@ -84,7 +84,7 @@ TEST_F(ClientListsTest, AMonthlyAmountIsSpreadOverTheTickedJobs) {
   for (const int day : {2, 9, 16}) AddJob(1, "J", QDate(2026, 11, day), 55);
   for (const int job : {1, 2, 3})
     Run(Sql("INSERT INTO Diary_Services (Diary_ID, Service_ID, Price) VALUES ({}, 1, 55)", job));
-  frmSetJobPricesForMonthly dialog(business(), {navigator, host, runner}, 1);
+  clients::frmSetJobPricesForMonthly dialog(business(), {navigator, host, runner}, 1);
   dialog.show();
   EXPECT_EQ(Find<QLabel>(&dialog, "lblClientName")->text(), "Abbott, Anna");
   ClickOn(&dialog, "cdmStart");

@@ -46,19 +46,20 @@ class DiaryScreenTest : public BusinessTest {
   }
 
   void Open() {
-    RegisterListScreens(business(), {navigator, host, runner});
-    RegisterDiaryScreens(business(), {navigator, host, runner});
+    lists::RegisterListScreens(business(), {navigator, host, runner});
+    diary::RegisterDiaryScreens(business(), {navigator, host, runner});
     navigator.Open(OpenDiary{});
     screen = host.shown.get();
     grid = Find<Grid>(screen, "grdSchedule");
   }
 
-  QString Shown(int row, DiaryColumn column) {
+  QString Shown(int row, diary::DiaryColumn column) {
     return grid->model()->index(row, column).data().toString();
   }
   QString Names() {
     QStringList names;
-    for (int row = 0; row < grid->model()->rowCount(); ++row) names += Shown(row, kDisplayName);
+    for (int row = 0; row < grid->model()->rowCount(); ++row)
+      names += Shown(row, diary::kDisplayName);
     return names.join(u' ');
   }
   QString Text(const char* label) { return Find<QLabel>(screen, label)->text(); }
@@ -67,11 +68,11 @@ class DiaryScreenTest : public BusinessTest {
         .FirstField(Sql("SELECT Status FROM Diary WHERE Diary_ID = {}", diaryId))
         .ToText();
   }
-  QPoint Middle(int row, DiaryColumn column) {
+  QPoint Middle(int row, diary::DiaryColumn column) {
     return grid->visualRect(grid->model()->index(row, column)).center();
   }
   /// Opens the editor of a cell by keyboard, picks the entry and leaves.
-  void Choose(int row, DiaryColumn column, const QString& word) {
+  void Choose(int row, diary::DiaryColumn column, const QString& word) {
     grid->setCurrentIndex(grid->model()->index(row, column));
     QTest::keyClick(grid, Qt::Key_F2);
     auto* editor = Find<QComboBox>(grid->viewport(), "editor");
@@ -90,11 +91,11 @@ class DiaryScreenTest : public BusinessTest {
 TEST_F(DiaryScreenTest, ShowsTheDayWithItsTotals) {
   Open();
   EXPECT_EQ(Names(), "Abbott Brown Chen Diaz");
-  EXPECT_EQ(Shown(0, kStatus), "Job NOT DONE");
-  EXPECT_EQ(Shown(2, kStatus), "Job DONE · paid") << "colour is never the only sign";
-  EXPECT_EQ(Shown(0, kPrice), "$55.00");
-  EXPECT_EQ(Shown(3, kPrice), "") << "a visit has no price";
-  EXPECT_EQ(Shown(0, kEmployee), "—");
+  EXPECT_EQ(Shown(0, diary::kStatus), "Job NOT DONE");
+  EXPECT_EQ(Shown(2, diary::kStatus), "Job DONE · paid") << "colour is never the only sign";
+  EXPECT_EQ(Shown(0, diary::kPrice), "$55.00");
+  EXPECT_EQ(Shown(3, diary::kPrice), "") << "a visit has no price";
+  EXPECT_EQ(Shown(0, diary::kEmployee), "—");
   EXPECT_EQ(Text("txtTotalNoOfJobs"), "3");
   EXPECT_EQ(Text("txtTotalAmountOfJobs"), "$155.00");
   EXPECT_TRUE(Find<QLabel>(screen, "lblNoEmployee")->isVisible());
@@ -102,10 +103,10 @@ TEST_F(DiaryScreenTest, ShowsTheDayWithItsTotals) {
 
 TEST_F(DiaryScreenTest, MarksDoneByMouse) {
   Open();
-  QTest::mouseClick(grid->viewport(), Qt::LeftButton, {}, Middle(1, kDisplayName));
+  QTest::mouseClick(grid->viewport(), Qt::LeftButton, {}, Middle(1, diary::kDisplayName));
   ClickOn(screen, "cmdDoneUnPaid");
   EXPECT_EQ(StatusOf(2), "JD");
-  EXPECT_EQ(Shown(1, kStatus), "Job DONE");
+  EXPECT_EQ(Shown(1, diary::kStatus), "Job DONE");
   EXPECT_EQ(grid->model()->index(1, 0).data(kHueRole).toInt(), static_cast<int>(Hue::Green));
   EXPECT_EQ(Text("txtTotalAmountOfJobs"), "$155.00") << "a done job still counts";
   EXPECT_FALSE(grid->SelectedRow()) << "the next click must not hit the same job";
@@ -134,7 +135,7 @@ TEST_F(DiaryScreenTest, AsksBeforeAPaidJobLeavesItsPayment) {
     outside.prompter.Expect("This job has been paid.", answer);
     grid->SelectKey(3);
     ClickOn(screen, "cmdDoneUnPaid");
-    const bool paid = Shown(2, kStatus) == "Job DONE · paid";
+    const bool paid = Shown(2, diary::kStatus) == "Job DONE · paid";
     EXPECT_EQ(paid, answer == Answer::No);
   }
 }
@@ -200,14 +201,14 @@ TEST_F(DiaryScreenTest, FiltersByEmployeeAndByWords) {
 
 TEST_F(DiaryScreenTest, EditsInItsCells) {
   Open();
-  Choose(0, kStatus, "Job CANCELLED");
+  Choose(0, diary::kStatus, "Job CANCELLED");
   EXPECT_EQ(StatusOf(1), "JC");
-  Choose(0, kEmployee, "Robin");
+  Choose(0, diary::kEmployee, "Robin");
   EXPECT_EQ(business().FirstField(Sql("SELECT Employee_ID FROM Diary WHERE Diary_ID = 1")).ToLong(),
             2);
   EXPECT_FALSE(Find<QLabel>(screen, "lblNoEmployee")->isVisible());
 
-  grid->setCurrentIndex(grid->model()->index(0, kSequence));
+  grid->setCurrentIndex(grid->model()->index(0, diary::kSequence));
   QTest::keyClick(grid, Qt::Key_F2);
   auto* editor = Find<QLineEdit>(grid->viewport(), "editor");
   QTest::keyClicks(editor, "x9");
@@ -219,7 +220,7 @@ TEST_F(DiaryScreenTest, EditsInItsCells) {
 TEST_F(DiaryScreenTest, ACellThatHoldsNoChoiceKeepsWhatItHolds) {
   AddEntry(2, "Q", 5, 0, 9);
   Open();
-  for (const DiaryColumn column : {kStatus, kEmployee}) {
+  for (const diary::DiaryColumn column : {diary::kStatus, diary::kEmployee}) {
     grid->setCurrentIndex(grid->model()->index(4, column));
     QTest::keyClick(grid, Qt::Key_F2);
     EXPECT_EQ(Find<QComboBox>(grid->viewport(), "editor")->currentIndex(), -1);
@@ -229,7 +230,7 @@ TEST_F(DiaryScreenTest, ACellThatHoldsNoChoiceKeepsWhatItHolds) {
   EXPECT_EQ(StatusOf(6), "Q");
   EXPECT_EQ(business().FirstField(Sql("SELECT Employee_ID FROM Diary WHERE Diary_ID = 6")).ToLong(),
             9);
-  Choose(4, kStatus, "Job NOT DONE");
+  Choose(4, diary::kStatus, "Job NOT DONE");
   EXPECT_EQ(StatusOf(6), "J") << "what is chosen is stored";
 }
 
@@ -320,13 +321,13 @@ TEST_F(DiaryScreenTest, ReordersByDragAndByKeys) {
       clients += row[u"Client_ID"].ToText();
     return clients.join(u' ');
   };
-  QTest::mousePress(grid->viewport(), Qt::LeftButton, {}, Middle(0, kDisplayName));
-  QTest::mouseMove(grid->viewport(), Middle(1, kDisplayName));
-  QMouseEvent move(QEvent::MouseMove, Middle(2, kDisplayName),
-                   grid->viewport()->mapToGlobal(Middle(2, kDisplayName)), Qt::NoButton,
+  QTest::mousePress(grid->viewport(), Qt::LeftButton, {}, Middle(0, diary::kDisplayName));
+  QTest::mouseMove(grid->viewport(), Middle(1, diary::kDisplayName));
+  QMouseEvent move(QEvent::MouseMove, Middle(2, diary::kDisplayName),
+                   grid->viewport()->mapToGlobal(Middle(2, diary::kDisplayName)), Qt::NoButton,
                    Qt::LeftButton, Qt::NoModifier);
   QApplication::sendEvent(grid->viewport(), &move);
-  QTest::mouseRelease(grid->viewport(), Qt::LeftButton, {}, Middle(2, kDisplayName));
+  QTest::mouseRelease(grid->viewport(), Qt::LeftButton, {}, Middle(2, diary::kDisplayName));
   EXPECT_EQ(Names(), "Brown Chen Abbott Diaz");
   EXPECT_EQ(order(), "2 3 1 4");
   QTest::keyClick(grid, Qt::Key_Up, Qt::AltModifier);

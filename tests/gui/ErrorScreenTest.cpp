@@ -23,16 +23,16 @@ class ErrorScreenTest : public ::testing::Test {
 };
 
 TEST_F(ErrorScreenTest, DumpHasItsLinesInOrder) {
-  ErrorReport report;
+  shell::ErrorReport report;
   report.errorLine = "Error: 91 - The statement gave no recordset";
   report.form = "frmDiary";
   report.procedure = "LoadScheduleGrid";
   report.furtherInformation = "Diary 5";
   report.time = DateTime(QDate(2026, 11, 2), QTime(14, 7, 9));
-  const QStringList lines = BuildErrorDump(report).split(u'\n');
-  EXPECT_EQ(lines.first(), GetSystemVersion());
+  const QStringList lines = shell::BuildErrorDump(report).split(u'\n');
+  EXPECT_EQ(lines.first(), shell::GetSystemVersion());
   EXPECT_TRUE(lines.first().contains(" (Build "));
-  const QStringList expected = {"Version: " + VersionText(),
+  const QStringList expected = {"Version: " + shell::VersionText(),
                                 "Error: 91 - The statement gave no recordset",
                                 "Form: frmDiary",
                                 "Subroutine: LoadScheduleGrid",
@@ -53,16 +53,16 @@ TEST_F(ErrorScreenTest, DumpNamesScreenAndControl) {
   Screen screen("frmDiary", "Diary");
   QLineEdit field("some text", &screen);
   field.setObjectName("txtFilter");
-  ErrorReport report;
-  NoteActiveControl(report, &field, nullptr);
+  shell::ErrorReport report;
+  shell::NoteActiveControl(report, &field, nullptr);
   EXPECT_EQ(report.activeForm, "frmDiary");
   EXPECT_EQ(report.activeControl, "txtFilter");
   EXPECT_EQ(report.activeValue, "some text");
 }
 
 TEST_F(ErrorScreenTest, ReportWaitsForContinue) {
-  ScreenErrorReporter reporter(outside.clock, outside.prompter, outside.desktop, outside.settings,
-                               navigator);
+  shell::ScreenErrorReporter reporter(outside.clock, outside.prompter, outside.desktop,
+                                      outside.settings, navigator);
   QString dump;
   QTimer::singleShot(0, qApp, [&] {
     QWidget* screen = QApplication::activeModalWidget();
@@ -83,7 +83,7 @@ TEST_F(ErrorScreenTest, ReportWaitsForContinue) {
 }
 
 TEST_F(ErrorScreenTest, CopiesAndLeaves) {
-  frmErrorHandler screen(outside.prompter, outside.desktop, outside.settings, navigator);
+  shell::frmErrorHandler screen(outside.prompter, outside.desktop, outside.settings, navigator);
   screen.ShowDump("the dump");
   ClickOn(&screen, "cmdCopy");
   EXPECT_EQ(outside.desktop.clipboard, "the dump");
@@ -108,12 +108,12 @@ TEST_F(ErrorScreenTest, MailsOnlyThroughItsOwnSender) {
       {"vbSendMail", "Error report successfully sent via email!"}};
   for (const auto& [option, told] : cases) {
     outside.settings.Write("Email", "Email Option", option);
-    frmErrorHandler screen(outside.prompter, outside.desktop, outside.settings, navigator);
+    shell::frmErrorHandler screen(outside.prompter, outside.desktop, outside.settings, navigator);
     screen.ShowDump("the dump");
     ClickOn(&screen, "cmdEmail");
     EXPECT_EQ(outside.prompter.TakeTold(), QStringList{told});
   }
-  EXPECT_EQ(sent, QStringList{"Quillary v" + VersionText() + "|the dump"});
+  EXPECT_EQ(sent, QStringList{"Quillary v" + shell::VersionText() + "|the dump"});
 }
 
 TEST_F(ErrorScreenTest, LastChanceTellsMemoryFromTheRest) {

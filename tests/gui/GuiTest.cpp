@@ -49,10 +49,10 @@ void ProgramTest::Start() {
   {
     Business business(outside.Ports(), File());
     business.ConnectToDatabase();
-    WriteDemoBusiness(business, {.clients = 20, .months = 1});
+    setup::WriteDemoBusiness(business, {.clients = 20, .months = 1});
     business.CloseConnection();
   }
-  program = std::make_unique<Program>(outside.Ports(), navigator, folder.path());
+  program = std::make_unique<shell::Program>(outside.Ports(), navigator, folder.path());
   program->UseFile(File());
   ASSERT_TRUE(program->Start({}));
 }

@@ -38,14 +38,14 @@ class ProgramTest : public ::testing::Test {
 
   /// Makes the business and starts on it.
   void Start();
-  MainMenuMDI& Window() { return *program->MainMenu(); }
+  shell::MainMenuMDI& Window() { return *program->MainMenu(); }
   QAction* Command(const char* name) { return Find<QAction>(&Window(), name); }
   QString File() const { return folder.filePath(QStringLiteral("DATA.MDB")); }
 
   ScriptedOutside outside;
   Navigator navigator;
   QTemporaryDir folder;
-  std::unique_ptr<Program> program;
+  std::unique_ptr<shell::Program> program;
 };
 
 /// A place for screens without the main window around them.

@@ -25,7 +25,7 @@ class InvoiceScreensTest : public ScreenFixture {
         Sql("UPDATE Clients SET Statement_Type = 'With Job', Street_Number = '1', "
             "Street = 'High St' WHERE Client_ID = 1"));
     Run(Sql("UPDATE Clients SET Statement_Type = 'Monthly' WHERE Client_ID = 2"));
-    RegisterInvoiceScreens(business(), {navigator, host, runner});
+    billing::RegisterInvoiceScreens(business(), {navigator, host, runner});
   }
   /// Documents that are asked for are noted instead of written.
   void NotePrinting() {
@@ -59,8 +59,8 @@ class InvoiceScreensTest : public ScreenFixture {
     return Number(Sql("SELECT MAX(Diary_ID) FROM Diary"));
   }
   qint64 StoreInvoice(qint64 client, std::optional<qint64> job = {}) {
-    InvoiceForm form = NewInvoice(business(), client, job);
-    EXPECT_FALSE(SaveInvoices(business(), form));
+    billing::InvoiceForm form = billing::NewInvoice(business(), client, job);
+    EXPECT_FALSE(billing::SaveInvoices(business(), form));
     return form.invoiceId;
   }
   QString JobState(qint64 job) {
@@ -387,19 +387,19 @@ TEST_F(MonthlyReminderTest, TheStartAsksFromItsDayOnAndOpensTheMonthlyInvoices) 
   {
     Business business(outside.Ports(), File());
     business.ConnectToDatabase();
-    WriteDemoBusiness(business, {.clients = 5, .months = 1});
-    SaveMonthlyReminder(business, business.Today());
+    setup::WriteDemoBusiness(business, {.clients = 5, .months = 1});
+    billing::SaveMonthlyReminder(business, business.Today());
     business.CloseConnection();
   }
   outside.prompter.Expect(
       "Reminder! You need to run your monthly invoices. Would you like to do this now?",
       Answer::Yes);
-  program = std::make_unique<Program>(outside.Ports(), navigator, folder.path());
+  program = std::make_unique<shell::Program>(outside.Ports(), navigator, folder.path());
   program->UseFile(File());
   ASSERT_TRUE(program->Start({}));
   auto* list = Find<Screen>(&Window(), "frmInvoicesList");
   EXPECT_TRUE(Find<QCheckBox>(list, "chkShowMonthly")->isChecked());
-  EXPECT_EQ(LoadMonthlyReminder(program->OpenBusiness()).stored, QDate(2026, 11, 2))
+  EXPECT_EQ(billing::LoadMonthlyReminder(program->OpenBusiness()).stored, QDate(2026, 11, 2))
       << "answering does not move it";
 }
 

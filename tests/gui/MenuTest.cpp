@@ -324,7 +324,7 @@ TEST_F(MenuTest, WindowTellsItsBusinessAndRemembersItsTabs) {
   ClickOn(Find<Screen>(&Window(), "frmDiary"), "cmdClose");
   QTest::qWait(20);
   program.reset();
-  program = std::make_unique<Program>(outside.Ports(), navigator, folder.path());
+  program = std::make_unique<shell::Program>(outside.Ports(), navigator, folder.path());
   program->UseFile(File());
   ASSERT_TRUE(program->Start({}));
   EXPECT_EQ(Find<QTabWidget>(&Window(), "tabs")->count(), 0) << "as it was left";

@@ -22,7 +22,7 @@ class PaymentScreensTest : public ScreenFixture {
     for (const char* word : {"CASH", "CHEQUE", "EFT", "ADJUSTMENT"})
       Run(Sql("INSERT INTO lstPayment_Methods (Payment_Method) VALUES ({})", word));
     Run(Sql("INSERT INTO lstBanks (Bank) VALUES ('Westbank')"));
-    RegisterPaymentScreens(business(), {navigator, host, runner});
+    billing::RegisterPaymentScreens(business(), {navigator, host, runner});
   }
 
   qint64 AddJob(const char* status, double price, int client = 1) {
@@ -309,7 +309,7 @@ TEST_F(PaymentScreensTest, MethodsAreKeptInATabAndOverAPayment) {
 }
 
 TEST_F(PaymentScreensTest, AClientsPaymentWithoutAJobIsWarnedOf) {
-  RegisterClientScreens(business(), {navigator, host, runner});
+  clients::RegisterClientScreens(business(), {navigator, host, runner});
   Screen& client = OpenTab(OpenClient{1});
   const QString warning =
       "You are adding a payment that is not going to be attached to a job and hence will not "

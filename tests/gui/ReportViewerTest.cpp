@@ -20,15 +20,15 @@ class ReportViewerTest : public ScreenFixture {
   void SetUp() override {
     ScreenFixture::SetUp();
     qputenv("QUILLARY_HOME", folder.path().toUtf8());
-    RegisterDocumentScreens(business(), {navigator, host, runner});
+    documents::RegisterDocumentScreens(business(), {navigator, host, runner});
   }
   static PrintList ManyClients() {
     PrintList list{.title = "Clients", .headings = {"Client", "Owing"}, .rows = {}};
     for (int i = 1; i <= 300; ++i) list.rows.push_back({QString("Client %1.").arg(i), "$5.00"});
     return list;
   }
-  frmReportViewer& OpenViewer() {
-    auto& viewer = dynamic_cast<frmReportViewer&>(OpenTab(ManyClients()));
+  documents::frmReportViewer& OpenViewer() {
+    auto& viewer = dynamic_cast<documents::frmReportViewer&>(OpenTab(ManyClients()));
     viewer.resize(1000, 600);
     viewer.show();
     QTest::qWait(1);
@@ -52,20 +52,20 @@ class ReportViewerTest : public ScreenFixture {
 };
 
 TEST_F(ReportViewerTest, APrintedListIsShownAndItsFileNamed) {
-  frmReportViewer& viewer = OpenViewer();
+  documents::frmReportViewer& viewer = OpenViewer();
   EXPECT_EQ(viewer.windowTitle(), "Report Preview");
   const QString file = folder.filePath("Report Doc/Clients.doc");
   EXPECT_TRUE(QFile::exists(file));
   EXPECT_TRUE(Find<QLabel>(&viewer, "lblNote")->text().endsWith(file.toUpper() + "."));
-  EXPECT_EQ(Find<PagePreview>(&viewer, "vsPr")->Zoom(), 100);
+  EXPECT_EQ(Find<documents::PagePreview>(&viewer, "vsPr")->Zoom(), 100);
   EXPECT_EQ(Find<QComboBox>(&viewer, "cmbZoom")->currentText(), "100 %");
   EXPECT_TRUE(Find<QPushButton>(&viewer, "cmdEmailFileAsAttachment")->isHidden());
 }
 
 TEST_F(ReportViewerTest, LeafsThroughPages) {
-  frmReportViewer& viewer = OpenViewer();
+  documents::frmReportViewer& viewer = OpenViewer();
   auto* page = Find<QSpinBox>(&viewer, "spnPage");
-  auto* preview = Find<PagePreview>(&viewer, "vsPr");
+  auto* preview = Find<documents::PagePreview>(&viewer, "vsPr");
   const int last = static_cast<int>(viewer.Shown().pages.pages.size());
   ASSERT_GT(last, 3);
   EXPECT_FALSE(Find<QPushButton>(&viewer, "cmdPreviousPage")->isEnabled());
@@ -91,7 +91,7 @@ TEST_F(ReportViewerTest, LeafsThroughPages) {
 }
 
 TEST_F(ReportViewerTest, SearchGoesAroundTheReport) {
-  frmReportViewer& viewer = OpenViewer();
+  documents::frmReportViewer& viewer = OpenViewer();
   auto* find = Find<QLineEdit>(&viewer, "txtFind");
   auto* hits = Find<QLabel>(&viewer, "lblHits");
   QTest::keyClicks(find, "client 30");
@@ -111,7 +111,7 @@ TEST_F(ReportViewerTest, SearchGoesAroundTheReport) {
 }
 
 TEST_F(ReportViewerTest, SavesInOtherForms) {
-  frmReportViewer& viewer = OpenViewer();
+  documents::frmReportViewer& viewer = OpenViewer();
   SaveUnder(viewer, "cmdSaveAsPDF", folder.filePath("out.pdf"));
   EXPECT_TRUE(Bytes("out.pdf").startsWith("%PDF-"));
   SaveUnder(viewer, "cmdSaveTablesAsCSV", folder.filePath("out.csv"));
@@ -123,8 +123,8 @@ TEST_F(ReportViewerTest, SavesInOtherForms) {
 }
 
 TEST_F(ReportViewerTest, PrintsTheChosenPages) {
-  frmReportViewer& viewer = OpenViewer();
-  const Composition& pages = viewer.Shown().pages;
+  documents::frmReportViewer& viewer = OpenViewer();
+  const documents::Composition& pages = viewer.Shown().pages;
   struct Case {
     int from, to, printed;
   };
@@ -132,9 +132,9 @@ TEST_F(ReportViewerTest, PrintsTheChosenPages) {
     QPrinter printer(QPrinter::HighResolution);
     printer.setOutputFormat(QPrinter::PdfFormat);
     printer.setOutputFileName(folder.filePath("paper.pdf"));
-    FitPrinter(printer, pages);
+    documents::FitPrinter(printer, pages);
     printer.setFromTo(c.from, c.to);
-    PrintPages(printer, pages);
+    documents::PrintPages(printer, pages);
     EXPECT_EQ(Bytes("paper.pdf").count("/Type /Page\n"), c.printed);
   }
 }
@@ -151,7 +151,7 @@ TEST_F(ReportViewerTest, MailsTheFileWhenSomebodyCan) {
     return leaves;
   });
   host.shown.reset();  // what can be opened is seen by a viewer made from here on
-  frmReportViewer& viewer = OpenViewer();
+  documents::frmReportViewer& viewer = OpenViewer();
   auto* button = Find<QPushButton>(&viewer, "cmdEmailFileAsAttachment");
   outside.headOffice.connected = true;
   Click(button);

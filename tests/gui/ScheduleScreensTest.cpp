@@ -122,7 +122,7 @@ class CheckerTest : public ScheduleScreensTest {
     for (const int client : {1, 2})
       Run(Sql("INSERT INTO Payments (Client_ID, Payment_Date, Amount) VALUES ({}, {}, 30)", client,
               QDate(2026, 10, 9)));
-    RecalculateClientBalance(business(), 1);
+    balances::RecalculateClientBalance(business(), 1);
     checker = &OpenTab(OpenJobsAndPaymentChecker{});
   }
   QString Text(const char* label) { return Find<QLabel>(checker, label)->text(); }

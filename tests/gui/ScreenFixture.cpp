@@ -30,8 +30,8 @@ void ScreenFixture::SetUp() {
         Sql("INSERT INTO Services (Service, Service_Code, Default_GL_Account_ID) "
             "VALUES ({}, {}, {})",
             service, QString(service).left(2).toUpper(), account));
-  RegisterListScreens(business(), {navigator, host, runner});
-  RegisterDiaryScreens(business(), {navigator, host, runner});
+  lists::RegisterListScreens(business(), {navigator, host, runner});
+  diary::RegisterDiaryScreens(business(), {navigator, host, runner});
 }
 
 QString ScreenFixture::Told() {

@@ -93,8 +93,8 @@ TEST_F(ScreenHabitsTest, ScreensInTabs) {
   Check(OpenTab(OpenServices{}), kMenuLetters);
   Check(OpenTab(OpenVisitFrequencies{}), kMenuLetters);
   Check(OpenTab(OpenDivisions{}), kMenuLetters);
-  RegisterPaymentScreens(business(), {navigator, host, runner});
-  RegisterAccountScreens(business(), {navigator, host, runner});
+  billing::RegisterPaymentScreens(business(), {navigator, host, runner});
+  accounts::RegisterAccountScreens(business(), {navigator, host, runner});
   Check(OpenTab(OpenPaymentsList{}), kMenuLetters);
   Check(OpenTab(OpenPaymentMethods{}), kMenuLetters);
   Check(OpenTab(OpenGeneralLedgerAccounts{}), kMenuLetters);
@@ -112,7 +112,7 @@ TEST_F(ScreenHabitsTest, Dialogs) {
   UseDialog(OpenReschedule{}, check);
   UseDialog(RescheduleFutureJobs{1}, check);
   UseDialog(EditSuburbPositions{}, check);
-  RegisterPaymentScreens(business(), {navigator, host, runner});
+  billing::RegisterPaymentScreens(business(), {navigator, host, runner});
   UseDialog(AddPayment{}, check);
   UseDialog(PayForJob{}, check);
   UseDialog(AllocatePayment{}, check);
@@ -132,7 +132,7 @@ class TabHabitsTest : public ProgramTest {
   void StartAgain(const QString& tabs) {
     program.reset();
     outside.settings.Write("Main window", "Tabs", tabs);
-    program = std::make_unique<Program>(outside.Ports(), navigator, folder.path());
+    program = std::make_unique<shell::Program>(outside.Ports(), navigator, folder.path());
     program->UseFile(File());
     ASSERT_TRUE(program->Start({}));
   }
@@ -211,7 +211,7 @@ TEST_F(TabHabitsTest, RepairsAreLoggedOnceAndOnlyAfterYes) {
 }
 
 TEST_F(TabHabitsTest, LeavingTheChoiceOfAFileIsNoFailure) {
-  program = std::make_unique<Program>(outside.Ports(), navigator, folder.path());
+  program = std::make_unique<shell::Program>(outside.Ports(), navigator, folder.path());
   QTimer::singleShot(0, qApp, [] { ClickOn(QApplication::activeModalWidget(), "cmdExit"); });
   EXPECT_FALSE(program->Start({}));
   EXPECT_TRUE(program->UserLeft());

@@ -20,11 +20,11 @@ class SelectDatabaseTest : public ::testing::Test {
   }
   void TearDown() override { outside.prompter.CheckAllAsked(); }
   QString File() const { return folder.filePath(QStringLiteral("DATA.MDB")); }
-  QStringList Recent() { return RecentFiles(outside.settings).Paths(); }
+  QStringList Recent() { return shell::RecentFiles(outside.settings).Paths(); }
 
   /// Shows the dialog, uses it, and returns the business that was chosen.
   std::unique_ptr<Business> Choose(const std::function<void(QWidget*)>& use) {
-    frmSelectDatabaseToAccess dialog(outside.Ports(), folder.path());
+    shell::frmSelectDatabaseToAccess dialog(outside.Ports(), folder.path());
     QTimer::singleShot(0, &dialog, [&] { use(&dialog); });
     return dialog.Choose();
   }
@@ -69,7 +69,7 @@ TEST_F(SelectDatabaseTest, OpensAtOnceWithTheBoxCleared) {
   EXPECT_EQ(outside.settings.Read("Form", "Show DB Selection", {}), "0");
 
   outside.settings.Write("LastAccessedFile", "File", folder.filePath("GONE.MDB"));
-  frmSelectDatabaseToAccess dialog(outside.Ports(), folder.path());
+  shell::frmSelectDatabaseToAccess dialog(outside.Ports(), folder.path());
   dialog.show();
   QTest::qWait(10);
   EXPECT_EQ(outside.prompter.TakeTold().size(), 1) << "a file that has gone is told";
@@ -77,12 +77,12 @@ TEST_F(SelectDatabaseTest, OpensAtOnceWithTheBoxCleared) {
 }
 
 TEST_F(SelectDatabaseTest, RecentFilesAreFourAndTheNewestFirst) {
-  RecentFiles recent(outside.settings);
+  shell::RecentFiles recent(outside.settings);
   for (const char* path : {"/a.mdb", "/b.mdb", "/c.mdb", "/d.mdb", "/e.mdb", "/C.MDB"})
     recent.PutInFront(path);
   recent.Save();
   EXPECT_EQ(Recent(), (QStringList{"/C.MDB", "/e.mdb", "/d.mdb", "/b.mdb"}));
-  frmSelectDatabaseToAccess dialog(outside.Ports(), folder.path());
+  shell::frmSelectDatabaseToAccess dialog(outside.Ports(), folder.path());
   Find<QAction>(&dialog, "mnuMRU2")->trigger();
   EXPECT_EQ(Find<QLineEdit>(&dialog, "txtPath")->text(), "/d.mdb");
 }
@@ -119,19 +119,19 @@ TEST_F(SelectDatabaseTest, OffersToConvertAnAccessFile) {
 
 TEST_F(SelectDatabaseTest, FurtherConnectionsAreMadeOnce) {
   const auto create = [&](const QString& file) {
-    frmODBCConnection dialog(outside.Ports(), folder.path());
+    shell::frmODBCConnection dialog(outside.Ports(), folder.path());
     Find<QComboBox>(&dialog, "cboDSN")->setCurrentText("RMS3");
     Find<QLineEdit>(&dialog, "txtFile")->setText(file);
     ClickOn(&dialog, "cmdCreate");
     return outside.prompter.TakeTold().value(0);
   };
   EXPECT_EQ(create("/gone.mdb"), "Please select a valid file.");
-  EXPECT_FALSE(DataSourceExists(outside.settings, "RMS3"));
+  EXPECT_FALSE(shell::DataSourceExists(outside.settings, "RMS3"));
   EXPECT_TRUE(create(File()).startsWith("Done. \nTo use this database connection"));
-  EXPECT_TRUE(DataSourceExists(outside.settings, "RMS3"));
+  EXPECT_TRUE(shell::DataSourceExists(outside.settings, "RMS3"));
   EXPECT_EQ(create(File()),
             "This database connection already exists in the ODBC list. Please select another one.");
-  EXPECT_FALSE(DataSourceExists(outside.settings, "RMS2"));
+  EXPECT_FALSE(shell::DataSourceExists(outside.settings, "RMS2"));
 }
 
 }  // namespace

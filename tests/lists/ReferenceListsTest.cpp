@@ -6,7 +6,7 @@
 #include "roll/HolidayUpkeep.h"
 #include "roll/ScheduleTest.h"
 
-namespace quillary {
+namespace quillary::lists {
 namespace {
 
 using ReferenceListsTest = ScheduleTest;
@@ -20,7 +20,7 @@ TEST_F(ReferenceListsTest, HolidaysThatAreNoDays) {
   const char* const kYear = "Please enter a valid year.";
   struct Case {
     const char* fault;
-    HolidayForm form;
+    roll::HolidayForm form;
     const char* message;
     const char* stored;  // day and year
   };
@@ -41,35 +41,37 @@ TEST_F(ReferenceListsTest, HolidaysThatAreNoDays) {
   for (const Case& holiday : cases) {
     SCOPED_TRACE(holiday.fault);
     const Transaction undone(business());
-    EXPECT_EQ(MessageOf(InsertHoliday(business(), holiday.form)), holiday.message);
+    EXPECT_EQ(MessageOf(roll::InsertHoliday(business(), holiday.form)), holiday.message);
     EXPECT_EQ(Rows("SELECT Hol_Date, Hol_Year FROM Holiday"),
               holiday.stored ? QStringList(holiday.stored) : QStringList());
     Run(Sql("INSERT INTO Holiday (Hol_Date) VALUES ('x')"));
     const qint64 key = business().FirstField(Sql("SELECT MAX(Hol_ID) FROM Holiday")).ToLong();
-    EXPECT_EQ(MessageOf(UpdateHoliday(business(), key, holiday.form)), holiday.message);
+    EXPECT_EQ(MessageOf(roll::UpdateHoliday(business(), key, holiday.form)), holiday.message);
   }
 }
 
 TEST_F(ReferenceListsTest, HolidaysOfAYearMoveVisitsAfterTheyAreLoaded) {
-  EXPECT_FALSE(InsertHoliday(business(), {"9/11", "2026", "Cup Day", false}));
-  EXPECT_FALSE(InsertHoliday(business(), {"03/01", "2020", "Long ago", false}));
+  EXPECT_FALSE(roll::InsertHoliday(business(), {"9/11", "2026", "Cup Day", false}));
+  EXPECT_FALSE(roll::InsertHoliday(business(), {"03/01", "2020", "Long ago", false}));
   QStringList listed;
-  for (const Holiday& holiday : ListHolidays(business(), 2026)) listed += holiday.dayMonth;
+  for (const roll::Holiday& holiday : roll::ListHolidays(business(), 2026))
+    listed += holiday.dayMonth;
   EXPECT_EQ(listed, (QStringList{"01/01", "09/11", "25/12"}));
-  EXPECT_EQ(ListHolidayYears(business()),
+  EXPECT_EQ(roll::ListHolidayYears(business()),
             (std::vector<int>{2020, 2025, 2026, 2027, 2028, 2029, 2030, 2031}));
 
   EXPECT_FALSE(IsHoliday(business().holidays, Day("2026-11-09")));
   LoadHolidaysIntoArray(business());
   EXPECT_TRUE(IsHoliday(business().holidays, Day("2026-11-09")));
 
-  const HolidayForm form{"09/11", "", "Cup Day", true};
-  EXPECT_EQ(MessageOf(UpdateHoliday(business(), {}, form)), "Please choose a record to update.");
-  EXPECT_EQ(MessageOf(DeleteHoliday(business(), {})), "Please choose a record to delete.");
-  EXPECT_FALSE(UpdateHoliday(business(), 3, form));
-  EXPECT_EQ(ListHolidays(business(), 2031).size(), 3u);
-  EXPECT_FALSE(DeleteHoliday(business(), 3));
-  EXPECT_EQ(ListHolidays(business(), 2031).size(), 2u);
+  const roll::HolidayForm form{"09/11", "", "Cup Day", true};
+  EXPECT_EQ(MessageOf(roll::UpdateHoliday(business(), {}, form)),
+            "Please choose a record to update.");
+  EXPECT_EQ(MessageOf(roll::DeleteHoliday(business(), {})), "Please choose a record to delete.");
+  EXPECT_FALSE(roll::UpdateHoliday(business(), 3, form));
+  EXPECT_EQ(roll::ListHolidays(business(), 2031).size(), 3u);
+  EXPECT_FALSE(roll::DeleteHoliday(business(), 3));
+  EXPECT_EQ(roll::ListHolidays(business(), 2031).size(), 2u);
 }
 
 TEST_F(ReferenceListsTest, SuburbsAreAcquiredOnceAndOrderedByHand) {
@@ -207,4 +209,4 @@ TEST_F(ReferenceListsTest, DivisionsNumberThemselves) {
 }
 
 }  // namespace
-}  // namespace quillary
+}  // namespace quillary::lists

@@ -3,14 +3,14 @@
 #include "setup/demo/DemoBusiness.h"
 #include "support/BusinessTest.h"
 
-namespace quillary {
+namespace quillary::maintenance {
 namespace {
 
 class CheckTest : public BusinessTest {
  protected:
   void SetUp() override {
     BusinessTest::SetUp();
-    WriteDemoBusiness(business(), {.clients = 30, .months = 3, .seed = 5});
+    setup::WriteDemoBusiness(business(), {.clients = 30, .months = 3, .seed = 5});
   }
   QStringList Found() {
     QStringList found;
@@ -126,4 +126,4 @@ TEST_F(BusinessTest, TheVersionStaysWhenDoubtRemains) {
 }
 
 }  // namespace
-}  // namespace quillary
+}  // namespace quillary::maintenance

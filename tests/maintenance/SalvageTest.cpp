@@ -12,7 +12,7 @@
 
 #include <map>
 
-namespace quillary {
+namespace quillary::maintenance {
 namespace {
 
 constexpr int kPage = 4096;
@@ -23,7 +23,7 @@ class SalvageTest : public BusinessTest {
  protected:
   void SetUp() override {
     BusinessTest::SetUp();
-    WriteDemoBusiness(business(), {.clients = 60, .months = 6, .seed = 3});
+    setup::WriteDemoBusiness(business(), {.clients = 60, .months = 6, .seed = 3});
     business().CloseConnection();
     whole_ = Bytes(business().DatabaseFile());
     counts_ = Counts(business().DatabaseFile());
@@ -214,4 +214,4 @@ TEST_F(SalvageTest, SpoiltFilesAreSavedOrRefusedAndNeverTouched) {
 }
 
 }  // namespace
-}  // namespace quillary
+}  // namespace quillary::maintenance

@@ -2,7 +2,7 @@
 #include "roll/DiaryEntries.h"
 #include "roll/ScheduleTest.h"
 
-namespace quillary {
+namespace quillary::roll {
 namespace {
 
 class DiaryEntriesTest : public ScheduleTest {
@@ -165,4 +165,4 @@ TEST_F(DiaryEntriesTest, FailuresAreReportedAndPassedOver) {
 }
 
 }  // namespace
-}  // namespace quillary
+}  // namespace quillary::roll

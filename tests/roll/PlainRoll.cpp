@@ -6,13 +6,14 @@ namespace quillary {
 namespace {
 
 bool Scheduled(Business& business, qint64 client, const Record& own, QDate day) {
-  return IsServiceScheduledForTheDay(business, client, own[u"Service_ID"].ToLong(), day);
+  return roll::IsServiceScheduledForTheDay(business, client, own[u"Service_ID"].ToLong(), day);
 }
 
 void AddLine(Business& business, qint64 entry, const Record& own, const Record& schedule) {
-  SetUpDiaryServiceEntry(business, entry, own[u"Service_ID"].ToLong(),
-                         own[u"Service_Code"].ToText(), own[u"Price"].ToMoney(),
-                         own[u"Notes"].ToText(), static_cast<int>(schedule[u"Frequency"].ToLong()));
+  roll::SetUpDiaryServiceEntry(business, entry, own[u"Service_ID"].ToLong(),
+                               own[u"Service_Code"].ToText(), own[u"Price"].ToMoney(),
+                               own[u"Notes"].ToText(),
+                               static_cast<int>(schedule[u"Frequency"].ToLong()));
 }
 
 void Quote(Business& business, qint64 client, const Record& own, const Record& schedule,
@@ -23,13 +24,13 @@ void Quote(Business& business, qint64 client, const Record& own, const Record& s
   if (Scheduled(business, client, own, visit) && !holiday) return;
   const QDate day = holiday ? NextNonHolidayDate(business.holidays, visit) : visit;
   const qint64 employee = schedule[u"Employee_ID"].ToLong();
-  qint64 entry = SetUpDiaryEntryGetDiaryID(business, client, employee, "Q", day);
+  qint64 entry = roll::SetUpDiaryEntryGetDiaryID(business, client, employee, "Q", day);
   const QDate ownVisit = own[u"Next_Visit"].ToDate();
   if (ownVisit.isValid() && ownVisit.addDays(holiday ? 1 : 0) < start) {
     business.RunSQL(Sql("DELETE FROM Diary WHERE Diary_ID = {}", entry));
     business.RunSQL(Sql("DELETE FROM Diary_Services WHERE Diary_ID = {} AND Service_ID = {}", entry,
                         own[u"Service_ID"]));
-    entry = SetUpDiaryEntryGetDiaryID(business, client, employee, "Q", day);
+    entry = roll::SetUpDiaryEntryGetDiaryID(business, client, employee, "Q", day);
   }
   AddLine(business, entry, own, schedule);
 }
@@ -38,10 +39,10 @@ void Job(Business& business, qint64 client, const Record& own, const Record& sch
   const bool holiday = IsHoliday(business.holidays, day);
   if (Scheduled(business, client, own, day) && !holiday) return;
   const QDate visit = holiday ? NextNonHolidayDate(business.holidays, day) : day;
-  AddLine(
-      business,
-      SetUpDiaryEntryGetDiaryID(business, client, schedule[u"Employee_ID"].ToLong(), "J", visit),
-      own, schedule);
+  AddLine(business,
+          roll::SetUpDiaryEntryGetDiaryID(business, client, schedule[u"Employee_ID"].ToLong(), "J",
+                                          visit),
+          own, schedule);
 }
 
 void Repeat(Business& business, qint64 client, const Record& own, const Record& schedule,

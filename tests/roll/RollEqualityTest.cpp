@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <random>
 
-namespace quillary {
+namespace quillary::roll {
 namespace {
 
 /// Random businesses, small and crowded, so that visits meet: few dates, few employees, holidays
@@ -114,4 +114,4 @@ TEST_F(RollEquality, EngineLeavesTheRowsOfThePlainRules) {
 }
 
 }  // namespace
-}  // namespace quillary
+}  // namespace quillary::roll

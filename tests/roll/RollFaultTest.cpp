@@ -4,7 +4,7 @@
 
 #include <QFile>
 
-namespace quillary {
+namespace quillary::roll {
 namespace {
 
 const QString kRepairQuestion = QStringLiteral(
@@ -174,4 +174,4 @@ TEST_F(RollFaultTest, DeclinedRepairLeavesTheDiaryAsItWas) {
 }
 
 }  // namespace
-}  // namespace quillary
+}  // namespace quillary::roll

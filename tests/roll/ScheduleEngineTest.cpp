@@ -1,7 +1,7 @@
 #include "roll/ScheduleEngine.h"
 #include "roll/ScheduleTest.h"
 
-namespace quillary {
+namespace quillary::roll {
 namespace {
 
 struct RebuildCase {
@@ -304,4 +304,4 @@ TEST_F(ScheduleTest, RollsFollowOneAnotherDayByDay) {
 }
 
 }  // namespace
-}  // namespace quillary
+}  // namespace quillary::roll

@@ -2,7 +2,7 @@
 #include "data/schema/Upgrader.h"
 #include "support/BusinessTest.h"
 
-namespace quillary {
+namespace quillary::session {
 namespace {
 
 /// What takes a file back below the version that brought it along.
@@ -340,4 +340,4 @@ TEST_F(LadderTest, NextVisitsComeToTheFirstDateOfTheirRhythm) {
 }
 
 }  // namespace
-}  // namespace quillary
+}  // namespace quillary::session

@@ -8,7 +8,7 @@
 #include <QDir>
 #include <QFile>
 
-namespace quillary {
+namespace quillary::session {
 namespace {
 
 constexpr char kAlwaysRefused[] =
@@ -77,14 +77,14 @@ TEST_F(OldFilesTest, TheirDaysAreListedAndTheirBalancesAddUp) {
     SCOPED_TRACE(file.version);
     const auto old = Start(file.version);
     ASSERT_TRUE(old);
-    DiaryQuery query;
+    diary::DiaryQuery query;
     query.from = query.to = QDate(2026, 12, 1);
-    const DiaryList list = LoadDiary(*old, query);
+    const diary::DiaryList list = diary::LoadDiary(*old, query);
     EXPECT_EQ(static_cast<int>(list.rows.size()),
               First(*old, "SELECT COUNT(*) FROM Diary WHERE Schedule_Date = #2026/12/1#").ToLong());
     EXPECT_GT(list.totalNoOfJobs, 0);
     Money total;
-    for (const DiaryRow& row : list.rows) {
+    for (const diary::DiaryRow& row : list.rows) {
       total += row.totalPrice;
       EXPECT_FALSE(row.displayName.isEmpty());
     }
@@ -96,7 +96,7 @@ TEST_F(OldFilesTest, TheirDaysAreListedAndTheirBalancesAddUp) {
                     "WHERE Diary_Services.Diary_ID IS NULL"),
               Value(0));
 
-    RecalculateAmountOwingOfAllClients(*old);
+    balances::RecalculateAmountOwingOfAllClients(*old);
     EXPECT_EQ(First(*old, "SELECT SUM(Account_Balance) FROM Clients WHERE Is_Billed_To = True")
                   .ToMoney()
                   .ToCurrencyText(),
@@ -196,4 +196,4 @@ TEST_F(OldFilesTest, AFileAboveTheCurrentVersionIsLeftAlone) {
 }
 
 }  // namespace
-}  // namespace quillary
+}  // namespace quillary::session

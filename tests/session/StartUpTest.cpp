@@ -5,7 +5,7 @@
 #include <QDir>
 #include <QFile>
 
-namespace quillary {
+namespace quillary::session {
 namespace {
 
 class RecordedScreens : public StartUpScreens {
@@ -167,4 +167,4 @@ TEST_F(StartUpTest, ActivitiesAreLoggedOnlyInASession) {
 }
 
 }  // namespace
-}  // namespace quillary
+}  // namespace quillary::session

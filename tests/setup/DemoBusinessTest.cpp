@@ -9,7 +9,7 @@
 #include <map>
 #include <stdexcept>
 
-namespace quillary {
+namespace quillary::setup {
 namespace {
 
 class DemoTest : public BusinessTest {
@@ -141,10 +141,11 @@ TEST_F(DemoTest, HoldsEveryKindOfRecord) {
 
 TEST_F(DemoTest, TodayIsAliveBeforeAndAfterTheFirstRoll) {
   Write();
-  const DiaryQuery today{.from = business().Today(), .to = business().Today(), .employeeId = {}};
-  const DiaryList before = LoadDiary(business(), today);
-  EXPECT_GT(AdvanceScheduleGlobally(business()).entriesMade, 300);
-  const DiaryList after = LoadDiary(business(), today);
+  const diary::DiaryQuery today{
+      .from = business().Today(), .to = business().Today(), .employeeId = {}};
+  const diary::DiaryList before = diary::LoadDiary(business(), today);
+  EXPECT_GT(roll::AdvanceScheduleGlobally(business()).entriesMade, 300);
+  const diary::DiaryList after = diary::LoadDiary(business(), today);
   ASSERT_EQ(before.rows.size(), 13U);
   ASSERT_EQ(after.rows.size(), 13U);
   std::map<QString, int> statuses;
@@ -188,7 +189,7 @@ TEST_F(DemoTest, OddSizesAndDaysAreTaken) {
     outside.clock.now.date = size.today;
     EXPECT_EQ(Write({.clients = size.clients, .months = size.months}).clients, size.clients);
     EXPECT_EQ(Count("Clients"), size.clients);
-    AdvanceScheduleGlobally(business());
+    roll::AdvanceScheduleGlobally(business());
     EXPECT_TRUE(outside.prompter.TakeTold().isEmpty());
   }
 }
@@ -200,4 +201,4 @@ TEST_F(DemoTest, RefusesABusinessWithClients) {
 }
 
 }  // namespace
-}  // namespace quillary
+}  // namespace quillary::setup

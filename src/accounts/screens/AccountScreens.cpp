@@ -4,7 +4,7 @@
 #include "accounts/screens/frmGeneralLedgerAccounts.h"
 #include "base/ports/requests/Accounts.h"
 
-namespace quillary {
+namespace quillary::accounts {
 
 void RegisterAccountScreens(Business& business, const ScreenTools& tools) {
   Navigator& navigator = tools.navigator;
@@ -20,4 +20,4 @@ void RegisterAccountScreens(Business& business, const ScreenTools& tools) {
   });
 }
 
-}  // namespace quillary
+}  // namespace quillary::accounts

@@ -6,7 +6,7 @@
 
 #include <QShortcut>
 
-namespace quillary {
+namespace quillary::accounts {
 
 namespace {
 
@@ -158,4 +158,4 @@ void LedgerAccountsPage::Clear() {
   name_->setFocus();
 }
 
-}  // namespace quillary
+}  // namespace quillary::accounts

@@ -9,8 +9,10 @@ class QLineEdit;
 class QPushButton;
 
 namespace quillary {
-
 class Grid;
+}  // namespace quillary
+
+namespace quillary::accounts {
 
 /// The accounts of one type, and the fields of the chosen one. The controls carry the word of the
 /// type in their names.
@@ -53,4 +55,4 @@ class LedgerAccountsPage : public QWidget {
   QPushButton* cancel_;
 };
 
-}  // namespace quillary
+}  // namespace quillary::accounts

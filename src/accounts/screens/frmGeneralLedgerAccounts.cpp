@@ -4,7 +4,7 @@
 #include "kit/Layouts.h"
 #include "kit/PageTabs.h"
 
-namespace quillary {
+namespace quillary::accounts {
 
 frmGeneralLedgerAccounts::frmGeneralLedgerAccounts(Business& business, const ScreenTools& tools)
     : Screen(QStringLiteral("frmGeneralLedgerAccounts"), tr("General Ledger Accounts")),
@@ -43,4 +43,4 @@ void frmGeneralLedgerAccounts::Reload() {
   });
 }
 
-}  // namespace quillary
+}  // namespace quillary::accounts

@@ -5,10 +5,13 @@
 class QPushButton;
 
 namespace quillary {
-
 class Business;
-class LedgerAccountsPage;
 class PageTabs;
+}  // namespace quillary
+
+namespace quillary::accounts {
+
+class LedgerAccountsPage;
 
 /// The chart of accounts: those of revenue and those of expense. It closes at once, whatever stands
 /// in the fields.
@@ -28,4 +31,4 @@ class frmGeneralLedgerAccounts : public Screen {
   ScreenTools tools_;
 };
 
-}  // namespace quillary
+}  // namespace quillary::accounts

@@ -5,7 +5,7 @@
 #include "base/ports/requests/Accounts.h"
 #include "base/ports/requests/Billing.h"
 
-namespace quillary {
+namespace quillary::balances {
 
 void RegisterBalanceScreens(Business& business, const ScreenTools& tools) {
   tools.navigator.Register<OpenDebtors>([&business, tools](const OpenDebtors&) {
@@ -22,4 +22,4 @@ void RegisterBalanceScreens(Business& business, const ScreenTools& tools) {
   });
 }
 
-}  // namespace quillary
+}  // namespace quillary::balances

@@ -15,7 +15,7 @@
 #include <QCheckBox>
 #include <QGroupBox>
 
-namespace quillary {
+namespace quillary::balances {
 
 namespace {
 
@@ -37,7 +37,7 @@ GridRow RowOf(const DebtorRow& debtor) {
   GridRow row;
   row.cells = {false,         debtor.clientId,      debtor.displayName, debtor.status,
                debtor.phone1, debtor.statementType, debtor.amountOwing};
-  row.hue = HueOfColour(ClientStatusColour(debtor.status));
+  row.hue = HueOfColour(clients::ClientStatusColour(debtor.status));
   return row;
 }
 
@@ -234,4 +234,4 @@ void frmDebtors::Recalculate() {
   LoadCreditorsIntoGrid();
 }
 
-}  // namespace quillary
+}  // namespace quillary::balances

@@ -11,10 +11,12 @@ class QLineEdit;
 class QPushButton;
 
 namespace quillary {
-
 class Grid;
 class PageTabs;
 class RowTicks;
+}  // namespace quillary
+
+namespace quillary::balances {
 
 /// Who owes, and who has paid too much, from balances computed as the screen opens.
 class frmDebtors : public Screen {
@@ -68,4 +70,4 @@ class frmDebtors : public Screen {
   QPushButton* cmdClose;
 };
 
-}  // namespace quillary
+}  // namespace quillary::balances

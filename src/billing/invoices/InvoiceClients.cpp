@@ -1,12 +1,12 @@
 #include "billing/invoices/InvoiceClients.h"
 
-namespace quillary {
+namespace quillary::billing {
 
-std::vector<Choice> ListBilledClients(Business& business, BilledClients which) {
+std::vector<lists::Choice> ListBilledClients(Business& business, BilledClients which) {
   Sql statement("SELECT Client_ID, Display_Name FROM Clients WHERE Is_Billed_To = Yes");
   if (which == BilledClients::Active)
     statement = statement + Sql(" AND Status IN ('Active', 'Billing address')");
-  std::vector<Choice> clients;
+  std::vector<lists::Choice> clients;
   for (const Record row : business.RunSQL(statement + Sql(" ORDER BY Display_Name;")))
     clients.push_back({row[u"Client_ID"].ToLong(), row[u"Display_Name"].ToText()});
   return clients;
@@ -45,4 +45,4 @@ QString AddressBlock(const QString& displayName, const QString& streetNumber, co
   return displayName + u'\n' + streetNumber + u' ' + street + u'\n' + suburb + u' ' + postCode;
 }
 
-}  // namespace quillary
+}  // namespace quillary::billing

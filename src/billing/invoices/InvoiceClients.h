@@ -10,11 +10,11 @@
 #include <vector>
 
 /// Who an invoice is made out to.
-namespace quillary {
+namespace quillary::billing {
 
 enum class BilledClients { Active, All };  // active ones include plain billing addresses
 /// The clients who are billed themselves, by name.
-std::vector<Choice> ListBilledClients(Business& business, BilledClients which);
+std::vector<lists::Choice> ListBilledClients(Business& business, BilledClients which);
 
 /// What a client wants on its invoices. It stands for all later ones.
 struct InvoiceOptions {
@@ -43,4 +43,4 @@ std::optional<BilledClient> LoadBilledClient(Business& business, qint64 clientId
 QString AddressBlock(const QString& displayName, const QString& streetNumber, const QString& street,
                      const QString& suburb, const QString& postCode);
 
-}  // namespace quillary
+}  // namespace quillary::billing

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-namespace quillary {
+namespace quillary::billing {
 namespace {
 
 const Sql& JobsOfGroups() {
@@ -99,4 +99,4 @@ std::optional<JobToInvoice> LoadJobToInvoice(Business& business, qint64 diaryId)
   return job;
 }
 
-}  // namespace quillary
+}  // namespace quillary::billing

@@ -6,7 +6,7 @@
 
 /// The jobs of an invoice. Each belongs to one invoice at most; its status and its invoice move
 /// independently of each other.
-namespace quillary {
+namespace quillary::billing {
 
 struct AttachedJob {
   qint64 diaryId = 0;
@@ -48,4 +48,4 @@ struct JobToInvoice {
 /// Nothing when there is no such entry.
 std::optional<JobToInvoice> LoadJobToInvoice(Business& business, qint64 diaryId);
 
-}  // namespace quillary
+}  // namespace quillary::billing

@@ -1,6 +1,6 @@
 #include "billing/invoices/InvoiceList.h"
 
-namespace quillary {
+namespace quillary::billing {
 namespace {
 
 QDate FirstOfMonth(QDate day) {
@@ -80,4 +80,4 @@ InvoiceListCriteria InvoiceListOfMonth(QDate today) {
   return {.from = FirstOfMonth(today), .to = LastOfMonth(today)};
 }
 
-}  // namespace quillary
+}  // namespace quillary::billing

@@ -12,7 +12,7 @@
 #include <vector>
 
 /// The invoices of a period.
-namespace quillary {
+namespace quillary::billing {
 
 struct InvoiceListQuery {
   QDate from;
@@ -53,4 +53,4 @@ bool DeleteTickedInvoices(Business& business, Prompter& prompter,
 /// This month, by name.
 InvoiceListCriteria InvoiceListOfMonth(QDate today);
 
-}  // namespace quillary
+}  // namespace quillary::billing

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-namespace quillary {
+namespace quillary::billing {
 
 QString GetNextInvoiceNumber(Business& business) {
   const Value last = business.FirstField(Sql("SELECT Invoice_Number FROM infSystem"));
@@ -23,4 +23,4 @@ QString ShownInvoiceNumber(const Value& stored) {
   return bare.isEmpty() ? QStringLiteral("0") : bare;
 }
 
-}  // namespace quillary
+}  // namespace quillary::billing

@@ -2,7 +2,7 @@
 
 #include "data/Business.h"
 
-namespace quillary {
+namespace quillary::billing {
 
 /// Moves the counter of the business on by one and returns the new number as text. Every call
 /// spends a number, whether or not an invoice is ever saved with it; numbers are never given back.
@@ -12,4 +12,4 @@ QString GetNextInvoiceNumber(Business& business);
 /// and "0" for a text that does not begin with a digit. Old numbers may hold letters.
 QString ShownInvoiceNumber(const Value& stored);
 
-}  // namespace quillary
+}  // namespace quillary::billing

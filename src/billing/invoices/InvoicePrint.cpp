@@ -3,7 +3,7 @@
 #include "balances/ClientBalance.h"
 #include "data/ActivityLog.h"
 
-namespace quillary {
+namespace quillary::billing {
 namespace {
 
 void LogStep(Business& business, const QString& step) {
@@ -30,8 +30,8 @@ void PrepareInvoicePrint(Business& business, qint64 invoiceId) {
   SelectInvoicesToPrint(business, {invoiceId});
   if (!business.values.recalculateClientAmtsOwingOnPrint) return;
   LogStep(business, QStringLiteral("RecalculateAmountOwingOfAllClients"));
-  RecalculateAmountOwingOfAllClients(business);
+  balances::RecalculateAmountOwingOfAllClients(business);
   LogStep(business, QStringLiteral("RecalculateAmountOwingOfAllClients End"));
 }
 
-}  // namespace quillary
+}  // namespace quillary::billing

@@ -9,7 +9,7 @@
 #include <vector>
 
 /// What has to stand before a document of invoices is printed.
-namespace quillary {
+namespace quillary::billing {
 
 /// Makes the invoices the selection of the next print run. None is an empty run.
 void SelectInvoicesToPrint(Business& business, const std::vector<qint64>& invoiceIds);
@@ -21,4 +21,4 @@ std::optional<Refusal> CheckInvoicePrint(size_t attachedJobs);
 /// first, since the invoice may show what is outstanding.
 void PrepareInvoicePrint(Business& business, qint64 invoiceId);
 
-}  // namespace quillary
+}  // namespace quillary::billing

@@ -5,7 +5,7 @@
 #include "diary/DiaryCommands.h"
 #include "roll/DiaryEntries.h"
 
-namespace quillary {
+namespace quillary::billing {
 namespace {
 
 /// Who pays for the client; the client itself when nobody is named.
@@ -79,9 +79,9 @@ InvoiceForm NewInvoice(Business& business, std::optional<qint64> clientId,
   form.date = business.Today();
   form.statementType = TypesOfInvoice().front();
   form.description = QStringLiteral("TAX INVOICE");
-  if (diaryId) RecalculateDiaryEntryGST(business, *diaryId);
+  if (diaryId) roll::RecalculateDiaryEntryGST(business, *diaryId);
   std::optional<qint64> payer = clientId ? PayerOf(business, *clientId) : std::nullopt;
-  if (!clientId && diaryId) payer = BilledClientOf(business, *diaryId);
+  if (!clientId && diaryId) payer = diary::BilledClientOf(business, *diaryId);
   const auto client = payer ? LoadBilledClient(business, *payer) : std::nullopt;
   if (client && client->isBilledTo) ChooseBilledClient(business, form, *payer);
   form.number = GetNextInvoiceNumber(business);
@@ -137,4 +137,4 @@ std::optional<Refusal> SaveInvoices(Business& business, InvoiceForm& form) {
   return std::nullopt;
 }
 
-}  // namespace quillary
+}  // namespace quillary::billing

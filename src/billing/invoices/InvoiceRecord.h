@@ -14,7 +14,7 @@
 
 /// One invoice as its screen edits it: a thin header over jobs. What a client owes comes from jobs
 /// and payments alone, so nothing here moves a balance.
-namespace quillary {
+namespace quillary::billing {
 
 /// The key of an invoice that is not stored yet.
 inline constexpr qint64 kNewInvoice = -1;
@@ -72,4 +72,4 @@ std::optional<Refusal> CheckInvoice(const InvoiceForm& form);
 /// One transaction; nothing is written when CheckInvoice() refuses.
 std::optional<Refusal> SaveInvoices(Business& business, InvoiceForm& form);
 
-}  // namespace quillary
+}  // namespace quillary::billing

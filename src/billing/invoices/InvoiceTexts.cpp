@@ -2,7 +2,7 @@
 
 #include "clients/GeneralNotes.h"
 
-namespace quillary {
+namespace quillary::billing {
 
 QStringList ListInvoiceNotes(Business& business) {
   QStringList notes;
@@ -14,7 +14,7 @@ QStringList ListInvoiceNotes(Business& business) {
     notes += note;
     previous = note;
   }
-  const QString general = LoadGeneralNotes(business);
+  const QString general = clients::LoadGeneralNotes(business);
   if (!general.trimmed().isEmpty()) notes += general;
   return notes;
 }
@@ -32,4 +32,4 @@ void SaveTermsOfTrade(Business& business, const QString& terms) {
   business.RunSQL(Sql("UPDATE infOptions SET TermsOfTrade = {}", terms));
 }
 
-}  // namespace quillary
+}  // namespace quillary::billing

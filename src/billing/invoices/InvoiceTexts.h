@@ -9,7 +9,7 @@
 #include <optional>
 
 /// The texts that invoices are given ready-made.
-namespace quillary {
+namespace quillary::billing {
 
 /// Each different note of earlier invoices, in order, and the general note last.
 QStringList ListInvoiceNotes(Business& business);
@@ -20,4 +20,4 @@ QString LoadTermsOfTrade(Business& business);
 /// An empty text clears them.
 void SaveTermsOfTrade(Business& business, const QString& terms);
 
-}  // namespace quillary
+}  // namespace quillary::billing

@@ -1,6 +1,6 @@
 #include "billing/payments/PaymentJobs.h"
 
-namespace quillary {
+namespace quillary::billing {
 
 PaidServices LoadPaidServices(Business& business, qint64 paymentId) {
   PaidServices services;
@@ -100,4 +100,4 @@ bool RequiresJobs(Business& business, qint64 paymentId) {
   return waiting.ToLong() > 0;
 }
 
-}  // namespace quillary
+}  // namespace quillary::billing

@@ -6,7 +6,7 @@
 /// Which jobs a payment covers. Diary.Payment_ID points a job at its one payment, whole: nothing is
 /// split between jobs, and nobody compares the jobs with the amount. The link moves no balance, and
 /// only a payment opened for a job moves the job's status.
-namespace quillary {
+namespace quillary::billing {
 
 /// One service of a job that is paid for.
 struct PaidService {
@@ -68,4 +68,4 @@ inline constexpr char kRequiresJobs[] = "This payment record requires the jobs b
 /// Whether the payer has done jobs on no payment while this payment covers none.
 bool RequiresJobs(Business& business, qint64 paymentId);
 
-}  // namespace quillary
+}  // namespace quillary::billing

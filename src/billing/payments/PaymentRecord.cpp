@@ -8,7 +8,7 @@
 #include <array>
 #include <set>
 
-namespace quillary {
+namespace quillary::billing {
 namespace {
 
 constexpr char kCash[] = "CASH";
@@ -68,8 +68,8 @@ void PaymentForm::TakeHabits(const PaymentHabits& habits) {
   bankAccountName = habits.bankAccountName;
 }
 
-std::vector<Choice> ListPayerChoices(Business& business) {
-  std::vector<Choice> payers;
+std::vector<lists::Choice> ListPayerChoices(Business& business) {
+  std::vector<lists::Choice> payers;
   for (const Record row : business.RunSQL(
            Sql("SELECT Client_ID, Display_Name FROM Clients "
                "WHERE Status IN ('Billing address', 'Active', 'Bad Debtor', 'Cancelled', "
@@ -126,7 +126,7 @@ PaymentForm NewPayment(Business& business, qint64 clientId, Money amount,
   form.gst = TaxWithin(business, amount, false);
   form.forJob = forJob;
   const qint64 payer = PayerOf(business, clientId);
-  const auto isPayer = [payer](const Choice& choice) { return choice.id == payer; };
+  const auto isPayer = [payer](const lists::Choice& choice) { return choice.id == payer; };
   if (!std::ranges::any_of(ListPayerChoices(business), isPayer)) return form;
   form.clientId = payer;
   form.TakeHabits(HabitsOf(business, payer));
@@ -186,8 +186,8 @@ std::optional<Refusal> SavePaymentDetails(Business& business, PaymentForm& form)
                         stored.paymentId, *form.forJob));
   }
   if (form.markInvoicesAsPaid) MarkInvoicesAsPaid(business, stored.paymentId);
-  RecalculateClientBalance(business, *form.clientId);
-  if (clientBefore != *form.clientId) RecalculateClientBalance(business, clientBefore);
+  balances::RecalculateClientBalance(business, *form.clientId);
+  if (clientBefore != *form.clientId) balances::RecalculateClientBalance(business, clientBefore);
   business.RunSQL(
       Sql("UPDATE General_Ledger_Entries SET GL_Entry_Description = {}, Entry_Date = {} "
           "WHERE Payment_ID = {}",
@@ -197,4 +197,4 @@ std::optional<Refusal> SavePaymentDetails(Business& business, PaymentForm& form)
   return std::nullopt;
 }
 
-}  // namespace quillary
+}  // namespace quillary::billing

@@ -12,7 +12,7 @@
 
 /// One payment: money received from the client who is billed. It stands by itself; which jobs it
 /// covers is told in PaymentJobs.h, which revenue it is booked to in RevenueLines.h.
-namespace quillary {
+namespace quillary::billing {
 
 /// The key of a payment that is not stored yet.
 inline constexpr qint64 kNewPayment = -1;
@@ -49,7 +49,7 @@ struct PaymentForm {
 };
 
 /// Whom money can come from: the clients who are billed, former ones too, by name.
-std::vector<Choice> ListPayerChoices(Business& business);
+std::vector<lists::Choice> ListPayerChoices(Business& business);
 /// The words that a payment can be made by, by name, as the list spells them.
 QStringList ListPaymentMethodWords(Business& business);
 /// The list's spelling of a method, whatever its case; empty when the list does not hold it.
@@ -87,4 +87,4 @@ std::optional<Refusal> CheckPayment(const PaymentForm& form);
 /// note. Writes nothing when CheckPayment() refuses.
 std::optional<Refusal> SavePaymentDetails(Business& business, PaymentForm& form);
 
-}  // namespace quillary
+}  // namespace quillary::billing

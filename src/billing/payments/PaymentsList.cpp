@@ -5,7 +5,7 @@
 #include <QHash>
 #include <QStringList>
 
-namespace quillary {
+namespace quillary::billing {
 namespace {
 
 struct JobsOfPayment {
@@ -75,8 +75,9 @@ std::optional<Refusal> DeletePayment(Business& business, Prompter& prompter,
   const Answer answer =
       prompter.Ask(QStringLiteral("Are you sure you want to delete this payment made by ") +
                    payment->displayName + u'?');
-  if (answer == Answer::Yes) DeleteCheckedPayment(business, payment->clientId, payment->paymentId);
+  if (answer == Answer::Yes)
+    balances::DeleteCheckedPayment(business, payment->clientId, payment->paymentId);
   return std::nullopt;
 }
 
-}  // namespace quillary
+}  // namespace quillary::billing

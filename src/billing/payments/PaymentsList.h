@@ -10,7 +10,7 @@
 #include <vector>
 
 /// The payments of a period or of a client, beside what the jobs on them come to.
-namespace quillary {
+namespace quillary::billing {
 
 struct PaymentRow {
   qint64 paymentId = 0;
@@ -47,4 +47,4 @@ PaymentsList LoadPaymentsByAClient(Business& business, qint64 clientId);
 std::optional<Refusal> DeletePayment(Business& business, Prompter& prompter,
                                      const PaymentRow* payment);
 
-}  // namespace quillary
+}  // namespace quillary::billing

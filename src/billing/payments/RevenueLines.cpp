@@ -1,6 +1,6 @@
 #include "billing/payments/RevenueLines.h"
 
-namespace quillary {
+namespace quillary::billing {
 namespace {
 
 qint64 InsertEmptyLine(Business& business, qint64 paymentId) {
@@ -62,4 +62,4 @@ std::optional<Refusal> RemoveAccount(Business& business, std::optional<qint64> g
   return std::nullopt;
 }
 
-}  // namespace quillary
+}  // namespace quillary::billing

@@ -4,7 +4,7 @@
 
 /// How a payment is split over revenue accounts, by hand: rows of General_Ledger_Entries. They need
 /// not add up to the payment, nor their tax to its tax.
-namespace quillary {
+namespace quillary::billing {
 
 struct RevenueLine {
   qint64 glEntryId = 0;
@@ -45,4 +45,4 @@ std::optional<Refusal> SaveAccount(Business& business, qint64 paymentId,
 /// Refuses when no line is picked.
 std::optional<Refusal> RemoveAccount(Business& business, std::optional<qint64> glEntryId);
 
-}  // namespace quillary
+}  // namespace quillary::billing

@@ -4,7 +4,7 @@
 
 #include <QLocale>
 
-namespace quillary {
+namespace quillary::billing {
 
 qint64 InsertGeneratedInvoice(Business& business, const GeneratedInvoice& invoice) {
   // The key of the newest invoice would be somebody else's, had this one not been taken.
@@ -51,4 +51,4 @@ bool GuardRunStep(Business& business, const QString& form, const QString& proced
   }
 }
 
-}  // namespace quillary
+}  // namespace quillary::billing

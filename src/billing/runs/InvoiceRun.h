@@ -12,7 +12,7 @@
 /// What the runs that make invoices have in common. A run stands in one transaction: it happens
 /// whole or not at all, however the program ends. What goes wrong with one client is reported,
 /// undone for this client alone, and the run goes on; a failure of the store ends it.
-namespace quillary {
+namespace quillary::billing {
 
 struct InvoiceRunCount {
   int invoicesMade = 0;
@@ -53,4 +53,4 @@ void RunOrThrow(Business& business, const Sql& statement);
 bool GuardRunStep(Business& business, const QString& form, const QString& procedure,
                   const std::function<void()>& step);
 
-}  // namespace quillary
+}  // namespace quillary::billing

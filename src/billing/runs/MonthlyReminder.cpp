@@ -1,6 +1,6 @@
 #include "billing/runs/MonthlyReminder.h"
 
-namespace quillary {
+namespace quillary::billing {
 
 MonthlyReminder LoadMonthlyReminder(Business& business) {
   const Value stored = business.FirstField(Sql("SELECT Monthly_Invoices_Reminder FROM infOptions"));
@@ -12,4 +12,4 @@ void SaveMonthlyReminder(Business& business, std::optional<QDate> day) {
   business.RunSQL(Sql("UPDATE infOptions SET Monthly_Invoices_Reminder = {}", day));
 }
 
-}  // namespace quillary
+}  // namespace quillary::billing

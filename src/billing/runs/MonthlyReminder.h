@@ -8,7 +8,7 @@
 
 /// From which day on the start asks whether to run the monthly invoices. Answering does not move
 /// it; the owner does.
-namespace quillary {
+namespace quillary::billing {
 
 struct MonthlyReminder {
   std::optional<QDate> stored;  // nothing: no reminder
@@ -18,4 +18,4 @@ MonthlyReminder LoadMonthlyReminder(Business& business);
 /// Nothing switches the reminder off.
 void SaveMonthlyReminder(Business& business, std::optional<QDate> day);
 
-}  // namespace quillary
+}  // namespace quillary::billing

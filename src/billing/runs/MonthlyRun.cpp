@@ -5,7 +5,7 @@
 
 #include <vector>
 
-namespace quillary {
+namespace quillary::billing {
 namespace {
 
 struct MonthlyJobs {
@@ -109,4 +109,4 @@ InvoiceRunCount GenerateMonthlyInvoices(Business& business, const MonthlyPeriod&
   return count;
 }
 
-}  // namespace quillary
+}  // namespace quillary::billing

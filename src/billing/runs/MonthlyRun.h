@@ -8,7 +8,7 @@
 #include <optional>
 
 /// The run that bills, by one invoice each, the clients who are billed by the month.
-namespace quillary {
+namespace quillary::billing {
 
 struct MonthlyPeriod {
   QDate from;
@@ -31,4 +31,4 @@ bool ConfirmMonthlyRun(Prompter& prompter);
 InvoiceRunCount GenerateMonthlyInvoices(Business& business, const MonthlyPeriod& period,
                                         const RunProgress& progress = {});
 
-}  // namespace quillary
+}  // namespace quillary::billing

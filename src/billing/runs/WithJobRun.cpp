@@ -1,6 +1,6 @@
 #include "billing/runs/WithJobRun.h"
 
-namespace quillary {
+namespace quillary::billing {
 namespace {
 
 Recordset LoadEntries(Business& business, QDate from, QDate to) {
@@ -65,4 +65,4 @@ InvoiceRunCount GenerateWithJobInvoices(Business& business, QDate from, QDate to
   return count;
 }
 
-}  // namespace quillary
+}  // namespace quillary::billing

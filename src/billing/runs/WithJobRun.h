@@ -5,7 +5,7 @@
 #include <QDate>
 
 /// The run that bills each job by an invoice of its own.
-namespace quillary {
+namespace quillary::billing {
 
 /// Makes an invoice for each entry of those days, done or not, of the clients who are billed with
 /// each job, unless an invoice bills it already. The status stays. All invoices of these entries,
@@ -13,4 +13,4 @@ namespace quillary {
 InvoiceRunCount GenerateWithJobInvoices(Business& business, QDate from, QDate to,
                                         const RunProgress& progress = {});
 
-}  // namespace quillary
+}  // namespace quillary::billing

@@ -3,11 +3,11 @@
 #include "billing/screens/InvoiceScreens.h"
 #include "billing/screens/PaymentScreens.h"
 
-namespace quillary {
+namespace quillary::billing {
 
 void RegisterBillingScreens(Business& business, const ScreenTools& tools) {
   RegisterInvoiceScreens(business, tools);
   RegisterPaymentScreens(business, tools);
 }
 
-}  // namespace quillary
+}  // namespace quillary::billing

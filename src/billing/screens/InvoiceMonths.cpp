@@ -4,17 +4,17 @@
 
 #include <QComboBox>
 
-namespace quillary {
+namespace quillary::billing {
 
 void FillWithMonths(QComboBox* combo, QDate today) {
   QStringList words;
-  for (const MonthChoice& month : ListPickerMonths(today)) words += month.words;
+  for (const diary::MonthChoice& month : diary::ListPickerMonths(today)) words += month.words;
   FillComboWithWords(combo, words);
-  combo->setCurrentIndex(static_cast<int>(PickerMonthOf(today, today).value_or(0)));
+  combo->setCurrentIndex(static_cast<int>(diary::PickerMonthOf(today, today).value_or(0)));
 }
 
-MonthChoice MonthAt(QDate today, int entry) {
-  return ListPickerMonths(today).at(static_cast<size_t>(entry));
+diary::MonthChoice MonthAt(QDate today, int entry) {
+  return diary::ListPickerMonths(today).at(static_cast<size_t>(entry));
 }
 
-}  // namespace quillary
+}  // namespace quillary::billing

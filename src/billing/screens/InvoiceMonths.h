@@ -4,11 +4,11 @@
 
 class QComboBox;
 
-namespace quillary {
+namespace quillary::billing {
 
 /// The months of three years, with that of `today` picked.
 void FillWithMonths(QComboBox* combo, QDate today);
 /// The days of an entry of that list.
-MonthChoice MonthAt(QDate today, int entry);
+diary::MonthChoice MonthAt(QDate today, int entry);
 
-}  // namespace quillary
+}  // namespace quillary::billing

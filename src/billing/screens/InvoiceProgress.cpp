@@ -7,7 +7,7 @@
 
 #include <memory>
 
-namespace quillary {
+namespace quillary::billing {
 
 InvoiceProgress::InvoiceProgress(const char* name) {
   Named(this, name, tr("Progress of the run"));
@@ -30,4 +30,4 @@ RunProgress InvoiceProgress::Listener() {
   };
 }
 
-}  // namespace quillary
+}  // namespace quillary::billing

@@ -4,7 +4,7 @@
 
 #include <QProgressBar>
 
-namespace quillary {
+namespace quillary::billing {
 
 /// How far a run has come, shown for as long as it goes on.
 class InvoiceProgress : public QProgressBar {
@@ -17,4 +17,4 @@ class InvoiceProgress : public QProgressBar {
   RunProgress Listener();
 };
 
-}  // namespace quillary
+}  // namespace quillary::billing

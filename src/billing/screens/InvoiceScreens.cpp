@@ -8,7 +8,7 @@
 #include "billing/screens/frmInvoicesList.h"
 #include "billing/screens/frmListOfJobs.h"
 
-namespace quillary {
+namespace quillary::billing {
 
 namespace {
 
@@ -71,4 +71,4 @@ void RegisterInvoiceScreens(Business& business, const ScreenTools& tools) {
   });
 }
 
-}  // namespace quillary
+}  // namespace quillary::billing

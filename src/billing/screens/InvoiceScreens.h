@@ -3,10 +3,12 @@
 #include "kit/Screen.h"
 
 namespace quillary {
-
 class Business;
+}  // namespace quillary
+
+namespace quillary::billing {
 
 /// Lets the navigator open the screens of invoices.
 void RegisterInvoiceScreens(Business& business, const ScreenTools& tools);
 
-}  // namespace quillary
+}  // namespace quillary::billing

@@ -2,7 +2,7 @@
 
 #include <QObject>
 
-namespace quillary {
+namespace quillary::billing {
 
 std::vector<GridColumn> PaymentListColumns() {
   return {{QObject::tr("Client"), ColumnKind::StrongText, 216},
@@ -30,4 +30,4 @@ std::vector<GridRow> PaymentListRows(const std::vector<PaymentRow>& payments) {
   return rows;
 }
 
-}  // namespace quillary
+}  // namespace quillary::billing

@@ -4,7 +4,7 @@
 #include "kit/GridColumns.h"
 
 /// How payments stand in their tables.
-namespace quillary {
+namespace quillary::billing {
 
 std::vector<GridColumn> PaymentListColumns();
 /// A payment that differs from its jobs has a hue of its own.
@@ -14,4 +14,4 @@ std::vector<GridRow> PaymentListRows(const std::vector<PaymentRow>& payments);
 inline constexpr char kMismatchLegend[] =
     "Yellow - Amount/GST doesn't match with Account amount/GST";
 
-}  // namespace quillary
+}  // namespace quillary::billing

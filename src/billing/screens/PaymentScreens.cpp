@@ -6,7 +6,7 @@
 #include "billing/screens/frmPayments.h"
 #include "billing/screens/frmPaymentsList.h"
 
-namespace quillary {
+namespace quillary::billing {
 
 namespace {
 
@@ -51,4 +51,4 @@ void RegisterPaymentScreens(Business& business, const ScreenTools& tools) {
   });
 }
 
-}  // namespace quillary
+}  // namespace quillary::billing

@@ -3,7 +3,7 @@
 #include "kit/DateField.h"
 #include "kit/Layouts.h"
 
-namespace quillary {
+namespace quillary::billing {
 
 dlgFromDate::dlgFromDate(Business& business, const QString& label)
     : Dialog("dlgFromDate", label, business.World().prompter) {
@@ -25,4 +25,4 @@ QDate dlgFromDate::Date() const {
   return dtFromDate->Date();
 }
 
-}  // namespace quillary
+}  // namespace quillary::billing

@@ -6,8 +6,10 @@
 class QPushButton;
 
 namespace quillary {
-
 class DateField;
+}  // namespace quillary
+
+namespace quillary::billing {
 
 /// Asks for one date.
 class dlgFromDate : public Dialog {
@@ -24,4 +26,4 @@ class dlgFromDate : public Dialog {
   QPushButton* cmdOK;
 };
 
-}  // namespace quillary
+}  // namespace quillary::billing

@@ -7,7 +7,7 @@
 #include <QGroupBox>
 #include <QRadioButton>
 
-namespace quillary {
+namespace quillary::billing {
 
 dlgInvoiceList::dlgInvoiceList(Business& business, const ScreenTools&)
     : Dialog("dlgInvoiceList", tr("Invoice list"), business.World().prompter) {
@@ -53,4 +53,4 @@ InvoiceListCriteria dlgInvoiceList::Criteria() const {
   return {.from = dtStartDate->Date(), .to = dtEndDate->Date(), .order = order};
 }
 
-}  // namespace quillary
+}  // namespace quillary::billing

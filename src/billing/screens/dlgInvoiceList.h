@@ -9,8 +9,10 @@ class QPushButton;
 class QRadioButton;
 
 namespace quillary {
-
 class DateField;
+}  // namespace quillary
+
+namespace quillary::billing {
 
 /// Which invoices a report lists, and in which order.
 class dlgInvoiceList : public Dialog {
@@ -31,4 +33,4 @@ class dlgInvoiceList : public Dialog {
   QPushButton* cmdPreview;
 };
 
-}  // namespace quillary
+}  // namespace quillary::billing

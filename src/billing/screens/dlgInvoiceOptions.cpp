@@ -7,7 +7,7 @@
 
 #include <QCheckBox>
 
-namespace quillary {
+namespace quillary::billing {
 
 dlgInvoiceOptions::dlgInvoiceOptions(Business& business, const ScreenTools& tools,
                                      const ChooseInvoiceFor& request)
@@ -102,4 +102,4 @@ void dlgInvoiceOptions::CreateNonMonthlyInvoices() {
   Close(Accepted);
 }
 
-}  // namespace quillary
+}  // namespace quillary::billing

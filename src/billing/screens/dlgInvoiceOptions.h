@@ -8,7 +8,7 @@
 class QCheckBox;
 class QPushButton;
 
-namespace quillary {
+namespace quillary::billing {
 
 class InvoiceProgress;
 
@@ -39,4 +39,4 @@ class dlgInvoiceOptions : public Dialog {
   QPushButton* cmdClose;
 };
 
-}  // namespace quillary
+}  // namespace quillary::billing

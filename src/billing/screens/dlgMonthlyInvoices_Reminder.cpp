@@ -6,7 +6,7 @@
 
 #include <QCheckBox>
 
-namespace quillary {
+namespace quillary::billing {
 
 dlgMonthlyInvoices_Reminder::dlgMonthlyInvoices_Reminder(Business& business,
                                                          const ScreenTools& tools)
@@ -52,4 +52,4 @@ dlgMonthlyInvoices_Reminder::dlgMonthlyInvoices_Reminder(Business& business,
   });
 }
 
-}  // namespace quillary
+}  // namespace quillary::billing

@@ -8,8 +8,10 @@ class QCheckBox;
 class QPushButton;
 
 namespace quillary {
-
 class DateField;
+}  // namespace quillary
+
+namespace quillary::billing {
 
 /// Moves the day from which the start reminds of the monthly invoices, or switches that off.
 class dlgMonthlyInvoices_Reminder : public Dialog {
@@ -26,4 +28,4 @@ class dlgMonthlyInvoices_Reminder : public Dialog {
   QPushButton* cmdOK;
 };
 
-}  // namespace quillary
+}  // namespace quillary::billing

@@ -8,7 +8,7 @@
 
 #include <algorithm>
 
-namespace quillary {
+namespace quillary::billing {
 
 namespace {
 
@@ -161,4 +161,4 @@ void dlgPaymentJobs::TakeTicks() {
   if (!done) Load();
 }
 
-}  // namespace quillary
+}  // namespace quillary::billing

@@ -9,9 +9,11 @@ class QLineEdit;
 class QPushButton;
 
 namespace quillary {
-
 class Grid;
 class RowTicks;
+}  // namespace quillary
+
+namespace quillary::billing {
 
 /// The jobs that a payment covers, as ticks. Each takes effect at once; there is nothing to save
 /// and nothing to give up.
@@ -45,4 +47,4 @@ class dlgPaymentJobs : public Dialog {
   QPushButton* cmdClose;
 };
 
-}  // namespace quillary
+}  // namespace quillary::billing

@@ -3,7 +3,7 @@
 #include "billing/screens/frmPaymentsByAClient.h"
 #include "kit/Layouts.h"
 
-namespace quillary {
+namespace quillary::billing {
 
 dlgPaymentOptions::dlgPaymentOptions(Business& business, const ScreenTools& tools,
                                      const PayForJob& job)
@@ -45,4 +45,4 @@ void dlgPaymentOptions::SelectAnExisting() {
     Close(Accepted);
 }
 
-}  // namespace quillary
+}  // namespace quillary::billing

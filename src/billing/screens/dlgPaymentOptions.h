@@ -5,7 +5,7 @@
 #include "kit/Dialog.h"
 #include "kit/Screen.h"
 
-namespace quillary {
+namespace quillary::billing {
 
 /// How a job is paid: by a payment that is entered now, or by one that was recorded before.
 class dlgPaymentOptions : public Dialog {
@@ -26,4 +26,4 @@ class dlgPaymentOptions : public Dialog {
   QPushButton* cmdCancel;
 };
 
-}  // namespace quillary
+}  // namespace quillary::billing

@@ -18,7 +18,7 @@
 #include <QPushButton>
 
 /// What the invoice screen shows and stores.
-namespace quillary {
+namespace quillary::billing {
 
 frmInvoice::frmInvoice(Business& business, const ScreenTools& tools, const InvoiceForm& form)
     : Dialog("frmInvoice", form.IsNew() ? tr("New invoice") : tr("Invoice"),
@@ -111,12 +111,12 @@ void frmInvoice::ClientChosen() {
 }
 
 void frmInvoice::LoadAttachedJobs() {
-  jobs_ = quillary::LoadAttachedJobs(business_, form_);
+  jobs_ = quillary::billing::LoadAttachedJobs(business_, form_);
   std::vector<GridRow> rows;
   for (const AttachedJob& job : jobs_.rows)
     rows.push_back(
         {{job.displayName, job.diaryId, job.description, job.scheduleDate, job.totalPrice,
-          job.totalGST, GridCell(job.status, DiaryStatusWords(job.status))}});
+          job.totalGST, GridCell(job.status, diary::DiaryStatusWords(job.status))}});
   fgJobs->SetRows(std::move(rows));
   txtInvoiceAmount->SetAmount(jobs_.totalAmount);
   txtGSTIncluded->SetAmount(jobs_.totalGST);
@@ -206,4 +206,4 @@ void frmInvoice::Print() {
   cmdEmailInvoice->setEnabled(tools_.navigator.CanOpen<EmailLastDocument>());
 }
 
-}  // namespace quillary
+}  // namespace quillary::billing

@@ -13,11 +13,13 @@ class QPlainTextEdit;
 class QPushButton;
 
 namespace quillary {
-
 class ComboSearch;
 class CurrencyField;
 class DateField;
 class Grid;
+}  // namespace quillary
+
+namespace quillary::billing {
 
 /// One invoice with its jobs: a new one, or one that is stored. The invoice is stored by saving;
 /// the jobs of a stored one are attached and removed at once.
@@ -94,4 +96,4 @@ class frmInvoice : public Dialog {
   QPushButton* cmdSaveAndClose;
 };
 
-}  // namespace quillary
+}  // namespace quillary::billing

@@ -11,7 +11,7 @@
 #include <QPlainTextEdit>
 
 /// How the invoice screen looks.
-namespace quillary {
+namespace quillary::billing {
 
 namespace {
 
@@ -200,4 +200,4 @@ QLayout* frmInvoice::TotalsLine() {
   return line;
 }
 
-}  // namespace quillary
+}  // namespace quillary::billing

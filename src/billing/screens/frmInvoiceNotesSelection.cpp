@@ -4,7 +4,7 @@
 #include "kit/Grid.h"
 #include "kit/Layouts.h"
 
-namespace quillary {
+namespace quillary::billing {
 
 frmInvoiceNotesSelection::frmInvoiceNotesSelection(Business& business, const ScreenTools& tools)
     : Dialog("frmInvoiceNotesSelection", tr("Existing invoice notes"), business.World().prompter) {
@@ -48,4 +48,4 @@ void frmInvoiceNotesSelection::Select() {
   Close(Accepted);
 }
 
-}  // namespace quillary
+}  // namespace quillary::billing

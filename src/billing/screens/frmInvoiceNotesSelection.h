@@ -8,8 +8,10 @@ class QLineEdit;
 class QPushButton;
 
 namespace quillary {
-
 class Grid;
+}  // namespace quillary
+
+namespace quillary::billing {
 
 /// The notes of earlier invoices, to take one of them again.
 class frmInvoiceNotesSelection : public Dialog {
@@ -32,4 +34,4 @@ class frmInvoiceNotesSelection : public Dialog {
   QPushButton* cmdSelect;
 };
 
-}  // namespace quillary
+}  // namespace quillary::billing

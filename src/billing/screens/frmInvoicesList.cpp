@@ -22,7 +22,7 @@
 #include <QShortcut>
 
 /// What the list of invoices shows and does.
-namespace quillary {
+namespace quillary::billing {
 
 frmInvoicesList::frmInvoicesList(Business& business, const ScreenTools& tools)
     : Screen(QStringLiteral("frmInvoicesList"), QStringLiteral("Invoices")),
@@ -103,7 +103,7 @@ void frmInvoicesList::ShowAgain() {
 }
 
 void frmInvoicesList::TakeMonth(int month) {
-  const MonthChoice days = MonthAt(business_.Today(), month);
+  const diary::MonthChoice days = MonthAt(business_.Today(), month);
   dtFrom->SetDate(days.first);
   dtTo->SetDate(days.last);
 }
@@ -184,4 +184,4 @@ void frmInvoicesList::SelectTicked() {
   SelectInvoicesToPrint(business_, ticks_->TickedKeys());
 }
 
-}  // namespace quillary
+}  // namespace quillary::billing

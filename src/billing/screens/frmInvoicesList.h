@@ -10,11 +10,14 @@ class QLineEdit;
 class QPushButton;
 
 namespace quillary {
-
 class DateField;
 class Grid;
-class InvoiceProgress;
 class RowTicks;
+}  // namespace quillary
+
+namespace quillary::billing {
+
+class InvoiceProgress;
 
 /// The invoices of a period: viewed, made by hand or by the monthly run, printed and deleted.
 class frmInvoicesList : public Screen {
@@ -82,4 +85,4 @@ class frmInvoicesList : public Screen {
   QPushButton* cmdViewInvoice;
 };
 
-}  // namespace quillary
+}  // namespace quillary::billing

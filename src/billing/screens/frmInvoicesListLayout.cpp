@@ -12,7 +12,7 @@
 #include <QComboBox>
 
 /// How the list of invoices looks.
-namespace quillary {
+namespace quillary::billing {
 
 void frmInvoicesList::MakeControls() {
   cboMonth = Named(new QComboBox, "cboMonth");
@@ -127,4 +127,4 @@ QLayout* frmInvoicesList::CommandLine() {
   return line;
 }
 
-}  // namespace quillary
+}  // namespace quillary::billing

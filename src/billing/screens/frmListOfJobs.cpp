@@ -16,17 +16,17 @@
 
 #include <algorithm>
 
-namespace quillary {
+namespace quillary::billing {
 
 namespace {
 
-Hue HueOf(PickerColour colour) {
+Hue HueOf(diary::PickerColour colour) {
   switch (colour) {
-    case PickerColour::Done:
+    case diary::PickerColour::Done:
       return Hue::Green;
-    case PickerColour::HasInvoice:
+    case diary::PickerColour::HasInvoice:
       return Hue::StrongGreen;
-    case PickerColour::NotDone:
+    case diary::PickerColour::NotDone:
       break;
   }
   return Hue::Neutral;
@@ -111,14 +111,14 @@ QLayout* frmListOfJobs::ChoiceLine() {
 QLayout* frmListOfJobs::LegendLine() {
   auto* line = new QHBoxLayout;
   line->setSpacing(8);
-  const auto add = [&](const char* name, const QString& words, PickerColour colour) {
+  const auto add = [&](const char* name, const QString& words, diary::PickerColour colour) {
     auto* chip = new Chip(name);
     chip->ShowStatus(words, HueOf(colour));
     line->addWidget(chip);
   };
-  add("lblNotDone", tr("Not done"), PickerColour::NotDone);
-  add("lblDone", tr("Done"), PickerColour::Done);
-  add("lblHasInvoice", tr("On an invoice already"), PickerColour::HasInvoice);
+  add("lblNotDone", tr("Not done"), diary::PickerColour::NotDone);
+  add("lblDone", tr("Done"), diary::PickerColour::Done);
+  add("lblHasInvoice", tr("On an invoice already"), diary::PickerColour::HasInvoice);
   line->addStretch(1);
   return line;
 }
@@ -137,15 +137,15 @@ void frmListOfJobs::ConnectControls() {
 }
 
 void frmListOfJobs::TakeMonth(int month) {
-  const MonthChoice days = MonthAt(business_.Today(), month);
+  const diary::MonthChoice days = MonthAt(business_.Today(), month);
   dtStartDate->SetDate(days.first);
   dtEndDate->SetDate(days.last);
 }
 
 void frmListOfJobs::ListJobs() {
-  jobs_ = ListPickableJobs(business_, clientId_, dtStartDate->Date(), dtEndDate->Date());
+  jobs_ = diary::ListPickableJobs(business_, clientId_, dtStartDate->Date(), dtEndDate->Date());
   std::vector<GridRow> rows;
-  for (const PickableJob& job : jobs_) {
+  for (const diary::PickableJob& job : jobs_) {
     const bool ticked = job.IsOn(invoiceId_) || chosen_.contains(job.diaryId);
     GridRow row;
     row.cells = {ticked,
@@ -155,7 +155,7 @@ void frmListOfJobs::ListJobs() {
                  job.scheduleDate,
                  job.totalPrice,
                  job.totalGST,
-                 GridCell(job.status, DiaryStatusWords(job.status)),
+                 GridCell(job.status, diary::DiaryStatusWords(job.status)),
                  job.HasInvoiceWord()};
     row.hue = HueOf(job.Colour());
     rows.push_back(std::move(row));
@@ -170,7 +170,7 @@ void frmListOfJobs::ShowTotals() {
   const std::vector<qint64> ticked = ticks_->TickedKeys();
   const std::set<qint64> keys(ticked.begin(), ticked.end());
   Money total;
-  for (const PickableJob& job : jobs_)
+  for (const diary::PickableJob& job : jobs_)
     if (keys.contains(job.diaryId)) total += job.totalPrice;
   lblTickedTotal->setText(
       keys.size() == 1 ? tr("1 job ticked = %1").arg(total.ToCurrencyText())
@@ -184,4 +184,4 @@ void frmListOfJobs::AttachTicked() {
   Close(Accepted);
 }
 
-}  // namespace quillary
+}  // namespace quillary::billing

@@ -14,10 +14,12 @@ class QLineEdit;
 class QPushButton;
 
 namespace quillary {
-
 class DateField;
 class Grid;
 class RowTicks;
+}  // namespace quillary
+
+namespace quillary::billing {
 
 /// The jobs that an invoice can take, with what the ticked ones come to. Those of a stored invoice
 /// are attached at once; a new one gets them with its first save.
@@ -47,7 +49,7 @@ class frmListOfJobs : public Dialog {
   qint64 invoiceId_;
   qint64 clientId_;
   std::set<qint64> chosen_;
-  std::vector<PickableJob> jobs_;
+  std::vector<diary::PickableJob> jobs_;
 
   QComboBox* cboMonth;
   DateField* dtStartDate;
@@ -62,4 +64,4 @@ class frmListOfJobs : public Dialog {
   QPushButton* cmdAttachJobsToInvoice;
 };
 
-}  // namespace quillary
+}  // namespace quillary::billing

@@ -15,7 +15,7 @@
 #include <QPlainTextEdit>
 
 /// What the payment screen shows and stores.
-namespace quillary {
+namespace quillary::billing {
 
 namespace {
 
@@ -23,9 +23,9 @@ enum LineColumn { kLineAccount, kLineEntry, kLineAmount, kLineTax };
 
 /// The payers, and whoever paid this one: that client may be billed to another by now, and the
 /// payment is still its own.
-std::vector<Choice> PayersWith(Business& business, std::optional<qint64> clientId) {
-  std::vector<Choice> payers = ListPayerChoices(business);
-  const auto isClient = [&](const Choice& choice) { return choice.id == clientId; };
+std::vector<lists::Choice> PayersWith(Business& business, std::optional<qint64> clientId) {
+  std::vector<lists::Choice> payers = ListPayerChoices(business);
+  const auto isClient = [&](const lists::Choice& choice) { return choice.id == clientId; };
   if (!clientId || std::ranges::any_of(payers, isClient)) return payers;
   payers.push_back(
       {*clientId,
@@ -70,7 +70,7 @@ void frmPayments::FillLists() {
   FillCombo(cmbClient, PayersWith(business_, form_.IsNew() ? std::nullopt : form_.clientId));
   FillMethods();
   FillComboWithWords(cmbBank, ListBankNames(business_));
-  FillCombo(cmbRevenueAccount, ListRevenueAccountChoices(business_));
+  FillCombo(cmbRevenueAccount, lists::ListRevenueAccountChoices(business_));
 }
 
 void frmPayments::FillMethods() {
@@ -150,7 +150,7 @@ void frmPayments::ShowMissing() {
 }
 
 void frmPayments::LoadAccounts() {
-  lines_ = quillary::LoadAccounts(business_, form_.paymentId);
+  lines_ = quillary::billing::LoadAccounts(business_, form_.paymentId);
   std::vector<GridRow> rows;
   for (const RevenueLine& line : lines_.rows)
     rows.push_back({{line.accountName, line.glEntryId, line.amount, line.gst}});
@@ -191,7 +191,7 @@ bool frmPayments::IsDataChanged() const {
 
 bool frmPayments::SavePaymentDetails() {
   PaymentForm form = Typed();
-  if (!IsAccepted(quillary::SavePaymentDetails(business_, form))) return false;
+  if (!IsAccepted(quillary::billing::SavePaymentDetails(business_, form))) return false;
   form_ = form;
   saved_ = true;
   jobsChanged_ = false;
@@ -310,4 +310,4 @@ bool frmPayments::eventFilter(QObject* watched, QEvent* event) {
   return true;
 }
 
-}  // namespace quillary
+}  // namespace quillary::billing

@@ -13,11 +13,13 @@ class QPlainTextEdit;
 class QPushButton;
 
 namespace quillary {
-
 class ComboSearch;
 class CurrencyField;
 class DateField;
 class Grid;
+}  // namespace quillary
+
+namespace quillary::billing {
 
 /// One payment, the jobs that it covers and the accounts that it is booked to. The payment is
 /// stored by saving; its lines and its jobs at once, after it.
@@ -119,4 +121,4 @@ class frmPayments : public Dialog {
   QPushButton* cmdSave;
 };
 
-}  // namespace quillary
+}  // namespace quillary::billing

@@ -5,7 +5,7 @@
 #include "kit/Grid.h"
 #include "kit/Layouts.h"
 
-namespace quillary {
+namespace quillary::billing {
 
 frmPaymentsByAClient::frmPaymentsByAClient(Business& business, const ScreenTools& tools,
                                            qint64 clientId, qint64 diaryId)
@@ -57,10 +57,10 @@ void frmPaymentsByAClient::Load(qint64 clientId) {
 void frmPaymentsByAClient::AttachJob(qint64 diaryId) {
   const auto row = grdPayments->SelectedRow();
   const auto payment = row ? std::optional(grdPayments->Key(*row)) : std::nullopt;
-  if (IsAccepted(quillary::AttachJob(business_, payment, diaryId)))
+  if (IsAccepted(quillary::billing::AttachJob(business_, payment, diaryId)))
     Close(Accepted);
   else
     grdPayments->setFocus();
 }
 
-}  // namespace quillary
+}  // namespace quillary::billing

@@ -8,8 +8,10 @@ class QLineEdit;
 class QPushButton;
 
 namespace quillary {
-
 class Grid;
+}  // namespace quillary
+
+namespace quillary::billing {
 
 /// The payments of one client, to tie a job to one of them.
 class frmPaymentsByAClient : public Dialog {
@@ -33,4 +35,4 @@ class frmPaymentsByAClient : public Dialog {
   QPushButton* cmdClose;
 };
 
-}  // namespace quillary
+}  // namespace quillary::billing

@@ -11,7 +11,7 @@
 #include <QPlainTextEdit>
 
 /// How the payment screen looks.
-namespace quillary {
+namespace quillary::billing {
 
 namespace {
 
@@ -238,4 +238,4 @@ QLayout* frmPayments::CoverColumn() {
   return column;
 }
 
-}  // namespace quillary
+}  // namespace quillary::billing

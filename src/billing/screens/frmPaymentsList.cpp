@@ -12,7 +12,7 @@
 
 #include <QShortcut>
 
-namespace quillary {
+namespace quillary::billing {
 
 frmPaymentsList::frmPaymentsList(Business& business, const ScreenTools& tools)
     : Screen(QStringLiteral("frmPaymentsList"), tr("Payments received")),
@@ -169,4 +169,4 @@ void frmPaymentsList::DeleteSelected() {
   if (Accepted(prompter, this, DeletePayment(business_, prompter, Selected()))) LoadPayments();
 }
 
-}  // namespace quillary
+}  // namespace quillary::billing

@@ -8,9 +8,11 @@ class QLineEdit;
 class QPushButton;
 
 namespace quillary {
-
 class DateField;
 class Grid;
+}  // namespace quillary
+
+namespace quillary::billing {
 
 /// The payments of a period, set against the jobs that they cover.
 class frmPaymentsList : public Screen {
@@ -57,4 +59,4 @@ class frmPaymentsList : public Screen {
   QPushButton* cmdOK;
 };
 
-}  // namespace quillary
+}  // namespace quillary::billing

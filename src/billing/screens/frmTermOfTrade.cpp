@@ -5,7 +5,7 @@
 
 #include <QPlainTextEdit>
 
-namespace quillary {
+namespace quillary::billing {
 
 frmTermOfTrade::frmTermOfTrade(Business& business, const ScreenTools& tools)
     : Dialog("frmTermOfTrade", tr("Terms of trade"), business.World().prompter),
@@ -32,4 +32,4 @@ frmTermOfTrade::frmTermOfTrade(Business& business, const ScreenTools& tools)
   state_.WatchFieldsOf(this);
 }
 
-}  // namespace quillary
+}  // namespace quillary::billing

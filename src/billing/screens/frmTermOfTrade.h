@@ -7,7 +7,7 @@
 class QPlainTextEdit;
 class QPushButton;
 
-namespace quillary {
+namespace quillary::billing {
 
 /// The terms that are printed with what is to be paid.
 class frmTermOfTrade : public Dialog {
@@ -23,4 +23,4 @@ class frmTermOfTrade : public Dialog {
   QPushButton* cmdOK;
 };
 
-}  // namespace quillary
+}  // namespace quillary::billing

@@ -15,7 +15,7 @@
 #include <QPlainTextEdit>
 #include <QRadioButton>
 
-namespace quillary {
+namespace quillary::clients {
 
 namespace {
 
@@ -223,7 +223,7 @@ void ClientBillingPage::EnableCommands() {
 }
 
 QString ClientBillingPage::PayerName() const {
-  for (const Choice& payer : payers_)
+  for (const lists::Choice& payer : payers_)
     if (payer.id == desk_.client.billingClientId) return payer.words;
   return {};
 }
@@ -246,4 +246,4 @@ void ClientBillingPage::SetMonthlyPrices() {
   desk_.showBalance();
 }
 
-}  // namespace quillary
+}  // namespace quillary::clients

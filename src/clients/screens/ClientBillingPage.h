@@ -17,9 +17,12 @@ class QPushButton;
 class QRadioButton;
 
 namespace quillary {
-
 class ComboSearch;
 class DateField;
+}  // namespace quillary
+
+namespace quillary::clients {
+
 class WordCombo;
 
 /// Who pays for the client, what it owes, and what its documents show.
@@ -54,7 +57,7 @@ class ClientBillingPage : public QWidget {
   QList<QWidget*> OwnFields() const;
 
  signals:
-  void billingChosen(quillary::BillingChoice choice);
+  void billingChosen(quillary::clients::BillingChoice choice);
   void payerChosen(qint64 clientId);
 
  private:
@@ -69,7 +72,7 @@ class ClientBillingPage : public QWidget {
   void SetMonthlyPrices();
 
   ClientDesk& desk_;
-  std::vector<Choice> payers_;
+  std::vector<lists::Choice> payers_;
   QBoxLayout* payerSlot_;
 
   std::array<QRadioButton*, 3> choices_;  // in the order of BillingChoice
@@ -87,4 +90,4 @@ class ClientBillingPage : public QWidget {
   WordCombo* cmbWorkCoverLabel;
 };
 
-}  // namespace quillary
+}  // namespace quillary::clients

@@ -1,6 +1,6 @@
 #include "clients/screens/ClientDesk.h"
 
-namespace quillary {
+namespace quillary::clients {
 
 void ClientDesk::OnClick(QAbstractButton* button, std::function<void()> command) const {
   tools.runner.OnClick(button, QString::fromLatin1(kClientScreen), std::move(command));
@@ -10,4 +10,4 @@ void ClientDesk::Run(const char* procedure, const std::function<void()>& command
   tools.runner.Run(QString::fromLatin1(kClientScreen), QString::fromLatin1(procedure), command);
 }
 
-}  // namespace quillary
+}  // namespace quillary::clients

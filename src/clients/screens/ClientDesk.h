@@ -10,7 +10,7 @@
 
 class QAbstractButton;
 
-namespace quillary {
+namespace quillary::clients {
 
 /// What the pages of one client's screen share: the client on it, and the few things that one page
 /// asks of the others. The screen owns it and fills in the functions.
@@ -40,4 +40,4 @@ struct ClientDesk {
 
 inline constexpr char kClientScreen[] = "frmClients";
 
-}  // namespace quillary
+}  // namespace quillary::clients

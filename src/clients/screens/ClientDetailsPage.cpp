@@ -9,7 +9,7 @@
 
 #include <QPainter>
 
-namespace quillary {
+namespace quillary::clients {
 
 namespace {
 
@@ -159,4 +159,4 @@ void ClientDetailsPage::UpdateName() {
   txtDisplayName->setFocus();
 }
 
-}  // namespace quillary
+}  // namespace quillary::clients

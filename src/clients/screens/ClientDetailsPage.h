@@ -11,7 +11,7 @@ class QComboBox;
 class QLineEdit;
 class QPushButton;
 
-namespace quillary {
+namespace quillary::clients {
 
 class WordCombo;
 
@@ -37,7 +37,7 @@ class ClientDetailsPage : public QWidget {
  signals:
   void statusChosen();
   void nameTyped(const QString& displayName);
-  void billingChosen(quillary::BillingChoice choice);
+  void billingChosen(quillary::clients::BillingChoice choice);
 
  private:
   void MakeControls();
@@ -70,4 +70,4 @@ class ClientDetailsPage : public QWidget {
   QComboBox* cmbBillingGoesTo;
 };
 
-}  // namespace quillary
+}  // namespace quillary::clients

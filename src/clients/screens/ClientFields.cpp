@@ -9,7 +9,7 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 
-namespace quillary {
+namespace quillary::clients {
 
 namespace {
 
@@ -82,4 +82,4 @@ void LimitClientFields(Business& business, const QWidget* form) {
             ColumnWidth(business, QStringLiteral("Clients"), column.column).value_or(0));
 }
 
-}  // namespace quillary
+}  // namespace quillary::clients

@@ -5,7 +5,7 @@
 class QComboBox;
 class QWidget;
 
-namespace quillary {
+namespace quillary::clients {
 
 /// The fields of a client by the names of their controls, so that no page has to list them: each
 /// column that a user may write knows the control that edits it.
@@ -20,4 +20,4 @@ void LimitClientFields(Business& business, const QWidget* form);
 /// themselves, and any other list nothing.
 void ShowWords(QComboBox* combo, const QString& words);
 
-}  // namespace quillary
+}  // namespace quillary::clients

@@ -5,20 +5,20 @@
 #include <QLocale>
 #include <QObject>
 
-namespace quillary {
+namespace quillary::clients {
 
 namespace {
 
 /// As the diary colours its rows.
-Hue HueOf(DiaryRowColour colour) {
+Hue HueOf(diary::DiaryRowColour colour) {
   switch (colour) {
-    case DiaryRowColour::Visit:
+    case diary::DiaryRowColour::Visit:
       return Hue::Yellow;
-    case DiaryRowColour::Cancelled:
+    case diary::DiaryRowColour::Cancelled:
       return Hue::Red;
-    case DiaryRowColour::Done:
+    case diary::DiaryRowColour::Done:
       return Hue::Green;
-    case DiaryRowColour::Paid:
+    case diary::DiaryRowColour::Paid:
       return Hue::Blue;
     default:
       return Hue::Neutral;
@@ -26,7 +26,7 @@ Hue HueOf(DiaryRowColour colour) {
 }
 
 GridCell StatusCell(const ClientJob& job) {
-  const bool paid = job.Colour() == DiaryRowColour::Paid;
+  const bool paid = job.Colour() == diary::DiaryRowColour::Paid;
   return {job.status, paid ? job.StatusWords() + QObject::tr(" · paid") : job.StatusWords()};
 }
 
@@ -231,4 +231,4 @@ GridRow ClientListGridRow(const ClientListRow& client) {
   return row;
 }
 
-}  // namespace quillary
+}  // namespace quillary::clients

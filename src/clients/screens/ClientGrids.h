@@ -8,7 +8,7 @@
 #include "kit/GridColumns.h"
 
 /// How the lists around a client stand in their tables.
-namespace quillary {
+namespace quillary::clients {
 
 /// The hue of the colour that a status has. Its word stands beside it.
 Hue HueOfClientStatus(const QString& status);
@@ -34,4 +34,4 @@ std::vector<GridRow> SiteRows(const std::vector<Site>& sites);
 std::vector<GridColumn> ClientListColumns();
 GridRow ClientListGridRow(const ClientListRow& client);
 
-}  // namespace quillary
+}  // namespace quillary::clients

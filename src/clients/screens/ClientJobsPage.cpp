@@ -6,7 +6,7 @@
 #include "kit/Grid.h"
 #include "kit/Layouts.h"
 
-namespace quillary {
+namespace quillary::clients {
 
 namespace {
 
@@ -88,7 +88,7 @@ void ClientJobsPage::LoadJobs() {
 void ClientJobsPage::EnableCommands() {
   const auto row = grid_->SelectedRow();
   cmdEdit_->setEnabled(
-      row && CanOpenEntry(desk_.tools.navigator, jobs_[static_cast<size_t>(*row)].status));
+      row && diary::CanOpenEntry(desk_.tools.navigator, jobs_[static_cast<size_t>(*row)].status));
   cmdAdd_->setEnabled(desk_.tools.navigator.CanOpen<AddJob>());
 }
 
@@ -100,8 +100,8 @@ std::optional<qint64> ClientJobsPage::SelectedJob() const {
 
 void ClientJobsPage::OpenJob(qint64 diaryId) {
   for (const ClientJob& job : std::vector<ClientJob>(jobs_)) {
-    if (job.diaryId != diaryId || !CanOpenEntry(desk_.tools.navigator, job.status)) continue;
-    OpenEntry(desk_.tools.navigator, job.status, diaryId);
+    if (job.diaryId != diaryId || !diary::CanOpenEntry(desk_.tools.navigator, job.status)) continue;
+    diary::OpenEntry(desk_.tools.navigator, job.status, diaryId);
     desk_.loadJobs();
     desk_.showBalance();
     return;
@@ -119,4 +119,4 @@ void ClientJobsPage::DeleteSelected() {
   desk_.showBalance();
 }
 
-}  // namespace quillary
+}  // namespace quillary::clients

@@ -8,8 +8,10 @@ class QLineEdit;
 class QPushButton;
 
 namespace quillary {
-
 class Grid;
+}  // namespace quillary
+
+namespace quillary::clients {
 
 enum class JobsWhen { Future, Past };
 
@@ -48,4 +50,4 @@ class ClientJobsPage : public QWidget {
   QPushButton* cmdAdd_;
 };
 
-}  // namespace quillary
+}  // namespace quillary::clients

@@ -10,7 +10,7 @@
 #include "kit/Layouts.h"
 #include "lists/Choices.h"
 
-namespace quillary {
+namespace quillary::clients {
 
 namespace {
 
@@ -173,7 +173,7 @@ void ClientPaymentsPage::LayOut() {
 }
 
 void ClientPaymentsPage::LoadChoices() {
-  FillCombo(cmbTransferTo, ListClientChoices(desk_.business));
+  FillCombo(cmbTransferTo, lists::ListClientChoices(desk_.business));
 }
 
 size_t ClientPaymentsPage::LoadPayments() {
@@ -223,10 +223,10 @@ ClientSitesPage::ClientSitesPage(ClientDesk& desk) : desk_(desk) {
 
 size_t ClientSitesPage::LoadSites() {
   const auto kept = SelectedKey(grdAttachedClients);
-  const auto sites = quillary::LoadSites(desk_.business, desk_.client.clientId);
+  const auto sites = quillary::clients::LoadSites(desk_.business, desk_.client.clientId);
   grdAttachedClients->SetRows(SiteRows(sites));
   if (kept) grdAttachedClients->SelectKey(*kept);
   return sites.size();
 }
 
-}  // namespace quillary
+}  // namespace quillary::clients

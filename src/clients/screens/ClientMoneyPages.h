@@ -10,9 +10,11 @@ class QLineEdit;
 class QPushButton;
 
 namespace quillary {
-
 class ComboSearch;
 class Grid;
+}  // namespace quillary
+
+namespace quillary::clients {
 
 /// The invoices made out to a client.
 class ClientInvoicesPage : public QWidget {
@@ -82,4 +84,4 @@ class ClientSitesPage : public QWidget {
   QPushButton* cmdOpenSite;
 };
 
-}  // namespace quillary
+}  // namespace quillary::clients

@@ -11,7 +11,7 @@
 
 #include <memory>
 
-namespace quillary {
+namespace quillary::clients {
 
 namespace {
 
@@ -90,4 +90,4 @@ void RegisterClientScreens(Business& business, const ScreenTools& tools) {
   });
 }
 
-}  // namespace quillary
+}  // namespace quillary::clients

@@ -6,7 +6,7 @@
 #include <QLineEdit>
 
 /// The commands below the services.
-namespace quillary {
+namespace quillary::clients {
 
 void ClientServicesPage::Save(SaveServiceAs as) {
   desk_.takeFields();
@@ -69,4 +69,4 @@ void ClientServicesPage::AddAVisit() {
   desk_.loadJobs();
 }
 
-}  // namespace quillary
+}  // namespace quillary::clients

@@ -17,7 +17,7 @@
 #include <QPlainTextEdit>
 
 /// How the services look, and which field goes with which.
-namespace quillary {
+namespace quillary::clients {
 
 ClientServicesPage::ClientServicesPage(ClientDesk& desk) : desk_(desk) {
   MakeControls();
@@ -161,11 +161,11 @@ void ClientServicesPage::ConnectControls() {
 }
 
 void ClientServicesPage::LoadChoices() {
-  FillCombo(cmbService, ListServiceChoices(desk_.business));
+  FillCombo(cmbService, lists::ListServiceChoices(desk_.business));
   FillComboWithWords(cmbJobType, JobTypes());
   FillComboWithWords(cmbFrequency, ListFrequencyDays(desk_.business));
   EmptyCombo(cmbEmployee);
-  for (const EmployeeChoice& employee : ListEmployees(desk_.business))
+  for (const diary::EmployeeChoice& employee : diary::ListEmployees(desk_.business))
     cmbEmployee->addItem(employee.name, employee.employeeId);
   const QString price = QStringLiteral("&Price (%1 inc.)").arg(desk_.business.values.taxName);
   for (QLabel* label : findChildren<QLabel*>())
@@ -273,4 +273,4 @@ void ClientServicesPage::PriceLeft() {
     txtPrice->setText(amount->ToCurrencyText());
 }
 
-}  // namespace quillary
+}  // namespace quillary::clients

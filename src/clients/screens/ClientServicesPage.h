@@ -14,10 +14,13 @@ class QPlainTextEdit;
 class QPushButton;
 
 namespace quillary {
-
 class ComboSearch;
 class DateField;
 class Grid;
+}  // namespace quillary
+
+namespace quillary::clients {
+
 class WordCombo;
 
 /// The services a client takes: the list, the fields of the chosen one, and the diary that is made
@@ -96,4 +99,4 @@ class ClientServicesPage : public QWidget {
   QPushButton* cmdAddVisit;
 };
 
-}  // namespace quillary
+}  // namespace quillary::clients

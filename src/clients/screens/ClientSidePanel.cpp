@@ -6,7 +6,7 @@
 
 #include <QPlainTextEdit>
 
-namespace quillary {
+namespace quillary::clients {
 
 namespace {
 
@@ -75,4 +75,4 @@ void ClientSidePanel::ShowJobs(const std::vector<ClientJob>& futureJobs) {
   grdNextJobs->SetRows(NextJobRows(futureJobs, kShownJobs));
 }
 
-}  // namespace quillary
+}  // namespace quillary::clients

@@ -8,8 +8,10 @@ class QLabel;
 class QPlainTextEdit;
 
 namespace quillary {
-
 class Grid;
+}  // namespace quillary
+
+namespace quillary::clients {
 
 /// What one wants to see whatever one edits: the next jobs and the notes. It stands at the right of
 /// the pages that leave room for it.
@@ -33,4 +35,4 @@ class ClientSidePanel : public QWidget {
   QPlainTextEdit* txtPrivateNotes;
 };
 
-}  // namespace quillary
+}  // namespace quillary::clients

@@ -4,7 +4,7 @@
 
 #include <QLineEdit>
 
-namespace quillary {
+namespace quillary::clients {
 
 WordCombo::WordCombo(const char* name) {
   setObjectName(QLatin1StringView(name));
@@ -30,4 +30,4 @@ void WordCombo::Take() {
   if (taken_ != before) emit wordsTaken(taken_);
 }
 
-}  // namespace quillary
+}  // namespace quillary::clients

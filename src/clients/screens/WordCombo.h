@@ -2,7 +2,7 @@
 
 #include <QComboBox>
 
-namespace quillary {
+namespace quillary::clients {
 
 /// A list that proposes its entries while one types but takes other words as well, such as a suburb
 /// in which nobody has lived before.
@@ -24,4 +24,4 @@ class WordCombo : public QComboBox {
   QString taken_;
 };
 
-}  // namespace quillary
+}  // namespace quillary::clients

@@ -6,7 +6,7 @@
 #include <QGroupBox>
 #include <QRadioButton>
 
-namespace quillary {
+namespace quillary::clients {
 
 namespace {
 
@@ -59,4 +59,4 @@ ClientReportCriteria dlgClients::Criteria() const {
           static_cast<ClientReportCriteria::Order>(Chosen(order_))};
 }
 
-}  // namespace quillary
+}  // namespace quillary::clients

@@ -9,7 +9,7 @@
 class QPushButton;
 class QRadioButton;
 
-namespace quillary {
+namespace quillary::clients {
 
 /// Which clients a report lists, and in which order.
 class dlgClients : public Dialog {
@@ -27,4 +27,4 @@ class dlgClients : public Dialog {
   QPushButton* cmdPreview;
 };
 
-}  // namespace quillary
+}  // namespace quillary::clients

@@ -14,7 +14,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 
-namespace quillary {
+namespace quillary::clients {
 
 namespace {
 
@@ -110,11 +110,11 @@ DatesWithClients dlgDateWithClients::Chosen() const {
 void dlgDateWithClients::Preview() {
   std::optional<Refusal> refusal;
   if (dtFrom->Date() > dtTo->Date())
-    refusal = Refusal{QString::fromLatin1(kInvalidDateRange), QStringLiteral("dtFrom")};
+    refusal = Refusal{QString::fromLatin1(diary::kInvalidDateRange), QStringLiteral("dtFrom")};
   else if (ticks_->TickedKeys().empty())
     refusal = Refusal{tr("Please tick a client first."), QStringLiteral("grdClients")};
   if (!quillary::Accepted(business_.World().prompter, this, refusal)) return;
   Close(QDialog::Accepted);
 }
 
-}  // namespace quillary
+}  // namespace quillary::clients

@@ -11,10 +11,12 @@ class QLineEdit;
 class QPushButton;
 
 namespace quillary {
-
 class DateField;
 class Grid;
 class RowTicks;
+}  // namespace quillary
+
+namespace quillary::clients {
 
 /// The days and the clients of a report.
 class dlgDateWithClients : public Dialog {
@@ -44,4 +46,4 @@ class dlgDateWithClients : public Dialog {
   QPushButton* cmdPreview;
 };
 
-}  // namespace quillary
+}  // namespace quillary::clients

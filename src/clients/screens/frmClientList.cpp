@@ -15,7 +15,7 @@
 #include <QKeyEvent>
 #include <QShortcut>
 
-namespace quillary {
+namespace quillary::clients {
 
 frmClientList::frmClientList(Business& business, const ScreenTools& tools)
     : Screen(QStringLiteral("frmClientList"), QStringLiteral("Clients")),
@@ -170,4 +170,4 @@ void frmClientList::Delete() {
     LoadClientsIntoGrid();
 }
 
-}  // namespace quillary
+}  // namespace quillary::clients

@@ -13,8 +13,10 @@ class QLineEdit;
 class QPushButton;
 
 namespace quillary {
-
 class Grid;
+}  // namespace quillary
+
+namespace quillary::clients {
 
 /// The door to the clients: finds, opens, adds and deletes them.
 class frmClientList : public Screen {
@@ -57,4 +59,4 @@ class frmClientList : public Screen {
   QPushButton* cmdView;
 };
 
-}  // namespace quillary
+}  // namespace quillary::clients

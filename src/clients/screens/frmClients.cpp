@@ -15,7 +15,7 @@
 #include "kit/PageTabs.h"
 
 /// What the client screen shows: its frame, loading, and which part may be used.
-namespace quillary {
+namespace quillary::clients {
 
 frmClients::frmClients(Business& business, const ScreenTools& tools)
     : Screen(QString::fromLatin1(kClientScreen), tr("Client: ")), desk_(business, tools) {
@@ -265,4 +265,4 @@ bool frmClients::IsDataChanged() const {
          desk_.client.billingClientId != desk_.stored.billingClientId;
 }
 
-}  // namespace quillary
+}  // namespace quillary::clients

@@ -9,8 +9,12 @@ class QLabel;
 class QPushButton;
 
 namespace quillary {
-
 class Chip;
+class PageTabs;
+}  // namespace quillary
+
+namespace quillary::clients {
+
 class ClientBillingPage;
 class ClientDetailsPage;
 class ClientInvoicesPage;
@@ -19,7 +23,6 @@ class ClientPaymentsPage;
 class ClientServicesPage;
 class ClientSidePanel;
 class ClientSitesPage;
-class PageTabs;
 
 /// All that is known of a client: its record, its services, who pays for it, its jobs, invoices,
 /// payments and sites. A new client is stored by its first save; until then it has its details
@@ -100,4 +103,4 @@ class frmClients : public Screen {
   QPushButton* cmdCloseAndSave;
 };
 
-}  // namespace quillary
+}  // namespace quillary::clients

@@ -17,7 +17,7 @@
 #include <QShortcut>
 
 /// The client screen's commands, and how it is left.
-namespace quillary {
+namespace quillary::clients {
 
 void frmClients::ConnectPages() {
   connect(pages_, &QTabWidget::currentChanged, this, &frmClients::PlaceShared);
@@ -127,4 +127,4 @@ void frmClients::ReloadAfterAsking() {
   Load(desk_.client.clientId);
 }
 
-}  // namespace quillary
+}  // namespace quillary::clients

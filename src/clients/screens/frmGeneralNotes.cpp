@@ -10,7 +10,7 @@
 #include <QComboBox>
 #include <QPlainTextEdit>
 
-namespace quillary {
+namespace quillary::clients {
 
 frmGeneralNotes::frmGeneralNotes(Business& business, const ScreenTools& tools)
     : Dialog("frmGeneralNotes", QStringLiteral("General Notes for Invoices/Statements/Reminders"),
@@ -111,4 +111,4 @@ void frmGeneralNotes::Save() {
   Close(Accepted);
 }
 
-}  // namespace quillary
+}  // namespace quillary::clients

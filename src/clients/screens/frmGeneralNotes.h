@@ -10,7 +10,7 @@ class QComboBox;
 class QPlainTextEdit;
 class QPushButton;
 
-namespace quillary {
+namespace quillary::clients {
 
 /// The text that goes on every invoice, statement and reminder, shown as it will be printed.
 class frmGeneralNotes : public Dialog {
@@ -39,4 +39,4 @@ class frmGeneralNotes : public Dialog {
   QPushButton* cmdOK;
 };
 
-}  // namespace quillary
+}  // namespace quillary::clients

@@ -11,7 +11,7 @@
 
 #include <QPlainTextEdit>
 
-namespace quillary {
+namespace quillary::clients {
 
 frmNewBillingAddress::frmNewBillingAddress(Business& business, const ScreenTools& tools,
                                            std::optional<qint64> clientId)
@@ -144,4 +144,4 @@ void frmNewBillingAddress::Save() {
   Close(QDialog::Accepted);
 }
 
-}  // namespace quillary
+}  // namespace quillary::clients

@@ -10,7 +10,7 @@ class QLineEdit;
 class QPlainTextEdit;
 class QPushButton;
 
-namespace quillary {
+namespace quillary::clients {
 
 class WordCombo;
 
@@ -57,4 +57,4 @@ class frmNewBillingAddress : public Dialog {
   QPushButton* cmdSave;
 };
 
-}  // namespace quillary
+}  // namespace quillary::clients

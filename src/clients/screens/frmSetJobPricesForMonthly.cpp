@@ -9,7 +9,7 @@
 
 #include <QCheckBox>
 
-namespace quillary {
+namespace quillary::clients {
 
 namespace {
 
@@ -102,4 +102,4 @@ void frmSetJobPricesForMonthly::Start() {
   LoadJobs();
 }
 
-}  // namespace quillary
+}  // namespace quillary::clients

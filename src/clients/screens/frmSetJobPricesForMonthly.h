@@ -9,11 +9,13 @@ class QLabel;
 class QPushButton;
 
 namespace quillary {
-
 class CurrencyField;
 class DateField;
 class Grid;
 class RowTicks;
+}  // namespace quillary
+
+namespace quillary::clients {
 
 /// Spreads a monthly amount evenly over the jobs that the user ticks.
 class frmSetJobPricesForMonthly : public Dialog {
@@ -42,4 +44,4 @@ class frmSetJobPricesForMonthly : public Dialog {
   QPushButton* cdmStart;
 };
 
-}  // namespace quillary
+}  // namespace quillary::clients

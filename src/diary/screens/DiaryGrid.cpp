@@ -2,7 +2,7 @@
 
 #include <QObject>
 
-namespace quillary {
+namespace quillary::diary {
 
 namespace {
 
@@ -90,4 +90,4 @@ std::vector<DiaryLegend> DiaryLegends() {
           {Hue::Blue, PaidMeaning()}};
 }
 
-}  // namespace quillary
+}  // namespace quillary::diary

@@ -4,7 +4,7 @@
 #include "kit/GridColumns.h"
 
 /// How the diary's entries stand in its table.
-namespace quillary {
+namespace quillary::diary {
 
 enum DiaryColumn {
   kSequence,
@@ -35,4 +35,4 @@ struct DiaryLegend {
 };
 std::vector<DiaryLegend> DiaryLegends();
 
-}  // namespace quillary
+}  // namespace quillary::diary

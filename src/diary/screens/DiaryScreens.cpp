@@ -13,7 +13,7 @@
 #include "diary/screens/frmReschedule.h"
 #include "diary/screens/frmVisit.h"
 
-namespace quillary {
+namespace quillary::diary {
 
 namespace {
 
@@ -80,7 +80,7 @@ void RegisterRescheduling(Business& business, const ScreenTools& tools) {
   });
   navigator.Register<OpenListOfClientsWithSchedulingProblem>(
       [&business, tools](const OpenListOfClientsWithSchedulingProblem& request) {
-        const auto show = [&](const std::vector<ScheduleProblem>& found) {
+        const auto show = [&](const std::vector<roll::ScheduleProblem>& found) {
           const QString name = QStringLiteral("frmListOfClientsWithSchedulingProblem");
           auto* list =
               qobject_cast<frmListOfClientsWithSchedulingProblem*>(tools.host.BringToFront(name));
@@ -90,10 +90,11 @@ void RegisterRescheduling(Business& business, const ScreenTools& tools) {
           }
           list->ShowFound(found);
         };
-        if (request.atStartUp && !ShowsScheduleProblemsAtStartUp(business.World().settings)) return;
+        if (request.atStartUp && !roll::ShowsScheduleProblemsAtStartUp(business.World().settings))
+          return;
         tools.runner.RunBusy(QStringLiteral("frmListOfClientsWithSchedulingProblem"),
                              QStringLiteral("CheckClientSchedules"), [&] {
-                               const auto found = CheckClientSchedules(business);
+                               const auto found = roll::CheckClientSchedules(business);
                                if (!request.atStartUp || !found.empty()) show(found);
                              });
       });
@@ -114,4 +115,4 @@ void RegisterDiaryScreens(Business& business, const ScreenTools& tools) {
   RegisterHolidays(business, tools);
 }
 
-}  // namespace quillary
+}  // namespace quillary::diary

@@ -3,10 +3,12 @@
 #include "kit/Screen.h"
 
 namespace quillary {
-
 class Business;
+}  // namespace quillary
+
+namespace quillary::diary {
 
 /// Lets the navigator open the screens of the diary.
 void RegisterDiaryScreens(Business& business, const ScreenTools& tools);
 
-}  // namespace quillary
+}  // namespace quillary::diary

@@ -7,7 +7,7 @@
 #include <QHBoxLayout>
 #include <QScrollBar>
 
-namespace quillary {
+namespace quillary::diary {
 
 namespace {
 constexpr int kSetWidth = 312;
@@ -69,4 +69,4 @@ bool RowButtons::eventFilter(QObject*, QEvent* event) {
   return false;
 }
 
-}  // namespace quillary
+}  // namespace quillary::diary

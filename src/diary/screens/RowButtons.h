@@ -7,8 +7,10 @@
 #include <vector>
 
 namespace quillary {
-
 class Grid;
+}  // namespace quillary
+
+namespace quillary::diary {
 
 /// The row commands, repeated on every visible row of a table for those who prefer a click on the
 /// row to a selection. A click selects the row and presses the command's own button.
@@ -33,4 +35,4 @@ class RowButtons : public QObject {
   std::vector<QWidget*> sets_;
 };
 
-}  // namespace quillary
+}  // namespace quillary::diary

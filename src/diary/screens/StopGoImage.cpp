@@ -5,7 +5,7 @@
 #include <QPainter>
 #include <QTimerEvent>
 
-namespace quillary {
+namespace quillary::diary {
 
 namespace {
 
@@ -49,4 +49,4 @@ void StopGoImage::timerEvent(QTimerEvent* event) {
   update();
 }
 
-}  // namespace quillary
+}  // namespace quillary::diary

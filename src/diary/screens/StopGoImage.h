@@ -3,7 +3,7 @@
 #include <QAbstractButton>
 #include <QBasicTimer>
 
-namespace quillary {
+namespace quillary::diary {
 
 /// A little picture that turns while its timer runs; a click stops or starts it. It stands still
 /// until somebody wants otherwise, and nothing depends on it.
@@ -23,4 +23,4 @@ class StopGoImage : public QAbstractButton {
   int turn_ = 0;
 };
 
-}  // namespace quillary
+}  // namespace quillary::diary

@@ -3,7 +3,7 @@
 #include "kit/Grid.h"
 #include "kit/Layouts.h"
 
-namespace quillary {
+namespace quillary::diary {
 
 namespace {
 
@@ -114,4 +114,4 @@ void frmClients_RescheduleFutureJobs::Reschedule() {
   Close(Accepted);
 }
 
-}  // namespace quillary
+}  // namespace quillary::diary

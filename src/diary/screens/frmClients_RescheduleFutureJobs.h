@@ -9,8 +9,10 @@
 class QPushButton;
 
 namespace quillary {
-
 class Grid;
+}  // namespace quillary
+
+namespace quillary::diary {
 
 /// Gives the services of a client a new rhythm and builds its coming jobs by it. Only frequency and
 /// start date are edited, in their cells.
@@ -34,4 +36,4 @@ class frmClients_RescheduleFutureJobs : public Dialog {
   QPushButton* cmdReschedule;
 };
 
-}  // namespace quillary
+}  // namespace quillary::diary

@@ -7,7 +7,7 @@
 #include <stdexcept>
 
 /// What the diary shows: loading, totals, the order and edits in its table.
-namespace quillary {
+namespace quillary::diary {
 
 namespace {
 
@@ -160,4 +160,4 @@ void frmDiary::ChangeSelected(const std::function<void(const DiaryRow&)>& change
   grdSchedule->setFocus();
 }
 
-}  // namespace quillary
+}  // namespace quillary::diary

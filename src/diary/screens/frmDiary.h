@@ -13,7 +13,7 @@
 
 #include <memory>
 
-namespace quillary {
+namespace quillary::diary {
 
 class RowButtons;
 
@@ -107,4 +107,4 @@ class frmDiary : public Screen {
   QPushButton* cmdClose;
 };
 
-}  // namespace quillary
+}  // namespace quillary::diary

@@ -7,7 +7,7 @@
 #include "diary/screens/frmDiary.h"
 
 /// The diary's commands. Those that open another screen ask the navigator for it.
-namespace quillary {
+namespace quillary::diary {
 
 void frmDiary::ConnectCommands() {
   const auto on = [this](QPushButton* button, void (frmDiary::*command)()) {
@@ -104,7 +104,7 @@ void frmDiary::RescheduleSelected() {
 
 void frmDiary::PrintSheet() {
   if (const DiaryRow* job = FindSelected())
-    RecalculateClientBalance(business_, BilledClientOf(business_, job->diaryId));
+    balances::RecalculateClientBalance(business_, BilledClientOf(business_, job->diaryId));
   const DiaryQuery query = Query();
   tools_.navigator.Open(
       PrintWorkSheet{query.from, query.to, query.employeeId, query.bySuburbPosition});
@@ -115,4 +115,4 @@ void frmDiary::PrintTotals() {
   tools_.navigator.Open(PrintDailyTotals{query.from, query.to});
 }
 
-}  // namespace quillary
+}  // namespace quillary::diary

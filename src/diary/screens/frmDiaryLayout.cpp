@@ -11,7 +11,7 @@
 #include <QVBoxLayout>
 
 /// How the diary looks, and which key and click leads where.
-namespace quillary {
+namespace quillary::diary {
 
 namespace {
 
@@ -226,4 +226,4 @@ void frmDiary::ConnectControls() {
   });
 }
 
-}  // namespace quillary
+}  // namespace quillary::diary

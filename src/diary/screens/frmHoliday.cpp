@@ -7,20 +7,20 @@
 
 #include <QHBoxLayout>
 
-namespace quillary {
+namespace quillary::diary {
 
 namespace {
 
 enum HolidayColumn { kHolidayDayMonth, kHolidayHolId, kHolidayYear, kHoliday, kHolidayRecurring };
 
-HolidayForm HolidayFormOf(const RecordFields& fields) {
+roll::HolidayForm HolidayFormOf(const RecordFields& fields) {
   return {fields.Text("txtDayMonth"), fields.Text("txtYear"), fields.Text("txtHoliday"),
           fields.IsTicked("chkRecurring")};
 }
 
 std::vector<GridRow> HolidayRows(Business& business, int year) {
   std::vector<GridRow> rows;
-  for (const Holiday& holiday : ListHolidays(business, year)) {
+  for (const roll::Holiday& holiday : roll::ListHolidays(business, year)) {
     const GridCell yearCell = holiday.recurring ? GridCell(Value(), QObject::tr("Every year"))
                                                 : GridCell(QString::number(holiday.year));
     rows.push_back(
@@ -74,13 +74,14 @@ RecordList frmHoliday::HolidayList(Business& business, const std::shared_ptr<Sho
           },
       .insert =
           [&business](const RecordFields& fields) {
-            return InsertHoliday(business, HolidayFormOf(fields));
+            return roll::InsertHoliday(business, HolidayFormOf(fields));
           },
       .update =
           [&business](std::optional<qint64> key, const RecordFields& fields) {
-            return UpdateHoliday(business, key, HolidayFormOf(fields));
+            return roll::UpdateHoliday(business, key, HolidayFormOf(fields));
           },
-      .remove = [&business](std::optional<qint64> key) { return DeleteHoliday(business, key); },
+      .remove =
+          [&business](std::optional<qint64> key) { return roll::DeleteHoliday(business, key); },
       .overList = MakeYearChoice,
       .settle =
           [](const RecordFields& fields) {
@@ -107,8 +108,9 @@ frmHoliday::frmHoliday(Business& business, const ScreenTools& tools, std::shared
 
 void frmHoliday::FillYears() {
   EmptyCombo(cboYear);
-  for (const int year : ListHolidayYears(business_)) cboYear->addItem(QString::number(year), year);
+  for (const int year : roll::ListHolidayYears(business_))
+    cboYear->addItem(QString::number(year), year);
   SelectComboItem(cboYear, shown_->year);
 }
 
-}  // namespace quillary
+}  // namespace quillary::diary

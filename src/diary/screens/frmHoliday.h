@@ -5,8 +5,10 @@
 class QComboBox;
 
 namespace quillary {
-
 class Business;
+}  // namespace quillary
+
+namespace quillary::diary {
 
 /// The days on which nobody works, a year at a time.
 class frmHoliday : public RecordListScreen {
@@ -30,4 +32,4 @@ class frmHoliday : public RecordListScreen {
   QComboBox* cboYear;
 };
 
-}  // namespace quillary
+}  // namespace quillary::diary

@@ -15,7 +15,7 @@
 #include <QPlainTextEdit>
 
 /// What the job screen shows and stores.
-namespace quillary {
+namespace quillary::diary {
 
 namespace {
 
@@ -36,9 +36,9 @@ frmJobs::frmJobs(Business& business, const ScreenTools& tools, const Job& job)
   line_.Watch({cmbService, txtPrice});
   ConnectControls();
   tools_.runner.Run(objectName(), QStringLiteral("ShowJob"), [this] {
-    FillCombo(cmbClient, ListClientChoices(business_));
-    FillCombo(cmbService, ListServiceChoices(business_));
-    FillCombo(cmbEmployee, ListEmployeeChoices(business_));
+    FillCombo(cmbClient, lists::ListClientChoices(business_));
+    FillCombo(cmbService, lists::ListServiceChoices(business_));
+    FillCombo(cmbEmployee, lists::ListEmployeeChoices(business_));
     FillComboWithWords(cmbStatus, JobStatusWords());
     ShowJob();
     ShowServices();
@@ -136,7 +136,7 @@ Job frmJobs::Typed() const {
 
 bool frmJobs::SaveJob() {
   Job job = Typed();
-  if (!IsAccepted(quillary::SaveJob(business_, job))) return false;
+  if (!IsAccepted(quillary::diary::SaveJob(business_, job))) return false;
   job_ = job;
   state_.ClearDataChanged();
   return true;
@@ -185,4 +185,4 @@ void frmJobs::ShowStored() {
   ShowJob();
 }
 
-}  // namespace quillary
+}  // namespace quillary::diary

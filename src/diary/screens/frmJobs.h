@@ -11,11 +11,13 @@ class QPlainTextEdit;
 class QPushButton;
 
 namespace quillary {
-
 class ComboSearch;
 class CurrencyField;
 class DateField;
 class Grid;
+}  // namespace quillary
+
+namespace quillary::diary {
 
 /// One job with its service lines: a new one for a client, or one of the diary. The job itself is
 /// stored by saving, its lines at once.
@@ -80,4 +82,4 @@ class frmJobs : public Dialog {
   QPushButton* cmdSaveAndClose;
 };
 
-}  // namespace quillary
+}  // namespace quillary::diary

@@ -9,15 +9,15 @@
 #include "kit/Grid.h"
 
 /// What the checker of jobs and payments loads, and its commands.
-namespace quillary {
+namespace quillary::diary {
 
 namespace {
 
-Hue HueOfJob(CheckedJobColour colour) {
+Hue HueOfJob(balances::CheckedJobColour colour) {
   switch (colour) {
-    case CheckedJobColour::Done:
+    case balances::CheckedJobColour::Done:
       return Hue::Green;
-    case CheckedJobColour::Paid:
+    case balances::CheckedJobColour::Paid:
       return Hue::Blue;
     default:
       return Hue::Neutral;
@@ -28,9 +28,9 @@ QString CountOf(size_t count, const QString& one, const QString& many) {
   return QStringLiteral("%1 %2").arg(count).arg(count == 1 ? one : many);
 }
 
-std::vector<GridRow> RowsOf(const CheckedPayments& payments) {
+std::vector<GridRow> RowsOf(const balances::CheckedPayments& payments) {
   std::vector<GridRow> rows;
-  for (const CheckedPayment& payment : payments.rows)
+  for (const balances::CheckedPayment& payment : payments.rows)
     rows.push_back({{payment.displayName, payment.paymentId, payment.paymentDate, payment.amount,
                      payment.paymentMethod, payment.accounts}});
   return rows;
@@ -97,12 +97,12 @@ void frmJobsAndPaymentChecker::LoadClientsIntoGrid() {
   const auto selected = grdClients->SelectedRow();
   const qint64 kept = selected ? grdClients->Key(*selected) : 0;
   std::vector<GridRow> rows;
-  for (const CheckedClient& client : ListCheckedClients(business_)) {
+  for (const balances::CheckedClient& client : balances::ListCheckedClients(business_)) {
     GridRow row;
     row.cells = {client.displayName, client.clientId,
                  client.status,      client.billedClient.trimmed(),
                  client.amountOwing, client.billedClientOwes};
-    row.hue = HueOfColour(ClientStatusColour(client.status));
+    row.hue = HueOfColour(clients::ClientStatusColour(client.status));
     rows.push_back(std::move(row));
   }
   {
@@ -121,9 +121,9 @@ void frmJobsAndPaymentChecker::LoadMoneyOfClient() {
 }
 
 void frmJobsAndPaymentChecker::LoadPastJobs(qint64 clientId) {
-  const CheckedJobs jobs = ListCheckedJobs(business_, clientId);
+  const balances::CheckedJobs jobs = balances::ListCheckedJobs(business_, clientId);
   std::vector<GridRow> rows;
-  for (const CheckedJob& job : jobs.rows) {
+  for (const balances::CheckedJob& job : jobs.rows) {
     const QString words = job.isPaid ? tr("%1 · paid").arg(job.StatusWords()) : job.StatusWords();
     GridRow row;
     row.cells = {job.displayName, job.diaryId,    job.scheduleDate,
@@ -137,8 +137,9 @@ void frmJobsAndPaymentChecker::LoadPastJobs(qint64 clientId) {
 }
 
 void frmJobsAndPaymentChecker::LoadPayments(qint64 clientId) {
-  const CheckedPayments own = ListPaymentsOfClient(business_, clientId);
-  const CheckedPayments attached = ListPaymentsOfAttachedClients(business_, clientId);
+  const balances::CheckedPayments own = balances::ListPaymentsOfClient(business_, clientId);
+  const balances::CheckedPayments attached =
+      balances::ListPaymentsOfAttachedClients(business_, clientId);
   grdPayments->SetRows(RowsOf(own));
   grdPayments2->SetRows(RowsOf(attached));
   txtTotalNoOfPayments->setText(CountOf(own.rows.size(), tr("payment"), tr("payments")));
@@ -176,7 +177,7 @@ void frmJobsAndPaymentChecker::DeleteSelectedJob() {
   if (!job || business_.World().prompter.Ask(tr("Are you sure you want to delete this job?")) !=
                   Answer::Yes)
     return;
-  DeleteCheckedJob(business_, *client, *job);
+  balances::DeleteCheckedJob(business_, *client, *job);
   Reload();
 }
 
@@ -193,12 +194,12 @@ void frmJobsAndPaymentChecker::DeleteSelectedPayment() {
   if (!payment || business_.World().prompter.Ask(
                       tr("Are you sure you want to delete this payment?")) != Answer::Yes)
     return;
-  DeleteCheckedPayment(business_, *client, *payment);
+  balances::DeleteCheckedPayment(business_, *client, *payment);
   Reload();
 }
 
 void frmJobsAndPaymentChecker::RecalculateAmountOwing() {
-  if (RecomputeAmountOwingAfterAsking(business_, business_.World().prompter)) Reload();
+  if (balances::RecomputeAmountOwingAfterAsking(business_, business_.World().prompter)) Reload();
 }
 
-}  // namespace quillary
+}  // namespace quillary::diary

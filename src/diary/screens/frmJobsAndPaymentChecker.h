@@ -10,8 +10,10 @@ class QLineEdit;
 class QPushButton;
 
 namespace quillary {
-
 class Grid;
+}  // namespace quillary
+
+namespace quillary::diary {
 
 /// What a client's balance is made of, side by side: its jobs, its payments, and the payments of
 /// those who are billed to it.
@@ -73,4 +75,4 @@ class frmJobsAndPaymentChecker : public Screen {
   QPushButton* cmdClose;
 };
 
-}  // namespace quillary
+}  // namespace quillary::diary

@@ -7,7 +7,7 @@
 #include <QSplitter>
 
 /// How the checker of jobs and payments looks.
-namespace quillary {
+namespace quillary::diary {
 
 namespace {
 
@@ -143,4 +143,4 @@ QLayout* frmJobsAndPaymentChecker::CommandLine() {
   return line;
 }
 
-}  // namespace quillary
+}  // namespace quillary::diary

@@ -9,7 +9,7 @@
 #include <QPlainTextEdit>
 
 /// How the job screen looks.
-namespace quillary {
+namespace quillary::diary {
 
 namespace {
 
@@ -126,4 +126,4 @@ QLayout* frmJobs::LinesColumn() {
   return column;
 }
 
-}  // namespace quillary
+}  // namespace quillary::diary

@@ -15,7 +15,7 @@
 #include "kit/Layouts.h"
 #include "kit/ShownList.h"
 
-namespace quillary {
+namespace quillary::diary {
 
 namespace {
 
@@ -235,4 +235,4 @@ void frmJobsList::DeleteSelected() {
     LoadScheduleGrid();
 }
 
-}  // namespace quillary
+}  // namespace quillary::diary

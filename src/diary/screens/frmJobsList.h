@@ -9,9 +9,11 @@ class QLineEdit;
 class QPushButton;
 
 namespace quillary {
-
 class DateField;
 class Grid;
+}  // namespace quillary
+
+namespace quillary::diary {
 
 /// The jobs of a period, with what they come to. Status and sequence are edited in their cells.
 class frmJobsList : public Screen {
@@ -61,4 +63,4 @@ class frmJobsList : public Screen {
   QPushButton* cmdClose;
 };
 
-}  // namespace quillary
+}  // namespace quillary::diary

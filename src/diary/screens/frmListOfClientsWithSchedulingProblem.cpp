@@ -9,7 +9,7 @@
 
 #include <QCheckBox>
 
-namespace quillary {
+namespace quillary::diary {
 
 namespace {
 
@@ -28,7 +28,7 @@ GridCell DayOr(QDate day, const QString& words) {
   return GridCell(day);
 }
 
-GridRow RowOf(qint64 place, const ScheduleProblem& problem) {
+GridRow RowOf(qint64 place, const roll::ScheduleProblem& problem) {
   GridRow row;
   row.cells = {problem.displayName,
                place,
@@ -69,7 +69,7 @@ void frmListOfClientsWithSchedulingProblem::MakeControls() {
   chkShowAfterStartup =
       Named(new QCheckBox(QStringLiteral("Show this screen at star&t up")), "chkShowAfterStartup",
             QStringLiteral("Show this screen at start up"));
-  chkShowAfterStartup->setChecked(ShowsScheduleProblemsAtStartUp(business_.World().settings));
+  chkShowAfterStartup->setChecked(roll::ShowsScheduleProblemsAtStartUp(business_.World().settings));
   cmdClientDetails = MakeButton("cmdClientDetails", tr("Cl&ient details…"));
   cmdReschedule = MakeButton("cmdReschedule", tr("Resched&ule…"));
   cmdPrint = MakeButton("cmdPrint", tr("&Print"), ButtonKind::Plain, "document-print");
@@ -109,8 +109,9 @@ void frmListOfClientsWithSchedulingProblem::ConnectControls() {
   connect(cmdRefresh, &QPushButton::clicked, this, &frmListOfClientsWithSchedulingProblem::Reload);
   connect(cmdClose, &QPushButton::clicked, this, &Screen::closeRequested);
   connect(grdClients, &Grid::rowOpened, cmdClientDetails, &QPushButton::click);
-  connect(chkShowAfterStartup, &QCheckBox::toggled, this,
-          [this](bool show) { ShowScheduleProblemsAtStartUp(business_.World().settings, show); });
+  connect(chkShowAfterStartup, &QCheckBox::toggled, this, [this](bool show) {
+    roll::ShowScheduleProblemsAtStartUp(business_.World().settings, show);
+  });
   tools_.runner.OnClick(cmdClientDetails, objectName(), [this] { OpenSelectedClient(); });
   tools_.runner.OnClick(cmdReschedule, objectName(), [this] {
     tools_.navigator.Open(OpenReschedule{});
@@ -122,10 +123,11 @@ void frmListOfClientsWithSchedulingProblem::ConnectControls() {
   });
 }
 
-void frmListOfClientsWithSchedulingProblem::ShowFound(const std::vector<ScheduleProblem>& found) {
+void frmListOfClientsWithSchedulingProblem::ShowFound(
+    const std::vector<roll::ScheduleProblem>& found) {
   found_ = found;
   std::vector<GridRow> rows;
-  for (const ScheduleProblem& problem : found_)
+  for (const roll::ScheduleProblem& problem : found_)
     rows.push_back(RowOf(static_cast<qint64>(rows.size()), problem));
   grdClients->SetRows(std::move(rows));
   grdClients->SelectFirst();
@@ -134,7 +136,7 @@ void frmListOfClientsWithSchedulingProblem::ShowFound(const std::vector<Schedule
 
 void frmListOfClientsWithSchedulingProblem::Reload() {
   tools_.runner.RunBusy(objectName(), QStringLiteral("CheckClientSchedules"),
-                        [this] { ShowFound(CheckClientSchedules(business_)); });
+                        [this] { ShowFound(roll::CheckClientSchedules(business_)); });
 }
 
 void frmListOfClientsWithSchedulingProblem::OpenSelectedClient() {
@@ -145,4 +147,4 @@ void frmListOfClientsWithSchedulingProblem::OpenSelectedClient() {
                                     QStringLiteral("Please select a client to view/edit."));
 }
 
-}  // namespace quillary
+}  // namespace quillary::diary

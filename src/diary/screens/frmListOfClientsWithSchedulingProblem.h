@@ -8,8 +8,10 @@ class QLineEdit;
 class QPushButton;
 
 namespace quillary {
-
 class Grid;
+}  // namespace quillary
+
+namespace quillary::diary {
 
 /// The clients whose regular visits are missing from the diary, as far as one can tell.
 class frmListOfClientsWithSchedulingProblem : public Screen {
@@ -18,7 +20,7 @@ class frmListOfClientsWithSchedulingProblem : public Screen {
  public:
   frmListOfClientsWithSchedulingProblem(Business& business, const ScreenTools& tools);
 
-  void ShowFound(const std::vector<ScheduleProblem>& found);
+  void ShowFound(const std::vector<roll::ScheduleProblem>& found);
   void Reload() override;
 
  private:
@@ -29,7 +31,7 @@ class frmListOfClientsWithSchedulingProblem : public Screen {
 
   Business& business_;
   ScreenTools tools_;
-  std::vector<ScheduleProblem> found_;
+  std::vector<roll::ScheduleProblem> found_;
   QLineEdit* txtFilter;
   QPushButton* cmdRefresh;
   Grid* grdClients;
@@ -40,4 +42,4 @@ class frmListOfClientsWithSchedulingProblem : public Screen {
   QPushButton* cmdClose;
 };
 
-}  // namespace quillary
+}  // namespace quillary::diary

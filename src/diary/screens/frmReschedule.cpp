@@ -3,7 +3,7 @@
 #include "diary/Rescheduling.h"
 #include "kit/Layouts.h"
 
-namespace quillary {
+namespace quillary::diary {
 
 frmReschedule::frmReschedule(Business& business, const ScreenTools& tools)
     : Dialog("frmReschedule", tr("Reschedule"), business.World().prompter), business_(business) {
@@ -40,4 +40,4 @@ void frmReschedule::Recreate() {
   Close(Accepted);
 }
 
-}  // namespace quillary
+}  // namespace quillary::diary

@@ -6,8 +6,10 @@
 class QPushButton;
 
 namespace quillary {
-
 class Business;
+}  // namespace quillary
+
+namespace quillary::diary {
 
 /// Builds the whole diary again.
 class frmReschedule : public Dialog {
@@ -24,4 +26,4 @@ class frmReschedule : public Dialog {
   QPushButton* cmdCancel;
 };
 
-}  // namespace quillary
+}  // namespace quillary::diary

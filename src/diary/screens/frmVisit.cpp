@@ -9,7 +9,7 @@
 #include <QPlainTextEdit>
 #include <QRadioButton>
 
-namespace quillary {
+namespace quillary::diary {
 
 namespace {
 
@@ -73,8 +73,8 @@ void frmVisit::ShowVisit() {
   const auto pick = [](QComboBox* combo, const std::optional<qint64>& id) {
     SelectComboItem(combo, id ? QVariant(*id) : QVariant());
   };
-  FillCombo(cmbClients, ListClientChoices(business_));
-  FillCombo(cmbEmployee, ListEmployeeChoices(business_));
+  FillCombo(cmbClients, lists::ListClientChoices(business_));
+  FillCombo(cmbEmployee, lists::ListEmployeeChoices(business_));
   pick(cmbClients, visit_.clientId);
   pick(cmbEmployee, visit_.employeeId);
   txtDate->SetDate(visit_.date);
@@ -102,7 +102,7 @@ Visit frmVisit::Typed() const {
 
 bool frmVisit::SaveVisit() {
   Visit visit = Typed();
-  if (!IsAccepted(quillary::SaveVisit(business_, visit))) return false;
+  if (!IsAccepted(quillary::diary::SaveVisit(business_, visit))) return false;
   visit_ = visit;
   state_.ClearDataChanged();
   return true;
@@ -112,4 +112,4 @@ void frmVisit::Delete() {
   if (DeleteVisit(business_, business_.World().prompter, visit_.diaryId)) Close(Accepted);
 }
 
-}  // namespace quillary
+}  // namespace quillary::diary

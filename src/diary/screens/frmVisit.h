@@ -9,9 +9,11 @@ class QPushButton;
 class QRadioButton;
 
 namespace quillary {
-
 class ComboSearch;
 class DateField;
+}  // namespace quillary
+
+namespace quillary::diary {
 
 /// One visit: a new one, or one of the diary.
 class frmVisit : public Dialog {
@@ -43,4 +45,4 @@ class frmVisit : public Dialog {
   QPushButton* cmdSaveAndClose;
 };
 
-}  // namespace quillary
+}  // namespace quillary::diary

@@ -1,6 +1,6 @@
 #include "documents/billing/BillingContent.h"
 
-namespace quillary {
+namespace quillary::documents {
 namespace {
 
 const char* const kAmountMark = "[AMOUNT]";
@@ -159,4 +159,4 @@ std::vector<ReminderContent> CollectReminders(Business& business, const BillingF
   return reminders;
 }
 
-}  // namespace quillary
+}  // namespace quillary::documents

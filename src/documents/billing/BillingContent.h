@@ -6,7 +6,7 @@
 #include <optional>
 
 /// What the invoice, the statement and the reminder say, without regard to how they are laid out.
-namespace quillary {
+namespace quillary::documents {
 
 /// What all documents of one run have in common.
 struct BillingFrame {
@@ -83,4 +83,4 @@ struct ReminderContent {
 /// One reminder for each client of the invoices that are selected for printing.
 std::vector<ReminderContent> CollectReminders(Business& business, const BillingFrame& frame);
 
-}  // namespace quillary
+}  // namespace quillary::documents

@@ -9,7 +9,7 @@
 #include <QTextBoundaryFinder>
 #include <QUrl>
 
-namespace quillary {
+namespace quillary::documents {
 namespace {
 
 constexpr qsizetype kLongestFileName = 255;  // bytes
@@ -223,4 +223,4 @@ ReportDocument PrintRemindersForInvoicesPDF(Business& business, const BillingPla
   return run.End();
 }
 
-}  // namespace quillary
+}  // namespace quillary::documents

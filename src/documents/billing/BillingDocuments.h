@@ -9,7 +9,7 @@
 ///
 /// All throw std::runtime_error when the folder cannot be made, and PDFError when the PDF file
 /// cannot be written.
-namespace quillary {
+namespace quillary::documents {
 
 /// Where billing documents find their pictures and where they go.
 struct BillingPlaces {
@@ -45,4 +45,4 @@ bool PrintsForWord(const Business& business);
 /// so that the whole name, with an ending, is one that file systems take.
 QString InvoiceFileName(const QString& part, const DateTime& moment);
 
-}  // namespace quillary
+}  // namespace quillary::documents

@@ -5,7 +5,7 @@
 #include "documents/reports/Report.h"
 
 /// Each document on paper: as pages of the PDF form, and in the form of the word processor.
-namespace quillary {
+namespace quillary::documents {
 
 // Measures that the tables of all documents share, in centimetres.
 constexpr double kRow = BillingPages::kRowHeight;
@@ -30,4 +30,4 @@ void LayStatementWord(Report& report, const BillingFrame& frame, const Statement
                       const StatementContent& statement);
 void LayReminderWord(Report& report, const BillingFrame& frame, const ReminderContent& reminder);
 
-}  // namespace quillary
+}  // namespace quillary::documents

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-namespace quillary {
+namespace quillary::documents {
 namespace {
 
 constexpr double kTop = 0.5;        // of a page that begins a document
@@ -178,4 +178,4 @@ void BillingPages::PutPicture(const std::filesystem::path& file, double x, doubl
   pdf_.PDFImage(file, x, y, std::min(natural, width), natural > width ? 0 : height);
 }
 
-}  // namespace quillary
+}  // namespace quillary::documents

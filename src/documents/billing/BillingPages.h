@@ -9,7 +9,7 @@
 #include <optional>
 #include <vector>
 
-namespace quillary {
+namespace quillary::documents {
 
 /// How a text is written.
 struct BillingStyle {
@@ -105,4 +105,4 @@ class BillingPages {
   std::optional<Style> set_;  // in the writer
 };
 
-}  // namespace quillary
+}  // namespace quillary::documents

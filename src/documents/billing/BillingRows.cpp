@@ -2,7 +2,7 @@
 
 #include "documents/pages/PageText.h"
 
-namespace quillary {
+namespace quillary::documents {
 namespace {
 
 QString Trimmed(const Value& text) {
@@ -128,4 +128,4 @@ QStringList LinesOf(const Value& text) {
   return trimmed.isEmpty() ? QStringList() : TextLines(trimmed);
 }
 
-}  // namespace quillary
+}  // namespace quillary::documents

@@ -7,7 +7,7 @@
 #include <vector>
 
 /// The rows of the documents that go to clients, and what they add up to.
-namespace quillary {
+namespace quillary::documents {
 
 enum class TaxMode { Included, Excluded };
 
@@ -72,4 +72,4 @@ JobSection CollectPastJobs(Business& business, qint64 clientId, QDate from, QDat
 /// The lines of a text that fills several; none for a text without a visible character.
 QStringList LinesOf(const Value& text);
 
-}  // namespace quillary
+}  // namespace quillary::documents

@@ -5,7 +5,7 @@
 
 #include <algorithm>
 
-namespace quillary {
+namespace quillary::documents {
 namespace {
 
 constexpr double kColumnGap = 0.2;  // that texts keep from the next column
@@ -104,4 +104,4 @@ void AddNotes(BillingPages& pages, const BillingFrame& frame, const QStringList&
                   .colour = font.colour});
 }
 
-}  // namespace quillary
+}  // namespace quillary::documents

@@ -4,7 +4,7 @@
 #include "documents/billing/BillingPages.h"
 
 /// The tables that the billing documents share, in the PDF form.
-namespace quillary {
+namespace quillary::documents {
 
 /// Where the two columns of money stand.
 struct MoneyColumns {
@@ -37,4 +37,4 @@ void AddInvoiceRows(BillingPages& pages, const BillingFrame& frame,
 /// Lines in the font that the user chose for notes; none for no lines.
 void AddNotes(BillingPages& pages, const BillingFrame& frame, const QStringList& lines);
 
-}  // namespace quillary
+}  // namespace quillary::documents

@@ -4,7 +4,7 @@
 
 #include <cmath>
 
-namespace quillary {
+namespace quillary::documents {
 namespace {
 
 struct JobLayout {
@@ -105,4 +105,4 @@ void AddWordNotes(Report& report, const QString& format, const QStringList& cell
   report.Page().SetFont(font);
 }
 
-}  // namespace quillary
+}  // namespace quillary::documents

@@ -4,7 +4,7 @@
 #include "documents/reports/Report.h"
 
 /// The tables that the billing documents share, in the form of the word processor.
-namespace quillary {
+namespace quillary::documents {
 
 /// A table of one row in the font that is set, bold if so wished.
 void AddWordRow(Report& report, const QString& format, const QStringList& cells, bool bold = false);
@@ -23,4 +23,4 @@ void AddWordInvoices(Report& report, const BillingFrame& frame,
 /// that was set is set again.
 void AddWordNotes(Report& report, const QString& format, const QStringList& cells);
 
-}  // namespace quillary
+}  // namespace quillary::documents

@@ -2,7 +2,7 @@
 #include "documents/billing/BillingTables.h"
 #include "documents/billing/Letterhead.h"
 
-namespace quillary {
+namespace quillary::documents {
 namespace {
 
 constexpr double kNumberX = 16;
@@ -112,4 +112,4 @@ void LayInvoicePdf(BillingPages& pages, const BillingFrame& frame, const QString
   AddSlip(pages, frame, invoice);
 }
 
-}  // namespace quillary
+}  // namespace quillary::documents

@@ -2,7 +2,7 @@
 #include "documents/billing/BillingWord.h"
 #include "documents/billing/Letterhead.h"
 
-namespace quillary {
+namespace quillary::documents {
 namespace {
 
 const char* const kHalves = "<+3.5in|>+3.5in";
@@ -88,4 +88,4 @@ void LayInvoiceWord(Report& report, const BillingFrame& frame, const InvoiceCont
   AddSlip(report, frame, invoice);
 }
 
-}  // namespace quillary
+}  // namespace quillary::documents

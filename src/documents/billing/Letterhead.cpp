@@ -7,7 +7,7 @@
 
 #include <algorithm>
 
-namespace quillary {
+namespace quillary::documents {
 namespace {
 
 // Centimetres of the PDF page.
@@ -126,4 +126,4 @@ QStringList SenderLines(const HeaderStrings& header) {
   return lines;
 }
 
-}  // namespace quillary
+}  // namespace quillary::documents

@@ -5,7 +5,7 @@
 #include "documents/reports/ReportHeader.h"
 
 /// The head of the documents that go to clients: who the business is and how it is paid.
-namespace quillary {
+namespace quillary::documents {
 
 /// The logo of the business when it can be shown; otherwise empty, and the reason joins `troubles`.
 QString UsableLogo(PDFWriter& pdf, const QString& file, QStringList& troubles);
@@ -23,4 +23,4 @@ QStringList EftLines(const HeaderStrings& header);
 /// Name and address of the business, as a sender.
 QStringList SenderLines(const HeaderStrings& header);
 
-}  // namespace quillary
+}  // namespace quillary::documents

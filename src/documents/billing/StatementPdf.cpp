@@ -2,7 +2,7 @@
 #include "documents/billing/BillingTables.h"
 #include "documents/billing/Letterhead.h"
 
-namespace quillary {
+namespace quillary::documents {
 namespace {
 
 void AddPayments(BillingPages& pages, const StatementContent& statement) {
@@ -73,4 +73,4 @@ void LayReminderPdf(BillingPages& pages, const BillingFrame& frame, const QStrin
   AddNotes(pages, frame, frame.generalNotes);
 }
 
-}  // namespace quillary
+}  // namespace quillary::documents

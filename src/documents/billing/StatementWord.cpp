@@ -2,7 +2,7 @@
 #include "documents/billing/BillingWord.h"
 #include "documents/billing/Letterhead.h"
 
-namespace quillary {
+namespace quillary::documents {
 namespace {
 
 const char* const kIndented = "<+.25in|<+6.75in";
@@ -64,4 +64,4 @@ void LayReminderWord(Report& report, const BillingFrame& frame, const ReminderCo
                  {{}, QStringLiteral("NOTES:"), frame.generalNotes.join(u'\n')});
 }
 
-}  // namespace quillary
+}  // namespace quillary::documents

@@ -2,7 +2,7 @@
 
 #include <QRegularExpression>
 
-namespace quillary {
+namespace quillary::documents {
 
 namespace {
 
@@ -43,4 +43,4 @@ QByteArray WriteCsv(const Composition& document) {
   return "\xEF\xBB\xBF" + csv;
 }
 
-}  // namespace quillary
+}  // namespace quillary::documents

@@ -4,7 +4,7 @@
 
 #include <QFile>
 
-namespace quillary {
+namespace quillary::documents {
 
 FileAside::FileAside(QString file)
     : file_(std::move(file)), part_(file_ + QLatin1StringView(kEnding)) {}
@@ -24,4 +24,4 @@ void FileAside::Commit() {
   isDone_ = true;
 }
 
-}  // namespace quillary
+}  // namespace quillary::documents

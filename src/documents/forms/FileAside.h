@@ -4,7 +4,7 @@
 
 #include <filesystem>
 
-namespace quillary {
+namespace quillary::documents {
 
 /// A file that is written beside its place and moved there when it is whole, so that nobody meets
 /// half of one and a failure keeps the older one.
@@ -29,4 +29,4 @@ class FileAside {
   bool isDone_ = false;
 };
 
-}  // namespace quillary
+}  // namespace quillary::documents

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <cmath>
 
-namespace quillary {
+namespace quillary::documents {
 
 namespace {
 
@@ -102,4 +102,4 @@ void WritePdf(const Composition& document, const QString& file, const DateTime& 
   aside.Commit();
 }
 
-}  // namespace quillary
+}  // namespace quillary::documents

@@ -2,7 +2,7 @@
 
 #include "documents/pages/Composer.h"
 
-namespace quillary {
+namespace quillary::documents {
 
 /// A text within the RTF file: line ends as \line, everything that RTF would read as its own
 /// escaped, what lies beyond ASCII as \u with a sign that old readers show instead.
@@ -12,4 +12,4 @@ QByteArray RtfText(const QString& text);
 /// rules, page breaks, raw RTF. Lines and pictures that have a place of their own are left out.
 QByteArray WriteRtf(const Composition& document);
 
-}  // namespace quillary
+}  // namespace quillary::documents

@@ -2,7 +2,7 @@
 #include "documents/pages/PageText.h"
 #include "pdf/WinAnsi.h"
 
-namespace quillary {
+namespace quillary::documents {
 
 namespace {
 
@@ -39,4 +39,4 @@ QByteArray RtfText(const QString& text) {
   return rtf;
 }
 
-}  // namespace quillary
+}  // namespace quillary::documents

@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <cmath>
 
-namespace quillary {
+namespace quillary::documents {
 
 namespace {
 
@@ -205,4 +205,4 @@ QByteArray WriteRtf(const Composition& document) {
   return rtf + "\\pard\\plain\\fs2\\sl-1\\slmult0\\par}\r\n";
 }
 
-}  // namespace quillary
+}  // namespace quillary::documents

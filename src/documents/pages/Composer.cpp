@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-namespace quillary {
+namespace quillary::documents {
 
 namespace {
 
@@ -102,4 +102,4 @@ Composition Composer::Finish(const QString& title) {
   return std::move(document_);
 }
 
-}  // namespace quillary
+}  // namespace quillary::documents

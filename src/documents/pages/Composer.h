@@ -6,7 +6,7 @@
 #include <memory>
 #include <variant>
 
-namespace quillary {
+namespace quillary::documents {
 
 // What a document says, in order, for the files that are laid out anew by whoever reads them.
 
@@ -124,4 +124,4 @@ class Composer {
   double currentY_ = 0;
 };
 
-}  // namespace quillary
+}  // namespace quillary::documents

@@ -7,7 +7,7 @@
 
 #include <algorithm>
 
-namespace quillary {
+namespace quillary::documents {
 
 namespace {
 
@@ -174,4 +174,4 @@ QStringList PageFonts::Wrap(const QString& text, const PageFont& font, double wi
   return lines;
 }
 
-}  // namespace quillary
+}  // namespace quillary::documents

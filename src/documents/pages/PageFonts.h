@@ -5,7 +5,7 @@
 
 #include <map>
 
-namespace quillary {
+namespace quillary::documents {
 
 /// How wide texts are, from the metric files of the PDF writer: any machine breaks lines and pages
 /// in the same places. A font that has no metrics is measured as Arial.
@@ -37,4 +37,4 @@ class PageFonts {
   mutable std::map<QString, AfmMetrics> metrics_;
 };
 
-}  // namespace quillary
+}  // namespace quillary::documents

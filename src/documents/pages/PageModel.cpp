@@ -2,7 +2,7 @@
 
 #include <utility>
 
-namespace quillary {
+namespace quillary::documents {
 
 namespace {
 
@@ -35,4 +35,4 @@ double PageSetup::Height() const {
   return landscape ? width : height;
 }
 
-}  // namespace quillary
+}  // namespace quillary::documents

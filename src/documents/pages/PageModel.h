@@ -6,7 +6,7 @@
 
 /// A composed page: what stands where, in twips (1/1440 inch) from its left and upper edges, y
 /// growing downward. Screen, paper and PDF all draw from it, so that they cannot differ.
-namespace quillary {
+namespace quillary::documents {
 
 inline constexpr double kTwipsPerInch = 1440;
 inline constexpr double kTwipsPerPoint = 20;
@@ -78,4 +78,4 @@ struct Page {
   std::vector<PagePicture> pictures;
 };
 
-}  // namespace quillary
+}  // namespace quillary::documents

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-namespace quillary {
+namespace quillary::documents {
 
 std::vector<PageHit> FindOnPages(const Composition& document, const QString& text) {
   std::vector<PageHit> hits;
@@ -29,4 +29,4 @@ std::vector<PageHit> FindOnPages(const Composition& document, const QString& tex
   return hits;
 }
 
-}  // namespace quillary
+}  // namespace quillary::documents

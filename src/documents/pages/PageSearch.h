@@ -2,7 +2,7 @@
 
 #include "documents/pages/Composer.h"
 
-namespace quillary {
+namespace quillary::documents {
 
 /// A place where a text was found.
 struct PageHit {
@@ -17,4 +17,4 @@ struct PageHit {
 /// one line from the left. Only within a line. None for a blank text.
 std::vector<PageHit> FindOnPages(const Composition& document, const QString& text);
 
-}  // namespace quillary
+}  // namespace quillary::documents

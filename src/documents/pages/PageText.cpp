@@ -2,7 +2,7 @@
 
 #include <utility>
 
-namespace quillary {
+namespace quillary::documents {
 namespace {
 
 bool IsControl(QChar sign) {
@@ -30,4 +30,4 @@ QStringList TextLines(const QString& text) {
   return lines;
 }
 
-}  // namespace quillary
+}  // namespace quillary::documents

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <stdexcept>
 
-namespace quillary {
+namespace quillary::documents {
 
 namespace {
 
@@ -135,4 +135,4 @@ double Table::Width() const {
   return width;
 }
 
-}  // namespace quillary
+}  // namespace quillary::documents

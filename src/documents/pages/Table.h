@@ -8,7 +8,7 @@
 #include <optional>
 #include <vector>
 
-namespace quillary {
+namespace quillary::documents {
 
 struct TableColumn {
   Align align = Align::Left;
@@ -84,4 +84,4 @@ class Table {
   std::deque<TableRow> rows_;
 };
 
-}  // namespace quillary
+}  // namespace quillary::documents

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <numeric>
 
-namespace quillary {
+namespace quillary::documents {
 
 namespace {
 
@@ -83,4 +83,4 @@ void DrawRow(Page& page, const TableRow& row, const LaidRow& laid, RowPart part,
   if (row.ruleBelow && part.to == laid.lineCount) rule(top + laid.HeightOf(part.to - part.from));
 }
 
-}  // namespace quillary
+}  // namespace quillary::documents

@@ -3,7 +3,7 @@
 #include "documents/pages/PageFonts.h"
 #include "documents/pages/Table.h"
 
-namespace quillary {
+namespace quillary::documents {
 
 /// Blank between the text of a cell and that of the next, in twips.
 inline constexpr double kCellGap = 120;
@@ -49,4 +49,4 @@ struct RowPart {
 void DrawRow(Page& page, const TableRow& row, const LaidRow& laid, RowPart part, double left,
              double top, const PageFonts& fonts);
 
-}  // namespace quillary
+}  // namespace quillary::documents

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-namespace quillary {
+namespace quillary::documents {
 
 namespace {
 
@@ -100,4 +100,4 @@ void TablePlacer::Draw(size_t row, RowPart part) {
   composer_.currentY_ = y + laid.HeightOf(part.to - part.from);
 }
 
-}  // namespace quillary
+}  // namespace quillary::documents

@@ -3,7 +3,7 @@
 #include "documents/pages/Composer.h"
 #include "documents/pages/TableLayout.h"
 
-namespace quillary {
+namespace quillary::documents {
 
 /// Puts the rows of one table on the pages of a composer, below its current Y.
 class TablePlacer {
@@ -36,4 +36,4 @@ class TablePlacer {
   double top_;  // where content of this page starts, below repeated headers
 };
 
-}  // namespace quillary
+}  // namespace quillary::documents

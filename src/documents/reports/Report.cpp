@@ -15,7 +15,7 @@
 #include <cmath>
 #include <stdexcept>
 
-namespace quillary {
+namespace quillary::documents {
 
 namespace {
 
@@ -221,4 +221,4 @@ QString ReportDateText(QDate day) {
   return day.isValid() ? QLocale::c().toString(day, QStringLiteral("dd-MMM-yyyy")) : QString();
 }
 
-}  // namespace quillary
+}  // namespace quillary::documents

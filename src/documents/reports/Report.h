@@ -3,7 +3,7 @@
 #include "documents/pages/Composer.h"
 #include "documents/reports/ReportHeader.h"
 
-namespace quillary {
+namespace quillary::documents {
 
 /// Where reports find their pictures and font metrics and where they go.
 struct ReportPlaces {
@@ -99,4 +99,4 @@ QString PrintDateText(QDate day);
 /// "02-Nov-2026"; empty for no date.
 QString ReportDateText(QDate day);
 
-}  // namespace quillary
+}  // namespace quillary::documents

@@ -6,7 +6,7 @@
 
 #include <stdexcept>
 
-namespace quillary {
+namespace quillary::documents {
 
 QString CleanFileName(const QString& text) {
   return RemoveIllegalFileCharacters(text);
@@ -25,4 +25,4 @@ QString ReportFolder(const QString& programFolder) {
   return folder;
 }
 
-}  // namespace quillary
+}  // namespace quillary::documents

@@ -5,7 +5,7 @@
 #include <QString>
 
 /// Where documents are written and how their files are named.
-namespace quillary {
+namespace quillary::documents {
 
 /// The part of a file name that comes from a client or a user, without what would end the name,
 /// lead out of the folder or be refused by a file system.
@@ -16,4 +16,4 @@ QString FileTimeStamp(const DateTime& moment);
 /// std::runtime_error with a clear text when it cannot be made.
 QString ReportFolder(const QString& programFolder);
 
-}  // namespace quillary
+}  // namespace quillary::documents

@@ -4,7 +4,7 @@
 
 #include <QDir>
 
-namespace quillary {
+namespace quillary::documents {
 
 namespace {
 
@@ -50,12 +50,12 @@ QString LogoFile(Business& business, const QString& applicationFolder) {
 }
 
 PageFont ReadNotesFont(const SettingsStore& settings) {
-  const NotesLook look = LoadNotesLook(settings);
+  const clients::NotesLook look = clients::LoadNotesLook(settings);
   return {.name = look.font,
           .size = look.size,
           .bold = look.bold,
           .italic = look.italic,
-          .colour = static_cast<int>(NotesColourValue(look.colour))};
+          .colour = static_cast<int>(clients::NotesColourValue(look.colour))};
 }
 
-}  // namespace quillary
+}  // namespace quillary::documents

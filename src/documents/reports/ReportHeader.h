@@ -3,7 +3,7 @@
 #include "data/Business.h"
 #include "documents/pages/PageModel.h"
 
-namespace quillary {
+namespace quillary::documents {
 
 /// Who the business is, in the words of the head of its documents.
 struct HeaderStrings {
@@ -32,4 +32,4 @@ QString LogoFile(Business& business, const QString& applicationFolder);
 /// The font of the notes of a document, as the user chose it.
 PageFont ReadNotesFont(const SettingsStore& settings);
 
-}  // namespace quillary
+}  // namespace quillary::documents

@@ -7,7 +7,7 @@
 #include <cmath>
 #include <numeric>
 
-namespace quillary {
+namespace quillary::documents {
 
 namespace {
 
@@ -102,4 +102,4 @@ ReportDocument ComposeList(Business& business, const ReportPlaces& places, const
   return report.EndDocument();
 }
 
-}  // namespace quillary
+}  // namespace quillary::documents

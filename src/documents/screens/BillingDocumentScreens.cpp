@@ -5,7 +5,7 @@
 #include "documents/screens/ReportPlacing.h"
 #include "documents/screens/frmReportViewer.h"
 
-namespace quillary {
+namespace quillary::documents {
 namespace {
 
 TaxMode ModeOf(bool priceIncludesGST) {
@@ -54,4 +54,4 @@ void RegisterBillingDocumentScreens(Business& business, const ScreenTools& tools
   });
 }
 
-}  // namespace quillary
+}  // namespace quillary::documents

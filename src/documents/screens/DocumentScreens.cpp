@@ -5,7 +5,7 @@
 #include "documents/screens/ReportPlacing.h"
 #include "documents/screens/frmReportViewer.h"
 
-namespace quillary {
+namespace quillary::documents {
 
 void RegisterDocumentScreens(Business& business, const ScreenTools& tools) {
   tools.navigator.Register<PrintList>([&business, tools](const PrintList& list) {
@@ -15,4 +15,4 @@ void RegisterDocumentScreens(Business& business, const ScreenTools& tools) {
   RegisterBillingDocumentScreens(business, tools);
 }
 
-}  // namespace quillary
+}  // namespace quillary::documents

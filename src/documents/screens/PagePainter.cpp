@@ -5,7 +5,7 @@
 
 #include <algorithm>
 
-namespace quillary {
+namespace quillary::documents {
 
 namespace {
 
@@ -55,8 +55,8 @@ void PagePainter::Draw(QPainter& painter, const Page& page) {
     painter.drawImage(QRectF(picture.x, picture.y, picture.width, picture.height),
                       pictures_[picture.file]);
   }
-  for (const PageLine& line : page.lines) quillary::Draw(painter, line);
-  for (const TextRun& run : page.texts) quillary::Draw(painter, run);
+  for (const PageLine& line : page.lines) quillary::documents::Draw(painter, line);
+  for (const TextRun& run : page.texts) quillary::documents::Draw(painter, run);
 }
 
-}  // namespace quillary
+}  // namespace quillary::documents

@@ -7,7 +7,7 @@
 
 class QPainter;
 
-namespace quillary {
+namespace quillary::documents {
 
 /// Draws composed pages on a display or on paper. Pictures are kept, since a logo stands on every
 /// page.
@@ -21,4 +21,4 @@ class PagePainter {
   QHash<QString, QImage> pictures_;
 };
 
-}  // namespace quillary
+}  // namespace quillary::documents

@@ -10,7 +10,7 @@
 #include <algorithm>
 #include <cmath>
 
-namespace quillary {
+namespace quillary::documents {
 
 namespace {
 
@@ -226,4 +226,4 @@ void PagePreview::scrollContentsBy(int, int) {
   emit pageChanged(page);
 }
 
-}  // namespace quillary
+}  // namespace quillary::documents

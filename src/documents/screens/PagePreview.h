@@ -5,7 +5,7 @@
 
 #include <QAbstractScrollArea>
 
-namespace quillary {
+namespace quillary::documents {
 
 /// The pages of a document below one another, as they will be printed.
 class PagePreview : public QAbstractScrollArea {
@@ -66,4 +66,4 @@ class PagePreview : public QAbstractScrollArea {
   int shownPage_ = 0;
 };
 
-}  // namespace quillary
+}  // namespace quillary::documents

@@ -8,7 +8,7 @@
 #include <algorithm>
 #include <stdexcept>
 
-namespace quillary {
+namespace quillary::documents {
 
 namespace {
 
@@ -59,4 +59,4 @@ void PrintPages(QPrinter& printer, const Composition& document) {
   if (!painter.end()) throw std::runtime_error("The printer did not finish.");
 }
 
-}  // namespace quillary
+}  // namespace quillary::documents

@@ -4,7 +4,7 @@
 
 class QPrinter;
 
-namespace quillary {
+namespace quillary::documents {
 
 /// Sets the printer's paper to that of the document.
 void FitPrinter(QPrinter& printer, const Composition& document);
@@ -13,4 +13,4 @@ void FitPrinter(QPrinter& printer, const Composition& document);
 /// larger than its paper are made smaller. Throws std::runtime_error when the printer gives up.
 void PrintPages(QPrinter& printer, const Composition& document);
 
-}  // namespace quillary
+}  // namespace quillary::documents

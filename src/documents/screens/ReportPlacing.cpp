@@ -4,7 +4,7 @@
 
 #include <QPrinterInfo>
 
-namespace quillary {
+namespace quillary::documents {
 
 namespace {
 
@@ -28,9 +28,9 @@ Paper DefaultPaper() {
 }  // namespace
 
 ReportPlaces PlacesOfReports() {
-  ReportPlaces places = ReportPlacesUnder(ProgramFolder());
+  ReportPlaces places = ReportPlacesUnder(session::ProgramFolder());
   places.paper = DefaultPaper();
   return places;
 }
 
-}  // namespace quillary
+}  // namespace quillary::documents

@@ -2,9 +2,9 @@
 
 #include "documents/reports/Report.h"
 
-namespace quillary {
+namespace quillary::documents {
 
 /// Where the reports of this program go, on the paper that the default printer holds.
 ReportPlaces PlacesOfReports();
 
-}  // namespace quillary
+}  // namespace quillary::documents

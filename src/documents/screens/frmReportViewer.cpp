@@ -20,7 +20,7 @@
 #include <algorithm>
 #include <stdexcept>
 
-namespace quillary {
+namespace quillary::documents {
 
 namespace {
 
@@ -322,4 +322,4 @@ void OpenReportViewer(Business& business, const ScreenTools& tools, ReportDocume
     business.World().prompter.Tell(Tone::Exclamation, trouble);
 }
 
-}  // namespace quillary
+}  // namespace quillary::documents

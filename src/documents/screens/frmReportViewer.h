@@ -10,7 +10,7 @@ class QLineEdit;
 class QPushButton;
 class QSpinBox;
 
-namespace quillary {
+namespace quillary::documents {
 
 /// Shows a report page by page, prints it, and saves it in other forms. There is one, which shows
 /// the report that was made last.
@@ -76,4 +76,4 @@ class frmReportViewer : public Screen {
 /// Shows the report in the one viewer, and tells the user what went amiss while it was made.
 void OpenReportViewer(Business& business, const ScreenTools& tools, ReportDocument report);
 
-}  // namespace quillary
+}  // namespace quillary::documents

@@ -10,7 +10,7 @@
 #include "lists/screens/frmSuburb_Position.h"
 #include "lists/screens/frmVisitFrequencies.h"
 
-namespace quillary {
+namespace quillary::lists {
 
 void RegisterListScreens(Business& business, const ScreenTools& tools) {
   Navigator& navigator = tools.navigator;
@@ -37,4 +37,4 @@ void RegisterListScreens(Business& business, const ScreenTools& tools) {
       [&business, tools](const OpenPaymentMethods&) { OpenPaymentMethodsList(business, tools); });
 }
 
-}  // namespace quillary
+}  // namespace quillary::lists

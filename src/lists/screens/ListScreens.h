@@ -3,10 +3,12 @@
 #include "kit/Screen.h"
 
 namespace quillary {
-
 class Business;
+}  // namespace quillary
+
+namespace quillary::lists {
 
 /// Lets the navigator open the screens that keep the business's lists.
 void RegisterListScreens(Business& business, const ScreenTools& tools);
 
-}  // namespace quillary
+}  // namespace quillary::lists

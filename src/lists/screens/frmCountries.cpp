@@ -2,7 +2,7 @@
 
 #include "lists/Countries.h"
 
-namespace quillary {
+namespace quillary::lists {
 
 namespace {
 
@@ -49,4 +49,4 @@ RecordList CountriesList(Business& business) {
   };
 }
 
-}  // namespace quillary
+}  // namespace quillary::lists

@@ -2,7 +2,7 @@
 
 #include "lists/Divisions.h"
 
-namespace quillary {
+namespace quillary::lists {
 
 namespace {
 
@@ -46,4 +46,4 @@ RecordList DivisionsList(Business& business) {
   };
 }
 
-}  // namespace quillary
+}  // namespace quillary::lists

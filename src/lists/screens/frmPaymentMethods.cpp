@@ -6,7 +6,7 @@
 #include <QDialog>
 #include <QVBoxLayout>
 
-namespace quillary {
+namespace quillary::lists {
 
 namespace {
 
@@ -84,4 +84,4 @@ void OpenPaymentMethodsList(Business& business, const ScreenTools& tools) {
   screen->setFocus();
 }
 
-}  // namespace quillary
+}  // namespace quillary::lists

@@ -6,7 +6,7 @@
 #include "lists/Choices.h"
 #include "lists/Services.h"
 
-namespace quillary {
+namespace quillary::lists {
 
 namespace {
 
@@ -85,4 +85,4 @@ frmServices::frmServices(Business& business, const ScreenTools& tools)
                        });
 }
 
-}  // namespace quillary
+}  // namespace quillary::lists

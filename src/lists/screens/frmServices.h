@@ -3,8 +3,10 @@
 #include "kit/RecordList.h"
 
 namespace quillary {
-
 class Business;
+}  // namespace quillary
+
+namespace quillary::lists {
 
 /// The catalogue of services.
 class frmServices : public RecordListScreen {
@@ -17,4 +19,4 @@ class frmServices : public RecordListScreen {
   QPushButton* cmdDownloadServices;
 };
 
-}  // namespace quillary
+}  // namespace quillary::lists

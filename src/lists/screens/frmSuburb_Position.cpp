@@ -4,7 +4,7 @@
 #include "kit/Layouts.h"
 #include "lists/SuburbPositions.h"
 
-namespace quillary {
+namespace quillary::lists {
 
 namespace {
 
@@ -135,4 +135,4 @@ void frmSuburb_Position::Remove() {
   grdSuburbs->setFocus();
 }
 
-}  // namespace quillary
+}  // namespace quillary::lists

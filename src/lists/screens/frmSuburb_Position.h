@@ -10,10 +10,12 @@ class QLineEdit;
 class QPushButton;
 
 namespace quillary {
-
 class Business;
 class Grid;
 class Value;
+}  // namespace quillary
+
+namespace quillary::lists {
 
 /// The order in which the diary goes through the suburbs, changed by dragging.
 class frmSuburb_Position : public Dialog {
@@ -43,4 +45,4 @@ class frmSuburb_Position : public Dialog {
   QPushButton* cmdClose;
 };
 
-}  // namespace quillary
+}  // namespace quillary::lists

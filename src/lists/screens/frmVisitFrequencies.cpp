@@ -2,7 +2,7 @@
 
 #include "lists/Frequencies.h"
 
-namespace quillary {
+namespace quillary::lists {
 
 RecordList VisitFrequenciesList(Business& business) {
   return {
@@ -38,4 +38,4 @@ RecordList VisitFrequenciesList(Business& business) {
   };
 }
 
-}  // namespace quillary
+}  // namespace quillary::lists

@@ -4,7 +4,7 @@
 
 #include <stdexcept>
 
-namespace quillary {
+namespace quillary::setup {
 
 DemoCount WriteDemoBusiness(Business& business, const DemoOptions& options) {
   if (business.RunSQL(Sql("SELECT TOP 1 Client_ID FROM Clients")).HasRows()) {
@@ -27,4 +27,4 @@ DemoCount WriteDemoBusiness(Business& business, const DemoOptions& options) {
   return count;
 }
 
-}  // namespace quillary
+}  // namespace quillary::setup

@@ -2,7 +2,7 @@
 
 #include "data/Business.h"
 
-namespace quillary {
+namespace quillary::setup {
 
 struct DemoOptions {
   int clients = 250;  // rows of Clients, of every status
@@ -27,4 +27,4 @@ struct DemoCount {
 /// at all. Throws std::invalid_argument when the business has clients already.
 DemoCount WriteDemoBusiness(Business& business, const DemoOptions& options = {});
 
-}  // namespace quillary
+}  // namespace quillary::setup

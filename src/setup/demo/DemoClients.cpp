@@ -1,7 +1,7 @@
 #include "setup/demo/DemoLists.h"
 #include "setup/demo/DemoModel.h"
 
-namespace quillary::demo {
+namespace quillary::setup::demo {
 namespace {
 
 struct StatusShare {
@@ -196,4 +196,4 @@ void InventClients(Model& model, const DemoOptions& options, Dice& dice) {
   ShareBills(model, dice);
 }
 
-}  // namespace quillary::demo
+}  // namespace quillary::setup::demo

@@ -4,7 +4,7 @@
 
 #include <random>
 
-namespace quillary::demo {
+namespace quillary::setup::demo {
 
 /// Chance that falls alike on every machine: the standard's engine is fixed to the bit, its
 /// distributions are not, so none of them is used.
@@ -46,4 +46,4 @@ class Dice {
   std::mt19937 engine_;
 };
 
-}  // namespace quillary::demo
+}  // namespace quillary::setup::demo

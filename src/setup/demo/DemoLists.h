@@ -4,7 +4,7 @@
 
 /// The words of the demo business. All people, streets and firms are invented, and the telephone
 /// numbers lie in ranges that nobody has.
-namespace quillary::demo {
+namespace quillary::setup::demo {
 
 struct Suburb {
   const char* name;
@@ -122,4 +122,4 @@ inline constexpr std::array kSuppliers = {
     DemoSupplier{"Treetop Telecom", "Support", 8, "Mobile and internet", 30, 89, 89},
     DemoSupplier{"Letterbox Lane Printing", "Noor Aziz", 9, "Leaflets", 84, 110, 260}};
 
-}  // namespace quillary::demo
+}  // namespace quillary::setup::demo

@@ -11,7 +11,7 @@
 
 /// The demo business while it is thought up, before a row of it is written. Clients, services and
 /// the rest are named by their index; keys come with the writing.
-namespace quillary::demo {
+namespace quillary::setup::demo {
 
 enum class Billing { OnTheDay, PerJob, Monthly };
 
@@ -123,4 +123,4 @@ void WriteReferenceData(Business& business, const QDate& today);
 int WritePurchases(Business& business, const Model& model, Dice& dice);
 DemoCount WriteModel(Business& business, const Model& model);
 
-}  // namespace quillary::demo
+}  // namespace quillary::setup::demo

@@ -5,7 +5,7 @@
 #include <map>
 #include <utility>
 
-namespace quillary::demo {
+namespace quillary::setup::demo {
 namespace {
 
 constexpr int kAdjustment = 5;  // of kPaymentMethods
@@ -151,4 +151,4 @@ void InventMoney(Model& model, Dice& dice) {
   SetBalances(model);
 }
 
-}  // namespace quillary::demo
+}  // namespace quillary::setup::demo

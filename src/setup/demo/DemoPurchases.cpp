@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-namespace quillary::demo {
+namespace quillary::setup::demo {
 namespace {
 
 struct Purchase {
@@ -105,4 +105,4 @@ int WritePurchases(Business& business, const Model& model, Dice& dice) {
   return static_cast<int>(purchases.size());
 }
 
-}  // namespace quillary::demo
+}  // namespace quillary::setup::demo

@@ -1,7 +1,7 @@
 #include "setup/demo/DemoLists.h"
 #include "setup/demo/DemoModel.h"
 
-namespace quillary::demo {
+namespace quillary::setup::demo {
 namespace {
 
 constexpr int kDaysAhead = 60;
@@ -103,4 +103,4 @@ void WriteReferenceData(Business& business, const QDate& today) {
           QDate(financialYear, 7, 1)));
 }
 
-}  // namespace quillary::demo
+}  // namespace quillary::setup::demo

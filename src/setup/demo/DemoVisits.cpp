@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <map>
 
-namespace quillary::demo {
+namespace quillary::setup::demo {
 namespace {
 
 constexpr int kSaturday = 6;
@@ -218,4 +218,4 @@ void InventVisits(Model& model, const Business& business, Dice& dice) {
   model.visits.insert(model.visits.end(), today.begin(), today.end());
 }
 
-}  // namespace quillary::demo
+}  // namespace quillary::setup::demo

@@ -3,7 +3,7 @@
 
 #include <array>
 
-namespace quillary::demo {
+namespace quillary::setup::demo {
 namespace {
 
 constexpr qint64 kFirstInvoiceNumber = 1001;
@@ -240,4 +240,4 @@ DemoCount WriteModel(Business& business, const Model& model) {
   return ModelWriter(business, model).Write();
 }
 
-}  // namespace quillary::demo
+}  // namespace quillary::setup::demo

@@ -16,7 +16,7 @@
 #include <QTabWidget>
 
 /// The pictures of the client screens.
-namespace quillary {
+namespace quillary::shell {
 
 namespace {
 
@@ -90,18 +90,18 @@ void Shots::ClientDialogs(qint64 clientId) {
     dialog.show();
     Save(&dialog, dialog.objectName());
   };
-  frmNewBillingAddress address(business, tools,
-                               First(business,
-                                     "SELECT TOP 1 Client_ID FROM Clients WHERE Status = "
-                                     "'Billing address' ORDER BY Client_ID"));
+  clients::frmNewBillingAddress address(business, tools,
+                                        First(business,
+                                              "SELECT TOP 1 Client_ID FROM Clients WHERE Status = "
+                                              "'Billing address' ORDER BY Client_ID"));
   shoot(address);
-  frmSetJobPricesForMonthly prices(business, tools, clientId);
+  clients::frmSetJobPricesForMonthly prices(business, tools, clientId);
   shoot(prices);
-  frmGeneralNotes notes(business, tools);
+  clients::frmGeneralNotes notes(business, tools);
   shoot(notes);
-  dlgClients which(ports_.prompter, tools);
+  clients::dlgClients which(ports_.prompter, tools);
   shoot(which);
-  dlgDateWithClients dates(business, tools);
+  clients::dlgDateWithClients dates(business, tools);
   shoot(dates);
 }
 
@@ -111,4 +111,4 @@ void Shots::CloseScreen() {
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
-}  // namespace quillary
+}  // namespace quillary::shell

@@ -8,7 +8,7 @@
 #include <QTabWidget>
 
 /// The pictures of the report viewer.
-namespace quillary {
+namespace quillary::shell {
 
 void Shots::Documents() {
   MainMenuMDI* window = program_.MainMenu();
@@ -18,7 +18,7 @@ void Shots::Documents() {
   print->click();
   Save(window, QStringLiteral("frmReportViewer"));
   QWidget* viewer = tabs->currentWidget();
-  viewer->findChild<PagePreview*>()->SetFit(PagePreview::Fit::Page);
+  viewer->findChild<documents::PagePreview*>()->SetFit(documents::PagePreview::Fit::Page);
   viewer->findChild<QLineEdit*>(QStringLiteral("txtFind"))->setText(QStringLiteral("mowing"));
   Save(window, QStringLiteral("frmReportViewer-whole-page-and-search"));
   window->resize(853, 480);
@@ -28,4 +28,4 @@ void Shots::Documents() {
   CloseScreen();
 }
 
-}  // namespace quillary
+}  // namespace quillary::shell

@@ -15,7 +15,7 @@
 #include <QTabWidget>
 
 /// The pictures of the invoices.
-namespace quillary {
+namespace quillary::shell {
 
 void Shots::Invoices() {
   MainMenuMDI* window = program_.MainMenu();
@@ -51,19 +51,20 @@ void Shots::InvoiceDialogs() {
   const qint64 invoice = first(
       "SELECT TOP 1 Invoice_ID FROM Diary WHERE Invoice_ID IS NOT NULL "
       "GROUP BY Invoice_ID ORDER BY Count(*) DESC, Invoice_ID");
-  frmInvoice monthly(business, tools, *LoadInvoiceDetails(business, invoice));
+  billing::frmInvoice monthly(business, tools, *billing::LoadInvoiceDetails(business, invoice));
   shoot(monthly);
   monthly.resize(853, 424);
   shoot(monthly, "frmInvoice-at-150-percent");
   const qint64 job = first(
       "SELECT TOP 1 Diary_ID FROM Diary WHERE Status = 'JD' AND Total_Price > 0 "
       "ORDER BY Diary_ID DESC");
-  frmInvoice ofJob(business, tools, NewInvoice(business, std::nullopt, job));
+  billing::frmInvoice ofJob(business, tools, billing::NewInvoice(business, std::nullopt, job));
   shoot(ofJob, "frmInvoice-of-a-job");
-  frmInvoice blank(business, tools, NewInvoice(business, std::nullopt, std::nullopt));
+  billing::frmInvoice blank(business, tools,
+                            billing::NewInvoice(business, std::nullopt, std::nullopt));
   shoot(blank, "frmInvoice-new");
-  const qint64 payer = LoadInvoiceDetails(business, invoice)->clientId.value_or(0);
-  frmListOfJobs jobs(business, tools, invoice, payer);
+  const qint64 payer = billing::LoadInvoiceDetails(business, invoice)->clientId.value_or(0);
+  billing::frmListOfJobs jobs(business, tools, invoice, payer);
   // Of last month, of which some are billed.
   auto* monthOfJobs = jobs.findChild<QComboBox*>(QStringLiteral("cboMonth"));
   monthOfJobs->setCurrentIndex(monthOfJobs->currentIndex() - 1);
@@ -74,20 +75,20 @@ void Shots::InvoiceDialogs() {
       Sql("UPDATE Invoices SET Invoice_Notes = 'Thank you for your business.' "
           "WHERE Invoice_ID = {}",
           invoice));
-  frmInvoiceNotesSelection notes(business, tools);
+  billing::frmInvoiceNotesSelection notes(business, tools);
   shoot(notes);
-  dlgInvoiceOptions options(
+  billing::dlgInvoiceOptions options(
       business, tools,
       {.billingClientId = payer, .diaryId = job, .from = business.Today(), .to = business.Today()});
   shoot(options);
-  dlgInvoiceList criteria(business, tools);
+  billing::dlgInvoiceList criteria(business, tools);
   shoot(criteria);
-  dlgFromDate date(business, QStringLiteral("Generation date"));
+  billing::dlgFromDate date(business, QStringLiteral("Generation date"));
   shoot(date);
-  dlgMonthlyInvoices_Reminder reminder(business, tools);
+  billing::dlgMonthlyInvoices_Reminder reminder(business, tools);
   shoot(reminder);
-  frmTermOfTrade terms(business, tools);
+  billing::frmTermOfTrade terms(business, tools);
   shoot(terms);
 }
 
-}  // namespace quillary
+}  // namespace quillary::shell

@@ -13,7 +13,7 @@
 #include <QTabWidget>
 
 /// The pictures of payments, the chart of accounts and the countries.
-namespace quillary {
+namespace quillary::shell {
 
 void Shots::Payments() {
   MainMenuMDI* window = program_.MainMenu();
@@ -55,7 +55,7 @@ void Shots::PaymentDialogs() {
   const qint64 payment = first(
       "SELECT TOP 1 Payment_ID FROM Diary WHERE Payment_ID IS NOT NULL "
       "GROUP BY Payment_ID ORDER BY Count(*) DESC, Payment_ID");
-  frmPayments stored(business, tools, LoadPayment(business, payment));
+  billing::frmPayments stored(business, tools, billing::LoadPayment(business, payment));
   shoot(stored);
   stored.resize(853, 424);
   shoot(stored, "frmPayments-at-150-percent");
@@ -64,17 +64,17 @@ void Shots::PaymentDialogs() {
       "ORDER BY Diary_ID DESC");
   const qint64 client =
       business.FirstField(Sql("SELECT Client_ID FROM Diary WHERE Diary_ID = {}", job)).ToLong();
-  PaymentForm form = NewPayment(business, client, Money::FromWhole(55), job);
+  billing::PaymentForm form = billing::NewPayment(business, client, Money::FromWhole(55), job);
   form.paymentMethod = QStringLiteral("CHEQUE");
-  frmPayments forJob(business, tools, form);
+  billing::frmPayments forJob(business, tools, form);
   shoot(forJob, "frmPayments-cheque-for-a-job");
-  frmPayments missing(business, tools, std::nullopt);
+  billing::frmPayments missing(business, tools, std::nullopt);
   shoot(missing, "frmPayments-missing");
-  dlgPaymentJobs jobs(business, tools, payment);
+  billing::dlgPaymentJobs jobs(business, tools, payment);
   shoot(jobs);
-  dlgPaymentOptions options(business, tools, {client, job, Money::FromWhole(55)});
+  billing::dlgPaymentOptions options(business, tools, {client, job, Money::FromWhole(55)});
   shoot(options);
-  frmPaymentsByAClient ofClient(
+  billing::frmPaymentsByAClient ofClient(
       business, tools,
       business.FirstField(Sql("SELECT Client_ID FROM Payments WHERE Payment_ID = {}", payment))
           .ToLong(),
@@ -82,4 +82,4 @@ void Shots::PaymentDialogs() {
   shoot(ofClient);
 }
 
-}  // namespace quillary
+}  // namespace quillary::shell

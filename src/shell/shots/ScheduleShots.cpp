@@ -9,7 +9,7 @@
 #include <QTimer>
 
 /// The pictures of jobs, visits and the schedule's lists.
-namespace quillary {
+namespace quillary::shell {
 
 void Shots::ScheduleLists() {
   MainMenuMDI* window = program_.MainMenu();
@@ -60,4 +60,4 @@ void Shots::ScheduleDialogs() {
   SaveDialogOf(EditSuburbPositions{});
 }
 
-}  // namespace quillary
+}  // namespace quillary::shell

@@ -24,7 +24,7 @@
 #include <QRadioButton>
 #include <QTimer>
 
-namespace quillary {
+namespace quillary::shell {
 
 namespace {
 
@@ -34,7 +34,7 @@ QString MakeDemo(const QString& folder, const Outside& outside) {
   CreateEmptyBusiness(file);
   Business business(outside, file);
   business.ConnectToDatabase();
-  WriteDemoBusiness(business);
+  setup::WriteDemoBusiness(business);
   business.CloseConnection();
   return file;
 }
@@ -42,7 +42,7 @@ QString MakeDemo(const QString& folder, const Outside& outside) {
 }  // namespace
 
 Shots::Shots(const QString& folder)
-    : folder_(folder), program_(ports_.All(), ports_.navigator, ProgramFolder()) {}
+    : folder_(folder), program_(ports_.All(), ports_.navigator, session::ProgramFolder()) {}
 
 void Shots::Save(QWidget* widget, const QString& name) {
   Hands::Settle();
@@ -67,7 +67,7 @@ void Shots::SaveWithOverlays(const QString& name) {
 }
 
 void Shots::Run() {
-  const QString file = MakeDemo(ProgramFolder(), ports_.All());
+  const QString file = MakeDemo(session::ProgramFolder(), ports_.All());
   StartUpScreens();
   program_.UseFile(file);
   if (!program_.Start({})) throw std::runtime_error("the start-up ended early");
@@ -86,7 +86,7 @@ void Shots::Run() {
 }
 
 void Shots::StartUpScreens() {
-  frmSelectDatabaseToAccess select(ports_.All(), ProgramFolder());
+  frmSelectDatabaseToAccess select(ports_.All(), session::ProgramFolder());
   select.show();
   Save(&select, QStringLiteral("frmSelectDatabaseToAccess"));
   select.close();
@@ -107,7 +107,7 @@ void Shots::Diary() {
   auto* grid = window->findChild<Grid*>(QStringLiteral("grdSchedule"));
   Save(window, QStringLiteral("frmDiary"));
 
-  grid->setCurrentIndex(grid->model()->index(3, kStatus));
+  grid->setCurrentIndex(grid->model()->index(3, diary::kStatus));
   grid->edit(grid->currentIndex());
   Save(window, QStringLiteral("frmDiary-editing-status"));
   Hands::Press(grid->viewport()->findChild<QComboBox*>(), Qt::Key_Escape);
@@ -166,7 +166,7 @@ void Shots::Dialogs() {
   frmAbout about;
   about.show();
   Save(&about, QStringLiteral("frmAbout"));
-  frmODBCConnection connection(ports_.All(), ProgramFolder());
+  frmODBCConnection connection(ports_.All(), session::ProgramFolder());
   connection.show();
   Save(&connection, QStringLiteral("frmODBCConnection"));
 
@@ -206,4 +206,4 @@ void Shots::Boxes() {
   Save(window, QStringLiteral("MainMenuMDI-no-screen"));
 }
 
-}  // namespace quillary
+}  // namespace quillary::shell

@@ -7,7 +7,7 @@
 #include <QString>
 #include <QWidget>
 
-namespace quillary {
+namespace quillary::shell {
 
 /// Renders the screens of the program, each into a picture of its own.
 class Shots {
@@ -44,4 +44,4 @@ class Shots {
   int number_ = 0;
 };
 
-}  // namespace quillary
+}  // namespace quillary::shell

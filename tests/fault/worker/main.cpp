@@ -83,17 +83,17 @@ void SaveMuch(Business& business) {
   const Recordset jobs =
       business.RunSQL(Sql("SELECT TOP 12 Diary_ID FROM Diary WHERE Status = 'J'"));
   for (const Record row : jobs) {
-    auto job = LoadJob(business, row[size_t{0}].ToLong());
-    SaveService(business, *job, {{}, 1, Money::FromUnits(125000)}, SaveLine::AsNew);
-    job->statusPosition = JobStatusPosition(QStringLiteral("JD"));
-    SaveJob(business, *job);
+    auto job = diary::LoadJob(business, row[size_t{0}].ToLong());
+    diary::SaveService(business, *job, {{}, 1, Money::FromUnits(125000)}, diary::SaveLine::AsNew);
+    job->statusPosition = diary::JobStatusPosition(QStringLiteral("JD"));
+    diary::SaveJob(business, *job);
   }
   for (qint64 client = 1; client <= 6; ++client) {
     business.RunSQL(
         Sql("UPDATE Client_Services SET Price = Price + 1 WHERE Client_ID = {}", client));
-    AdvanceScheduleForClient(business, client);
+    roll::AdvanceScheduleForClient(business, client);
   }
-  DeleteJob(business, jobs.Row(0)[size_t{0}].ToLong());
+  diary::DeleteJob(business, jobs.Row(0)[size_t{0}].ToLong());
 }
 
 /// Puts another file in the place of this one; the old one goes to Archive.
@@ -103,10 +103,10 @@ int Replace(const QString& work, const QString& file, int operation) {
   names.killAt = operation;
   names.archiveIsElsewhere = work.endsWith(u"-far");
   if (work.startsWith(u"repair")) {
-    RepairInPlace(file, archive, QStringLiteral("now"));
+    maintenance::RepairInPlace(file, archive, QStringLiteral("now"));
   } else {
     outside.prompter.Expect("is a Microsoft Access file", Answer::Yes);
-    if (ConvertIfAccessFile(outside.Ports(), file, archive).isEmpty()) return 1;
+    if (session::ConvertIfAccessFile(outside.Ports(), file, archive).isEmpty()) return 1;
   }
   std::printf("%d\n", names.done);
   return 0;
@@ -122,9 +122,9 @@ int Run(const QString& work, const QString& file, int operation, const QString& 
     ConvertAccessFile(accessFile, file);
   } else {
     const auto business = Open(outside, work, file);
-    if (work == u"roll") AdvanceScheduleGlobally(*business);
+    if (work == u"roll") roll::AdvanceScheduleGlobally(*business);
     if (work == u"save") SaveMuch(*business);
-    if (work == u"ladder") UpgradeFile(*business, business->DatabaseFolder());
+    if (work == u"ladder") session::UpgradeFile(*business, business->DatabaseFolder());
     if (work == u"hold") {
       std::puts("open");
       std::fflush(stdout);
