@@ -28,7 +28,7 @@ set(QUILLARY_UNITY_SIZE 8)
 # GCC 12 warns of overlapping copies in every "literal" + std::string (its bug 105651).
 add_library(quillary_warnings INTERFACE)
 target_compile_options(quillary_warnings INTERFACE
-  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wno-sign-conversion -Wnon-virtual-dtor
+  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wnon-virtual-dtor
   -Woverloaded-virtual -Wno-restrict -Werror -fpch-preprocess -Winvalid-pch)
 
 # The precompiled headers: what nearly every source of the house reads anyway.

@@ -170,7 +170,8 @@ TEST_F(DocumentTest, StrictFileKnowsTrueOffsetsAndTheFirstPage) {
   WriteTwoPages(true);
   const std::string bytes = End();
   for (int object = 1; object <= 11; ++object) {
-    const std::string entry = bytes.substr(bytes.find("65535 f") + 9 + 20 * (object - 1), 10);
+    const std::string entry =
+        bytes.substr(bytes.find("65535 f") + 9 + 20 * static_cast<size_t>(object - 1), 10);
     EXPECT_EQ(bytes.find(std::to_string(object) + " 0 obj", std::stoul(entry)), std::stoul(entry));
   }
   EXPECT_EQ(bytes.find("xref"), std::stoul(Between(bytes, "startxref\r\n", "\r")));
