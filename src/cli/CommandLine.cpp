@@ -1,6 +1,7 @@
 #include "cli/CommandLine.h"
 
 #include "base/DateTime.h"
+#include "base/Errors.h"
 #include "cli/Command.h"
 #include "cli/Parsing.h"
 
@@ -95,7 +96,9 @@ int RunCommandLine(const QStringList& arguments, QTextStream& out, QTextStream& 
   } catch (const ProcessEnded& end) {
     return end.exitCode == 0 ? kFailed : end.exitCode;
   } catch (const std::exception& error) {
-    tell(error.what());
+    const QString further = FurtherInformation(error);
+    err << "quillaryctl: " << OneLine(QString::fromUtf8(error.what()));
+    err << (further.isEmpty() ? QString() : QStringLiteral(" (%1)").arg(OneLine(further))) << '\n';
     return kFailed;
   }
 }

@@ -93,9 +93,6 @@ std::vector<qint64> JobsOf(const QStringList& words) {
 void RunDone(const Call& call) {
   const std::vector<qint64> jobs = JobsOf(call.arguments.positional.mid(1));
   const auto business = OpenCurrentBusiness(call);
-  business->OnRefusedStatement([](const RefusedStatement& refused) {
-    throw CommandFailure(QStringLiteral("refused: ") + refused.reason);
-  });
   Transaction all(*business);
   for (const qint64 job : jobs) RequireOpenJob(*business, job);
   for (const qint64 job : jobs)

@@ -89,7 +89,6 @@ billing::InvoiceForm AskedFor(const Call& call, Business& business) {
 
 void RunInvoice(const Call& call) {
   const auto business = OpenCurrentBusiness(call);
-  FailOnRefusal(*business);
   Transaction all(*business);
   billing::InvoiceForm form = AskedFor(call, *business);
   const billing::AttachedJobs jobs = billing::LoadAttachedJobs(*business, form);

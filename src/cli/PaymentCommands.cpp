@@ -94,7 +94,6 @@ void RunPay(const Call& call) {
   const std::vector<qint64> jobs = JobsOf(call.arguments);
   const std::vector<billing::RevenueLineForm> lines = LinesOf(call.arguments);
   const auto business = OpenCurrentBusiness(call);
-  FailOnRefusal(*business);
   Transaction all(*business);
   billing::PaymentForm form = AskedFor(*business, call.arguments, amount, jobs);
   ThrowIf(billing::CheckPayment(form));
@@ -149,7 +148,6 @@ void RunPayments(const Call& call) {
 void RunPaymentDelete(const Call& call) {
   const qint64 paymentId = ParseKey(call.arguments.positional.at(1));
   const auto business = OpenCurrentBusiness(call);
-  FailOnRefusal(*business);
   const auto payment = billing::LoadPayment(*business, paymentId);
   if (!payment) throw CommandFailure(QStringLiteral("there is no payment %1").arg(paymentId));
   balances::DeleteCheckedPayment(*business, payment->clientId.value_or(0), paymentId);
@@ -162,7 +160,6 @@ void RunPaymentDelete(const Call& call) {
 
 void RunRecalculate(const Call& call) {
   const auto business = OpenCurrentBusiness(call);
-  FailOnRefusal(*business);
   accounts::RecalculateGSTOfAllRecords(*business);
   business->CloseConnection();
   call.out << (call.json ? "{\"done\": true}\n" : "Re-calculation done.\n");

@@ -38,15 +38,12 @@ std::unique_ptr<Business> OpenAnyBusiness(const Call& call) {
 
 std::unique_ptr<Business> OpenCurrentBusiness(const Call& call) {
   auto business = OpenAnyBusiness(call);
+  business->OnRefusedStatement([](const RefusedStatement& refused) {
+    throw CommandFailure(QStringLiteral("refused: ") + refused.reason);
+  });
   RequireCurrentVersion(*business);
   LoadScheduleValues(*business);
   return business;
-}
-
-void FailOnRefusal(Business& business) {
-  business.OnRefusedStatement([](const RefusedStatement& refused) {
-    throw CommandFailure(QStringLiteral("refused: ") + refused.reason);
-  });
 }
 
 void ThrowIf(const std::optional<Refusal>& refusal) {

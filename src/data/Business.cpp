@@ -49,6 +49,13 @@ QString Readable(const QString& statement) {
   return statement;
 }
 
+RefusedStatement Heard(const QString& statement, const StatementRefused& refused) {
+  const RefusedStatement heard{statement, QString::fromUtf8(refused.what()),
+                               FirstTableOf(statement)};
+  Trace(heard);
+  return heard;
+}
+
 }  // namespace
 
 Business::Business(const Outside& outside, const QString& databaseFile)
@@ -78,10 +85,10 @@ Recordset Business::RunHeard(const Text& statement, const auto& run) {
   try {
     return run();
   } catch (const StatementRefused& refused) {
-    const RefusedStatement heard{Readable(statement), QString::fromUtf8(refused.what())};
-    Trace(heard);
+    const RefusedStatement heard = Heard(Readable(statement), refused);
+    outside_.errors.NoteRefused(heard);
     if (listener_) listener_(heard);
-    return {};
+    return Recordset(heard);
   }
 }
 
@@ -91,6 +98,31 @@ Recordset Business::RunSQL(const QString& statement) {
 
 Recordset Business::RunSQL(const Sql& statement) {
   return RunHeard(statement, [&] { return connection_->Run(statement); });
+}
+
+void Business::RunChecked(const Sql& statement) {
+  try {
+    connection_->Run(statement);
+  } catch (const StatementRefused& refused) {
+    throw WriteFailed(Heard(Readable(statement), refused));
+  }
+}
+
+int Business::Write(const Sql& statement, Rows rows) {
+  ConnectToDatabase();
+  // Without a transaction around it the statement would stand by itself, whatever it hit.
+  std::optional<Transaction> alone;
+  if (!rows.AreAny() && connection_->TransactionDepth() == 0) alone.emplace(*this);
+  RunChecked(statement);
+  const qint64 hit = connection_->RowsWritten();
+  if (!rows.Fit(hit)) throw WriteFailed(Readable(statement), rows, hit);
+  if (alone) alone->Commit();
+  return static_cast<int>(hit);
+}
+
+qint64 Business::InsertRow(const Sql& insert) {
+  Write(insert, Rows::Exactly(1));
+  return connection_->LastInsertedKey();
 }
 
 Value Business::LookupField(const QString& name) {

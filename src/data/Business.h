@@ -3,6 +3,7 @@
 #include "base/ports/Outside.h"
 #include "data/Holidays.h"
 #include "data/SharedValues.h"
+#include "data/Writes.h"
 #include "data/store/Recordset.h"
 #include "data/store/Sql.h"
 #include "data/store/StorageFailure.h"
@@ -16,12 +17,6 @@
 namespace quillary {
 
 class Connection;
-
-/// A statement that was not done, and why.
-struct RefusedStatement {
-  QString statement;
-  QString reason;
-};
 
 /// One open business: its database file, the values loaded from it at start, and the outside world
 /// that its rules may turn to. The first parameter of every rule.
@@ -44,13 +39,25 @@ class Business {
   /// StorageFailure, for which nothing makes up.
   Recordset RunSQL(const QString& statement);
   Recordset RunSQL(const Sql& statement);
+  /// Runs one statement that writes, for rules: what is refused, or hits other rows than it must,
+  /// throws WriteFailed and leaves all as it was; a Transaction around it is undone on the way out.
+  /// Returns how many rows it hit: matched by an UPDATE or DELETE, or inserted. Throws
+  /// StorageFailure.
+  int Write(const Sql& statement, Rows rows = Rows::Any());
+  /// Inserts one row into a table with a counter and returns the counter's value. Throws like
+  /// Write().
+  template <NumberedRow Row>
+  Id<Row> InsertReturningKey(const Sql& insert) {
+    return Id<Row>(InsertRow(insert));
+  }
   /// The first field of the first row of a table, `name` having the form "table.field". Throws
   /// NoRecordset or NoCurrentRecord when there is none.
   Value LookupField(const QString& name);
   /// The first field of the first row; null when there is no row. Throws NoRecordset.
   Value FirstField(const Sql& statement);
 
-  /// Hears of every refused statement. Tests fail on one that they did not announce.
+  /// Hears of every statement that RunSQL() passed over because it was refused. Tests fail on one
+  /// that they did not announce.
   void OnRefusedStatement(std::function<void(const RefusedStatement&)> listener);
 
   /// Folds what was committed into the file; for moments when the user does nothing.
@@ -70,6 +77,8 @@ class Business {
  private:
   template <typename Text>
   Recordset RunHeard(const Text& statement, const auto& run);
+  void RunChecked(const Sql& statement);
+  qint64 InsertRow(const Sql& insert);
 
   Outside outside_;
   QString databaseFile_;

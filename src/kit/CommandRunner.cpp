@@ -25,7 +25,7 @@ bool CommandRunner::Run(const QString& form, const QString& procedure,
     command();
     return true;
   } catch (const std::exception& error) {
-    errors_.ReportError(form, ErrorLine(error), procedure);
+    errors_.Report(form, procedure, error);
   } catch (...) {
     const ProgramError unknown(5, QStringLiteral("A failure without a name"));
     errors_.ReportError(form, ErrorLine(unknown), procedure);

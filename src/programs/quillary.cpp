@@ -31,8 +31,7 @@ class DesktopApplication : public QApplication {
     } catch (const std::exception& error) {
       if (!ports_) throw;
       ReportMemoryOrCrash(ports_->prompter, error);
-      ports_->errors.ReportError(receiver->objectName(), ErrorLine(error), QStringLiteral("notify"),
-                                 {});
+      ports_->errors.Report(receiver->objectName(), QStringLiteral("notify"), error);
     }
     return true;
   }

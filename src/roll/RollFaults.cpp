@@ -14,8 +14,8 @@ void RollFaults::OfferRepair() {
 }
 
 void RollFaults::Report(const std::exception& error) {
-  business_.World().errors.ReportError(QStringLiteral("Crunchers"), ErrorLine(error),
-                                       QStringLiteral("AdvanceScheduleForClient"));
+  business_.World().errors.Report(QStringLiteral("Crunchers"),
+                                  QStringLiteral("AdvanceScheduleForClient"), error);
 }
 
 void HandOverToRepair(Business& business) {

@@ -16,7 +16,7 @@ void PassOverErrors(Business& business, const QString& procedure, Step&& step) {
   } catch (const StorageFailure&) {
     throw;
   } catch (const std::exception& error) {
-    business.World().errors.ReportError(QStringLiteral("Crunchers"), ErrorLine(error), procedure);
+    business.World().errors.Report(QStringLiteral("Crunchers"), procedure, error);
   }
 }
 

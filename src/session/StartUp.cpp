@@ -276,8 +276,8 @@ void FinishUp(Business& business, LocalSettings& settings) {
                                      "to be open by another program."));
       return;
     }
-    business.World().errors.ReportError(QStringLiteral("MainMenuMDI"), ErrorLine(error),
-                                        QStringLiteral("FinishUp"));
+    business.World().errors.Report(QStringLiteral("MainMenuMDI"), QStringLiteral("FinishUp"),
+                                   error);
   }
 }
 

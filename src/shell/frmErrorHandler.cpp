@@ -23,6 +23,11 @@ QLabel* Words(const char* name, const QString& text) {
   return label;
 }
 
+/// "Error: 5 - The words" without its number.
+QString DescriptionOf(const QString& errorLine) {
+  return errorLine.section(QStringLiteral(" - "), 1);
+}
+
 }  // namespace
 
 frmErrorHandler::frmErrorHandler(Prompter& prompter, Desktop& desktop,
@@ -32,6 +37,8 @@ frmErrorHandler::frmErrorHandler(Prompter& prompter, Desktop& desktop,
   setWindowTitle(QStringLiteral("Ouch! An error has occured."));
   setModal(true);
   Label1 = MakeLabel("Label1", QStringLiteral("An error has occured."), LabelRole::Title);
+  lblFailure = Words("lblFailure", {});
+  lblFailure->setTextFormat(Qt::PlainText);
   Label2 = Words("Label2", QStringLiteral("You can email the IT department at Bravanti about it "
                                           "automatically. This will include all "
                                           "of the information about the error. (recommended)"));
@@ -88,6 +95,7 @@ void frmErrorHandler::LayOut() {
   column->setContentsMargins(24, 24, 24, 24);
   column->setSpacing(16);
   column->addWidget(Label1);
+  column->addWidget(lblFailure);
   column->addLayout(choices);
   column->addLayout(web);
   column->addLayout(details);
@@ -113,7 +121,8 @@ void frmErrorHandler::ConnectCommands() {
   connect(cmdEmail, &QPushButton::clicked, this, &frmErrorHandler::Email);
 }
 
-void frmErrorHandler::ShowDump(const QString& dump) {
+void frmErrorHandler::ShowDump(const QString& failure, const QString& dump) {
+  lblFailure->setText(failure);
   Text1->setPlainText(dump);
   Text1->hide();
   cmdErrorDetails->setEnabled(true);
@@ -156,13 +165,32 @@ void ScreenErrorReporter::ReportError(const QString& form, const QString& errorL
   report.form = form;
   report.errorLine = errorLine;
   report.procedure = procedure;
-  report.furtherInformation = furtherInformation;
+  report.furtherInformation = WithRefusals(furtherInformation);
+  refused_.clear();
   report.time = clock_.Now();
   NoteActiveControl(report, QApplication::focusWidget(), QApplication::activeWindow());
   if (!screen_)
     screen_ = std::make_unique<frmErrorHandler>(prompter_, desktop_, settings_, navigator_);
-  screen_->ShowDump(BuildErrorDump(report));
+  screen_->ShowDump(DescriptionOf(errorLine), BuildErrorDump(report));
   if (!screen_->isVisible()) screen_->exec();
+}
+
+void ScreenErrorReporter::NoteRefused(const RefusedStatement& refused) {
+  constexpr size_t kKept = 5;
+  if (refused_.size() == kKept) refused_.erase(refused_.begin());
+  refused_.push_back({refused, clock_.Now()});
+}
+
+QString ScreenErrorReporter::WithRefusals(const QString& furtherInformation) const {
+  QString text = furtherInformation;
+  for (const Refused& refused : refused_) {
+    if (furtherInformation.contains(refused.statement.statement)) continue;
+    if (!text.isEmpty()) text += u'\n';
+    text += QStringLiteral("Refused at %1:\n%2")
+                .arg(refused.time.time.toString(QStringLiteral("HH:mm:ss")),
+                     refused.statement.InLines());
+  }
+  return text;
 }
 
 }  // namespace quillary::shell

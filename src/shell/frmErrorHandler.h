@@ -21,7 +21,8 @@ class frmErrorHandler : public QDialog {
   frmErrorHandler(Prompter& prompter, Desktop& desktop, const SettingsStore& settings,
                   const Navigator& navigator);
 
-  void ShowDump(const QString& dump);
+  /// `failure` is what happened, in words for the user.
+  void ShowDump(const QString& failure, const QString& dump);
 
  private:
   void LayOut();
@@ -35,6 +36,7 @@ class frmErrorHandler : public QDialog {
   const Navigator& navigator_;
 
   QLabel* Label1;
+  QLabel* lblFailure;
   QLabel* Label2;
   QLabel* Label3;
   QLabel* Label4;
@@ -57,14 +59,23 @@ class ScreenErrorReporter : public ErrorReporter {
   ~ScreenErrorReporter() override;
   void ReportError(const QString& form, const QString& errorLine, const QString& procedure,
                    const QString& furtherInformation) override;
+  /// The next report's dump names the latest few.
+  void NoteRefused(const RefusedStatement& refused) override;
 
  private:
+  struct Refused {
+    RefusedStatement statement;
+    DateTime time;
+  };
+  QString WithRefusals(const QString& furtherInformation) const;
+
   const Clock& clock_;
   Prompter& prompter_;
   Desktop& desktop_;
   const SettingsStore& settings_;
   const Navigator& navigator_;
   std::unique_ptr<frmErrorHandler> screen_;
+  std::vector<Refused> refused_;  // since the latest report, oldest first
 };
 
 }  // namespace quillary::shell

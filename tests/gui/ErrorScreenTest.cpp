@@ -49,6 +49,29 @@ TEST_F(ErrorScreenTest, DumpHasItsLinesInOrder) {
   EXPECT_EQ(lines.mid(1), expected);
 }
 
+TEST_F(ErrorScreenTest, DumpNamesWhatWasRefusedBefore) {
+  shell::ScreenErrorReporter reporter(outside.clock, outside.prompter, outside.desktop,
+                                      outside.settings, navigator);
+  reporter.NoteRefused({"UPDATE Diary SET Nothing = 1", "no column Nothing", "Diary"});
+  const auto reported = [&](const QString& further) {
+    QString dump;
+    QTimer::singleShot(0, [&] {
+      QWidget* screen = QApplication::activeModalWidget();
+      dump = screen->findChild<QPlainTextEdit*>("Text1")->toPlainText();
+      EXPECT_EQ(screen->findChild<QLabel*>("lblFailure")->text(), "It did not work");
+      screen->close();
+    });
+    reporter.ReportError("frmDiary", "Error: 5 - It did not work", "Save", further);
+    return dump;
+  };
+  const QString first = reported({});
+  EXPECT_TRUE(
+      first.contains("Statement: UPDATE Diary SET Nothing = 1\nReason: no column Nothing\n"
+                     "Table: Diary"))
+      << first.toStdString();
+  EXPECT_FALSE(reported({}).contains("UPDATE Diary")) << "told again";
+}
+
 TEST_F(ErrorScreenTest, DumpNamesScreenAndControl) {
   Screen screen("frmDiary", "Diary");
   QLineEdit field("some text", &screen);
@@ -84,7 +107,7 @@ TEST_F(ErrorScreenTest, ReportWaitsForContinue) {
 
 TEST_F(ErrorScreenTest, CopiesAndLeaves) {
   shell::frmErrorHandler screen(outside.prompter, outside.desktop, outside.settings, navigator);
-  screen.ShowDump("the dump");
+  screen.ShowDump("what happened", "the dump");
   ClickOn(&screen, "cmdCopy");
   EXPECT_EQ(outside.desktop.clipboard, "the dump");
   EXPECT_EQ(outside.prompter.TakeTold(),
@@ -109,7 +132,7 @@ TEST_F(ErrorScreenTest, MailsOnlyThroughItsOwnSender) {
   for (const auto& [option, told] : cases) {
     outside.settings.Write("Email", "Email Option", option);
     shell::frmErrorHandler screen(outside.prompter, outside.desktop, outside.settings, navigator);
-    screen.ShowDump("the dump");
+    screen.ShowDump("what happened", "the dump");
     ClickOn(&screen, "cmdEmail");
     EXPECT_EQ(outside.prompter.TakeTold(), QStringList{told});
   }

@@ -46,7 +46,7 @@ bool GuardRunStep(Business& business, const QString& form, const QString& proced
   } catch (const StorageFailure&) {
     throw;
   } catch (const std::exception& error) {
-    business.World().errors.ReportError(form, ErrorLine(error), procedure);
+    business.World().errors.Report(form, procedure, error);
     return false;
   }
 }

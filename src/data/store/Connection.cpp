@@ -208,6 +208,7 @@ Recordset Connection::Run(const Sql& statement) {
 
 Recordset Connection::RunCut(const jet::CutStatement& cut) {
   RequireTransaction();
+  rowsWritten_ = 0;
   const auto cached = cache_.find(cut.shape);
   if (cached != cache_.end()) return RunPrepared(cached->second, cut.literals);
   const CatalogueWithOthers catalogue(catalogue_);
@@ -254,6 +255,7 @@ Recordset Connection::RunPrepared(CachedStatement& cached, const std::vector<Val
     }
   }
   const ResetAtEnd reset(cached.statement);
+  const qint64 writtenBefore = sqlite3_total_changes64(database_.get());
   std::vector<Value> cells;
   const ResultColumns& columns = *cached.columns;
   while (cached.statement.Step()) {
@@ -261,6 +263,7 @@ Recordset Connection::RunPrepared(CachedStatement& cached, const std::vector<Val
       cells.push_back(cached.statement.Column(static_cast<int>(column), columns[column].type));
     }
   }
+  rowsWritten_ = sqlite3_total_changes64(database_.get()) - writtenBefore;
   return {cached.columns, std::move(cells)};
 }
 

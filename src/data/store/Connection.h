@@ -41,6 +41,10 @@ class Connection {
   /// Throws StatementRefused or StorageFailure.
   Recordset Run(std::string_view statement);
   Recordset Run(const Sql& statement);
+  /// How many rows the latest statement wrote: matched by its UPDATE or DELETE, or inserted.
+  qint64 RowsWritten() const { return rowsWritten_; }
+  /// The counter that the latest INSERT was given.
+  qint64 LastInsertedKey() const { return sqlite3_last_insert_rowid(database_.get()); }
 
   /// Starts a transaction, or a part of the one under way.
   void Begin();
@@ -94,6 +98,7 @@ class Connection {
   SchemaCatalogue catalogue_;
   std::unordered_map<std::string, CachedStatement> cache_;
   quint64 uses_ = 0;
+  qint64 rowsWritten_ = 0;
   int depth_ = 0;
   bool schemaChangedInTransaction_ = false;
 };

@@ -24,7 +24,7 @@ const Value& Record::operator[](size_t column) const {
 }
 
 const ResultColumns& Recordset::Columns() const {
-  if (!IsOpen()) throw NoRecordset();
+  if (!IsOpen()) ThrowNotOpen();
   return *columns_;
 }
 
@@ -33,14 +33,18 @@ bool Recordset::FieldExists(QStringView name) const {
 }
 
 bool Recordset::EndOfFile() const {
-  if (!IsOpen()) throw NoRecordset();
+  if (!IsOpen()) ThrowNotOpen();
   return row_ >= RowCount();
 }
 
 Record Recordset::Row(size_t row) const {
-  if (!IsOpen()) throw NoRecordset();
+  if (!IsOpen()) ThrowNotOpen();
   if (row >= RowCount()) throw NoCurrentRecord(QStringLiteral("row %1").arg(row));
   return {*columns_, cells_.data() + row * columns_->size()};
+}
+
+void Recordset::ThrowNotOpen() const {
+  throw refused_ ? NoRecordset(*refused_) : NoRecordset();
 }
 
 Record Recordset::Current() const {
@@ -48,7 +52,7 @@ Record Recordset::Current() const {
 }
 
 Recordset::Iterator Recordset::begin() const {
-  if (!IsOpen()) throw NoRecordset();
+  if (!IsOpen()) ThrowNotOpen();
   return {*this, 0};
 }
 

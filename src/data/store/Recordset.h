@@ -34,6 +34,9 @@ class Recordset {
   Recordset() = default;
   Recordset(std::shared_ptr<const ResultColumns> columns, std::vector<Value> cells)
       : columns_(std::move(columns)), cells_(std::move(cells)) {}
+  /// That of a refused statement: whoever reads it is told why it is not open.
+  explicit Recordset(RefusedStatement refused)
+      : refused_(std::make_shared<const RefusedStatement>(std::move(refused))) {}
 
   bool IsOpen() const { return columns_ != nullptr; }
   bool HasRows() const { return IsOpen() && !cells_.empty(); }
@@ -68,10 +71,12 @@ class Recordset {
 
  private:
   Record Current() const;
+  [[noreturn]] void ThrowNotOpen() const;
 
   std::shared_ptr<const ResultColumns> columns_;
   std::vector<Value> cells_;
   size_t row_ = 0;
+  std::shared_ptr<const RefusedStatement> refused_;
 };
 
 }  // namespace quillary

@@ -178,7 +178,8 @@ void Shots::Dialogs() {
   report.activeControl = QStringLiteral("grdSchedule");
   report.time = DateTime(QDate(2026, 11, 2), QTime(9, 30));
   frmErrorHandler errors(ports_.prompter, ports_.desktop, ports_.settings, ports_.navigator);
-  errors.ShowDump(BuildErrorDump(report));
+  errors.ShowDump(QStringLiteral("No current record for the field Client_ID"),
+                  BuildErrorDump(report));
   errors.show();
   Save(&errors, QStringLiteral("frmErrorHandler"));
   errors.findChild<QPushButton*>(QStringLiteral("cmdErrorDetails"))->click();
