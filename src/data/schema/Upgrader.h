@@ -23,9 +23,9 @@ struct Options {
 
 /// Runs the rungs from the stored version + 1 up to the current one. Each rung happens whole,
 /// stamps infSystem.Database_Version when done, and is begun anew after an interruption. A
-/// statement that is refused is passed over, as the ladder was written to expect; a reading that
-/// fails stops it. A file at the current version or above it is left alone. Tells the user where
-/// the copy of the old file lies. Throws StorageFailure when that copy cannot be made, before
+/// statement that is refused is passed over, since some rungs repeat a change of another; a reading
+/// that fails stops it. A file at the current version or above it is left alone. Tells the user
+/// where the copy of the old file lies. Throws StorageFailure when that copy cannot be made, before
 /// anything is changed.
 void Initialize(Business& business, const Options& options);
 
