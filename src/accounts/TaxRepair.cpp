@@ -1,33 +1,27 @@
 #include "accounts/TaxRepair.h"
 
 #include "data/ActivityLog.h"
+#include "domain/TaxRate.h"
 
 namespace quillary::accounts {
-namespace {
-
-/// The rate as its digits read. The bare single-precision number would carry its noise into the
-/// fourth decimal of large amounts.
-double RateOf(const Business& business) {
-  return QString::number(static_cast<double>(business.values.gstPercentage), 'g', 6).toDouble();
-}
-
-}  // namespace
 
 void RecalculateGSTOfAllRecords(Business& business) {
   LogActivity(business, QStringLiteral("Recalculate GST Component"));
-  const double rate = RateOf(business);
-  const auto run = [&](const char* statement) { business.RunSQL(Sql(statement, rate, rate)); };
+  const TaxRate rate = TaxRate::Of(business);
+  const auto run = [&](const char* statement, const char* column) {
+    business.RunSQL(Sql(statement, rate.Inside(column)));
+  };
   Transaction repair(business);
-  run("UPDATE Payments SET GST_Included = Amount * ({} / (1 + {})) WHERE Tax_Exempt = False");
+  run("UPDATE Payments SET GST_Included = {} WHERE Tax_Exempt = False", "Amount");
   business.RunSQL(Sql("UPDATE Payments SET GST_Included = 0 WHERE Tax_Exempt = True"));
-  run("UPDATE Purchases SET GST_Included = Amount * ({} / (1 + {})) WHERE Tax_Exempt = False");
+  run("UPDATE Purchases SET GST_Included = {} WHERE Tax_Exempt = False", "Amount");
   business.RunSQL(Sql("UPDATE Purchases SET GST_Included = 0 WHERE Tax_Exempt = True"));
-  run("UPDATE Diary SET Total_GST = Total_Price * ({} / (1 + {}))");
-  run("UPDATE Diary_Services SET GST = Price * ({} / (1 + {}))");
-  run("UPDATE General_Ledger_Entries SET GST_Included = GL_Amount * ({} / (1 + {}))");
+  run("UPDATE Diary SET Total_GST = {}", "Total_Price");
+  run("UPDATE Diary_Services SET GST = {}", "Price");
+  run("UPDATE General_Ledger_Entries SET GST_Included = {}", "GL_Amount");
   ZeroTaxOfExemptLedgerEntries(business);
-  run("UPDATE Invoices SET Total_GST = Total_Amount * ({} / (1 + {}))");
-  run("UPDATE Invoice_Items SET Item_GST = Item_Amount * ({} / (1 + {}))");
+  run("UPDATE Invoices SET Total_GST = {}", "Total_Amount");
+  run("UPDATE Invoice_Items SET Item_GST = {}", "Item_Amount");
   repair.Commit();
 }
 

@@ -7,6 +7,7 @@
 #include <QString>
 
 #include <cmath>
+#include <concepts>
 #include <optional>
 #include <type_traits>
 #include <variant>
@@ -37,6 +38,12 @@ class Value {
   Value(const std::optional<T>& value) {  // NOLINT
     if (value) *this = Value(*value);
   }
+  /// A type of a higher floor that says what it is stored as, by a ToValue() of its own.
+  template <typename T>
+  requires requires(const T& from) {
+    { ToValue(from) } -> std::same_as<Value>;
+  }
+  Value(const T& from) : Value(ToValue(from)) {}  // NOLINT
   template <NumberedRow Row>
   Value(Id<Row> id) : variant_(id.Number()) {}  // NOLINT
 

@@ -1,6 +1,6 @@
 #include "clients/MonthlyPrices.h"
 
-#include "data/Numbers.h"
+#include "domain/TaxRate.h"
 
 namespace quillary::clients {
 namespace {
@@ -19,9 +19,9 @@ Money ShareOf(Money amount, qint64 parts) {
 
 /// False when the job has no lines to spread its share over.
 bool SetPriceOfJob(Business& business, qint64 diaryId, Money share) {
-  const Value rate = static_cast<double>(business.values.gstPercentage);
+  const TaxRate rate = TaxRate::Of(business);
   business.RunSQL(Sql("UPDATE Diary SET Total_Price = {}, Total_GST = {} WHERE Diary_ID = {}; ",
-                      share, CalculateGSTComponent(share, rate), diaryId));
+                      share, rate.CalculateGSTComponent(share), diaryId));
   const qint64 lines =
       business
           .FirstField(Sql("SELECT Count(Diary_Service_ID) FROM Diary_Services WHERE Diary_ID = {}",
@@ -30,7 +30,7 @@ bool SetPriceOfJob(Business& business, qint64 diaryId, Money share) {
   if (lines == 0) return false;
   const Money price = ShareOf(share, lines);
   business.RunSQL(Sql("UPDATE Diary_Services Set Price = {}, GST = {} WHERE Diary_ID = {};", price,
-                      CalculateGSTComponent(price, rate), diaryId));
+                      rate.CalculateGSTComponent(price), diaryId));
   return true;
 }
 

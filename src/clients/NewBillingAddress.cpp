@@ -1,6 +1,6 @@
 #include "clients/NewBillingAddress.h"
 
-#include "data/FixedLists.h"
+#include "domain/FixedLists.h"
 
 namespace quillary::clients {
 namespace {

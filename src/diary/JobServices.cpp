@@ -1,6 +1,6 @@
 #include "diary/JobServices.h"
 
-#include "data/Numbers.h"
+#include "domain/TaxRate.h"
 
 namespace quillary::diary {
 namespace {
@@ -9,7 +9,7 @@ constexpr char kNoAccount[] =
     "(No selected revenue account ), Please update in the Services screen.";
 
 Money TaxInside(Business& business, Money price) {
-  return CalculateGSTComponent(price, business.values.gstPercentage);
+  return TaxRate::Of(business).CalculateGSTComponent(price);
 }
 
 void InsertLine(Business& business, qint64 diaryId, const JobServiceForm& form) {

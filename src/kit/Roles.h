@@ -1,14 +1,13 @@
 #pragma once
 
+#include "domain/Hue.h"
+
 #include <QColor>
 #include <QPalette>
 
 #include <array>
 
 namespace quillary {
-
-/// The hues that a row or a chip can have. What a hue means is told by the word beside it.
-enum class Hue { None, Neutral, Green, Blue, Red, Yellow, PaleBlue, StrongGreen };
 
 struct HueColours {
   QColor bar;    // full strength, at the left of a row

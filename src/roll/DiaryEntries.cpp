@@ -1,6 +1,6 @@
 #include "roll/DiaryEntries.h"
 
-#include "data/Numbers.h"
+#include "domain/TaxRate.h"
 #include "roll/Trap.h"
 
 namespace quillary::roll {
@@ -13,15 +13,6 @@ QString TrimBlanks(const QString& text) {
   while (from < to && text[from] == u' ') ++from;
   while (to > from && text[to - 1] == u' ') --to;
   return text.mid(from, to - from);
-}
-
-// The stored rate as a whole percentage. It is cut to two decimals before it becomes one, so a rate
-// of 12.5 percent counts as 13 here: a half goes up, unlike everywhere else.
-qint64 StoredGSTPercentage(Business& business) {
-  const Money rate = business.FirstField(Sql("SELECT GST_Percentage FROM infOptions; ")).ToMoney();
-  constexpr qint64 kUnitsOfOnePercent = Money::kUnitsPerOne / 100;
-  const qint64 half = rate < Money() ? -kUnitsOfOnePercent / 2 : kUnitsOfOnePercent / 2;
-  return (rate.Units() + half) / kUnitsOfOnePercent;
 }
 
 }  // namespace
@@ -106,7 +97,7 @@ void SetUpDiaryServiceEntry(Business& business, qint64 diaryId, qint64 serviceId
     description = entry.Field(u"Description").ToText();
     entryNotes = entry.Field(u"Notes").ToText();
   });
-  const Money gst = CalculateGSTComponent(price, business.values.gstPercentage);
+  const Money gst = TaxRate::Of(business).CalculateGSTComponent(price);
   business.RunSQL(
       Sql("INSERT INTO Diary_Services (Diary_ID, Service_ID, Price, GST, Frequency) "
           "VALUES ({}, {}, {}, {}, {}); ",
@@ -121,10 +112,10 @@ void SetUpDiaryServiceEntry(Business& business, qint64 diaryId, qint64 serviceId
 
 void RecalculateDiaryEntryGST(Business& business, qint64 diaryId) {
   try {
-    const qint64 percentage = StoredGSTPercentage(business);
+    const TaxRate rate = TaxRate::StoredIn(business);
     Transaction recalculation(business);
-    business.RunSQL(Sql("UPDATE Diary_Services SET GST = ((Price / {}) * {}) WHERE Diary_ID = {}; ",
-                        100 + percentage, percentage, diaryId));
+    business.RunSQL(Sql("UPDATE Diary_Services SET GST = {} WHERE Diary_ID = {}; ",
+                        rate.InsideByWholePercent("Price"), diaryId));
     const Recordset sum = business.RunSQL(
         Sql("SELECT Diary_ID, SUM(GST) AS G FROM Diary_Services WHERE Diary_ID = {} "
             "GROUP BY Diary_ID;",

@@ -1,6 +1,5 @@
 #include "roll/VisitWriter.h"
 
-#include "data/Numbers.h"
 #include "roll/DiaryEntries.h"
 
 namespace quillary::roll {
@@ -14,7 +13,10 @@ int DaySequences::Next(QDate day) {
 }
 
 VisitWriter::VisitWriter(Business& business, DaySequences& sequences, qint64 clientId, QDate from)
-    : business_(business), sequences_(sequences), clientId_(clientId) {
+    : business_(business),
+      sequences_(sequences),
+      clientId_(clientId),
+      taxRate_(TaxRate::Of(business)) {
   LoadDiary(from);
 }
 
@@ -62,7 +64,7 @@ void VisitWriter::AddVisit(qint64 employeeId, QDate day, const VisitLine& line) 
     job = openJobs_.insert(place, entries_.size());
     entries_.push_back(entry);
   }
-  const Money gst = CalculateGSTComponent(line.price, business_.values.gstPercentage);
+  const Money gst = taxRate_.CalculateGSTComponent(line.price);
   Entry& entry = entries_[*job];
   entry.description = JoinDescription(entry.description, line.serviceCode);
   entry.notes = JoinNotes(entry.notes, line.notes);

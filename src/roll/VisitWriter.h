@@ -2,6 +2,7 @@
 
 #include "base/Money.h"
 #include "data/Business.h"
+#include "domain/TaxRate.h"
 
 #include <QDate>
 #include <QHash>
@@ -90,6 +91,7 @@ class VisitWriter {
   Business& business_;
   DaySequences& sequences_;
   qint64 clientId_;
+  TaxRate taxRate_;
   QSet<Place> scheduled_;
   QHash<Place, size_t> openJobs_;
   std::vector<Entry> entries_;

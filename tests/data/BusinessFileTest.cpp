@@ -1,6 +1,4 @@
-#include "data/FixedLists.h"
 #include "data/Holidays.h"
-#include "data/Numbers.h"
 #include "data/schema/Schema.h"
 #include "data/store/Connection.h"
 #include "support/BusinessTest.h"
@@ -89,32 +87,6 @@ TEST_F(BusinessTest, TheFirstHolidayOfADayDecides) {
     EXPECT_EQ(IsHoliday(business().holidays, date), holiday) << date.toString().toStdString();
   }
   EXPECT_EQ(NextNonHolidayDate(business().holidays, QDate(2026, 12, 25)), QDate(2026, 12, 26));
-}
-
-TEST(Numbers, TheTaxInsideAnAmount) {
-  const std::pair<std::pair<Value, Value>, int> cases[] = {
-      {{Money::FromWhole(110), 0.1}, 1000},
-      {{Money::FromWhole(0), 0.1}, 0},
-      {{Money::FromWhole(110), 0.0}, 0},
-      {{"none", 0.1}, 0},
-      {{Money::FromWhole(110), "x"}, 0},
-      {{"$112.50", 0.125}, 1250},
-      {{0.55, 0.1}, 5},
-      {{Money::FromWhole(-110), 0.1}, -1000},
-  };
-  for (const auto& [input, cents] : cases) {
-    EXPECT_EQ(CalculateGSTComponent(input.first, input.second), Money::FromUnits(cents * 100))
-        << input.first.ToText().toStdString();
-  }
-}
-
-TEST(FixedLists, TimesKeepTheirNoon) {
-  const QStringList& times = Lists().times;
-  ASSERT_EQ(times.size(), 72);
-  EXPECT_EQ(times.first(), "5:00 AM");
-  EXPECT_EQ(times[28], "12:00 AM");
-  EXPECT_EQ(times[32], "1:00 PM");
-  EXPECT_EQ(times.last(), "10:45 PM");
 }
 
 }  // namespace

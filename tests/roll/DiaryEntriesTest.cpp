@@ -1,4 +1,4 @@
-#include "data/Numbers.h"
+#include "domain/TaxRate.h"
 #include "roll/DiaryEntries.h"
 #include "roll/ScheduleTest.h"
 
@@ -120,8 +120,7 @@ TEST_F(DiaryEntriesTest, RecalculatedTaxDiffersFromTheTaxInsideThePrice) {
     Run(Sql("UPDATE infOptions SET GST_Percentage = {}", QString(rate).toDouble()));
     Run(Sql("UPDATE Diary_Services SET Price = {}", price));
     RecalculateDiaryEntryGST(business(), entry);
-    EXPECT_EQ(CalculateGSTComponent(Value(price), Value(QString(rate).toDouble())).ToText(), inside)
-        << rate;
+    EXPECT_EQ(TaxRate(QString(rate)).CalculateGSTComponent(price).ToText(), inside) << rate;
     EXPECT_EQ(Rows("SELECT Total_GST FROM Diary"), QStringList(recalculated)) << rate;
   }
 }

@@ -2,7 +2,7 @@
 
 #include "balances/ClientBalance.h"
 #include "billing/payments/PaymentJobs.h"
-#include "data/Numbers.h"
+#include "domain/TaxRate.h"
 
 #include <algorithm>
 #include <array>
@@ -99,7 +99,7 @@ bool IsPaidByCheque(const QString& paymentMethod) {
 
 Money TaxWithin(Business& business, Money amount, bool taxExempt) {
   if (taxExempt) return {};
-  return CalculateGSTComponent(amount, business.values.gstPercentage);
+  return TaxRate::Of(business).CalculateGSTComponent(amount);
 }
 
 PaymentHabits HabitsOf(Business& business, qint64 clientId) {

@@ -4,7 +4,7 @@
 #include "clients/ClientColumns.h"
 #include "clients/screens/ClientFields.h"
 #include "clients/screens/WordCombo.h"
-#include "data/FixedLists.h"
+#include "domain/FixedLists.h"
 #include "kit/Combos.h"
 #include "kit/Keys.h"
 #include "kit/Layouts.h"

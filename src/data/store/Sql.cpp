@@ -1,7 +1,11 @@
 #include "data/store/Sql.h"
 
+#include <string_view>
+
 namespace quillary {
 namespace {
+
+constexpr std::string_view kPlace = "{}";  // of one value
 
 // Control characters up to this one become blanks, line ends excepted: documents and old files
 // stumble over them.
@@ -36,6 +40,18 @@ Sql Sql::operator+(const Sql& other) const {
   joined.arguments_.insert(joined.arguments_.end(), other.arguments_.begin(),
                            other.arguments_.end());
   return joined;
+}
+
+void Sql::Put(const Sql& clause, size_t& at) {
+  at = text_.find(kPlace, at);
+  text_.replace(at, kPlace.size(), clause.text_);
+  at += clause.text_.size();
+  arguments_.insert(arguments_.end(), clause.arguments_.begin(), clause.arguments_.end());
+}
+
+void Sql::Put(const Value& value, size_t& at) {
+  at = text_.find(kPlace, at) + kPlace.size();
+  arguments_.push_back(AsArgument(value));
 }
 
 Value Sql::AsArgument(Value value) {

@@ -10,14 +10,20 @@ namespace quillary {
 /// A statement of the dialect with a "{}" for each value:
 ///   Sql("UPDATE Diary SET Status = {} WHERE Diary_ID = {}", status, diaryId)
 /// Values never become part of the text. They mean what SQLValue() would have written: an empty
-/// text is null, and control characters other than line ends become blanks. Parts are joined with
-/// "+", so that a clause can be built with its own values.
+/// text is null, and control characters other than line ends become blanks. A clause with values of
+/// its own is an Sql too: it is joined by "+", or stands for a "{}":
+///   Sql("SELECT Diary_ID FROM Diary WHERE Status IN {}", CodesOf(EntryGroup::WorkDone))
 class Sql {
  public:
-  template <typename... Values>
-  explicit Sql(const char* text, const Values&... values) : text_(text) {
-    arguments_.reserve(sizeof...(values));
-    (arguments_.push_back(AsArgument(Value(values))), ...);
+  template <typename... Parts>
+  explicit Sql(const char* text, const Parts&... parts) : text_(text) {
+    arguments_.reserve(sizeof...(parts));
+    size_t at = 0;
+    if constexpr ((std::is_same_v<Parts, Sql> || ...)) {
+      (Put(parts, at), ...);
+    } else {
+      (arguments_.push_back(AsArgument(Value(parts))), ...);
+    }
   }
 
   const std::string& Text() const { return text_; }
@@ -26,6 +32,9 @@ class Sql {
 
  private:
   static Value AsArgument(Value value);
+  /// Fills the first "{}" from `at` on, and moves `at` behind it.
+  void Put(const Sql& clause, size_t& at);
+  void Put(const Value& value, size_t& at);
 
   std::string text_;
   std::vector<Value> arguments_;

@@ -1,4 +1,4 @@
-#include "data/Numbers.h"
+#include "domain/TaxRate.h"
 #include "setup/demo/DemoLists.h"
 #include "setup/demo/DemoModel.h"
 
@@ -199,7 +199,7 @@ Money Visit::Gst() const {
 }
 
 Money GstOf(Money price) {
-  return CalculateGSTComponent(price, 0.1);
+  return TaxRate(0.1).CalculateGSTComponent(price);
 }
 
 QDate WorkingDay(const Business& business, QDate day) {

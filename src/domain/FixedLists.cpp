@@ -1,4 +1,7 @@
-#include "data/FixedLists.h"
+#include "domain/FixedLists.h"
+
+#include "domain/BillingWords.h"
+#include "domain/ClientStatus.h"
 
 namespace quillary {
 namespace {
@@ -21,10 +24,9 @@ QStringList TimesOfDay() {
 const FixedLists& Lists() {
   static const FixedLists lists = {
       {"Monthly", "7 days", "Cash"},
-      {"Expense", "Revenue", "Asset"},
-      {"Monthly", "With Job", "None"},
-      {"Active", "Bad debtor", "Billing address", "Cancelled", "Quote only", "Quote rejected",
-       "Transferred"},
+      AllWords<AccountType>(),
+      WordsIn<StatementType>(StatementGroup::OfClients),
+      AllWords<ClientStatus>(),
       {"Monday", "Tuesday", "Wednesday", "Thursday", "Friday", "Saturday", "Sunday"},
       TimesOfDay(),
       {"January", "Febuary", "March", "April", "May", "June", "July", "August", "September",
