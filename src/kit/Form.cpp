@@ -120,8 +120,20 @@ void ClearControls(QWidget* form) {
   }
 }
 
+namespace {
+
+QWidget* ControlFor(const QWidget* form, const QString& field) {
+  if (field.isEmpty()) return nullptr;
+  for (QWidget* control : form->findChildren<QWidget*>()) {
+    if (control->property("formField").toString() == field) return control;
+  }
+  return form->findChild<QWidget*>(field);
+}
+
+}  // namespace
+
 bool FocusField(QWidget* form, const QString& name) {
-  auto* field = name.isEmpty() ? nullptr : form->findChild<QWidget*>(name);
+  QWidget* field = ControlFor(form, name);
   if (!field) return false;
   for (QWidget* page = field; page && page != form; page = page->parentWidget()) {
     if (auto* area = qobject_cast<QScrollArea*>(page)) area->ensureWidgetVisible(field);

@@ -57,9 +57,18 @@ class FormState : public QObject {
 /// Empties every text box and every editable combo below `form`; the rest stays as it is.
 void ClearControls(QWidget* form);
 
-/// Puts the focus on the control of that name, bringing it into view on its tab, and selects
+/// Tells which field of a form a control is for. Rules refuse fields by that name, since they know
+/// no controls.
+///
+///   cmbEmployee = ForField("employee", Named(new ComboSearch, "cmbEmployee"));
+template <typename Control>
+Control* ForField(const char* field, Control* control) {
+  control->setProperty("formField", QString::fromLatin1(field));
+  return control;
+}
+/// Puts the focus on the control for that field, bringing it into view on its tab, and selects
 /// what it holds. False when there is none.
-bool FocusField(QWidget* form, const QString& name);
+bool FocusField(QWidget* form, const QString& field);
 
 /// Tells the user what was refused and puts the focus where it has to be mended; true when nothing
 /// was refused.
