@@ -10,35 +10,19 @@ constexpr unsigned kWhite = 0xFFFFFF;
 constexpr auto MakeClientStatuses() {
   using enum ClientStatus;
   using enum ClientGroup;
-  return std::array{
-      ClientStatusFacts{Active,
-                        u"Active",
-                        Hue::Green,
-                        0x00FF00,
-                        {OfferedByHand, Billed, MayPay, ActiveDebtors, Scheduled}},
-      ClientStatusFacts{BadDebtor,
-                        u"Bad debtor",
-                        Hue::Blue,
-                        0x0000FF,
-                        {OfferedByHand, MayPay, ActiveDebtors, NotInDebtors}},
-      ClientStatusFacts{BillingAddress,
-                        u"Billing address",
-                        Hue::PaleBlue,
-                        0x80FFFF,
-                        {OfferedByHand, Billed, MayPay, ActiveDebtors}},
-      ClientStatusFacts{Cancelled,
-                        u"Cancelled",
-                        Hue::Red,
-                        0xFF0000,
-                        {OfferedByHand, MayPay, LosesFuture, NotInDebtors}},
-      ClientStatusFacts{QuoteOnly, u"Quote only", Hue::Yellow, 0xFFFF80, {Scheduled}},
-      ClientStatusFacts{QuoteRejected, u"Quote rejected", Hue::Neutral, kWhite, {}},
-      ClientStatusFacts{Transferred,
-                        u"Transferred",
-                        Hue::Neutral,
-                        kWhite,
-                        {OfferedByHand, MayPay, LosesFuture, NotInDebtors}},
-  };
+  constexpr Groups<ClientGroup> kActive = {OfferedByHand, Billed, MayPay, ActiveDebtors, Scheduled};
+  constexpr Groups<ClientGroup> kPayer = {OfferedByHand, Billed, MayPay, ActiveDebtors};
+  constexpr Groups<ClientGroup> kInDebt = {OfferedByHand, MayPay, ActiveDebtors, NotInDebtors};
+  constexpr Groups<ClientGroup> kGone = {OfferedByHand, MayPay, LosesFuture, NotInDebtors};
+  return std::array<ClientStatusFacts, 7>{{
+      {Active, u"Active", Hue::Green, 0x00FF00, kActive},
+      {BadDebtor, u"Bad debtor", Hue::Blue, 0x0000FF, kInDebt},
+      {BillingAddress, u"Billing address", Hue::PaleBlue, 0x80FFFF, kPayer},
+      {Cancelled, u"Cancelled", Hue::Red, 0xFF0000, kGone},
+      {QuoteOnly, u"Quote only", Hue::Yellow, 0xFFFF80, {Scheduled}},
+      {QuoteRejected, u"Quote rejected", Hue::Neutral, kWhite, {}},
+      {Transferred, u"Transferred", Hue::Neutral, kWhite, kGone},
+  }};
 }
 constexpr auto kClientStatuses = MakeClientStatuses();
 static_assert(IsInOrder(kClientStatuses));

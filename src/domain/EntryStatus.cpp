@@ -9,68 +9,25 @@ constexpr auto MakeEntryStatuses() {
   using enum EntryStatus;
   using enum EntryGroup;
   using enum EntryKind;
-  return std::array{
-      EntryStatusFacts{JobOpen,
-                       u"J",
-                       Job,
-                       u"Job NOT DONE",
-                       u"Job NOT DONE",
-                       Hue::Neutral,
-                       {LiveJobs, RebuiltByRoll, OnDaySheet}},
-      EntryStatusFacts{JobDone,
-                       u"JD",
-                       Job,
-                       u"Job DONE",
-                       u"Job DONE",
-                       Hue::Green,
-                       {WorkDone, LiveJobs, NotYetBilled, Finished, OnDaySheet}},
-      EntryStatusFacts{JobDoneUnpaid,
-                       u"JU",
-                       Job,
-                       u"Job DONE NOT PAID",
-                       u"Job DONE NOT PAID",
-                       Hue::Green,
-                       {WorkDone, LiveJobs, NotYetBilled, Finished, OnDaySheet}},
-      EntryStatusFacts{JobDonePaid,
-                       u"JP",
-                       Job,
-                       u"Job DONE AND PAID",
-                       u"Job DONE AND PAID",
-                       Hue::Green,
-                       {WorkDone, LiveJobs, NotYetBilled, Finished, OnDaySheet}},
-      EntryStatusFacts{JobInvoiced,
-                       u"JI",
-                       Job,
-                       u"Job INVOICED",
-                       u"Job Invoiced",
-                       Hue::Green,
-                       {WorkDone, LiveJobs, Finished, OnDaySheet}},
-      EntryStatusFacts{
-          JobCancelled, u"JC", Job, u"Job CANCELLED", u"Job CANCELLED", Hue::Red, {Finished}},
-      EntryStatusFacts{
-          VisitOpen, u"V", Visit, u"Visit", u"Visit NOT DONE", Hue::Yellow, {OnDaySheet}},
-      EntryStatusFacts{VisitDone,
-                       u"VD",
-                       Visit,
-                       u"Visit DONE",
-                       u"Visit DONE",
-                       Hue::Yellow,
-                       {Finished, OnDaySheet}},
-      EntryStatusFacts{VisitCancelled,
-                       u"VC",
-                       Visit,
-                       u"Visit CANCELLED",
-                       u"Visit CANCELLED",
-                       Hue::Yellow,
-                       {Finished}},
-      EntryStatusFacts{QuoteOpen, u"Q", Quote, u"QUOTE", u"QUOTE", Hue::Green, {RebuiltByRoll}},
-      EntryStatusFacts{
-          QuotePending, u"QP", Quote, u"Quote PENDING", u"Quote PENDING", Hue::Green, {}},
-      EntryStatusFacts{
-          QuoteAccepted, u"QA", Quote, u"Quote ACCEPTED", u"Quote ACCEPTED", Hue::Green, {}},
-      EntryStatusFacts{
-          QuoteRejected, u"QR", Quote, u"Quote REJECTED", u"Quote REJECTED", Hue::Green, {}},
-  };
+  constexpr Groups<EntryGroup> kOpen = {LiveJobs, RebuiltByRoll, OnDaySheet};
+  constexpr Groups<EntryGroup> kBilled = {WorkDone, LiveJobs, Finished, OnDaySheet};
+  constexpr Groups<EntryGroup> kOff = {Finished};
+  constexpr Groups<EntryGroup> kDone = {WorkDone, LiveJobs, NotYetBilled, Finished, OnDaySheet};
+  return std::array<EntryStatusFacts, 13>{{
+      {JobOpen, u"J", Job, u"Job NOT DONE", u"Job NOT DONE", Hue::Neutral, kOpen},
+      {JobDone, u"JD", Job, u"Job DONE", u"Job DONE", Hue::Green, kDone},
+      {JobDoneUnpaid, u"JU", Job, u"Job DONE NOT PAID", u"Job DONE NOT PAID", Hue::Green, kDone},
+      {JobDonePaid, u"JP", Job, u"Job DONE AND PAID", u"Job DONE AND PAID", Hue::Green, kDone},
+      {JobInvoiced, u"JI", Job, u"Job INVOICED", u"Job Invoiced", Hue::Green, kBilled},
+      {JobCancelled, u"JC", Job, u"Job CANCELLED", u"Job CANCELLED", Hue::Red, kOff},
+      {VisitOpen, u"V", Visit, u"Visit", u"Visit NOT DONE", Hue::Yellow, {OnDaySheet}},
+      {VisitDone, u"VD", Visit, u"Visit DONE", u"Visit DONE", Hue::Yellow, {Finished, OnDaySheet}},
+      {VisitCancelled, u"VC", Visit, u"Visit CANCELLED", u"Visit CANCELLED", Hue::Yellow, kOff},
+      {QuoteOpen, u"Q", Quote, u"QUOTE", u"QUOTE", Hue::Green, {RebuiltByRoll}},
+      {QuotePending, u"QP", Quote, u"Quote PENDING", u"Quote PENDING", Hue::Green, {}},
+      {QuoteAccepted, u"QA", Quote, u"Quote ACCEPTED", u"Quote ACCEPTED", Hue::Green, {}},
+      {QuoteRejected, u"QR", Quote, u"Quote REJECTED", u"Quote REJECTED", Hue::Green, {}},
+  }};
 }
 constexpr auto kEntryStatuses = MakeEntryStatuses();
 static_assert(IsInOrder(kEntryStatuses));
