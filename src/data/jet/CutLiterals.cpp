@@ -2,6 +2,7 @@
 #include "data/jet/Marks.h"
 #include "data/jet/Translator.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cstring>
@@ -35,7 +36,19 @@ Kind KindOf(char c) {
   return static_cast<Kind>(kKinds[static_cast<unsigned char>(c)]);
 }
 
+Mark MarkOfText(std::string_view text) {
+  const bool ascii = std::none_of(text.begin(), text.end(),
+                                  [](char c) { return static_cast<unsigned char>(c) >= 128; });
+  return ascii ? Mark::Text : Mark::WideText;
+}
+
 Mark MarkOf(const Value& value) {
+  if (value.IsText()) {
+    const QString& text = std::get<QString>(value.variant());
+    const bool ascii =
+        std::none_of(text.begin(), text.end(), [](QChar c) { return c.unicode() >= 128; });
+    return ascii ? Mark::Text : Mark::WideText;
+  }
   constexpr std::array kMarks{Mark::Null,  Mark::Whole, Mark::Fraction, Mark::Currency,
                               Mark::YesNo, Mark::Date,  Mark::Text};
   static_assert(std::variant_size_v<Value::Variant> == kMarks.size());
@@ -165,7 +178,8 @@ class Cutter {
     };
     const char* close = closing(start);
     if (close + 1 == end_ || close[1] != quote) {
-      return Add(at, close + 1, Mark::Text, Value(QString::fromUtf8(start, close - start)));
+      const std::string_view plain(start, static_cast<size_t>(close - start));
+      return Add(at, close + 1, MarkOfText(plain), Value(QString::fromUtf8(start, close - start)));
     }
     std::string unquoted;
     while (close + 1 < end_ && close[1] == quote) {
@@ -174,7 +188,7 @@ class Cutter {
       close = closing(start);
     }
     unquoted.append(start, close);
-    return Add(at, close + 1, Mark::Text, Value(QString::fromStdString(unquoted)));
+    return Add(at, close + 1, MarkOfText(unquoted), Value(QString::fromStdString(unquoted)));
   }
 
   const char* Date(const char* at) {

@@ -12,6 +12,7 @@ std::optional<ColumnType> TypeOfMark(Mark mark) {
     case Mark::Fraction:
       return ColumnType::Double;
     case Mark::Text:
+    case Mark::WideText:
       return ColumnType::Text;
     case Mark::Date:
       return ColumnType::Date;
@@ -129,7 +130,7 @@ Fragment Emitter::BetweenExpr(const Expression& expression, Scope& scope) {
   Fragment high = Expr(*expression.operands[2], scope);
   Match(tested, low, false);
   Match(tested, high, false);
-  const std::string sql = Text(tested, kAddPower) +
+  const std::string sql = Compared(tested, {&low, &high}, false, kAddPower) +
                           (expression.negated ? " NOT BETWEEN " : " BETWEEN ") +
                           Text(low, kAddPower) + " AND " + Text(high, kAddPower);
   return Piece(expression.token, sql, kEqualPower, ColumnType::YesNo, {&tested, &low, &high});
@@ -138,15 +139,21 @@ Fragment Emitter::BetweenExpr(const Expression& expression, Scope& scope) {
 Fragment Emitter::InListExpr(const Expression& expression, Scope& scope) {
   Fragment tested = Expr(*expression.operands[0], scope);
   Fragment result = Piece(expression.token, "", kEqualPower, ColumnType::YesNo, {&tested});
-  std::string list;
+  std::vector<Fragment> members;
   for (size_t i = 1; i < expression.operands.size(); ++i) {
-    Fragment member = Expr(*expression.operands[i], scope);
-    Match(tested, member, true);
-    if (!list.empty()) list += ", ";
-    list += Text(member);
-    result = Piece(expression.token, "", kEqualPower, ColumnType::YesNo, {&result, &member});
+    members.push_back(Expr(*expression.operands[i], scope));
+    Match(tested, members.back(), true);
+    result =
+        Piece(expression.token, "", kEqualPower, ColumnType::YesNo, {&result, &members.back()});
   }
-  result.sql = Text(tested, kAddPower) + (expression.negated ? " NOT IN (" : " IN (") + list + ")";
+  std::string list;
+  std::vector<const Fragment*> others;
+  for (const Fragment& member : members) {
+    list += (list.empty() ? "" : ", ") + Text(member);
+    others.push_back(&member);
+  }
+  result.sql = Compared(tested, others, true, kAddPower) +
+               (expression.negated ? " NOT IN (" : " IN (") + list + ")";
   return result;
 }
 
@@ -161,7 +168,8 @@ Fragment Emitter::InSelectExpr(const Expression& expression, Scope& scope) {
   member.needsRounding = false;
   const std::string column = Text(member);
   Match(tested, member, true);
-  const std::string sql = Text(tested, kAddPower) + (expression.negated ? " NOT IN (" : " IN (");
+  const std::string sql =
+      Compared(tested, {&member}, true, kAddPower) + (expression.negated ? " NOT IN (" : " IN (");
   const std::string converted = Text(member);
   return Piece(
       expression.token,

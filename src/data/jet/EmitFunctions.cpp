@@ -117,7 +117,10 @@ Fragment Emitter::SpecialCall(const Expression& expression,
                                              : AsNumber(argument),
                            kPrimaryPower));
     }
-    return Piece(token, FilledTemplate(rule.becomes, texts, token), kPrimaryPower, rule.gives, {});
+    Fragment call =
+        Piece(token, FilledTemplate(rule.becomes, texts, token), kPrimaryPower, rule.gives, {});
+    call.foldedCase = expression.name == u"UCASE" || expression.name == u"LCASE";
+    return call;
   }
   Fail(token, "this function takes other arguments");
 }
@@ -187,7 +190,7 @@ Fragment Emitter::AggregateExpr(const Expression& expression, Scope& scope) {
   }
   const bool extreme = name == u"MIN" || name == u"MAX";
   if (extreme && FamilyOf(value.type) != Family::YesNo) {
-    return aggregate((name == u"MIN" ? "min(" : "max(") + Text(value) + ")",
+    return aggregate((name == u"MIN" ? "min(" : "max(") + Folded(value) + ")",
                      value.type == ColumnType::Counter ? ColumnType::Long : value.type);
   }
   if (FamilyOf(value.type) == Family::Text) Fail(value.token, "texts have no sum");

@@ -85,8 +85,9 @@ Fragment Emitter::Comparison(const Expression& expression, Fragment left, Fragme
   Match(left, right, equality);
   const int power = equality ? kEqualPower : kComparePower;
   return Piece(expression.token,
-               Text(left, power + 1) + SignOf(expression.op) + Text(right, power + 1), power,
-               ColumnType::YesNo, {&left, &right});
+               Compared(left, {&right}, equality, power + 1) + SignOf(expression.op) +
+                   Text(right, power + 1),
+               power, ColumnType::YesNo, {&left, &right});
 }
 
 Fragment Emitter::Like(const Expression& expression, const Fragment& left, const Fragment& right) {

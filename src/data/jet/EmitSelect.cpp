@@ -55,7 +55,7 @@ SelectText Emitter::SimpleSelect(const Select& select, const Scope* outer, Namin
     return text;
   }
   text.sql = std::string(select.distinct ? "SELECT DISTINCT " : "SELECT ") +
-             ItemList(text.outputs, naming) + body;
+             ItemList(text.outputs, naming, select.distinct) + body;
   if (!order.empty()) text.sql += " ORDER BY " + Listed(order);
   if (select.topLiteral >= 0) {
     text.sql += " LIMIT " + Parameter(select.topLiteral, ColumnType::Long);
@@ -74,15 +74,17 @@ std::string Emitter::GroupClause(const Select& select, Scope& scope) {
   }
   if (!select.groupBy.empty()) grouped_ = true;
   std::vector<std::string> groups;
+  std::vector<std::string> folded;
   for (const ExpressionPtr& expression : select.groupBy) {
     const Fragment group = Expr(*expression, scope);
     if (group.aggregate) Fail(expression->token, "rows can't be grouped by an aggregate");
     if (group.IsLiteral()) Fail(expression->token, "rows can't be grouped by a literal");
     groups.push_back(Text(group));
+    folded.push_back(Folded(group));
   }
   scope.groups = groups;
   scope.grouped = aggregates || !groups.empty();
-  return groups.empty() ? "" : " GROUP BY " + Listed(groups);
+  return groups.empty() ? "" : " GROUP BY " + Listed(folded);
 }
 
 void Emitter::CheckGrouped(const Fragment& fragment, const Scope& scope) const {
@@ -152,10 +154,10 @@ void Emitter::NameOutputs(std::vector<Output>& outputs) const {
   }
 }
 
-std::string Emitter::ItemList(const std::vector<Output>& outputs, Naming naming) {
+std::string Emitter::ItemList(const std::vector<Output>& outputs, Naming naming, bool distinct) {
   std::vector<std::string> items;
   for (size_t i = 0; i < outputs.size(); ++i) {
-    std::string item = Text(outputs[i].fragment);
+    std::string item = distinct ? Folded(outputs[i].fragment) : Text(outputs[i].fragment);
     if (naming != Naming::None) item += " AS " + OutputName(outputs, i, naming);
     items.push_back(std::move(item));
   }
@@ -168,9 +170,7 @@ std::vector<std::string> Emitter::OrderTerms(const Select& select, Scope& scope,
   for (const OrderItem& item : select.orderBy) {
     const Fragment term = OrderTerm(*item.expression, scope, outputs);
     CheckGrouped(term, scope);
-    // Yes is -1 and sorts before no.
-    const bool yesNo = FamilyOf(term.type) == Family::YesNo;
-    terms.push_back(Text(yesNo ? AsNumber(term) : term) + (item.descending ? " DESC" : ""));
+    terms.push_back(Ordered(term) + (item.descending ? " DESC" : ""));
   }
   return terms;
 }
@@ -213,21 +213,21 @@ std::string Emitter::WithTies(const Select& select, const std::string& body,
     for (size_t i = 0; i < select.orderBy.size(); ++i) {
       const std::string direction = select.orderBy[i].descending ? " DESC" : "";
       const auto output = std::find_if(outputs.begin(), outputs.end(), [&](const Output& each) {
-        const bool yesNo = FamilyOf(each.fragment.type) == Family::YesNo;
-        return Text(yesNo ? AsNumber(each.fragment) : each.fragment) + direction == order[i];
+        return Ordered(each.fragment) + direction == order[i];
       });
       if (output == outputs.end()) {
         Fail(select.orderBy[i].expression->token, "distinct rows are ordered by their columns");
       }
-      const bool yesNo = FamilyOf(output->fragment.type) == Family::YesNo;
-      byColumn.push_back((yesNo ? "-" : "") +
-                         NumberedName(static_cast<size_t>(output - outputs.begin())) + direction);
+      Fragment column = output->fragment;
+      column = Piece(column.token, NumberedName(static_cast<size_t>(output - outputs.begin())),
+                     kPrimaryPower, column.type, {});
+      byColumn.push_back(Ordered(column) + direction);
     }
     rank = "rank() OVER (ORDER BY " + Listed(byColumn) + ") AS \"rank\"";
-    rows +=
-        "*, " + rank + " FROM (SELECT DISTINCT " + ItemList(outputs, Naming::Numbered) + body + ")";
+    rows += "*, " + rank + " FROM (SELECT DISTINCT " + ItemList(outputs, Naming::Numbered, true) +
+            body + ")";
   } else {
-    rows += ItemList(outputs, Naming::Numbered) + ", " + rank + body;
+    rows += ItemList(outputs, Naming::Numbered, false) + ", " + rank + body;
   }
   return "SELECT " + picked + " FROM (" + rows +
          ") WHERE \"rank\" <= " + Parameter(select.topLiteral, ColumnType::Long) +
@@ -269,13 +269,15 @@ SelectText Emitter::UnionOf(const Select& select, const Scope* outer, Naming nam
   }
   SelectText whole;
   std::vector<Output> outputs = parts.front().outputs;
+  std::string columns;
+  for (size_t i = 0; i < outputs.size(); ++i) {
+    outputs[i].fragment = Piece(select.token, NumberedName(i), kPrimaryPower, types[i], {});
+    columns += (i == 0 ? "" : ", ") + Folded(outputs[i].fragment) + " AS " + NumberedName(i);
+  }
   for (size_t i = 0; i < parts.size(); ++i) {
     if (i > 0) whole.sql += select.unions[i - 1].all ? " UNION ALL " : " UNION ";
     SelectText part = Wrapped(std::move(parts[i]), types, Naming::Numbered);
-    whole.sql += "SELECT * FROM (" + part.sql + ")";
-  }
-  for (size_t i = 0; i < outputs.size(); ++i) {
-    outputs[i].fragment = Piece(select.token, NumberedName(i), kPrimaryPower, types[i], {});
+    whole.sql += "SELECT " + columns + " FROM (" + part.sql + ")";
   }
   whole.outputs = outputs;
   std::vector<std::string> items;

@@ -40,6 +40,13 @@ class Emitter {
   // Pieces of text.
   /// Writes the fragment, in parentheses where it ties more loosely than `power`.
   std::string Text(const Fragment& fragment, int power = 0);
+  /// The first operand of a comparison with `others`; a text with the collation that it takes.
+  std::string Compared(const Fragment& tested, const std::vector<const Fragment*>& others,
+                       bool equality, int power);
+  /// A value by which rows are grouped or told apart; a text with the dialect's order.
+  std::string Folded(const Fragment& fragment);
+  /// A value by which rows are sorted.
+  std::string Ordered(const Fragment& fragment);
   std::string Parameter(int literal, std::optional<ColumnType> convertTo);
   Fragment Piece(const Token& token, std::string sql, int power, std::optional<ColumnType> type,
                  std::initializer_list<const Fragment*> parts) const;
@@ -91,7 +98,7 @@ class Emitter {
   std::vector<Output> OutputsOf(const Select& select, Scope& scope);
   void AddStar(const SelectItem& item, const Scope& scope, std::vector<Output>& outputs) const;
   void NameOutputs(std::vector<Output>& outputs) const;
-  std::string ItemList(const std::vector<Output>& outputs, Naming naming);
+  std::string ItemList(const std::vector<Output>& outputs, Naming naming, bool distinct);
   std::string GroupClause(const Select& select, Scope& scope);
   std::vector<std::string> OrderTerms(const Select& select, Scope& scope,
                                       const std::vector<Output>& outputs);

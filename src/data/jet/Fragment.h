@@ -36,6 +36,7 @@ struct Fragment {
   const Column* column = nullptr;    // when it is a column as it stands
   const Token* ungrouped = nullptr;  // a column that stands outside aggregates
   bool aggregate = false;
+  bool foldedCase = false;  // by UCase or LCase
 
   bool IsLiteral() const { return literal >= 0; }
 };

@@ -14,6 +14,9 @@ inline constexpr char kFraction[] = "q_fraction";  // (number or text) into Sing
 inline constexpr char kDate[] = "q_date";          // (text) into ISO "yyyy-MM-dd HH:mm:ss"; error
 inline constexpr char kYesNo[] = "q_yesno";        // (x): 0 or 1, null gives 0
 inline constexpr char kText[] = "q_text";          // (x): a number as the dialect writes it in text
+// The order of texts, a collation: without regard to case in all letters, accents coming last.
+inline constexpr char kTextOrder[] = "q_textorder";
+
 inline constexpr char kMoneySum[] = "q_moneysum";  // aggregate (currency): exact; null when no rows
 
 }  // namespace quillary::jet::functions

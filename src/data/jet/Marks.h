@@ -13,10 +13,11 @@ enum class Mark : char {
   Null = 5,
   Currency = 6,
   YesNo = 7,
+  WideText = 8,  // a text with letters beyond ASCII, which SQLite does not fold
 };
 
 constexpr bool IsMark(char c) {
-  return c >= 1 && c <= 7;
+  return c >= 1 && c <= 8;
 }
 
 }  // namespace quillary::jet

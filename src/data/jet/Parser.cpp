@@ -90,7 +90,8 @@ const Token& Parser::ExpectName(const char* ofWhat) {
 }
 
 int Parser::ExpectLiteral(Mark mark, const char* ofWhat) {
-  if (Peek().kind != Token::Kind::Literal || Peek().mark != mark) {
+  const bool wide = mark == Mark::Text && Peek().mark == Mark::WideText;
+  if (Peek().kind != Token::Kind::Literal || (Peek().mark != mark && !wide)) {
     Fail(Peek(), std::string(ofWhat) + " is missing");
   }
   return Next().literal;

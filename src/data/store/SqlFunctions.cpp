@@ -3,6 +3,7 @@
 #include "data/jet/Functions.h"
 #include "data/jet/Translator.h"
 #include "data/store/Statement.h"
+#include "data/store/TextOrder.h"
 
 #include <cmath>
 #include <string>
@@ -125,8 +126,16 @@ void RegisterSqlFunctions(sqlite3* database) {
   RegisterScalar(database, names::kRound, 2, Round);
   RegisterScalar(database, names::kUcase, 1, FoldCase<&QString::toUpper>);
   RegisterScalar(database, names::kLcase, 1, FoldCase<&QString::toLower>);
-  const int code = sqlite3_create_function_v2(database, names::kMoneySum, 1, kPure, nullptr,
-                                              nullptr, MoneySumStep, MoneySumFinal, nullptr);
+  int code = sqlite3_create_collation_v2(
+      database, names::kTextOrder, SQLITE_UTF8, nullptr,
+      [](void*, int leftBytes, const void* left, int rightBytes, const void* right) {
+        return CompareTexts({static_cast<const char*>(left), static_cast<size_t>(leftBytes)},
+                            {static_cast<const char*>(right), static_cast<size_t>(rightBytes)});
+      },
+      nullptr);
+  if (code != SQLITE_OK) ThrowFailure(database, code);
+  code = sqlite3_create_function_v2(database, names::kMoneySum, 1, kPure, nullptr, nullptr,
+                                    MoneySumStep, MoneySumFinal, nullptr);
   if (code != SQLITE_OK) ThrowFailure(database, code);
 }
 

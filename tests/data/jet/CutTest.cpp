@@ -10,7 +10,7 @@ std::string Cut(const std::string& text) {
   const CutStatement cut = CutLiterals(text);
   std::string all;
   for (const char c : cut.shape) {
-    all += c > 0 && c < 8 ? "<" + std::to_string(c) + ">" : std::string(1, c);
+    all += c > 0 && c < 9 ? "<" + std::to_string(c) + ">" : std::string(1, c);
   }
   for (const Value& literal : cut.literals) all += "|" + literal.ToText().toStdString();
   return all;
@@ -42,7 +42,7 @@ TEST(CutLiterals, FindsEachLiteralAndNothingElse) {
        "b\r\nc"},
       {"'\xC3\xA9' + \xC3\xA9"
        "1",
-       "<3> + \xC3\xA9"
+       "<8> + \xC3\xA9"
        "1|\xC3\xA9"},
       {"a.5", "a.5"},
   };

@@ -1,30 +1,15 @@
 #include "data/jet/ScratchFile.h"
 
 #include "data/jet/Declarations.h"
-#include "data/jet/Functions.h"
+#include "data/store/SqlFunctions.h"
 
 #include <sqlite3.h>
 
-#include <cmath>
 #include <sstream>
 #include <utility>
 
 namespace quillary::jet {
 namespace {
-
-Value ValueOf(sqlite3_value* value) {
-  switch (sqlite3_value_type(value)) {
-    case SQLITE_NULL:
-      return {};
-    case SQLITE_INTEGER:
-      return Value(static_cast<qint64>(sqlite3_value_int64(value)));
-    case SQLITE_FLOAT:
-      return Value(sqlite3_value_double(value));
-    default:
-      break;
-  }
-  return Value(reinterpret_cast<const char*>(sqlite3_value_text(value)));
-}
 
 struct Binder {
   sqlite3_stmt* statement;
@@ -41,61 +26,6 @@ struct Binder {
                              SQLITE_TRANSIENT);
   }
 };
-
-void Return(sqlite3_context* context, const std::optional<Value>& value) {
-  if (!value) {
-    sqlite3_result_error(context, "this value does not convert", -1);
-    return;
-  }
-  if (value->IsNull()) return sqlite3_result_null(context);
-  if (value->IsText() || value->IsDate()) {
-    const QByteArray utf8 = value->ToText().toUtf8();
-    return sqlite3_result_text(context, utf8.data(), static_cast<int>(utf8.size()),
-                               SQLITE_TRANSIENT);
-  }
-  const auto& variant = value->variant();
-  if (std::holds_alternative<double>(variant) || std::holds_alternative<Money>(variant)) {
-    return sqlite3_result_double(context, value->ToDouble());
-  }
-  sqlite3_result_int64(context, value->ToLong());
-}
-
-template <ColumnType type>
-void ConvertTo(sqlite3_context* context, int, sqlite3_value** arguments) {
-  Return(context, Convert(ValueOf(arguments[0]), type));
-}
-
-void Round(sqlite3_context* context, int count, sqlite3_value** arguments) {
-  const Value number = ValueOf(arguments[0]);
-  if (number.IsNull()) return sqlite3_result_null(context);
-  const int decimals = count > 1 ? sqlite3_value_int(arguments[1]) : 0;
-  sqlite3_result_double(context, RoundHalfEven(number.ToDouble(), decimals));
-}
-
-template <bool upper>
-void ChangeCase(sqlite3_context* context, int, sqlite3_value** arguments) {
-  const Value text = ValueOf(arguments[0]);
-  if (text.IsNull()) return sqlite3_result_null(context);
-  Return(context, Value(upper ? text.ToText().toUpper() : text.ToText().toLower()));
-}
-
-struct Sum {
-  qint64 units;
-  bool any;
-};
-
-void AddMoney(sqlite3_context* context, int, sqlite3_value** arguments) {
-  auto* sum = static_cast<Sum*>(sqlite3_aggregate_context(context, sizeof(Sum)));
-  if (sqlite3_value_type(arguments[0]) == SQLITE_NULL) return;
-  sum->units += std::llround(sqlite3_value_double(arguments[0]) * Money::kUnitsPerOne);
-  sum->any = true;
-}
-
-void FinishMoney(sqlite3_context* context) {
-  const auto* sum = static_cast<Sum*>(sqlite3_aggregate_context(context, sizeof(Sum)));
-  if (!sum->any) return sqlite3_result_null(context);
-  sqlite3_result_double(context, static_cast<double>(sum->units) / Money::kUnitsPerOne);
-}
 
 std::string ShownValue(sqlite3_stmt* statement, int index, std::optional<ColumnType> type) {
   if (sqlite3_column_type(statement, index) == SQLITE_NULL) return "NULL";
@@ -115,32 +45,11 @@ ScratchFile::ScratchFile() {
   sqlite3_open(":memory:", &connection_);
   sqlite3_db_config(connection_, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
   sqlite3_db_config(connection_, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
-  RegisterFunctions();
+  RegisterSqlFunctions(connection_);
 }
 
 ScratchFile::~ScratchFile() {
   sqlite3_close(connection_);
-}
-
-void ScratchFile::RegisterFunctions() {
-  using Function = void (*)(sqlite3_context*, int, sqlite3_value**);
-  const auto add = [&](const char* name, Function function, int count = 1) {
-    sqlite3_create_function(connection_, name, count, SQLITE_UTF8 | SQLITE_DETERMINISTIC, nullptr,
-                            function, nullptr, nullptr);
-  };
-  add(functions::kClng, ConvertTo<ColumnType::Long>);
-  add(functions::kWhole, ConvertTo<ColumnType::Long>);
-  add(functions::kFraction, ConvertTo<ColumnType::Double>);
-  add(functions::kMoney, ConvertTo<ColumnType::Currency>);
-  add(functions::kDate, ConvertTo<ColumnType::Date>);
-  add(functions::kYesNo, ConvertTo<ColumnType::YesNo>);
-  add(functions::kText, ConvertTo<ColumnType::Text>);
-  add(functions::kRound, Round, 1);
-  add(functions::kRound, Round, 2);
-  add(functions::kUcase, ChangeCase<true>);
-  add(functions::kLcase, ChangeCase<false>);
-  sqlite3_create_function(connection_, functions::kMoneySum, 1, SQLITE_UTF8, nullptr, nullptr,
-                          AddMoney, FinishMoney);
 }
 
 const Table* ScratchFile::FindTable(QStringView name) const {

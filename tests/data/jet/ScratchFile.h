@@ -14,7 +14,7 @@ namespace quillary::jet {
 using TextRow = std::vector<std::string>;
 
 /// A file in memory that runs translated statements with as little of a store around them as
-/// possible: the functions registered plainly, the catalogue read afresh for each statement.
+/// possible: its functions registered, the catalogue read afresh for each statement.
 class ScratchFile : public Catalogue {
  public:
   ScratchFile();
@@ -39,7 +39,6 @@ class ScratchFile : public Catalogue {
   std::vector<TextRow> Raw(const std::string& sql) const;
 
  private:
-  void RegisterFunctions();
   void ForgetTables() { tables_.clear(); }
   std::vector<TextRow> Step(const std::string& sql, const CutStatement* cut,
                             const Translation* translation) const;
