@@ -15,6 +15,7 @@
 #include "maintenance/DatabaseVersion.h"
 #include "session/AccessConversion.h"
 #include "session/ProgramFolder.h"
+#include "setup/screens/SetupScreens.h"
 #include "shell/frmAbout.h"
 #include "shell/frmODBCConnection.h"
 #include "shell/frmSelectDatabaseToAccess.h"
@@ -93,6 +94,7 @@ void Program::ShowMainMenu(Business& business) {
 }
 
 void Program::RegisterScreens(Business& business) {
+  setup::RegisterSetupScreens(business, mainMenu_->Tools(), settings_.Folder());
   lists::RegisterListScreens(business, mainMenu_->Tools());
   diary::RegisterDiaryScreens(business, mainMenu_->Tools());
   clients::RegisterClientScreens(business, mainMenu_->Tools());

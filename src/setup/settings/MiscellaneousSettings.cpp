@@ -1,7 +1,5 @@
 #include "setup/settings/MiscellaneousSettings.h"
 
-#include "data/Numbers.h"
-
 namespace quillary::setup {
 namespace {
 

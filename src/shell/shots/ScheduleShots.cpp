@@ -31,33 +31,20 @@ void Shots::ScheduleLists() {
   save(OpenDivisions{});
 }
 
-template <typename Request>
-void Shots::SaveDialogOf(const Request& request) {
-  // The request comes back when the dialog has closed, so that the picture is taken from within it.
-  QTimer::singleShot(50, program_.MainMenu(), [this] {
-    auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-    if (dialog == nullptr) return;
-    if (auto* grid = dialog->findChild<Grid*>()) grid->SelectFirst();
-    Save(dialog, dialog->objectName());
-    dialog->done(QDialog::Rejected);
-  });
-  program_.MainMenu()->Tools().navigator.Open(request);
-}
-
 void Shots::ScheduleDialogs() {
   Business& business = program_.OpenBusiness();
   const auto first = [&](const char* statement) {
     return business.FirstField(Sql(statement)).ToLong();
   };
-  SaveDialogOf(EditJob{
+  SaveRequest(EditJob{
       first("SELECT TOP 1 Diary_ID FROM Diary WHERE Status = 'JD' AND Payment_ID IS NOT NULL")});
   const qint64 client =
       first("SELECT TOP 1 Client_ID FROM Client_Services WHERE Status = 'Regular'");
-  SaveDialogOf(AddJob{client});
-  SaveDialogOf(EditVisit{first("SELECT TOP 1 Diary_ID FROM Diary WHERE Status = 'V'")});
-  SaveDialogOf(OpenReschedule{});
-  SaveDialogOf(RescheduleFutureJobs{client});
-  SaveDialogOf(EditSuburbPositions{});
+  SaveRequest(AddJob{client});
+  SaveRequest(EditVisit{first("SELECT TOP 1 Diary_ID FROM Diary WHERE Status = 'V'")});
+  SaveRequest(OpenReschedule{});
+  SaveRequest(RescheduleFutureJobs{client});
+  SaveRequest(EditSuburbPositions{});
 }
 
 }  // namespace quillary::shell

@@ -22,6 +22,7 @@
 #include <QPainter>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QTabWidget>
 #include <QTimer>
 
 namespace quillary::shell {
@@ -66,23 +67,40 @@ void Shots::SaveWithOverlays(const QString& name) {
   picture.save(QDir(folder_).filePath(file));
 }
 
-void Shots::Run() {
+void Shots::Run(const QString& only) {
   const QString file = MakeDemo(session::ProgramFolder(), ports_.All());
-  StartUpScreens();
+  if (only.isEmpty()) StartUpScreens();
   program_.UseFile(file);
   if (!program_.Start({})) throw std::runtime_error("the start-up ended early");
   program_.MainMenu()->move(0, 0);
   program_.MainMenu()->resize(1280, 720);
-  Diary();
-  Clients();
-  ScheduleLists();
-  ScheduleDialogs();
-  Invoices();
-  Payments();
-  Documents();
-  Menus();
-  Dialogs();
-  Boxes();
+  const std::pair<const char*, void (Shots::*)()> groups[] = {
+      {"diary", &Shots::Diary},         {"clients", &Shots::Clients},
+      {"lists", &Shots::ScheduleLists}, {"schedule", &Shots::ScheduleDialogs},
+      {"invoices", &Shots::Invoices},   {"payments", &Shots::Payments},
+      {"documents", &Shots::Documents}, {"setup", &Shots::SetupDialogs},
+      {"menus", &Shots::Menus},         {"dialogs", &Shots::Dialogs},
+      {"boxes", &Shots::Boxes},
+  };
+  for (const auto& [name, shoot] : groups)
+    if (only.isEmpty() || only == QLatin1StringView(name)) (this->*shoot)();
+}
+
+void Shots::SaveDialog(const std::function<void()>& open) {
+  // Opening comes back when the dialog has closed, so that the picture is taken from within it.
+  QTimer::singleShot(50, program_.MainMenu(), [this] {
+    auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+    if (dialog == nullptr) return;
+    if (auto* grid = dialog->findChild<Grid*>()) grid->SelectFirst();
+    auto* pages = dialog->findChild<QTabWidget*>();
+    for (int page = 0; page < (pages ? pages->count() : 1); ++page) {
+      if (pages) pages->setCurrentIndex(page);
+      Save(dialog,
+           dialog->objectName() + (page > 0 ? QStringLiteral("-%1").arg(page + 1) : QString()));
+    }
+    dialog->done(QDialog::Rejected);
+  });
+  open();
 }
 
 void Shots::StartUpScreens() {

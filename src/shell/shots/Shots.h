@@ -7,6 +7,8 @@
 #include <QString>
 #include <QWidget>
 
+#include <functional>
+
 namespace quillary::shell {
 
 /// Renders the screens of the program, each into a picture of its own.
@@ -14,7 +16,8 @@ class Shots {
  public:
   /// Makes a demo business and its pictures in `folder`.
   explicit Shots(const QString& folder);
-  void Run();
+  /// `only` names one group, such as "diary"; empty makes the pictures of all.
+  void Run(const QString& only);
 
  private:
   void Save(QWidget* widget, const QString& name);
@@ -31,8 +34,13 @@ class Shots {
   void Payments();
   void PaymentDialogs();
   void Documents();
+  /// The dialog that `open` opens, a picture for each of its pages.
+  void SaveDialog(const std::function<void()>& open);
   template <typename Request>
-  void SaveDialogOf(const Request& request);
+  void SaveRequest(const Request& request) {
+    SaveDialog([&] { program_.MainMenu()->Tools().navigator.Open(request); });
+  }
+  void SetupDialogs();
   void CloseScreen();
   void Menus();
   void Dialogs();
