@@ -79,7 +79,7 @@ constexpr KeptTotal kTotals[] = {
 };
 
 /// The rows of one kind, of which the first few are named.
-class Rows {
+class FoundRows {
  public:
   void Add(const QString& row) {
     constexpr qsizetype kNamed = 5;
@@ -123,7 +123,7 @@ class Check {
     });
   }
 
-  void Add(const char* table, const Rows& rows, const QString& what, Weight weight) {
+  void Add(const char* table, const FoundRows& rows, const QString& what, Weight weight) {
     if (rows.IsEmpty()) return;
     findings_.push_back({QString::fromLatin1(table), what + QStringLiteral(", ") + rows.Text(),
                          weight == Weight::Note});
@@ -142,7 +142,7 @@ class Check {
         Read(std::string("SELECT a.") + link.key + ", " + column + " FROM " + link.table +
              " AS a LEFT JOIN " + link.target + " AS b ON " + column + " = b." + link.targetKey +
              " WHERE b." + link.targetKey + " IS NULL AND " + column + " <> 0");
-    Rows rows;
+    FoundRows rows;
     for (const Record row : loose) {
       rows.Add(QStringLiteral("%1 (%2)").arg(row[size_t{0}].ToText(), row[size_t{1}].ToText()));
     }
@@ -153,7 +153,7 @@ class Check {
   }
 
   void AddKeys(const char* table, const Recordset& keys, const QString& what, Weight weight) {
-    Rows rows;
+    FoundRows rows;
     for (const Record row : keys) rows.Add(row[size_t{0}].ToText());
     Add(table, rows, what, weight);
   }
@@ -187,7 +187,7 @@ class Check {
                                  "), Count(*) FROM " + total.lines + " GROUP BY " + total.key)) {
       sums[row[size_t{0}].ToLong()] = {row[size_t{1}].ToMoney(), row[size_t{2}].ToLong()};
     }
-    Rows rows;
+    FoundRows rows;
     for (const Record row :
          Read(std::string("SELECT ") + total.key + ", " + total.total + " FROM " + total.table)) {
       const auto sum = sums.find(row[size_t{0}].ToLong());
@@ -224,7 +224,7 @@ class Check {
       balances::RecalculateAmountOwingOfAllClients(business_);
       computed = Balances();
     }
-    Rows rows;
+    FoundRows rows;
     for (const auto& [client, balance] : kept) {
       if (balance.Rounded(2) == computed[client].Rounded(2)) continue;
       rows.Add(QStringLiteral("%1 (%2, computed %3)")

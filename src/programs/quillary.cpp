@@ -130,7 +130,7 @@ int main(int argc, char** argv) {
 
   // Without the words that the toolkit takes for itself.
   const Options options = ReadOptions(QCoreApplication::arguments());
-  ApplyTheme(application, ReadThemeChoice(shell::PerUserSettings()));
+  ApplyTheme(application, ReadThemeChoice(PerUserSettings()));
   if (options.dayRunFolder.isEmpty()) return RunDesktop(application, options);
   // The platform without a display remarks on every window that it does not show.
   QLoggingCategory::setFilterRules(QStringLiteral("default.warning=false"));

@@ -5,6 +5,7 @@
 #include "data/schema/Schema.h"
 #include "data/schema/Upgrader.h"
 #include "lists/Divisions.h"
+#include "maintenance/backups/ExitBackups.h"
 #include "roll/ScheduleEngine.h"
 #include "session/ProgramFolder.h"
 #include "session/Support.h"
@@ -266,19 +267,24 @@ std::unique_ptr<Business> StartUp(const Outside& outside, LocalSettings& setting
 
 void FinishUp(Business& business, LocalSettings& settings) {
   constexpr int kPermissionDenied = 70;
+  const QString archive = ArchiveUnder(settings.Folder());
   try {
-    QDir().mkpath(ArchiveUnder(settings.Folder()));
+    QDir().mkpath(archive);
+    maintenance::TakeExitBackups(business, settings, archive);
     business.CloseConnection();
+    return;
   } catch (const ProgramError& error) {
     if (error.Number() == kPermissionDenied) {
       business.World().prompter.Tell(
           Tone::Stop, QStringLiteral("Sorry, I couldn't back up the database file because it seems "
                                      "to be open by another program."));
-      return;
+    } else {
+      business.World().errors.Report(QStringLiteral("MainMenuMDI"), QStringLiteral("FinishUp"),
+                                     error);
     }
-    business.World().errors.Report(QStringLiteral("MainMenuMDI"), QStringLiteral("FinishUp"),
-                                   error);
   }
+  // A backup that failed must not leave the business with its log beside it.
+  business.CloseConnection();
 }
 
 QString CannotConnectMessage(const QString& programFolder, const std::exception& error) {

@@ -2,9 +2,9 @@
 
 #include "base/ports/Navigator.h"
 #include "base/ports/Outside.h"
+#include "data/settings/PerUserSettings.h"
 #include "kit/Boxes.h"
 #include "shell/MachineDesktop.h"
-#include "shell/PerUserSettings.h"
 #include "shell/frmErrorHandler.h"
 
 namespace quillary::shell {

@@ -1,9 +1,9 @@
-#include "shell/PerUserSettings.h"
+#include "data/settings/PerUserSettings.h"
 
 #include <QDir>
 #include <QStandardPaths>
 
-namespace quillary::shell {
+namespace quillary {
 
 namespace {
 
@@ -30,4 +30,4 @@ void PerUserSettings::Write(const QString& section, const QString& key, const QS
   store_.setValue(section + u'/' + key, value);
 }
 
-}  // namespace quillary::shell
+}  // namespace quillary

@@ -4,7 +4,7 @@
 
 #include <QSettings>
 
-namespace quillary::shell {
+namespace quillary {
 
 /// The per-user settings under the application name "Quillary". With QUILLARY_HOME set they lie in
 /// that folder, so that a test or a demo never touches the user's own.
@@ -18,4 +18,4 @@ class PerUserSettings : public SettingsStore {
   QSettings store_;
 };
 
-}  // namespace quillary::shell
+}  // namespace quillary
