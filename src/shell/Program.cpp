@@ -13,6 +13,7 @@
 #include "documents/screens/DocumentScreens.h"
 #include "lists/screens/ListScreens.h"
 #include "maintenance/DatabaseVersion.h"
+#include "maintenance/screens/MaintenanceScreens.h"
 #include "session/AccessConversion.h"
 #include "session/ProgramFolder.h"
 #include "setup/screens/SetupScreens.h"
@@ -94,6 +95,8 @@ void Program::ShowMainMenu(Business& business) {
 }
 
 void Program::RegisterScreens(Business& business) {
+  maintenance::RegisterMaintenanceScreens(business, settings_, mainMenu_->Tools(),
+                                          session::ArchiveUnder(settings_.Folder()));
   setup::RegisterSetupScreens(business, mainMenu_->Tools(), settings_.Folder());
   lists::RegisterListScreens(business, mainMenu_->Tools());
   diary::RegisterDiaryScreens(business, mainMenu_->Tools());
