@@ -50,4 +50,19 @@ QString Base64Encode(const QByteArray& bytes) {
   return QString::fromLatin1(bytes.toBase64());
 }
 
+QString FoldedForSearch(const QString& text) {
+  QString folded;
+  folded.reserve(text.size());
+  for (const QChar letter : text.normalized(QString::NormalizationForm_D))
+    if (!letter.isMark()) folded += letter;
+  return folded.toCaseFolded();
+}
+
+bool BeginsAWord(const QString& text, const QString& start) {
+  if (start.isEmpty()) return false;
+  for (qsizetype at = text.indexOf(start); at >= 0; at = text.indexOf(start, at + 1))
+    if (at == 0 || !text[at - 1].isLetterOrNumber()) return true;
+  return false;
+}
+
 }  // namespace quillary

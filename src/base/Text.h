@@ -17,6 +17,12 @@ QString FileExtension(const QString& name);
 /// folder nor be refused: line ends and "?" become a blank, "%" becomes "-", and : / \ * | < > .
 /// go.
 QString RemoveIllegalFileCharacters(const QString& text);
+/// The text as searches compare it: without regard to case, and letters without their accents, so
+/// that "orn" finds "Örn".
+QString FoldedForSearch(const QString& text);
+/// Whether some word of the text begins with `start`; both as FoldedForSearch() gives them. Words
+/// begin behind anything that is no letter or digit.
+bool BeginsAWord(const QString& text, const QString& start);
 /// RFC 4648 section 4: standard alphabet, "=" padding, no line breaks.
 QString Base64Encode(const QByteArray& bytes);
 

@@ -2,6 +2,9 @@
 
 #include "base/Errors.h"
 
+#include <QAbstractItemDelegate>
+#include <QAbstractItemView>
+#include <QComboBox>
 #include <QLineEdit>
 
 #include <new>
@@ -10,11 +13,24 @@ namespace quillary {
 
 namespace {
 
+/// A cell that is being edited, whatever its editor: the table takes it as Enter would.
+void TakeCellEdit(QWidget* editor) {
+  if (!editor || !editor->parentWidget()) return;
+  auto* table = qobject_cast<QAbstractItemView*>(editor->parentWidget()->parentWidget());
+  if (!table || table->viewport() != editor->parentWidget()) return;
+  QAbstractItemDelegate* delegate = table->itemDelegate();
+  emit delegate->commitData(editor);
+  emit delegate->closeEditor(editor);
+}
+
 /// A mnemonic presses a button while the field that is being typed into keeps the focus; the
 /// command has to see what stands there.
 void TakeTyped(const QWidget* button) {
-  if (auto* line = qobject_cast<QLineEdit*>(button->window()->focusWidget()))
-    emit line->editingFinished();
+  QWidget* field = button->window()->focusWidget();
+  if (auto* combo = qobject_cast<QComboBox*>(field); combo && combo->isEditable())
+    emit combo->lineEdit()->editingFinished();
+  if (auto* line = qobject_cast<QLineEdit*>(field)) emit line->editingFinished();
+  TakeCellEdit(field);
 }
 
 }  // namespace

@@ -25,6 +25,27 @@ QString NameOf(LabelRole role) {
   }
 }
 
+void Dress(QLabel* label, const char* name, LabelRole role) {
+  label->setObjectName(QLatin1StringView(name));
+  label->setTextFormat(Qt::PlainText);
+  label->setProperty("role", NameOf(role));
+}
+
+/// Its mnemonic selects what the field holds, also when the field has the focus already: typing
+/// then replaces it either way.
+class FieldLabel : public QLabel {
+ public:
+  using QLabel::QLabel;
+
+ protected:
+  bool event(QEvent* event) override {
+    const bool taken = QLabel::event(event);
+    if (event->type() != QEvent::Shortcut || !buddy() || !buddy()->hasFocus()) return taken;
+    if (auto* line = qobject_cast<QLineEdit*>(buddy())) line->selectAll();
+    return taken;
+  }
+};
+
 }  // namespace
 
 QString PlainCaption(const QString& caption) {
@@ -63,14 +84,13 @@ QPushButton* MakeButton(const char* name, const QString& caption, ButtonKind kin
 
 QLabel* MakeLabel(const char* name, const QString& text, LabelRole role) {
   auto* label = new QLabel(text);
-  label->setObjectName(QLatin1StringView(name));
-  label->setTextFormat(Qt::PlainText);
-  label->setProperty("role", NameOf(role));
+  Dress(label, name, role);
   return label;
 }
 
 QLabel* MakeLabelFor(QWidget* control, const QString& text, LabelRole role) {
-  QLabel* label = MakeLabel("", text, role);
+  auto* label = new FieldLabel(text);
+  Dress(label, "", role);
   label->setBuddy(control);
   control->setAccessibleName(PlainCaption(text));
   return label;

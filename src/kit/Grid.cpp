@@ -63,6 +63,7 @@ void Grid::SetChoices(int column, std::vector<GridChoice> choices) {
 }
 
 void Grid::SetRows(std::vector<GridRow> rows) {
+  if (currentIndex().isValid()) lastColumn_ = currentIndex().column();
   model_->SetRows(std::move(rows));
   FitColumns();
   viewport()->update();
@@ -149,8 +150,8 @@ QRect Grid::RowRect(int row) const {
 
 void Grid::SelectLoaded(int row) {
   // On a hidden column the arrow keys would be dead.
-  int column = currentIndex().isValid() ? currentIndex().column() : 0;
-  if (isColumnHidden(column)) column = 0;
+  int column = currentIndex().isValid() ? currentIndex().column() : lastColumn_;
+  if (column >= model_->columnCount() || isColumnHidden(column)) column = 0;
   while (isColumnHidden(column) && column + 1 < model_->columnCount()) ++column;
   const QModelIndex at = view_->mapFromSource(model_->index(row, column));
   if (!at.isValid()) return;

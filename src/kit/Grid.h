@@ -92,6 +92,7 @@ class Grid : public QTableView {
   QString emptyWhat_;
   QString emptyNext_;
   int keyColumn_ = -1;
+  int lastColumn_ = 0;  // where the cursor stood before the rows were loaded again
   bool reordering_ = false;
   bool layoutRestored_ = false;
   bool ownWidths_ = false;

@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QComboBox>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QPainter>
 #include <QSortFilterProxyModel>
@@ -44,6 +45,39 @@ void PaintWords(QPainter* painter, const QStyleOptionViewItem& option, const QMo
                                                       Qt::ElideRight, inner.width());
   painter->drawText(inner, index.data(Qt::TextAlignmentRole).toInt(), words);
 }
+
+/// The list of a cell. Moving through it by keys decides nothing: Enter, Tab or a click in the
+/// opened list do.
+class CellCombo : public QComboBox {
+ public:
+  using QComboBox::QComboBox;
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override {
+    const auto moveTo = [this](int index) { setCurrentIndex(qBound(0, index, count() - 1)); };
+    const bool alt = event->modifiers() & Qt::AltModifier;
+    switch (event->key()) {
+      case Qt::Key_Down:
+        return alt ? showPopup() : moveTo(currentIndex() + 1);
+      case Qt::Key_Up:
+        return moveTo(currentIndex() - 1);
+      case Qt::Key_Home:
+        return moveTo(0);
+      case Qt::Key_End:
+        return moveTo(count() - 1);
+      default:
+        break;
+    }
+    const QString letter = event->text();
+    const bool typed = !alt && !letter.isEmpty() && letter.at(0).isLetterOrNumber();
+    if (!typed) return QComboBox::keyPressEvent(event);
+    for (int step = 1; step <= count(); ++step) {
+      const int at = (qMax(currentIndex(), -1) + step + count()) % count();
+      if (itemText(at).startsWith(letter, Qt::CaseInsensitive)) return moveTo(at);
+    }
+  }
+  void wheelEvent(QWheelEvent* event) override { event->ignore(); }
+};
 
 const GridModel* ModelOf(const QModelIndex& index) {
   return qobject_cast<const GridModel*>(
@@ -94,7 +128,7 @@ QWidget* GridDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&
                                     const QModelIndex& index) const {
   const std::vector<GridChoice>& choices = ModelOf(index)->Choices(index.column());
   if (!choices.empty()) {
-    auto* combo = new QComboBox(parent);
+    auto* combo = new CellCombo(parent);
     combo->setObjectName(QStringLiteral("editor"));
     for (const GridChoice& choice : choices)
       combo->addItem(choice.word, QVariant::fromValue(choice.key));

@@ -1,5 +1,6 @@
 #include "kit/Keys.h"
 
+#include <QComboBox>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QTimer>
@@ -39,13 +40,21 @@ int FilterKey(int keyCode, const QString& currentText, KeyMode mode) {
 
 KeyFilter::KeyFilter(QLineEdit* field, KeyMode mode) : QObject(field), field_(field), mode_(mode) {
   field->installEventFilter(this);
+  // An editable list has the focus itself and hands its keys on past every filter of its line.
+  if (auto* combo = qobject_cast<QComboBox*>(field->parentWidget()))
+    combo->installEventFilter(this);
 }
 
 bool KeyFilter::eventFilter(QObject*, QEvent* event) {
   if (event->type() != QEvent::KeyPress) return false;
-  const QString typed = static_cast<QKeyEvent*>(event)->text();
+  const auto* key = static_cast<QKeyEvent*>(event);
+  const QString typed = key->text();
   if (typed.isEmpty() || !typed.at(0).isPrint()) return false;
-  return FilterKey(typed.at(0).unicode(), field_->text(), mode_) == 0;
+  if (key->modifiers() & Qt::ControlModifier) return false;
+  // What is selected goes as the key comes.
+  QString kept = field_->text();
+  if (field_->hasSelectedText()) kept.remove(field_->selectionStart(), field_->selectionLength());
+  return FilterKey(typed.at(0).unicode(), kept, mode_) == 0;
 }
 
 void SelectAllText(QLineEdit* field) {

@@ -11,6 +11,7 @@
 #include "clients/screens/ClientScreens.h"
 #include "diary/screens/DiaryScreens.h"
 #include "documents/screens/DocumentScreens.h"
+#include "kit/InputHabits.h"
 #include "lists/screens/ListScreens.h"
 #include "maintenance/DatabaseVersion.h"
 #include "maintenance/screens/MaintenanceScreens.h"
@@ -29,7 +30,9 @@ Program::Program(const Outside& outside, Navigator& navigator, const QString& pr
     : outside_(outside),
       navigator_(navigator),
       settings_(programFolder, outside.prompter),
-      runner_(outside.errors, outside.busy) {}
+      runner_(outside.errors, outside.busy) {
+  InputHabits::Install();
+}
 
 Program::~Program() {
   // The screens refer to the business until they go.

@@ -17,6 +17,27 @@ QApplication& TestApplication() {
   return *application;
 }
 
+void EnterField(QWidget* field) {
+  field->window()->activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(field->window()));
+  field->clearFocus();
+  field->setFocus(Qt::TabFocusReason);
+  QTest::qWait(1);  // what selects the text waits for the click that may have given the focus
+  ASSERT_TRUE(field->hasFocus()) << field->objectName().toStdString();
+}
+
+void TypeKeys(const QString& words) {
+  for (const QChar letter : words) {
+    ASSERT_NE(QApplication::focusWidget(), nullptr) << "nothing has the focus";
+    QTest::keyClicks(QApplication::focusWidget(), letter);
+  }
+}
+
+void PressKey(Qt::Key key, Qt::KeyboardModifiers with) {
+  ASSERT_NE(QApplication::focusWidget(), nullptr) << "nothing has the focus";
+  QTest::keyClick(QApplication::focusWidget(), key, with);
+}
+
 void Click(QWidget* control) {
   QTest::mouseClick(control, Qt::LeftButton);
 }

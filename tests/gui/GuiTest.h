@@ -27,6 +27,12 @@ void Click(QWidget* control);
 /// Clicks the button of that name.
 void ClickOn(const QObject* in, const char* name);
 
+/// Enters a field as Tab does, so that what it holds is selected.
+void EnterField(QWidget* field);
+/// Keys go to whatever has the focus, as a hand's do, and never to a part of it.
+void TypeKeys(const QString& words);
+void PressKey(Qt::Key key, Qt::KeyboardModifiers with = {});
+
 /// Presses a button by its mnemonic, and comes back when its command is done.
 void PressAlt(QWidget* screen, Qt::Key letter);
 

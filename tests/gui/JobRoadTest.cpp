@@ -80,9 +80,8 @@ void JobRoadTest::TheDiaryTakesThePayment() {
   Then("dlgPaymentOptions", [&](QDialog& options) {
     Then("frmPayments", [&](QDialog& payment) {
       EXPECT_EQ(Find<QLineEdit>(&payment, "txtAmount")->text(), "$55.00");
-      QLineEdit* method = Find<QComboBox>(&payment, "cmbPaymentMethod")->lineEdit();
-      method->selectAll();
-      QTest::keyClicks(method, "ca");
+      EnterField(Find<QComboBox>(&payment, "cmbPaymentMethod"));
+      TypeKeys("ca");
       PressAlt(&payment, Qt::Key_S);
       EXPECT_EQ(outside.prompter.TakeTold(), QStringList());
     });

@@ -5,6 +5,7 @@
 #include "kit/CurrencyField.h"
 #include "kit/DateField.h"
 #include "kit/Grid.h"
+#include "kit/InputHabits.h"
 #include "kit/Keys.h"
 #include "kit/Pause.h"
 #include "kit/Screen.h"
@@ -63,17 +64,111 @@ TEST_F(KitTest, ComboFindsAsOneTypes) {
   combo.SelectComboItem(QVariant());
   EXPECT_EQ(combo.currentIndex(), -1);
   combo.show();
-  QLineEdit* line = combo.lineEdit();
-  QTest::keyClicks(line, "RO");
+  const QLineEdit* line = combo.lineEdit();
+  EnterField(&combo);
+  TypeKeys("RO");
   EXPECT_EQ(line->text(), "Robin Vale");
   EXPECT_EQ(line->selectedText(), "bin Vale") << "typing on replaces the proposed rest";
-  QTest::keyClicks(line, "w");
+  TypeKeys("w");
   EXPECT_EQ(combo.currentData(), 3);
-  QTest::keyClick(line, Qt::Key_Backspace);
+  PressKey(Qt::Key_Backspace);
   EXPECT_EQ(line->text(), "Robin Vale") << "a backspace takes the last typed letter";
-  QTest::keyClicks(line, "x");
+  TypeKeys("x");
   EXPECT_EQ(line->text(), "Rox");
   EXPECT_EQ(combo.currentIndex(), -1);
+}
+
+TEST_F(KitTest, ComboFindsTheStartOfAnyWordWhateverItsAccents) {
+  const struct {
+    const char* fault;
+    QString typed;
+    int key;  // -1: none
+  } cases[] = {
+      {"a surname that stands last", "har", 2},
+      {"two words", "old m", 3},
+      {"the words the other way round", "mill old", 3},
+      {"an accent that is not typed", "muller", 4},
+      {"an accent that is", "Mü", 4},
+      {"an entry that begins so comes before a word that does", "va", 5},
+      {"the middle of a word is no start", "ale", -1},
+  };
+  for (const auto& c : cases) {
+    ComboSearch combo;
+    int key = 1;
+    for (const char* words : {"Casey Vale", "Rob Hartley", "Old Mill Road", "Anna Müller", "Vance"})
+      combo.addItem(QString::fromUtf8(words), key++);
+    combo.SelectComboItem(QVariant());
+    combo.show();
+    EnterField(&combo);
+    TypeKeys(c.typed);
+    const auto* matches = combo.findChild<QListView*>("matches");
+    EXPECT_EQ(matches->isVisible(), c.key > 0) << c.fault;
+    PressKey(Qt::Key_Return);
+    EXPECT_EQ(ComboKey(&combo).value_or(-1), c.key) << c.fault;
+    EXPECT_EQ(combo.currentText(), c.key > 0 ? combo.itemText(c.key - 1) : c.typed) << c.fault;
+    EXPECT_FALSE(matches->isVisible()) << c.fault;
+  }
+}
+
+TEST_F(KitTest, NamesakesAreToldApartAndEscapeGoesBack) {
+  ComboSearch combo;
+  combo.addItem("Abbott, Paula", 1);
+  combo.addItem("Smith, John", 2);
+  combo.addItem("Smith, John", 3);
+  combo.setItemData(1, "12 Elm St, KEW", ComboSearch::kBesideRole);
+  combo.setItemData(2, "4 Oak Rd, RICHMOND", ComboSearch::kBesideRole);
+  combo.SelectComboItem(1);
+  combo.show();
+  EnterField(&combo);
+  TypeKeys("smi");
+  const QAbstractItemModel* rows = combo.findChild<QListView*>("matches")->model();
+  EXPECT_EQ(rows->index(1, 0).data().toString(), "Smith, John  ·  4 Oak Rd, RICHMOND");
+  PressKey(Qt::Key_Escape);
+  EXPECT_EQ(combo.currentText(), "Abbott, Paula");
+  TypeKeys("smi");
+  PressKey(Qt::Key_Down);
+  PressKey(Qt::Key_Return);
+  EXPECT_EQ(ComboKey(&combo), 3);
+}
+
+TEST_F(KitTest, TheWheelChangesNothingAndAStrayMnemonicTypesNothing) {
+  InputHabits::Install();
+  QWidget form;
+  auto* column = new QVBoxLayout(&form);
+  auto* combo = new QComboBox;
+  combo->addItems({"one", "two", "three"});
+  auto* amount = new CurrencyField;
+  column->addWidget(combo);
+  column->addWidget(amount);
+  form.show();
+  EnterField(combo);
+  QWheelEvent notch(QPointF(5, 5), combo->mapToGlobal(QPointF(5, 5)), {}, {0, -120}, Qt::NoButton,
+                    Qt::NoModifier, Qt::NoScrollPhase, false);
+  QApplication::sendEvent(combo, &notch);
+  EXPECT_EQ(combo->currentText(), "one");
+  EnterField(amount);
+  PressKey(Qt::Key_M, Qt::AltModifier);
+  EXPECT_EQ(amount->text(), "$0.00");
+}
+
+TEST_F(KitTest, AnAmountTypedOverASelectedOneIsTheAmountTyped) {
+  QWidget form;
+  auto* column = new QVBoxLayout(&form);
+  auto* amount = new CurrencyField;
+  new KeyFilter(amount, KeyMode::Number);
+  column->addWidget(amount);
+  column->addWidget(MakeLabelFor(amount, "&Price"));
+  auto* after = new QLineEdit;
+  column->addWidget(after);
+  form.show();
+  amount->SetAmount(Money::FromUnits(1234500));
+  EnterField(amount);
+  TypeKeys(".50");
+  // The mnemonic of a field that has the focus already selects what it holds.
+  QTest::keyClick(&form, Qt::Key_P, Qt::AltModifier);
+  EXPECT_EQ(amount->selectedText(), ".50");
+  PressKey(Qt::Key_Tab);
+  EXPECT_EQ(amount->Amount(), Money::FromUnits(5000));
 }
 
 TEST_F(KitTest, ComboPicksNoneUnderATextThatIsNoEntry) {
@@ -83,9 +178,7 @@ TEST_F(KitTest, ComboPicksNoneUnderATextThatIsNoEntry) {
     const char* text;
     int key;  // -1: none picked
   };
-  const auto key = [](QLineEdit* line, auto code, Qt::KeyboardModifiers with = {}) {
-    QTest::keyClick(line, code, with);
-  };
+  const auto key = [](QLineEdit*, Qt::Key code) { PressKey(code); };
   const Case cases[] = {
       {"all selected, then a backspace",
        [&](QLineEdit* line) {
@@ -114,7 +207,7 @@ TEST_F(KitTest, ComboPicksNoneUnderATextThatIsNoEntry) {
       {"a letter in the middle",
        [&](QLineEdit* line) {
          line->setCursorPosition(3);
-         QTest::keyClicks(line, "x");
+         TypeKeys("x");
        },
        "Robxin Vale", -1},
       {"a backspace in the middle",
@@ -133,13 +226,13 @@ TEST_F(KitTest, ComboPicksNoneUnderATextThatIsNoEntry) {
        [&](QLineEdit* line) {
          line->end(false);
          key(line, Qt::Key_Backspace);
-         QTest::keyClicks(line, "e");
+         TypeKeys("e");
        },
        "Robin Vale", 2},
       {"typed to another in the middle",
        [&](QLineEdit* line) {
          line->setCursorPosition(5);
-         QTest::keyClicks(line, "a");
+         TypeKeys("a");
        },
        "Robina Vale", 4},
   };
@@ -151,6 +244,7 @@ TEST_F(KitTest, ComboPicksNoneUnderATextThatIsNoEntry) {
     combo.addItem("Robina Vale", 4);
     combo.SelectComboItem(2);
     combo.show();
+    EnterField(&combo);
     c.edit(combo.lineEdit());
     EXPECT_EQ(combo.currentText(), c.text) << c.fault;
     EXPECT_EQ(ComboKey(&combo).value_or(-1), c.key) << c.fault;

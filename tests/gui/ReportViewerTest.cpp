@@ -84,8 +84,10 @@ TEST_F(ReportViewerTest, LeafsThroughPages) {
   EXPECT_EQ(preview->CurrentPage(), 2);
   auto* zoom = Find<QComboBox>(&viewer, "cmbZoom");
   for (const auto& [typed, percent] : {std::pair{"60", 60}, {"nonsense", 60}, {"9999 %", 400}}) {
-    zoom->lineEdit()->setText(typed);
-    QTest::keyClick(zoom->lineEdit(), Qt::Key_Return);
+    EnterField(zoom);
+    zoom->lineEdit()->selectAll();
+    TypeKeys(typed);
+    PressKey(Qt::Key_Return);
     EXPECT_EQ(preview->Zoom(), percent) << typed;
   }
 }

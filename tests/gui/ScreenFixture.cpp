@@ -81,11 +81,9 @@ void ScreenFixture::Meanwhile(const std::function<void(Dialog&)>& use) {
 }
 
 void TypeChoice(const QObject* in, const char* combo, const QString& letters) {
-  QLineEdit* line = Find<QComboBox>(in, combo)->lineEdit();
-  line->setFocus();
-  line->selectAll();
-  QTest::keyClicks(line, letters);
-  QTest::keyClick(line, Qt::Key_Tab);
+  EnterField(Find<QComboBox>(in, combo));
+  TypeKeys(letters);
+  PressKey(Qt::Key_Tab);
 }
 
 void TypeOver(const QObject* in, const char* field, const QString& typed) {

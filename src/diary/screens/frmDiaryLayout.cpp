@@ -78,6 +78,7 @@ void frmDiary::MakeControls() {
   cmdList->setToolTip(tr("Lists the days of the range"));
   cmbEmployees = Heard(new ComboSearch, "cmbEmployees", tr("Employee"));
   cmbEmployees->setFixedWidth(132);
+  cmbEmployees->GoBackWhenNothingMatches();
   chkSort = Heard(new QCheckBox(tr("Sor&t the list based on suburb position definition")),
                   "chkSort", tr("Sort the list based on suburb position definition"));
   cmdShowSuburbDefinition =
