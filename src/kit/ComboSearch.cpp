@@ -69,6 +69,7 @@ void ComboSearch::keyPressEvent(QKeyEvent* event) {
     matches_->hide();
     setCurrentIndex(settled_);
     if (settled_ < 0) clearEditText();
+    lineEdit()->selectAll();
     return;
   }
   if (command || event->text().isEmpty() || !event->text().at(0).isPrint()) {

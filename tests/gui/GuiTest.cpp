@@ -3,6 +3,7 @@
 #include "data/schema/Schema.h"
 #include "setup/demo/DemoBusiness.h"
 
+#include <QKeyEvent>
 #include <QPointer>
 
 #include <algorithm>
@@ -29,7 +30,13 @@ void EnterField(QWidget* field) {
 void TypeKeys(const QString& words) {
   for (const QChar letter : words) {
     ASSERT_NE(QApplication::focusWidget(), nullptr) << "nothing has the focus";
-    QTest::keyClicks(QApplication::focusWidget(), letter);
+    if (letter.unicode() < 0x80) {
+      QTest::keyClicks(QApplication::focusWidget(), letter);
+      continue;
+    }
+    // The test library knows no key for it, but a keyboard has one.
+    QKeyEvent press(QEvent::KeyPress, 0, {}, letter);
+    QApplication::sendEvent(QApplication::focusWidget(), &press);
   }
 }
 

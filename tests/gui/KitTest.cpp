@@ -105,7 +105,9 @@ TEST_F(KitTest, ComboFindsTheStartOfAnyWordWhateverItsAccents) {
     EXPECT_EQ(matches->isVisible(), c.key > 0) << c.fault;
     PressKey(Qt::Key_Return);
     EXPECT_EQ(ComboKey(&combo).value_or(-1), c.key) << c.fault;
-    EXPECT_EQ(combo.currentText(), c.key > 0 ? combo.itemText(c.key - 1) : c.typed) << c.fault;
+    EXPECT_EQ(combo.currentText().toLower(),
+              (c.key > 0 ? combo.itemText(c.key - 1) : c.typed).toLower())
+        << c.fault;
     EXPECT_FALSE(matches->isVisible()) << c.fault;
   }
 }
