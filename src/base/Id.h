@@ -6,7 +6,9 @@
 
 #include <compare>
 #include <functional>
+#include <optional>
 #include <ostream>
+#include <vector>
 
 namespace quillary {
 
@@ -26,6 +28,20 @@ class Id {
  private:
   qint64 number_;
 };
+
+/// Numbers of rows where they come without their type, as the keys of a table on screen do.
+template <NumberedRow Row>
+std::optional<Id<Row>> IdFrom(std::optional<qint64> number) {
+  if (!number) return std::nullopt;
+  return Id<Row>(*number);
+}
+template <NumberedRow Row>
+std::vector<Id<Row>> IdsFrom(const std::vector<qint64>& numbers) {
+  std::vector<Id<Row>> ids;
+  ids.reserve(numbers.size());
+  for (const qint64 number : numbers) ids.emplace_back(number);
+  return ids;
+}
 
 }  // namespace quillary
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <concepts>
+#include <type_traits>
 
 /// The tables whose rows are known by a number. Nothing is ever known of these types but their
 /// names: they keep the number of a client from being taken for that of a job.
@@ -32,7 +32,7 @@ struct Service;
 struct Supplier;
 
 template <typename Row, typename... Rows>
-concept OneOf = (std::same_as<Row, Rows> || ...);
+concept OneOf = (std::is_same_v<Row, Rows> || ...);
 
 /// Refuses an area's own type of the same name, whose numbers would be those of another type.
 template <typename Row>

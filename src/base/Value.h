@@ -7,9 +7,9 @@
 #include <QString>
 
 #include <cmath>
-#include <concepts>
 #include <optional>
 #include <type_traits>
+#include <utility>
 #include <variant>
 
 namespace quillary {

@@ -61,7 +61,9 @@ void RequirePayable(Business& business, qint64 payerId, qint64 diaryId) {
 
 void RequireRevenueAccount(Business& business, qint64 accountId) {
   const auto accounts = lists::ListRevenueAccountChoices(business);
-  if (std::ranges::none_of(accounts, [&](const lists::Choice& one) { return one.id == accountId; }))
+  if (std::ranges::none_of(accounts, [&](const lists::Choice<Account>& one) {
+        return one.id.Number() == accountId;
+      }))
     throw CommandFailure(QStringLiteral("there is no revenue account %1").arg(accountId));
 }
 

@@ -1,6 +1,7 @@
 #include "cli/WorkingBusiness.h"
 
 #include "data/schema/Schema.h"
+#include "lists/Services.h"
 
 namespace quillary::cli {
 namespace {
@@ -23,9 +24,9 @@ void LoadScheduleValues(Business& business) {
       business.FirstField(Sql("SELECT Days_To_Advance_Schedule FROM infOptions")).ToLong());
   values.gstPercentage = static_cast<float>(
       business.FirstField(Sql("SELECT GST_Percentage FROM infOptions")).ToDouble());
-  values.defaultEmployeeId = business.FirstField(Sql("SELECT MIN(Employee_ID) FROM Employees"));
-  values.defaultServiceId =
-      business.FirstField(Sql("SELECT MIN(Service_ID) FROM Services WHERE Default = true"));
+  values.defaultEmployee =
+      business.FirstField(Sql("SELECT MIN(Employee_ID) FROM Employees")).ToId<Employee>();
+  values.defaultService = lists::DefaultServiceId(business);
 }
 
 }  // namespace

@@ -2,14 +2,14 @@
 
 namespace quillary::clients {
 
-std::vector<lists::Choice> ListBillableOthers(Business& business, qint64 clientId) {
-  std::vector<lists::Choice> others;
+std::vector<lists::Choice<Client>> ListBillableOthers(Business& business, qint64 clientId) {
+  std::vector<lists::Choice<Client>> others;
   const Recordset rows = business.RunSQL(
       Sql("SELECT Client_ID, Display_Name FROM Clients WHERE Is_Billed_To = Yes "
           "AND (Client_ID <> {}) AND (Client_ID = Billing_Client_ID) ORDER BY Display_Name; ",
           clientId));
   for (const Record row : rows) {
-    others.push_back({row[u"Client_ID"].ToLong(), row[u"Display_Name"].ToText()});
+    others.push_back({Id<Client>(row[u"Client_ID"].ToLong()), row[u"Display_Name"].ToText()});
   }
   return others;
 }

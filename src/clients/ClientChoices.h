@@ -13,7 +13,7 @@
 namespace quillary::clients {
 
 /// The bill-to parties that could pay for the client, by name; never the client itself.
-std::vector<lists::Choice> ListBillableOthers(Business& business, qint64 clientId);
+std::vector<lists::Choice<Client>> ListBillableOthers(Business& business, qint64 clientId);
 /// The numbers of days between visits, as a combo shows them.
 QStringList ListFrequencyDays(Business& business);
 /// The labels in use for the work cover number.

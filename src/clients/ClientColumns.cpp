@@ -37,8 +37,9 @@ std::optional<Refusal> SetPayer(Business& business, ClientRecord& client, const 
     return std::nullopt;
   }
   const auto others = ListBillableOthers(business, client.clientId);
-  if (!isKey ||
-      std::ranges::none_of(others, [&](const lists::Choice& at) { return at.id == payer; }))
+  if (!isKey || std::ranges::none_of(others, [&](const lists::Choice<Client>& at) {
+        return at.id.Number() == payer;
+      }))
     return Refusal{QStringLiteral("%1 is no client who can be billed.").arg(value),
                    QStringLiteral("cmbOtherAddressToBill")};
   BillExistingAddress(business, business.World().prompter, client, payer);

@@ -1,5 +1,5 @@
 #include "clients/ClientServices.h"
-#include "diary/DiaryDay.h"
+#include "lists/Choices.h"
 
 namespace quillary::clients {
 namespace {
@@ -57,10 +57,10 @@ ClientServiceForm ClearedServiceForm(Business& business) {
   form.nextVisit = business.Today();
   form.frequency = QStringLiteral("0");
   form.price = Money().ToCurrencyText();
-  const std::vector<diary::EmployeeChoice> employees = diary::ListEmployees(business);
+  const auto employees = lists::ListEmployeesByName(business);
   if (!employees.empty()) {
-    form.employeeId = employees.front().employeeId;
-    form.employeeName = employees.front().name;
+    form.employeeId = employees.front().id.Number();
+    form.employeeName = employees.front().words;
   }
   return form;
 }

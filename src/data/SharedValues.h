@@ -17,8 +17,8 @@ struct SharedValues {
   QString accountingMethod = QStringLiteral("Cash");
   QString divisionName;
   QString taxName = QStringLiteral("GST");
-  Value defaultEmployeeId;
-  Value defaultServiceId;
+  std::optional<Id<Employee>> defaultEmployee;  // the lowest
+  std::optional<Id<Service>> defaultService;
 
   // Flags and texts of infOptions, for which old files may lack the column.
   bool enableLogging = false;

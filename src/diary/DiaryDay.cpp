@@ -153,15 +153,6 @@ DiaryList LoadDiary(Business& business, const DiaryQuery& query) {
   return list;
 }
 
-std::vector<EmployeeChoice> ListEmployees(Business& business) {
-  std::vector<EmployeeChoice> employees;
-  for (const Record row :
-       business.RunSQL(Sql("SELECT * FROM Employees ORDER BY Employee_Name; "))) {
-    employees.push_back({row[u"Employee_ID"].ToLong(), row[u"Employee_Name"].ToText()});
-  }
-  return employees;
-}
-
 void ChangeJobStatus(Business& business, qint64 diaryId, const QString& status) {
   business.RunSQL(Sql("UPDATE Diary SET Status = {} WHERE Diary_ID = {}", status, diaryId));
 }

@@ -65,13 +65,6 @@ inline constexpr char kInvalidDateRange[] = "Please enter a valid date range.";
 /// kInvalidDateRange.
 DiaryList LoadDiary(Business& business, const DiaryQuery& query);
 
-struct EmployeeChoice {
-  qint64 employeeId = 0;
-  QString name;
-};
-/// By name.
-std::vector<EmployeeChoice> ListEmployees(Business& business);
-
 /// The words for a status code, as the diary's own list has them; the code itself when unknown.
 QString DiaryStatusWords(const QString& status);
 

@@ -66,8 +66,7 @@ Job NewJob(Business& business, qint64 clientId) {
   job.clientId = clientId;
   job.date = business.Today();
   job.statusPosition = 0;
-  const Value& employee = business.values.defaultEmployeeId;
-  if (!employee.IsNull()) job.employeeId = employee.ToLong();
+  if (const auto employee = business.values.defaultEmployee) job.employeeId = employee->Number();
   return job;
 }
 

@@ -28,8 +28,7 @@ Visit NewVisit(Business& business, std::optional<qint64> clientId) {
   Visit visit;
   visit.clientId = clientId;
   visit.date = business.Today();
-  const Value& employee = business.values.defaultEmployeeId;
-  if (!employee.IsNull()) visit.employeeId = employee.ToLong();
+  if (const auto employee = business.values.defaultEmployee) visit.employeeId = employee->Number();
   return visit;
 }
 

@@ -5,10 +5,10 @@
 
 #include <QStringList>
 
-#include <concepts>
 #include <initializer_list>
 #include <optional>
 #include <span>
+#include <type_traits>
 #include <utility>
 
 /// What the words of the field have in common. Each is an enumeration with one table of facts, in
@@ -32,7 +32,7 @@ class Groups {
 
 template <typename Word>
 concept Vocabulary = std::is_enum_v<Word> && requires(Word word) {
-  { TableOf(word)[0].word } -> std::convertible_to<QStringView>;
+  TableOf(word)[0].word;
 };
 
 template <Vocabulary Word>

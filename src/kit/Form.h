@@ -63,7 +63,7 @@ void ClearControls(QWidget* form);
 ///   cmbEmployee = ForField("employee", Named(new ComboSearch, "cmbEmployee"));
 template <typename Control>
 Control* ForField(const char* field, Control* control) {
-  control->setProperty("formField", QString::fromLatin1(field));
+  control->setProperty("formField", QLatin1StringView(field).toString());
   return control;
 }
 /// Puts the focus on the control for that field, bringing it into view on its tab, and selects

@@ -42,10 +42,24 @@ class Grid : public QTableView {
   std::optional<int> SelectedRow() const;
   /// The key of a row: its first HiddenId cell.
   qint64 Key(int row) const;
+  template <NumberedRow Row>
+  Id<Row> IdAt(int row) const {
+    return Id<Row>(Key(row));
+  }
+  /// The key of the selected row.
+  template <NumberedRow Row>
+  std::optional<Id<Row>> SelectedId() const {
+    const std::optional<int> row = SelectedRow();
+    return row ? std::optional(IdAt<Row>(*row)) : std::nullopt;
+  }
   /// The keys of all rows in their present order.
   std::vector<qint64> Keys() const;
   /// Selects the row of that key; false when it is not listed.
   bool SelectKey(qint64 key);
+  template <NumberedRow Row>
+  bool SelectId(Id<Row> id) {
+    return SelectKey(id.Number());
+  }
   void SelectFirst();
   /// Takes the selection away but leaves the cursor at its place, so that the arrow keys go on from
   /// there.

@@ -39,6 +39,7 @@ void RecordFields::Build(const std::vector<RecordField>& fields, QVBoxLayout* in
   for (const RecordField& field : fields_) {
     QWidget* control = MakeControl(field);
     control->setObjectName(QLatin1StringView(field.name));
+    ForField(field.field, control);
     LimitTo(control, field.width);
     controls_.insert(control->objectName(), control);
     if (field.fill) field.fill(qobject_cast<QComboBox*>(control));
@@ -74,7 +75,7 @@ Money RecordFields::Amount(const char* name) const {
   return Find<CurrencyField>(name)->Amount();
 }
 
-std::optional<qint64> RecordFields::Choice(const char* name) const {
+std::optional<qint64> RecordFields::ChosenKey(const char* name) const {
   return ComboKey(Find<QComboBox>(name));
 }
 

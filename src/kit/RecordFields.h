@@ -20,8 +20,9 @@ enum class FieldKind { Text, Digits, DayAndMonth, Money, Tick, Choice };
 
 /// One field of a record, beside its list. Picking a row fills it from the row's cell.
 struct RecordField {
-  const char* name = "";  // of the control
-  QString label;          // with its mnemonic
+  const char* name = "";   // of the control
+  const char* field = "";  // of the form, as rules refuse it
+  QString label;           // with its mnemonic
   FieldKind kind = FieldKind::Text;
   int column = -1;                            // of the list
   int width = 0;                              // of the stored column, in letters; 0 sets no limit
@@ -37,7 +38,10 @@ class RecordFields {
   QString Text(const char* name) const;
   bool IsTicked(const char* name) const;
   Money Amount(const char* name) const;
-  std::optional<qint64> Choice(const char* name) const;
+  template <NumberedRow Row>
+  std::optional<Id<Row>> Choice(const char* name) const {
+    return IdFrom<Row>(ChosenKey(name));
+  }
 
   void Enable(const char* name, bool on) const;
   /// Shows a record, or nothing at all.
@@ -45,6 +49,7 @@ class RecordFields {
   QList<QWidget*> Controls() const;
 
  private:
+  std::optional<qint64> ChosenKey(const char* name) const;
   template <typename Control>
   Control* Find(const char* name) const;
 

@@ -36,7 +36,7 @@ RecordListScreen::RecordListScreen(RecordList list, const ScreenTools& tools, co
 }
 
 void RecordListScreen::MakeControls() {
-  grid_ = new Grid(list_.gridName);
+  grid_ = ForField(list_.gridField, new Grid(list_.gridName));
   grid_->setAccessibleName(list_.title);
   grid_->SetColumns(list_.columns);
   grid_->SetEmptyText(list_.emptyWhat, list_.emptyNext);

@@ -29,7 +29,7 @@ struct RecordCommand {
 ///             .title = "Divisions",
 ///             .gridName = "fgDivisions",
 ///             .columns = {{"Division", ColumnKind::StrongText, 200}, {"", ColumnKind::HiddenId}},
-///             .fields = {{"txtDivisionName", "Division &name", FieldKind::Text, 0, 50}},
+///             .fields = {{"txtDivisionName", "name", "Division &name", FieldKind::Text, 0, 50}},
 ///             .load = [&] { return RowsOf(ListDivisions(business)); },
 ///             .insert = [&](const RecordFields& fields) {
 ///               return InsertDivision(business, {fields.Text("txtDivisionName")}); }};
@@ -39,8 +39,9 @@ struct RecordList {
   const char* name = "";
   QString title;
   QString gridName;
-  QString about = {};  // over the list: what it is for
-  QString hint = {};   // below the list
+  const char* gridField = "";  // that cells edited in place are for, as rules refuse it
+  QString about = {};          // over the list: what it is for
+  QString hint = {};           // below the list
   QString emptyWhat = QObject::tr("This list is empty.");
   QString emptyNext = QObject::tr("Fill in the fields and add the first record.");
   std::vector<GridColumn> columns;  // the first HiddenId is the key of the record

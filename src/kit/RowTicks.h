@@ -1,5 +1,7 @@
 #pragma once
 
+#include "base/Id.h"
+
 #include <QObject>
 
 #include <set>
@@ -19,7 +21,7 @@ class Grid;
 ///   ticks_ = new RowTicks(grdJobs, 0, chkTickUntickAll);
 ///   grdJobs->SetRows(rows);
 ///   ticks_->TakeRows();                  // after each load
-///   AttachJobs(business, invoice, ticks_->TickedKeys());
+///   AttachJobs(business, invoice, ticks_->TickedIds<Entry>());
 class RowTicks : public QObject {
   Q_OBJECT
 
@@ -31,6 +33,10 @@ class RowTicks : public QObject {
   void TakeRows();
   /// In the order of the rows.
   std::vector<qint64> TickedKeys() const;
+  template <NumberedRow Row>
+  std::vector<Id<Row>> TickedIds() const {
+    return IdsFrom<Row>(TickedKeys());
+  }
   void TickAll(bool on);
 
  signals:

@@ -1,37 +1,48 @@
 #include "lists/Choices.h"
 
+#include "domain/BillingWords.h"
+
 namespace quillary::lists {
 namespace {
 
 // The first field is the key, the second the words.
-std::vector<Choice> ChoicesOf(Business& business, const Sql& statement) {
-  std::vector<Choice> choices;
+template <NumberedRow Row>
+std::vector<Choice<Row>> ChoicesOf(Business& business, const Sql& statement) {
+  std::vector<Choice<Row>> choices;
   for (const Record row : business.RunSQL(statement)) {
-    choices.push_back({row[size_t{0}].ToLong(), row[size_t{1}].ToText()});
+    const auto id = row[size_t{0}].ToId<Row>();
+    if (id) choices.push_back({*id, row[size_t{1}].ToText()});
   }
   return choices;
 }
 
 }  // namespace
 
-std::vector<Choice> ListClientChoices(Business& business) {
-  return ChoicesOf(business,
-                   Sql("SELECT Client_ID, Display_Name FROM Clients ORDER BY Display_Name; "));
+std::vector<Choice<Client>> ListClientChoices(Business& business) {
+  return ChoicesOf<Client>(
+      business, Sql("SELECT Client_ID, Display_Name FROM Clients ORDER BY Display_Name; "));
 }
 
-std::vector<Choice> ListServiceChoices(Business& business) {
-  return ChoicesOf(business, Sql("SELECT Service_ID, Service FROM Services ORDER BY Service; "));
+std::vector<Choice<Service>> ListServiceChoices(Business& business) {
+  return ChoicesOf<Service>(business,
+                            Sql("SELECT Service_ID, Service FROM Services ORDER BY Service; "));
 }
 
-std::vector<Choice> ListEmployeeChoices(Business& business) {
-  return ChoicesOf(business,
-                   Sql("SELECT Employee_ID, Employee_Name FROM Employees ORDER BY Employee_ID; "));
+std::vector<Choice<Employee>> ListEmployeeChoices(Business& business) {
+  return ChoicesOf<Employee>(
+      business, Sql("SELECT Employee_ID, Employee_Name FROM Employees ORDER BY Employee_ID; "));
 }
 
-std::vector<Choice> ListRevenueAccountChoices(Business& business) {
-  return ChoicesOf(business, Sql("SELECT GL_Account_ID, GL_Account_Name "
-                                 "FROM General_Ledger_Accounts WHERE GL_Account_Type = 'Revenue' "
-                                 "ORDER BY GL_Account_Name; "));
+std::vector<Choice<Employee>> ListEmployeesByName(Business& business) {
+  return ChoicesOf<Employee>(
+      business, Sql("SELECT Employee_ID, Employee_Name FROM Employees ORDER BY Employee_Name; "));
+}
+
+std::vector<Choice<Account>> ListRevenueAccountChoices(Business& business) {
+  return ChoicesOf<Account>(business, Sql("SELECT GL_Account_ID, GL_Account_Name "
+                                          "FROM General_Ledger_Accounts WHERE GL_Account_Type = {} "
+                                          "ORDER BY GL_Account_Name; ",
+                                          AccountType::Revenue));
 }
 
 }  // namespace quillary::lists

@@ -6,21 +6,24 @@
 
 #include <vector>
 
-/// What the combo lists of the scheduling screens offer.
+/// What the combo lists of the screens offer.
 namespace quillary::lists {
 
+template <NumberedRow Row>
 struct Choice {
-  qint64 id = 0;
+  Id<Row> id;
   QString words;
 };
 
 /// All clients, by display name.
-std::vector<Choice> ListClientChoices(Business& business);
+std::vector<Choice<Client>> ListClientChoices(Business& business);
 /// The catalogue of services, by name.
-std::vector<Choice> ListServiceChoices(Business& business);
+std::vector<Choice<Service>> ListServiceChoices(Business& business);
 /// All employees in the order of their making, so that the first is the default one.
-std::vector<Choice> ListEmployeeChoices(Business& business);
+std::vector<Choice<Employee>> ListEmployeeChoices(Business& business);
+/// All employees, by name.
+std::vector<Choice<Employee>> ListEmployeesByName(Business& business);
 /// The ledger accounts that revenue can go to.
-std::vector<Choice> ListRevenueAccountChoices(Business& business);
+std::vector<Choice<Account>> ListRevenueAccountChoices(Business& business);
 
 }  // namespace quillary::lists

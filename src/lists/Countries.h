@@ -12,13 +12,13 @@
 /// what is left empty falls back as GetCountryTaxNames() tells.
 namespace quillary::lists {
 
-struct Country {
-  qint64 countryId = 0;
+struct ListedCountry {
+  Id<Country> id;
   QString name;
   QString registrationName;  // as printed on documents, "ABN:"
   QString taxName;
 };
-std::vector<Country> ListCountries(Business& business);  // by name
+std::vector<ListedCountry> ListCountries(Business& business);  // by name
 
 struct CountryForm {
   QString name;
@@ -29,9 +29,9 @@ struct CountryForm {
 /// Each refuses a blank name.
 std::optional<Refusal> InsertCountry(Business& business, const CountryForm& form);
 /// Refuses also when no record is chosen.
-std::optional<Refusal> UpdateCountry(Business& business, std::optional<qint64> countryId,
+std::optional<Refusal> UpdateCountry(Business& business, std::optional<Id<Country>> country,
                                      const CountryForm& form);
 /// Whether the business is there or not.
-std::optional<Refusal> DeleteCountry(Business& business, std::optional<qint64> countryId);
+std::optional<Refusal> DeleteCountry(Business& business, std::optional<Id<Country>> country);
 
 }  // namespace quillary::lists

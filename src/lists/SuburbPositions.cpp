@@ -25,8 +25,8 @@ int AcquireSuburbsFromClients(Business& business) {
     const QString suburb = row[u"Suburb"].ToText();
     // Clients without a suburb would add a row that no one could name again, at every call.
     if (suburb.trimmed().isEmpty()) continue;
-    business.RunSQL(Sql("INSERT INTO Suburb_Position (Suburb_Name, Position) VALUES ({}, {})",
-                        suburb, position++));
+    business.Write(Sql("INSERT INTO Suburb_Position (Suburb_Name, Position) VALUES ({}, {})",
+                       suburb, position++));
     ++acquired;
   }
   acquisition.Commit();
@@ -36,13 +36,18 @@ int AcquireSuburbsFromClients(Business& business) {
 void StoreSuburbOrder(Business& business, const QStringList& suburbNames) {
   Transaction order(business);
   int position = 0;
-  for (const QString& suburb : suburbNames) ChangeSuburbPosition(business, suburb, ++position);
+  for (const QString& suburb : suburbNames) {
+    ++position;
+    // Files hold rows without a name, which no statement can mean.
+    if (!suburb.isEmpty()) ChangeSuburbPosition(business, suburb, position);
+  }
   order.Commit();
 }
 
 void ChangeSuburbPosition(Business& business, const QString& suburbName, int position) {
-  business.RunSQL(Sql("UPDATE Suburb_Position SET Position = {} WHERE Suburb_Name = {};", position,
-                      suburbName));
+  business.Write(
+      Sql("UPDATE Suburb_Position SET Position = {} WHERE Suburb_Name = {};", position, suburbName),
+      Rows::AtLeast(1));
 }
 
 std::optional<Refusal> RemoveSuburb(Business& business, Prompter& prompter,
@@ -53,7 +58,8 @@ std::optional<Refusal> RemoveSuburb(Business& business, Prompter& prompter,
   const Answer answer = prompter.Ask(
       QStringLiteral("Are you sure you want to remove %1 from the list?").arg(*suburbName));
   if (answer == Answer::Yes) {
-    business.RunSQL(Sql("DELETE FROM Suburb_Position WHERE Suburb_Name = {};", *suburbName));
+    business.Write(Sql("DELETE FROM Suburb_Position WHERE Suburb_Name = {};", *suburbName),
+                   Rows::AtLeast(1));
   }
   return std::nullopt;
 }

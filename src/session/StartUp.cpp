@@ -5,6 +5,7 @@
 #include "data/schema/Schema.h"
 #include "data/schema/Upgrader.h"
 #include "lists/Divisions.h"
+#include "lists/Services.h"
 #include "maintenance/backups/ExitBackups.h"
 #include "roll/ScheduleEngine.h"
 #include "session/ProgramFolder.h"
@@ -62,15 +63,11 @@ void EnsurePersonalDetails(Business& business) {
 }
 
 void EnsureEmployee(Business& business) {
-  Value& employee = business.values.defaultEmployeeId;
-  const Sql lowest("SELECT MIN(Employee_ID) FROM Employees; ");
-  employee = business.FirstField(lowest);
-  while (employee.IsNull()) {
-    const Recordset added =
-        business.RunSQL(QStringLiteral("INSERT INTO Employees (Employee_Name) VALUES ('Default')"));
-    if (!added.IsOpen()) throw NoRecordset();
-    employee = business.FirstField(lowest);
-  }
+  std::optional<Id<Employee>>& employee = business.values.defaultEmployee;
+  employee = business.FirstField(Sql("SELECT MIN(Employee_ID) FROM Employees; ")).ToId<Employee>();
+  if (employee) return;
+  employee = business.InsertReturningKey<Employee>(
+      Sql("INSERT INTO Employees (Employee_Name) VALUES ('Default')"));
 }
 
 QString AccountingMethodOf(const QString& stored) {
@@ -164,8 +161,7 @@ class Sequence {
     EnsureEmployee(*business);
     Advance(1);
     Reached("Default_Employee_ID");
-    values.defaultServiceId =
-        business->FirstField(Sql("SELECT MIN(Service_ID) FROM Services WHERE Default = true; "));
+    values.defaultService = lists::DefaultServiceId(*business);
     Reached("Default_Employee_ID.4");
     Advance(1);
     Reached("Default_Employee_ID.5");

@@ -78,18 +78,17 @@ TEST_F(AccountListsTest, CountriesAreKeptByName) {
             "Please enter the name of the country.");
   for (const char* name : {"Tonga", "Fiji"})
     ASSERT_FALSE(lists::InsertCountry(business(), {name, "TIN:", ""}));
-  const lists::Country fiji = lists::ListCountries(business())[0];
+  const lists::ListedCountry fiji = lists::ListCountries(business())[0];
   EXPECT_EQ(fiji.name, "Fiji");
-  EXPECT_EQ(lists::UpdateCountry(business(), fiji.countryId, {"", "", ""})->field, "txtCountry");
+  EXPECT_EQ(lists::UpdateCountry(business(), fiji.id, {"", "", ""})->field, "name");
   EXPECT_EQ(lists::UpdateCountry(business(), {}, {"X", "", ""})->message,
             "Please choose a record to update.");
-  ASSERT_FALSE(lists::UpdateCountry(business(), fiji.countryId, {"Fiji", "VAT no:", "VAT"}));
+  ASSERT_FALSE(lists::UpdateCountry(business(), fiji.id, {"Fiji", "VAT no:", "VAT"}));
   EXPECT_EQ(lists::ListCountries(business())[0].registrationName, "VAT no:");
   EXPECT_EQ(lists::ListCountries(business())[0].taxName, "VAT");
-  Run(Sql("UPDATE infPersonalDetails SET Country_ID = {}", fiji.countryId));
+  Run(Sql("UPDATE infPersonalDetails SET Country_ID = {}", fiji.id));
   EXPECT_EQ(lists::DeleteCountry(business(), {})->message, "Please choose a record to delete.");
-  EXPECT_FALSE(lists::DeleteCountry(business(), fiji.countryId))
-      << "nothing keeps a country in use";
+  EXPECT_FALSE(lists::DeleteCountry(business(), fiji.id)) << "nothing keeps a country in use";
   EXPECT_EQ(lists::ListCountries(business()).size(), 1U);
 }
 

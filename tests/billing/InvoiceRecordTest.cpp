@@ -80,7 +80,8 @@ TEST_F(InvoiceRecordTest, ListsWhoIsBilled) {
   AddClient("Aaron", "Cancelled", "Monthly", 4);
   const auto names = [&](BilledClients which) {
     QStringList words;
-    for (const lists::Choice& choice : ListBilledClients(business(), which)) words += choice.words;
+    for (const lists::Choice<Client>& choice : ListBilledClients(business(), which))
+      words += choice.words;
     return words.join(u',');
   };
   EXPECT_EQ(names(BilledClients::Active), "Abbott,Strata");

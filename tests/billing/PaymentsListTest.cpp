@@ -79,8 +79,8 @@ TEST_F(PaymentsTest, MethodsAreFreeWordsInUpperCase) {
   EXPECT_EQ(Rows(Sql("SELECT Payment_Method, Sequence FROM lstPayment_Methods")),
             "DIRECT DEBIT 1,CASH 2");
   Store(Form(1, Whole(5), "CASH"));
-  const qint64 cash = lists::ListPaymentMethods(business())[1].paymentMethodId;
-  EXPECT_EQ(lists::UpdatePaymentMethod(business(), cash, "")->field, "txtPaymentMethod");
+  const auto cash = lists::ListPaymentMethods(business())[1].id;
+  EXPECT_EQ(lists::UpdatePaymentMethod(business(), cash, "")->field, "word");
   EXPECT_EQ(lists::UpdatePaymentMethod(business(), std::nullopt, "x")->message,
             "Please choose a record to update.");
   EXPECT_FALSE(lists::UpdatePaymentMethod(business(), cash, "notes"));

@@ -10,7 +10,7 @@ class JobsTest : public ScheduleTest {
  protected:
   void SetUp() override {
     ScheduleTest::SetUp();
-    business().values.defaultEmployeeId = 1;
+    business().values.defaultEmployee = Id<Employee>(1);
     Run(Sql("UPDATE Services SET Service = 'Mowing' WHERE Service_Code = 'LM'"));
     Run(Sql("UPDATE Services SET Service = 'Hedges' WHERE Service_Code = 'HT'"));
     client = AddPayer();

@@ -11,7 +11,7 @@ void ScreenFixture::SetUp() {
   TestApplication();
   BusinessTest::SetUp();
   business().values.gstPercentage = 0.1F;
-  business().values.defaultEmployeeId = Value(1);
+  business().values.defaultEmployee = Id<Employee>(1);
   for (const char* name : {"Casey", "Robin"})
     Run(Sql("INSERT INTO Employees (Employee_Name) VALUES ({})", name));
   for (const char* name : {"Abbott", "Brown"})

@@ -1,9 +1,12 @@
+#include "data/store/Connection.h"
 #include "lists/Choices.h"
+#include "lists/Countries.h"
 #include "lists/Divisions.h"
 #include "lists/Frequencies.h"
+#include "lists/HolidayUpkeep.h"
+#include "lists/PaymentMethods.h"
 #include "lists/Services.h"
 #include "lists/SuburbPositions.h"
-#include "roll/HolidayUpkeep.h"
 #include "roll/ScheduleTest.h"
 
 namespace quillary::lists {
@@ -20,7 +23,7 @@ TEST_F(ReferenceListsTest, HolidaysThatAreNoDays) {
   const char* const kYear = "Please enter a valid year.";
   struct Case {
     const char* fault;
-    roll::HolidayForm form;
+    HolidayForm form;
     const char* message;
     const char* stored;  // day and year
   };
@@ -41,37 +44,35 @@ TEST_F(ReferenceListsTest, HolidaysThatAreNoDays) {
   for (const Case& holiday : cases) {
     SCOPED_TRACE(holiday.fault);
     const Transaction undone(business());
-    EXPECT_EQ(MessageOf(roll::InsertHoliday(business(), holiday.form)), holiday.message);
+    EXPECT_EQ(MessageOf(InsertHoliday(business(), holiday.form)), holiday.message);
     EXPECT_EQ(Rows("SELECT Hol_Date, Hol_Year FROM Holiday"),
               holiday.stored ? QStringList(holiday.stored) : QStringList());
     Run(Sql("INSERT INTO Holiday (Hol_Date) VALUES ('x')"));
-    const qint64 key = business().FirstField(Sql("SELECT MAX(Hol_ID) FROM Holiday")).ToLong();
-    EXPECT_EQ(MessageOf(roll::UpdateHoliday(business(), key, holiday.form)), holiday.message);
+    const auto key = business().FirstField(Sql("SELECT MAX(Hol_ID) FROM Holiday")).ToId<Holiday>();
+    EXPECT_EQ(MessageOf(UpdateHoliday(business(), key, holiday.form)), holiday.message);
   }
 }
 
 TEST_F(ReferenceListsTest, HolidaysOfAYearMoveVisitsAfterTheyAreLoaded) {
-  EXPECT_FALSE(roll::InsertHoliday(business(), {"9/11", "2026", "Cup Day", false}));
-  EXPECT_FALSE(roll::InsertHoliday(business(), {"03/01", "2020", "Long ago", false}));
+  EXPECT_FALSE(InsertHoliday(business(), {"9/11", "2026", "Cup Day", false}));
+  EXPECT_FALSE(InsertHoliday(business(), {"03/01", "2020", "Long ago", false}));
   QStringList listed;
-  for (const roll::Holiday& holiday : roll::ListHolidays(business(), 2026))
-    listed += holiday.dayMonth;
+  for (const ListedHoliday& holiday : ListHolidays(business(), 2026)) listed += holiday.dayMonth;
   EXPECT_EQ(listed, (QStringList{"01/01", "09/11", "25/12"}));
-  EXPECT_EQ(roll::ListHolidayYears(business()),
+  EXPECT_EQ(ListHolidayYears(business()),
             (std::vector<int>{2020, 2025, 2026, 2027, 2028, 2029, 2030, 2031}));
 
   EXPECT_FALSE(IsHoliday(business().holidays, Day("2026-11-09")));
   LoadHolidaysIntoArray(business());
   EXPECT_TRUE(IsHoliday(business().holidays, Day("2026-11-09")));
 
-  const roll::HolidayForm form{"09/11", "", "Cup Day", true};
-  EXPECT_EQ(MessageOf(roll::UpdateHoliday(business(), {}, form)),
-            "Please choose a record to update.");
-  EXPECT_EQ(MessageOf(roll::DeleteHoliday(business(), {})), "Please choose a record to delete.");
-  EXPECT_FALSE(roll::UpdateHoliday(business(), 3, form));
-  EXPECT_EQ(roll::ListHolidays(business(), 2031).size(), 3u);
-  EXPECT_FALSE(roll::DeleteHoliday(business(), 3));
-  EXPECT_EQ(roll::ListHolidays(business(), 2031).size(), 2u);
+  const HolidayForm form{"09/11", "", "Cup Day", true};
+  EXPECT_EQ(MessageOf(UpdateHoliday(business(), {}, form)), "Please choose a record to update.");
+  EXPECT_EQ(MessageOf(DeleteHoliday(business(), {})), "Please choose a record to delete.");
+  EXPECT_FALSE(UpdateHoliday(business(), Id<Holiday>(3), form));
+  EXPECT_EQ(ListHolidays(business(), 2031).size(), 3u);
+  EXPECT_FALSE(DeleteHoliday(business(), Id<Holiday>(3)));
+  EXPECT_EQ(ListHolidays(business(), 2031).size(), 2u);
 }
 
 TEST_F(ReferenceListsTest, SuburbsAreAcquiredOnceAndOrderedByHand) {
@@ -126,7 +127,7 @@ TEST_F(ReferenceListsTest, AServiceIsRefusedForItsFirstFault) {
        kCode},
       {"revenue without account", {"Mowing", "MW", {}, false, false}, kAccount, kAccount},
       {"change of nothing",
-       {"Mowing", "MW", 1, true, true},
+       {"Mowing", "MW", Id<Account>(1), true, true},
        "",
        "Please choose a record to update."},
   };
@@ -146,12 +147,13 @@ TEST_F(ReferenceListsTest, ServicesAreListedWithTheirAccountAndOrphanTheirLines)
       Sql("INSERT INTO General_Ledger_Accounts (GL_Account_Name, GL_Account_Type) "
           "VALUES ('Sales', 'Revenue')"));
   ASSERT_EQ(ListRevenueAccountChoices(business()).size(), 1u);
-  const qint64 account = ListRevenueAccountChoices(business())[0].id;
-  EXPECT_TRUE(DefaultServiceId(business()).IsNull());
-  EXPECT_FALSE(UpdateService(business(), 3, {"Windows", "WC", account, true, true}));
-  EXPECT_FALSE(UpdateService(business(), 2, {"Hedges", "HT", 99, false, true}));
-  EXPECT_EQ(DefaultServiceId(business()), Value(2));
-  const std::vector<Service> services = ListServices(business());
+  const Id<Account> account = ListRevenueAccountChoices(business())[0].id;
+  EXPECT_FALSE(DefaultServiceId(business()));
+  EXPECT_FALSE(UpdateService(business(), Id<Service>(3), {"Windows", "WC", account, true, true}));
+  EXPECT_FALSE(
+      UpdateService(business(), Id<Service>(2), {"Hedges", "HT", Id<Account>(99), false, true}));
+  EXPECT_EQ(DefaultServiceId(business()), Id<Service>(2));
+  const std::vector<ListedService> services = ListServices(business());
   ASSERT_EQ(services.size(), 3u);
   EXPECT_EQ(services[1].accountName, "") << "a service whose account is gone is still listed";
   EXPECT_EQ(services[2].accountName, "Sales");
@@ -161,10 +163,10 @@ TEST_F(ReferenceListsTest, ServicesAreListedWithTheirAccountAndOrphanTheirLines)
   EXPECT_EQ(MessageOf(DeleteService(business(), outside.prompter, {})),
             "Please choose a record to delete.");
   outside.prompter.Expect("may cause problems.\n\nAre you sure", Answer::No);
-  DeleteService(business(), outside.prompter, 3);
+  DeleteService(business(), outside.prompter, Id<Service>(3));
   EXPECT_EQ(Count("Services"), 3);
   outside.prompter.Expect("jobs with this service will be orphaned", Answer::Yes);
-  DeleteService(business(), outside.prompter, 3);
+  DeleteService(business(), outside.prompter, Id<Service>(3));
   EXPECT_EQ(Count("Services"), 2);
   EXPECT_EQ(Count("Client_Services"), 1);
   outside.prompter.Expect("connected on the internet. Continue?", Answer::No);
@@ -172,8 +174,8 @@ TEST_F(ReferenceListsTest, ServicesAreListedWithTheirAccountAndOrphanTheirLines)
 }
 
 TEST_F(ReferenceListsTest, AFrequencyIsAWholeNumberOfDaysWithinAYear) {
-  const qint64 added = AddFrequency(business());
-  EXPECT_EQ(ListFrequencies(business()).front().frequencyId, added) << "0 days come first";
+  const Id<Frequency> added = AddFrequency(business());
+  EXPECT_EQ(ListFrequencies(business()).front().id, added) << "0 days come first";
   for (const char* typed : {"0", "366", "-7", "", "weekly", "7.5", "99999999999"}) {
     EXPECT_EQ(MessageOf(ChangeFrequencyDays(business(), added, typed)),
               "Please enter a value between 1 - 365.")
@@ -193,19 +195,58 @@ TEST_F(ReferenceListsTest, AFrequencyIsAWholeNumberOfDaysWithinAYear) {
 TEST_F(ReferenceListsTest, DivisionsNumberThemselves) {
   const qint64 highest =
       business().FirstField(Sql("SELECT MAX(Division_ID) FROM Divisions")).ToLong();
+  const Id<Division> added(highest + 1);
   const DivisionForm form{"Aardvark Care", "Pets"};
   EXPECT_EQ(MessageOf(InsertDivision(business(), {" ", "Pets"})),
             "Please enter the division name.");
   EXPECT_FALSE(InsertDivision(business(), form));
-  EXPECT_EQ(ListDivisions(business()).front().divisionId, highest + 1);
+  EXPECT_EQ(ListDivisions(business()).front().id, added);
   EXPECT_EQ(MessageOf(UpdateDivision(business(), {}, form)), "Please choose a record to update.");
-  EXPECT_EQ(MessageOf(UpdateDivision(business(), highest + 1, {"", "Pets"})),
+  EXPECT_EQ(MessageOf(UpdateDivision(business(), added, {"", "Pets"})),
             "Please enter the division name.");
-  EXPECT_FALSE(UpdateDivision(business(), highest + 1, {"Aardvark Homes", ""}));
-  EXPECT_EQ(ListDivisions(business()).front().divisionName, "Aardvark Homes");
+  EXPECT_FALSE(UpdateDivision(business(), added, {"Aardvark Homes", ""}));
+  EXPECT_EQ(ListDivisions(business()).front().name, "Aardvark Homes");
   EXPECT_EQ(MessageOf(DeleteDivision(business(), {})), "Please choose a record to delete.");
-  EXPECT_FALSE(DeleteDivision(business(), highest + 1));
+  EXPECT_FALSE(DeleteDivision(business(), added));
   EXPECT_EQ(Count("Divisions"), 31);
+}
+
+TEST_F(ReferenceListsTest, EmployeesStandInTheOrderThatTheirListNeeds) {
+  for (const char* name : {"Zoe", "Adam"})
+    Run(Sql("INSERT INTO Employees (Employee_Name) VALUES ({})", name));
+  const auto words = [](const auto& choices) {
+    QStringList listed;
+    for (const auto& choice : choices) listed += choice.words;
+    return listed.join(u' ');
+  };
+  const QString made = words(ListEmployeeChoices(business()));
+  EXPECT_TRUE(made.endsWith(u"Zoe Adam")) << made.toStdString() << ": the first is the default";
+  EXPECT_TRUE(words(ListEmployeesByName(business())).startsWith(u"Adam"));
+}
+
+/// What a record that has gone meanwhile says to each command of its list.
+TEST_F(ReferenceListsTest, ARecordThatHasGoneIsToldAndNothingIsWritten) {
+  const auto gone = [this](const char* what, const auto& command) {
+    SCOPED_TRACE(what);
+    const int before = business().StoreConnection().TransactionDepth();
+    EXPECT_THROW(command(), WriteFailed);
+    EXPECT_EQ(business().StoreConnection().TransactionDepth(), before);
+  };
+  const ServiceForm service{"Mowing", "MW", Id<Account>(1), false, false};
+  gone("country", [&] { UpdateCountry(business(), Id<Country>(99), {"Fiji", "", ""}); });
+  gone("country", [&] { DeleteCountry(business(), Id<Country>(99)); });
+  gone("division", [&] { UpdateDivision(business(), Id<Division>(99), {"Pets", ""}); });
+  gone("division", [&] { DeleteDivision(business(), Id<Division>(99)); });
+  gone("frequency", [&] { ChangeFrequencyDays(business(), Id<Frequency>(99), "7"); });
+  gone("frequency", [&] { RemoveFrequency(business(), Id<Frequency>(99)); });
+  gone("method", [&] { UpdatePaymentMethod(business(), Id<PaymentMethodRow>(99), "CASH"); });
+  gone("method", [&] { DeletePaymentMethod(business(), Id<PaymentMethodRow>(99)); });
+  gone("service", [&] { UpdateService(business(), Id<Service>(99), service); });
+  gone("holiday", [&] { DeleteHoliday(business(), Id<Holiday>(99)); });
+  // An order that names a suburb which has gone leaves the others where they stood.
+  Run(Sql("INSERT INTO Suburb_Position (Suburb_Name, Position) VALUES ('KEW', 7)"));
+  gone("suburb", [&] { StoreSuburbOrder(business(), {"KEW", "ATLANTIS"}); });
+  EXPECT_EQ(ListSuburbPositions(business()).front().position, 7);
 }
 
 }  // namespace

@@ -62,8 +62,8 @@ TEST_F(StartUpTest, AnEmptyBusinessIsMadeReady) {
   EXPECT_EQ(details.RowCount(), 1u);
   EXPECT_EQ(details.Field(u"FSE_CODE"), Value("FSECODE"));
   EXPECT_EQ(started->LookupField("Employees.Employee_Name"), Value("Default"));
-  EXPECT_EQ(started->values.defaultEmployeeId, started->LookupField("Employees.Employee_ID"));
-  EXPECT_TRUE(started->values.defaultServiceId.IsNull());
+  EXPECT_EQ(Value(started->values.defaultEmployee), started->LookupField("Employees.Employee_ID"));
+  EXPECT_FALSE(started->values.defaultService);
   EXPECT_FLOAT_EQ(started->values.gstPercentage, 0.1F);
 }
 

@@ -2,13 +2,13 @@
 
 namespace quillary::billing {
 
-std::vector<lists::Choice> ListBilledClients(Business& business, BilledClients which) {
+std::vector<lists::Choice<Client>> ListBilledClients(Business& business, BilledClients which) {
   Sql statement("SELECT Client_ID, Display_Name FROM Clients WHERE Is_Billed_To = Yes");
   if (which == BilledClients::Active)
     statement = statement + Sql(" AND Status IN ('Active', 'Billing address')");
-  std::vector<lists::Choice> clients;
+  std::vector<lists::Choice<Client>> clients;
   for (const Record row : business.RunSQL(statement + Sql(" ORDER BY Display_Name;")))
-    clients.push_back({row[u"Client_ID"].ToLong(), row[u"Display_Name"].ToText()});
+    clients.push_back({Id<Client>(row[u"Client_ID"].ToLong()), row[u"Display_Name"].ToText()});
   return clients;
 }
 

@@ -14,7 +14,7 @@ namespace quillary::billing {
 
 enum class BilledClients { Active, All };  // active ones include plain billing addresses
 /// The clients who are billed themselves, by name.
-std::vector<lists::Choice> ListBilledClients(Business& business, BilledClients which);
+std::vector<lists::Choice<Client>> ListBilledClients(Business& business, BilledClients which);
 
 /// What a client wants on its invoices. It stands for all later ones.
 struct InvoiceOptions {

@@ -68,13 +68,13 @@ void PaymentForm::TakeHabits(const PaymentHabits& habits) {
   bankAccountName = habits.bankAccountName;
 }
 
-std::vector<lists::Choice> ListPayerChoices(Business& business) {
-  std::vector<lists::Choice> payers;
+std::vector<lists::Choice<Client>> ListPayerChoices(Business& business) {
+  std::vector<lists::Choice<Client>> payers;
   for (const Record row : business.RunSQL(
            Sql("SELECT Client_ID, Display_Name FROM Clients "
                "WHERE Status IN ('Billing address', 'Active', 'Bad Debtor', 'Cancelled', "
                "'Transferred') AND Is_Billed_To = True ORDER BY Display_Name; ")))
-    payers.push_back({row[u"Client_ID"].ToLong(), row[u"Display_Name"].ToText()});
+    payers.push_back({Id<Client>(row[u"Client_ID"].ToLong()), row[u"Display_Name"].ToText()});
   return payers;
 }
 
@@ -126,7 +126,9 @@ PaymentForm NewPayment(Business& business, qint64 clientId, Money amount,
   form.gst = TaxWithin(business, amount, false);
   form.forJob = forJob;
   const qint64 payer = PayerOf(business, clientId);
-  const auto isPayer = [payer](const lists::Choice& choice) { return choice.id == payer; };
+  const auto isPayer = [payer](const lists::Choice<Client>& choice) {
+    return choice.id.Number() == payer;
+  };
   if (!std::ranges::any_of(ListPayerChoices(business), isPayer)) return form;
   form.clientId = payer;
   form.TakeHabits(HabitsOf(business, payer));

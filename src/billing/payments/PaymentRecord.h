@@ -49,7 +49,7 @@ struct PaymentForm {
 };
 
 /// Whom money can come from: the clients who are billed, former ones too, by name.
-std::vector<lists::Choice> ListPayerChoices(Business& business);
+std::vector<lists::Choice<Client>> ListPayerChoices(Business& business);
 /// The words that a payment can be made by, by name, as the list spells them.
 QStringList ListPaymentMethodWords(Business& business);
 /// The list's spelling of a method, whatever its case; empty when the list does not hold it.

@@ -23,12 +23,14 @@ enum LineColumn { kLineAccount, kLineEntry, kLineAmount, kLineTax };
 
 /// The payers, and whoever paid this one: that client may be billed to another by now, and the
 /// payment is still its own.
-std::vector<lists::Choice> PayersWith(Business& business, std::optional<qint64> clientId) {
-  std::vector<lists::Choice> payers = ListPayerChoices(business);
-  const auto isClient = [&](const lists::Choice& choice) { return choice.id == clientId; };
+std::vector<lists::Choice<Client>> PayersWith(Business& business, std::optional<qint64> clientId) {
+  std::vector<lists::Choice<Client>> payers = ListPayerChoices(business);
+  const auto isClient = [&](const lists::Choice<Client>& choice) {
+    return choice.id.Number() == clientId;
+  };
   if (!clientId || std::ranges::any_of(payers, isClient)) return payers;
   payers.push_back(
-      {*clientId,
+      {Id<Client>(*clientId),
        business.FirstField(Sql("SELECT Display_Name FROM Clients WHERE Client_ID = {}", *clientId))
            .ToText()});
   return payers;

@@ -223,8 +223,8 @@ void ClientBillingPage::EnableCommands() {
 }
 
 QString ClientBillingPage::PayerName() const {
-  for (const lists::Choice& payer : payers_)
-    if (payer.id == desk_.client.billingClientId) return payer.words;
+  for (const lists::Choice<Client>& payer : payers_)
+    if (payer.id.Number() == desk_.client.billingClientId) return payer.words;
   return {};
 }
 

@@ -72,7 +72,7 @@ class ClientBillingPage : public QWidget {
   void SetMonthlyPrices();
 
   ClientDesk& desk_;
-  std::vector<lists::Choice> payers_;
+  std::vector<lists::Choice<Client>> payers_;
   QBoxLayout* payerSlot_;
 
   std::array<QRadioButton*, 3> choices_;  // in the order of BillingChoice

@@ -165,8 +165,8 @@ void ClientServicesPage::LoadChoices() {
   FillComboWithWords(cmbJobType, JobTypes());
   FillComboWithWords(cmbFrequency, ListFrequencyDays(desk_.business));
   EmptyCombo(cmbEmployee);
-  for (const diary::EmployeeChoice& employee : diary::ListEmployees(desk_.business))
-    cmbEmployee->addItem(employee.name, employee.employeeId);
+  for (const auto& employee : lists::ListEmployeesByName(desk_.business))
+    cmbEmployee->addItem(employee.words, employee.id.Number());
   const QString price = QStringLiteral("&Price (%1 inc.)").arg(desk_.business.values.taxName);
   for (QLabel* label : findChildren<QLabel*>())
     if (label->buddy() == txtPrice) label->setText(price);

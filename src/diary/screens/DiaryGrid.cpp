@@ -36,10 +36,9 @@ std::vector<GridChoice> DiaryStatusChoices() {
   return choices;
 }
 
-std::vector<GridChoice> EmployeeChoices(const std::vector<EmployeeChoice>& employees) {
+std::vector<GridChoice> EmployeeChoices(const std::vector<lists::Choice<Employee>>& employees) {
   std::vector<GridChoice> choices;
-  for (const EmployeeChoice& employee : employees)
-    choices.push_back({Value(employee.employeeId), employee.name});
+  for (const auto& employee : employees) choices.push_back({employee.id, employee.words});
   return choices;
 }
 

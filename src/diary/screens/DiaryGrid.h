@@ -2,6 +2,7 @@
 
 #include "diary/DiaryDay.h"
 #include "kit/GridColumns.h"
+#include "lists/Choices.h"
 
 /// How the diary's entries stand in its table.
 namespace quillary::diary {
@@ -24,7 +25,7 @@ enum DiaryColumn {
 std::vector<GridColumn> DiaryColumns(bool rowCommands);
 /// The statuses that may be given by hand.
 std::vector<GridChoice> DiaryStatusChoices();
-std::vector<GridChoice> EmployeeChoices(const std::vector<EmployeeChoice>& employees);
+std::vector<GridChoice> EmployeeChoices(const std::vector<lists::Choice<Employee>>& employees);
 GridRow DiaryGridRow(const DiaryRow& row);
 Hue HueOf(DiaryRowColour colour);
 

@@ -5,7 +5,6 @@
 #include "base/ports/requests/Setup.h"
 #include "diary/screens/frmClients_RescheduleFutureJobs.h"
 #include "diary/screens/frmDiary.h"
-#include "diary/screens/frmHoliday.h"
 #include "diary/screens/frmJobs.h"
 #include "diary/screens/frmJobsAndPaymentChecker.h"
 #include "diary/screens/frmJobsList.h"
@@ -100,19 +99,12 @@ void RegisterRescheduling(Business& business, const ScreenTools& tools) {
       });
 }
 
-void RegisterHolidays(Business& business, const ScreenTools& tools) {
-  tools.navigator.Register<OpenHoliday>([&business, tools](const OpenHoliday&) {
-    ShowTab(tools, "frmHoliday", [&] { return new frmHoliday(business, tools); });
-  });
-}
-
 }  // namespace
 
 void RegisterDiaryScreens(Business& business, const ScreenTools& tools) {
   RegisterDiary(business, tools);
   RegisterEntries(business, tools);
   RegisterRescheduling(business, tools);
-  RegisterHolidays(business, tools);
 }
 
 }  // namespace quillary::diary

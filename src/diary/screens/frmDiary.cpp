@@ -53,11 +53,11 @@ void frmDiary::ShowYourself() {
 
 void frmDiary::LoadEmployees() {
   const QVariant kept = cmbEmployees->currentData();
-  const std::vector<EmployeeChoice> employees = ListEmployees(business_);
+  const auto employees = lists::ListEmployeesByName(business_);
   cmbEmployees->clear();
   cmbEmployees->addItem(QStringLiteral(" All"), kAllEmployees);
-  for (const EmployeeChoice& employee : employees)
-    cmbEmployees->addItem(employee.name, employee.employeeId);
+  for (const auto& employee : employees)
+    cmbEmployees->addItem(employee.words, employee.id.Number());
   cmbEmployees->SelectComboItem(cmbEmployees->findData(kept) < 0 ? QVariant(kAllEmployees) : kept);
 }
 
@@ -95,7 +95,7 @@ void frmDiary::Show(const DiaryList& list) {
     rows.push_back(DiaryGridRow(row));
     rows.back().cells.resize(static_cast<size_t>(grdSchedule->model()->columnCount()), Value());
   }
-  grdSchedule->SetChoices(kEmployee, EmployeeChoices(ListEmployees(business_)));
+  grdSchedule->SetChoices(kEmployee, EmployeeChoices(lists::ListEmployeesByName(business_)));
   grdSchedule->ShowColumn(kDate, optShowJobsBetween->isChecked());
   grdSchedule->SetRows(std::move(rows));
   if (!grdSchedule->SelectKey(kept)) grdSchedule->SelectFirst();

@@ -5,6 +5,7 @@
 #include "data/Business.h"
 #include "lists/screens/frmCountries.h"
 #include "lists/screens/frmDivisions.h"
+#include "lists/screens/frmHoliday.h"
 #include "lists/screens/frmPaymentMethods.h"
 #include "lists/screens/frmServices.h"
 #include "lists/screens/frmSuburb_Position.h"
@@ -24,6 +25,9 @@ void RegisterListScreens(Business& business, const ScreenTools& tools) {
     ShowTab(tools, "frmVisitFrequencies", [&] {
       return new RecordListScreen(VisitFrequenciesList(business), tools, business.World());
     });
+  });
+  navigator.Register<OpenHoliday>([&business, tools](const OpenHoliday&) {
+    ShowTab(tools, "frmHoliday", [&] { return new frmHoliday(business, tools); });
   });
   navigator.Register<OpenDivisions>([&business, tools](const OpenDivisions&) {
     ShowTab(tools, "frmDivisions",

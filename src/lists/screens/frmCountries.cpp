@@ -12,8 +12,8 @@ CountryForm CountryFormOf(const RecordFields& fields) {
 
 std::vector<GridRow> CountryRows(Business& business) {
   std::vector<GridRow> rows;
-  for (const Country& country : ListCountries(business))
-    rows.push_back({{country.name, country.countryId, country.registrationName, country.taxName}});
+  for (const ListedCountry& country : ListCountries(business))
+    rows.push_back({{country.name, country.id, country.registrationName, country.taxName}});
   return rows;
 }
 
@@ -32,10 +32,11 @@ RecordList CountriesList(Business& business) {
                   {{}, ColumnKind::HiddenId},
                   {QObject::tr("Tax registration"), ColumnKind::Text, 160},
                   {QObject::tr("Tax name"), ColumnKind::Text, 120}},
-      .fields = {{"txtCountry", QObject::tr("Countr&y"), FieldKind::Text, 0, 50},
-                 {"txtTaxRegistration", QObject::tr("Ta&x registration, such as ABN:"),
-                  FieldKind::Text, 2, 50},
-                 {"txtTaxName", QObject::tr("&Tax name, such as GST"), FieldKind::Text, 3, 50}},
+      .fields = {{"txtCountry", "name", QObject::tr("Countr&y"), FieldKind::Text, 0, 50},
+                 {"txtTaxRegistration", "registrationName",
+                  QObject::tr("Ta&x registration, such as ABN:"), FieldKind::Text, 2, 50},
+                 {"txtTaxName", "taxName", QObject::tr("&Tax name, such as GST"), FieldKind::Text,
+                  3, 50}},
       .load = [&business] { return CountryRows(business); },
       .insert =
           [&business](const RecordFields& fields) {
@@ -43,9 +44,12 @@ RecordList CountriesList(Business& business) {
           },
       .update =
           [&business](std::optional<qint64> key, const RecordFields& fields) {
-            return UpdateCountry(business, key, CountryFormOf(fields));
+            return UpdateCountry(business, IdFrom<Country>(key), CountryFormOf(fields));
           },
-      .remove = [&business](std::optional<qint64> key) { return DeleteCountry(business, key); },
+      .remove =
+          [&business](std::optional<qint64> key) {
+            return DeleteCountry(business, IdFrom<Country>(key));
+          },
   };
 }
 

@@ -23,15 +23,14 @@ RecordList DivisionsList(Business& business) {
       .columns = {{QObject::tr("Division"), ColumnKind::StrongText, 200},
                   {{}, ColumnKind::HiddenId},
                   {QObject::tr("Nature of business"), ColumnKind::Text, 280}},
-      .fields = {{"txtDivisionName", QObject::tr("Di&vision"), FieldKind::Text, 0, 30},
-                 {"txtNatureOfBusiness", QObject::tr("Nature of &business"), FieldKind::Text, 2,
-                  50}},
+      .fields = {{"txtDivisionName", "name", QObject::tr("Di&vision"), FieldKind::Text, 0, 30},
+                 {"txtNatureOfBusiness", "natureOfBusiness", QObject::tr("Nature of &business"),
+                  FieldKind::Text, 2, 50}},
       .load =
           [&business] {
             std::vector<GridRow> rows;
-            for (const Division& division : ListDivisions(business))
-              rows.push_back(
-                  {{division.divisionName, division.divisionId, division.natureOfBusiness}});
+            for (const ListedDivision& division : ListDivisions(business))
+              rows.push_back({{division.name, division.id, division.natureOfBusiness}});
             return rows;
           },
       .insert =
@@ -40,9 +39,12 @@ RecordList DivisionsList(Business& business) {
           },
       .update =
           [&business](std::optional<qint64> key, const RecordFields& fields) {
-            return UpdateDivision(business, key, DivisionFormOf(fields));
+            return UpdateDivision(business, IdFrom<Division>(key), DivisionFormOf(fields));
           },
-      .remove = [&business](std::optional<qint64> key) { return DeleteDivision(business, key); },
+      .remove =
+          [&business](std::optional<qint64> key) {
+            return DeleteDivision(business, IdFrom<Division>(key));
+          },
   };
 }
 

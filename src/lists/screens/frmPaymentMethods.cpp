@@ -46,12 +46,13 @@ RecordList PaymentMethodsList(Business& business) {
       .emptyNext = QObject::tr("Fill in a method, such as CASH, and add it."),
       .columns = {{QObject::tr("Payment method"), ColumnKind::StrongText, 280},
                   {{}, ColumnKind::HiddenId}},
-      .fields = {{"txtPaymentMethod", QObject::tr("Payment &method"), FieldKind::Text, 0, 20}},
+      .fields = {{"txtPaymentMethod", "word", QObject::tr("Payment &method"), FieldKind::Text, 0,
+                  20}},
       .load =
           [&business] {
             std::vector<GridRow> rows;
-            for (const PaymentMethod& method : ListPaymentMethods(business))
-              rows.push_back({{method.word, method.paymentMethodId}});
+            for (const ListedPaymentMethod& method : ListPaymentMethods(business))
+              rows.push_back({{method.word, method.id}});
             return rows;
           },
       .insert =
@@ -60,10 +61,13 @@ RecordList PaymentMethodsList(Business& business) {
           },
       .update =
           [&business](std::optional<qint64> key, const RecordFields& fields) {
-            return UpdatePaymentMethod(business, key, fields.Text("txtPaymentMethod"));
+            return UpdatePaymentMethod(business, IdFrom<PaymentMethodRow>(key),
+                                       fields.Text("txtPaymentMethod"));
           },
       .remove =
-          [&business](std::optional<qint64> key) { return DeletePaymentMethod(business, key); },
+          [&business](std::optional<qint64> key) {
+            return DeletePaymentMethod(business, IdFrom<PaymentMethodRow>(key));
+          },
   };
 }
 

@@ -14,16 +14,15 @@ enum ServiceColumn { kService, kServiceId, kAccountId, kCode, kAccount, kRegular
 
 std::vector<GridRow> ServiceRows(Business& business) {
   std::vector<GridRow> rows;
-  for (const Service& service : ListServices(business))
-    rows.push_back(
-        {{service.service, service.serviceId, service.defaultGLAccountId, service.serviceCode,
-          service.accountName, service.regular, service.isDefault}});
+  for (const ListedService& service : ListServices(business))
+    rows.push_back({{service.name, service.id, service.account, service.serviceCode,
+                     service.accountName, service.regular, service.isDefault}});
   return rows;
 }
 
 ServiceForm ServiceFormOf(const RecordFields& fields) {
   return {fields.Text("txtService"), fields.Text("txtServiceCode"),
-          fields.Choice("cboDefaultGLAccountID"), fields.IsTicked("chkRegular"),
+          fields.Choice<Account>("cboDefaultGLAccountID"), fields.IsTicked("chkRegular"),
           fields.IsTicked("chkDefault")};
 }
 
@@ -44,16 +43,18 @@ RecordList ServicesList(Business& business) {
                   {QObject::tr("Revenue account"), ColumnKind::Text, 192},
                   {QObject::tr("Regular"), ColumnKind::Tick, 80},
                   {QObject::tr("Default"), ColumnKind::Tick, 80}},
-      .fields = {{"txtService", QObject::tr("Na&me of the service"), FieldKind::Text, kService,
-                  100},
-                 {"txtServiceCode", QObject::tr("Ser&vice code"), FieldKind::Text, kCode, 20},
-                 {"cboDefaultGLAccountID", QObject::tr("Default led&ger account"),
+      .fields = {{"txtService", "name", QObject::tr("Na&me of the service"), FieldKind::Text,
+                  kService, 100},
+                 {"txtServiceCode", "serviceCode", QObject::tr("Ser&vice code"), FieldKind::Text,
+                  kCode, 20},
+                 {"cboDefaultGLAccountID", "account", QObject::tr("Default led&ger account"),
                   FieldKind::Choice, kAccountId, 0,
                   [&business](QComboBox* combo) {
                     FillCombo(combo, ListRevenueAccountChoices(business));
                   }},
-                 {"chkRegular", QObject::tr("A regular serv&ice"), FieldKind::Tick, kRegular},
-                 {"chkDefault", QObject::tr("The service offered first (&by default)"),
+                 {"chkRegular", "regular", QObject::tr("A regular serv&ice"), FieldKind::Tick,
+                  kRegular},
+                 {"chkDefault", "isDefault", QObject::tr("The service offered first (&by default)"),
                   FieldKind::Tick, kDefault}},
       .load = [&business] { return ServiceRows(business); },
       .insert =
@@ -62,10 +63,12 @@ RecordList ServicesList(Business& business) {
           },
       .update =
           [&business](std::optional<qint64> key, const RecordFields& fields) {
-            return UpdateService(business, key, ServiceFormOf(fields));
+            return UpdateService(business, IdFrom<Service>(key), ServiceFormOf(fields));
           },
-      .remove = [&business, &prompter](
-                    std::optional<qint64> key) { return DeleteService(business, prompter, key); },
+      .remove =
+          [&business, &prompter](std::optional<qint64> key) {
+            return DeleteService(business, prompter, IdFrom<Service>(key));
+          },
   };
 }
 

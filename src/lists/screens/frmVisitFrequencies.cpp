@@ -9,6 +9,7 @@ RecordList VisitFrequenciesList(Business& business) {
       .name = "frmVisitFrequencies",
       .title = QObject::tr("Visit frequencies"),
       .gridName = QStringLiteral("grdFreq"),
+      .gridField = "days",
       .about = QObject::tr("These numbers of days are the ones offered in the schedule frequency "
                            "lists."),
       .hint = QObject::tr("Double-click a number, or press F2, to change it."),
@@ -20,18 +21,21 @@ RecordList VisitFrequenciesList(Business& business) {
       .load =
           [&business] {
             std::vector<GridRow> rows;
-            for (const Frequency& frequency : ListFrequencies(business))
-              rows.push_back({{frequency.days, frequency.frequencyId, QString()}});
+            for (const ListedFrequency& frequency : ListFrequencies(business))
+              rows.push_back({{frequency.days, frequency.id, QString()}});
             return rows;
           },
       .insert = [&business](const RecordFields&) -> std::optional<Refusal> {
         AddFrequency(business);
         return std::nullopt;
       },
-      .remove = [&business](std::optional<qint64> key) { return RemoveFrequency(business, key); },
+      .remove =
+          [&business](std::optional<qint64> key) {
+            return RemoveFrequency(business, IdFrom<Frequency>(key));
+          },
       .editCell =
           [&business](qint64 key, int, const Value& typed) {
-            return ChangeFrequencyDays(business, key, typed.ToText());
+            return ChangeFrequencyDays(business, Id<Frequency>(key), typed.ToText());
           },
       .insertCommand = {"cmdAdd", QObject::tr("Add ne&w")},
       .deleteCommand = {"cmdRemove", QObject::tr("Re&move")},

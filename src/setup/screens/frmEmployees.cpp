@@ -3,14 +3,6 @@
 #include "setup/settings/Employees.h"
 
 namespace quillary::setup {
-namespace {
-
-std::optional<Id<Employee>> EmployeeOf(std::optional<qint64> key) {
-  if (!key) return std::nullopt;
-  return Id<Employee>(*key);
-}
-
-}  // namespace
 
 RecordList EmployeesList(Business& business) {
   return {
@@ -21,12 +13,13 @@ RecordList EmployeesList(Business& business) {
                            "an employee who left is better kept than removed."),
       .columns = {{QObject::tr("Employee"), ColumnKind::StrongText, 280},
                   {{}, ColumnKind::HiddenId}},
-      .fields = {{"txtNewPerson", QObject::tr("&Name of the person"), FieldKind::Text, 0, 50}},
+      .fields = {{"txtNewPerson", "name", QObject::tr("&Name of the person"), FieldKind::Text, 0,
+                  50}},
       .load =
           [&business] {
             std::vector<GridRow> rows;
             for (const EmployeeRow& employee : ListEmployees(business))
-              rows.push_back({{employee.name, employee.id.Number()}});
+              rows.push_back({{employee.name, employee.id}});
             return rows;
           },
       .insert = [&business](const RecordFields& fields) -> std::optional<Refusal> {
@@ -37,7 +30,8 @@ RecordList EmployeesList(Business& business) {
       },
       .remove =
           [&business](std::optional<qint64> key) {
-            return RemoveEmployee(business, business.World().prompter, EmployeeOf(key)).refusal;
+            return RemoveEmployee(business, business.World().prompter, IdFrom<Employee>(key))
+                .refusal;
           },
       .insertCommand = {"cmdAdd", QObject::tr("&Add as new")},
       .deleteCommand = {"cmdRemove", QObject::tr("&Remove")},

@@ -133,11 +133,11 @@ QLayout* frmPersonalInformation::Fields() {
 
 void frmPersonalInformation::Load() {
   EmptyCombo(cboDivision);
-  for (const lists::Division& division : lists::ListDivisions(business_))
-    cboDivision->addItem(division.divisionName, Value(division.divisionId).ToLong());
+  for (const lists::ListedDivision& division : lists::ListDivisions(business_))
+    cboDivision->addItem(division.name, division.id.Number());
   EmptyCombo(cboCountry);
-  for (const lists::Country& country : lists::ListCountries(business_))
-    cboCountry->addItem(country.name, Value(country.countryId).ToLong());
+  for (const lists::ListedCountry& country : lists::ListCountries(business_))
+    cboCountry->addItem(country.name, country.id.Number());
   const PersonalInformation info = LoadPersonalInformation(business_);
   for (const TextField& each : kTextFields)
     findChild<QLineEdit*>(QString::fromLatin1(each.control))->setText(info.*each.text);

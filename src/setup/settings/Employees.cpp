@@ -34,8 +34,8 @@ EmployeeRemoval RemoveEmployee(Business& business, Prompter& prompter,
     if (prompter.Ask(QString::fromLatin1(question)) != Answer::Yes) return {};
   business.Write(Sql("DELETE FROM Employees WHERE Employee_ID = {}; ", *employee),
                  Rows::Exactly(1));
-  business.values.defaultEmployeeId =
-      business.FirstField(Sql("SELECT MIN(Employee_ID) FROM Employees; "));
+  business.values.defaultEmployee =
+      business.FirstField(Sql("SELECT MIN(Employee_ID) FROM Employees; ")).ToId<Employee>();
   return {std::nullopt, true};
 }
 

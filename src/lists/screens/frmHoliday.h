@@ -8,7 +8,7 @@ namespace quillary {
 class Business;
 }  // namespace quillary
 
-namespace quillary::diary {
+namespace quillary::lists {
 
 /// The days on which nobody works, a year at a time.
 class frmHoliday : public RecordListScreen {
@@ -32,4 +32,4 @@ class frmHoliday : public RecordListScreen {
   QComboBox* cboYear;
 };
 
-}  // namespace quillary::diary
+}  // namespace quillary::lists

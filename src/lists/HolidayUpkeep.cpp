@@ -1,11 +1,11 @@
-#include "roll/HolidayUpkeep.h"
+#include "lists/HolidayUpkeep.h"
 
 #include <QDate>
 #include <QRegularExpression>
 
 #include <set>
 
-namespace quillary::roll {
+namespace quillary::lists {
 namespace {
 
 // A leap year, so that a day that comes round only every fourth year can recur.
@@ -36,12 +36,12 @@ std::optional<int> ReadYear(const QString& typed) {
 }
 
 // What a form that passed the check is stored as.
-struct StoredHoliday {
+struct StoredDay {
   QString holDate;
   int holYear = 0;
 };
 
-StoredHoliday Stored(const HolidayForm& form) {
+StoredDay StoredOf(const HolidayForm& form) {
   return {ReadDayMonth(form.dayMonth).value_or(DayMonth{}).Text(),
           form.recurring ? 0 : ReadYear(form.year).value_or(0)};
 }
@@ -60,13 +60,13 @@ std::vector<int> ListHolidayYears(Business& business) {
   return {years.begin(), years.end()};
 }
 
-std::vector<Holiday> ListHolidays(Business& business, int year) {
-  std::vector<Holiday> holidays;
+std::vector<ListedHoliday> ListHolidays(Business& business, int year) {
+  std::vector<ListedHoliday> holidays;
   for (const Record row :
        business.RunSQL(Sql("SELECT * FROM Holiday WHERE Hol_Year = {} OR Hol_Recurring = True "
                            "ORDER BY Right(Hol_Date, 2), Left(Hol_Date, 2), Hol_ID",
                            year))) {
-    holidays.push_back({row[u"Hol_ID"].ToLong(), row[u"Hol_Date"].ToText(),
+    holidays.push_back({Id<Holiday>(row[u"Hol_ID"].ToLong()), row[u"Hol_Date"].ToText(),
                         static_cast<int>(row[u"Hol_Year"].ToLong()), row[u"Hol_Recurring"].ToBool(),
                         row[u"Hol_Description"].ToText()});
   }
@@ -77,41 +77,40 @@ std::optional<Refusal> CheckHoliday(const HolidayForm& form) {
   const std::optional<DayMonth> day = ReadDayMonth(form.dayMonth);
   const std::optional<int> year = form.recurring ? kAnyYear : ReadYear(form.year);
   if (!day || !day->IsDateIn(year.value_or(kAnyYear))) {
-    return Refusal{QStringLiteral("Please enter a valid day/month."),
-                   QStringLiteral("txtDayMonth")};
+    return Refusal{QStringLiteral("Please enter a valid day/month."), QStringLiteral("dayMonth")};
   }
   if (!year) {
-    return Refusal{QStringLiteral("Please enter a valid year."), QStringLiteral("txtYear")};
+    return Refusal{QStringLiteral("Please enter a valid year."), QStringLiteral("year")};
   }
   return std::nullopt;
 }
 
 std::optional<Refusal> InsertHoliday(Business& business, const HolidayForm& form) {
   if (std::optional<Refusal> refusal = CheckHoliday(form)) return refusal;
-  const StoredHoliday stored = Stored(form);
-  business.RunSQL(
+  const StoredDay stored = StoredOf(form);
+  business.Write(
       Sql("INSERT INTO Holiday (Hol_Date, Hol_Year, Hol_Recurring, Hol_Description) "
           "VALUES ({}, {}, {}, {})",
           stored.holDate, stored.holYear, form.recurring, form.description));
   return std::nullopt;
 }
 
-std::optional<Refusal> UpdateHoliday(Business& business, std::optional<qint64> holId,
+std::optional<Refusal> UpdateHoliday(Business& business, std::optional<Id<Holiday>> holiday,
                                      const HolidayForm& form) {
   if (std::optional<Refusal> refusal = CheckHoliday(form)) return refusal;
-  if (!holId) return Refusal{QStringLiteral("Please choose a record to update."), {}};
-  const StoredHoliday stored = Stored(form);
-  business.RunSQL(
-      Sql("UPDATE Holiday SET Hol_Date = {}, Hol_Year = {}, Hol_Recurring = {}, "
-          "Hol_Description = {} WHERE Hol_ID = {}",
-          stored.holDate, stored.holYear, form.recurring, form.description, holId));
+  if (!holiday) return Refusal{QStringLiteral("Please choose a record to update."), {}};
+  const StoredDay stored = StoredOf(form);
+  business.Write(Sql("UPDATE Holiday SET Hol_Date = {}, Hol_Year = {}, Hol_Recurring = {}, "
+                     "Hol_Description = {} WHERE Hol_ID = {}",
+                     stored.holDate, stored.holYear, form.recurring, form.description, holiday),
+                 Rows::Exactly(1));
   return std::nullopt;
 }
 
-std::optional<Refusal> DeleteHoliday(Business& business, std::optional<qint64> holId) {
-  if (!holId) return Refusal{QStringLiteral("Please choose a record to delete."), {}};
-  business.RunSQL(Sql("DELETE FROM Holiday WHERE Hol_ID = {}", holId));
+std::optional<Refusal> DeleteHoliday(Business& business, std::optional<Id<Holiday>> holiday) {
+  if (!holiday) return Refusal{QStringLiteral("Please choose a record to delete."), {}};
+  business.Write(Sql("DELETE FROM Holiday WHERE Hol_ID = {}", holiday), Rows::Exactly(1));
   return std::nullopt;
 }
 
-}  // namespace quillary::roll
+}  // namespace quillary::lists

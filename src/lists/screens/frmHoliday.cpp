@@ -1,30 +1,30 @@
-#include "diary/screens/frmHoliday.h"
+#include "lists/screens/frmHoliday.h"
 
 #include "data/Holidays.h"
 #include "kit/Combos.h"
 #include "kit/Layouts.h"
-#include "roll/HolidayUpkeep.h"
+#include "lists/HolidayUpkeep.h"
 
 #include <QHBoxLayout>
 
-namespace quillary::diary {
+namespace quillary::lists {
 
 namespace {
 
 enum HolidayColumn { kHolidayDayMonth, kHolidayHolId, kHolidayYear, kHoliday, kHolidayRecurring };
 
-roll::HolidayForm HolidayFormOf(const RecordFields& fields) {
+HolidayForm HolidayFormOf(const RecordFields& fields) {
   return {fields.Text("txtDayMonth"), fields.Text("txtYear"), fields.Text("txtHoliday"),
           fields.IsTicked("chkRecurring")};
 }
 
 std::vector<GridRow> HolidayRows(Business& business, int year) {
   std::vector<GridRow> rows;
-  for (const roll::Holiday& holiday : roll::ListHolidays(business, year)) {
+  for (const ListedHoliday& holiday : ListHolidays(business, year)) {
     const GridCell yearCell = holiday.recurring ? GridCell(Value(), QObject::tr("Every year"))
                                                 : GridCell(QString::number(holiday.year));
     rows.push_back(
-        {{holiday.dayMonth, holiday.holId, yearCell, holiday.description, holiday.recurring}});
+        {{holiday.dayMonth, holiday.id, yearCell, holiday.description, holiday.recurring}});
   }
   return rows;
 }
@@ -60,11 +60,12 @@ RecordList frmHoliday::HolidayList(Business& business, const std::shared_ptr<Sho
                   {QObject::tr("Year"), ColumnKind::Text, 104},
                   {QObject::tr("Holiday"), ColumnKind::StrongText, 256},
                   {QObject::tr("Recurs"), ColumnKind::Tick, 80}},
-      .fields = {{"txtDayMonth", QObject::tr("Day/&month, such as 25/12"), FieldKind::DayAndMonth,
-                  kHolidayDayMonth, 5},
-                 {"txtYear", QObject::tr("&Year"), FieldKind::Digits, kHolidayYear, 4},
-                 {"txtHoliday", QObject::tr("Hol&iday"), FieldKind::Text, kHoliday, 50},
-                 {"chkRecurring", QStringLiteral("Occurs on this date e&very year"),
+      .fields = {{"txtDayMonth", "dayMonth", QObject::tr("Day/&month, such as 25/12"),
+                  FieldKind::DayAndMonth, kHolidayDayMonth, 5},
+                 {"txtYear", "year", QObject::tr("&Year"), FieldKind::Digits, kHolidayYear, 4},
+                 {"txtHoliday", "description", QObject::tr("Hol&iday"), FieldKind::Text, kHoliday,
+                  50},
+                 {"chkRecurring", "recurring", QStringLiteral("Occurs on this date e&very year"),
                   FieldKind::Tick, kHolidayRecurring}},
       .load =
           [&business, shown] {
@@ -74,14 +75,16 @@ RecordList frmHoliday::HolidayList(Business& business, const std::shared_ptr<Sho
           },
       .insert =
           [&business](const RecordFields& fields) {
-            return roll::InsertHoliday(business, HolidayFormOf(fields));
+            return InsertHoliday(business, HolidayFormOf(fields));
           },
       .update =
           [&business](std::optional<qint64> key, const RecordFields& fields) {
-            return roll::UpdateHoliday(business, key, HolidayFormOf(fields));
+            return UpdateHoliday(business, IdFrom<Holiday>(key), HolidayFormOf(fields));
           },
       .remove =
-          [&business](std::optional<qint64> key) { return roll::DeleteHoliday(business, key); },
+          [&business](std::optional<qint64> key) {
+            return DeleteHoliday(business, IdFrom<Holiday>(key));
+          },
       .overList = MakeYearChoice,
       .settle =
           [](const RecordFields& fields) {
@@ -108,9 +111,8 @@ frmHoliday::frmHoliday(Business& business, const ScreenTools& tools, std::shared
 
 void frmHoliday::FillYears() {
   EmptyCombo(cboYear);
-  for (const int year : roll::ListHolidayYears(business_))
-    cboYear->addItem(QString::number(year), year);
+  for (const int year : ListHolidayYears(business_)) cboYear->addItem(QString::number(year), year);
   SelectComboItem(cboYear, shown_->year);
 }
 
-}  // namespace quillary::diary
+}  // namespace quillary::lists
