@@ -61,7 +61,7 @@ RefusedStatement Heard(const QString& statement, const StatementRefused& refused
 Business::Business(const Outside& outside, const QString& databaseFile)
     : outside_(outside),
       databaseFile_(databaseFile),
-      connection_(std::make_unique<Connection>(databaseFile)) {}
+      connection_(std::make_unique<Connection>(databaseFile, [this] { return Now(); })) {}
 
 Business::~Business() = default;
 

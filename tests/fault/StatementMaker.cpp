@@ -62,6 +62,8 @@ const std::vector<std::string> kStrange = {
     "a.b.c",
     ".",
 };
+const std::vector<std::string> kHeads = {"",       "",          "",
+                                         "TOP 2 ", "DISTINCT ", "DISTINCTROW TOP 30 PERCENT "};
 const std::vector<std::string> kTables = {"Clients",         "Diary",    "Diary_Services",
                                           "Client_Services", "Payments", "Invoices",
                                           "Services",        "Holiday"};
@@ -75,6 +77,30 @@ const std::vector<std::string> kLiterals = {
 const std::vector<std::string> kFunctions = {
     "IsNull", "UCase", "LCase", "Trim", "Len",   "CLng", "CDbl", "CStr", "Abs",    "Int", "Year",
     "Month",  "Day",   "Val",   "Sum",  "Count", "Max",  "Min",  "Avg",  "Format", "Nz"};
+// A @ stands for each argument.
+const std::vector<std::string> kCalls = {
+    "Date()",
+    "Now()",
+    "DateAdd('m', @, @)",
+    "DateDiff('ww', @, @)",
+    "DatePart('ww', @, 2, 2)",
+    "DateSerial(@, @, 1)",
+    "MonthName(@)",
+    "Weekday(@, @)",
+    "Format(@, '#,##0.00;(0)')",
+    "Format(@, 'd mmm yyyy h:nn AM/PM')",
+    "Format(@, @)",
+    "Replace(@, @, 'x')",
+    "InStr(@, @)",
+    "Mid(@, @, 2)",
+    "Right(@, @)",
+    "Switch(@ = @, @, True, 'x')",
+    "Choose(@, @, @)",
+    "IsDate(@)",
+    "IsNumeric(@)",
+    "First(@)",
+    "Last(@)",
+};
 const std::vector<std::string> kOperators = {"+", "-",  "*",  "/",   "&",  "=",    "<>",  "<",
                                              ">", "<=", ">=", "AND", "OR", "LIKE", "Mod", "\\"};
 
@@ -182,7 +208,14 @@ void StatementMaker::MutateOnce(Tokens& tokens) {
 
 std::string StatementMaker::Expression(int depth) {
   if (depth <= 0 || Below(4) == 0) return Below(2) == 0 ? Any(kColumns) : Any(kLiterals);
-  switch (Below(7)) {
+  switch (Below(8)) {
+    case 7: {
+      std::string call = Any(kCalls);
+      for (size_t at = call.find('@'); at != std::string::npos; at = call.find('@')) {
+        call.replace(at, 1, Expression(depth - 2));
+      }
+      return call;
+    }
     case 0:
       return Any(kFunctions) + "(" + Expression(depth - 1) + ")";
     case 1:
@@ -217,9 +250,8 @@ std::string StatementMaker::Grown() {
       return "INSERT INTO " + Any(kTables) + " (" + Any(kColumns) + ", " + Any(kColumns) +
              ") VALUES (" + Expression(2) + ", " + Expression(2) + ")";
     default:
-      return std::string("SELECT ") + (Below(4) == 0 ? "TOP 2 " : "") + Expression(3) + ", " +
-             Expression(2) + " FROM " + Source(1) + where +
-             (Below(3) == 0 ? " GROUP BY " + Expression(1) : "") +
+      return "SELECT " + Any(kHeads) + Expression(3) + ", " + Expression(2) + " FROM " + Source(1) +
+             where + (Below(3) == 0 ? " GROUP BY " + Expression(1) : "") +
              (Below(3) == 0 ? " ORDER BY " + Expression(1) : "");
   }
 }

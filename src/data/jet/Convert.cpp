@@ -2,14 +2,11 @@
 #include "data/jet/Translator.h"
 
 #include <cmath>
+#include <limits>
 
 namespace quillary::jet {
 namespace {
 
-// Dates count as days from this one wherever they meet numbers.
-QDate DayZero() {
-  return QDate(1899, 12, 30);
-}
 constexpr qint64 kSecondsPerDay = 86400;
 
 std::optional<DateTime> MomentOfNumber(double days) {
@@ -38,7 +35,9 @@ std::optional<Value> NumberIn(const Value& value) {
 std::optional<Value> ToWhole(const Value& value) {
   const auto number = NumberIn(value);
   if (!number) return std::nullopt;
-  if (std::fabs(number->ToDouble()) > 9.2e18) return std::nullopt;
+  const double rounded = RoundHalfEven(number->ToDouble(), 0);
+  using Limits = std::numeric_limits<qint32>;
+  if (!(rounded >= Limits::min() && rounded <= Limits::max())) return std::nullopt;
   return number->ToLong();
 }
 
@@ -86,10 +85,40 @@ QString ToText(const Value& value) {
   if (const auto* yes = std::get_if<bool>(&value.variant())) {
     return *yes ? QStringLiteral("-1") : QStringLiteral("0");
   }
+  if (const auto* moment = std::get_if<DateTime>(&value.variant())) return GeneralDate(*moment);
   return value.ToText();
 }
 
+Value ReadingOf(Reading reading, const std::optional<DateTime>& now) {
+  if (!now) throw ValueError("there is no clock to ask");
+  switch (reading) {
+    case Reading::Date:
+      return now->date;
+    case Reading::Time:
+      return DateTime(DayZero(), now->time);
+    case Reading::Now:
+      break;
+  }
+  return *now;
+}
+
 }  // namespace
+
+Value ValueOf(const Parameter& parameter, const std::vector<Value>& literals,
+              const std::optional<DateTime>& now) {
+  if (parameter.reading) return ReadingOf(*parameter.reading, now);
+  const Value& literal = literals.at(static_cast<size_t>(parameter.literal));
+  const std::optional<Value> value =
+      parameter.convertTo ? Convert(literal, *parameter.convertTo) : std::optional(literal);
+  if (!value) {
+    throw ValueError("\"" + literal.ToText().left(40).toStdString() +
+                     "\" does not go with the type of its column");
+  }
+  if (parameter.divides && !value->IsNull() && value->ToDouble() == 0) {
+    throw ValueError("division by zero");
+  }
+  return *value;
+}
 
 std::optional<Value> Convert(const Value& value, ColumnType type) {
   if (value.IsNull()) {

@@ -42,10 +42,8 @@ Fragment Emitter::AsText(const Fragment& fragment) {
                  ColumnType::Text, {});
   }
   if (family == Family::Date) {
-    Fragment text = fragment;
-    text.type = ColumnType::Text;
-    text.column = nullptr;
-    return text;
+    return Piece(fragment.token, Called(functions::kDateText, Text(fragment)), kPrimaryPower,
+                 ColumnType::Text, {&fragment});
   }
   return Piece(fragment.token, Called(functions::kText, Text(AsNumber(fragment))), kPrimaryPower,
                ColumnType::Text, {&fragment});
@@ -79,7 +77,8 @@ Fragment Emitter::ConvertedTo(const Fragment& fragment, ColumnType type) {
   switch (type) {
     case ColumnType::Counter:
     case ColumnType::Long:
-      if (IsWholeType(fragment.type)) return fragment;
+      // What was reckoned may be larger than a column holds.
+      if (IsWholeType(fragment.type) && fragment.column) return fragment;
       if (from == Family::YesNo) return AsNumber(fragment);
       return call(functions::kWhole, from == Family::Date ? AsNumber(fragment) : fragment);
     case ColumnType::Single:
@@ -91,10 +90,7 @@ Fragment Emitter::ConvertedTo(const Fragment& fragment, ColumnType type) {
       return call(functions::kMoney, from == Family::Date ? AsNumber(fragment) : fragment);
     case ColumnType::Date:
       if (from == Family::Date) return fragment;
-      if (from == Family::Text) return call(functions::kDate, fragment);
-      return Piece(fragment.token,
-                   "datetime(" + Text(AsNumber(fragment), kAddPower) + " + " + kDayZero + ")",
-                   kPrimaryPower, type, {&fragment});
+      return call(functions::kDate, from == Family::Text ? fragment : AsNumber(fragment));
     case ColumnType::YesNo:
       if (fragment.sql == "0" || fragment.sql == "1") return fragment;
       if (from == Family::YesNo) {

@@ -100,7 +100,10 @@ Fragment Emitter::ColumnExpr(const Expression& expression, Scope& scope) {
   if (found.ambiguous) {
     Fail(expression.token, "this name could mean columns of several tables");
   }
-  if (!found.column) Fail(expression.token, "there is no such column here");
+  if (!found.column) return AliasExpr(expression, scope);
+  if (found.scope == &scope && scope.named) {
+    scope.sources[static_cast<size_t>(found.source - scope.sources.data())].contributes = true;
+  }
   Fragment fragment =
       Piece(expression.token, Quoted(found.source->alias) + "." + Quoted(found.column->name),
             kPrimaryPower, found.column->type, {});
@@ -108,6 +111,29 @@ Fragment Emitter::ColumnExpr(const Expression& expression, Scope& scope) {
   if (found.scope == &scope && scope.grouped && !scope.inAggregate) {
     fragment.ungrouped = &expression.token;
   }
+  return fragment;
+}
+
+// A column of the same select by its alias: what it stands for is written once more.
+Fragment Emitter::AliasExpr(const Expression& expression, Scope& scope) {
+  const auto isMeant = [&](const SelectItem& item) {
+    return item.expression && item.alias.compare(expression.name, Qt::CaseInsensitive) == 0;
+  };
+  const SelectItem* item = nullptr;
+  if (scope.named && expression.qualifier.isEmpty()) {
+    const auto& items = scope.named->items;
+    const auto found = std::find_if(items.begin(), items.end(), isMeant);
+    if (found != items.end()) item = &*found;
+  }
+  if (!item) Fail(expression.token, "there is no such column here");
+  auto& expanding = scope.expanding;
+  if (std::find(expanding.begin(), expanding.end(), item) != expanding.end()) {
+    Fail(expression.token, "this column would be made of itself");
+  }
+  expanding.push_back(item);
+  Fragment fragment = Expr(*item->expression, scope);
+  expanding.pop_back();
+  fragment.column = nullptr;
   return fragment;
 }
 

@@ -151,10 +151,12 @@ Fragment Emitter::ShiftDate(const Expression& expression, const Fragment& left,
   const bool leftDate = left.type == ColumnType::Date;
   const bool rightDate = right.type == ColumnType::Date;
   if ((leftDate && rightDate) || (rightDate && !plus)) {
-    return Piece(expression.token,
-                 Text(AsNumber(left), kAddPower) + SignOf(expression.op) +
-                     Text(AsNumber(right), kAddPower + 1),
-                 kAddPower, ColumnType::Double, {&left, &right});
+    const Fragment days = Piece(expression.token,
+                                Text(AsNumber(left), kAddPower) + SignOf(expression.op) +
+                                    Text(AsNumber(right), kAddPower + 1),
+                                kAddPower, ColumnType::Double, {&left, &right});
+    // A day and a time of day add up to a moment.
+    return plus ? As(days, ColumnType::Date) : days;
   }
   const Fragment& date = leftDate ? left : right;
   const Fragment days = AsNumber(leftDate ? right : left);
@@ -167,19 +169,18 @@ Fragment Emitter::Arithmetic(const Expression& expression, const Fragment& left,
                              const Fragment& right) {
   const Fragment one = AsNumber(left);
   const Fragment two = AsNumber(right);
-  const auto whole = [&](const Fragment& part) {
-    return IsWholeType(part.type) ? Text(part, kPrimaryPower)
-                                  : Called(functions::kClng, Text(part));
-  };
   if (expression.op == Operator::WholeDivide || expression.op == Operator::Modulo) {
+    const std::string whole =
+        IsWholeType(one.type) ? Text(one, kPrimaryPower) : Called(functions::kClng, Text(one));
     return Piece(expression.token,
-                 whole(one) + (expression.op == Operator::Modulo ? " % " : " / ") + whole(two),
+                 whole + (expression.op == Operator::Modulo ? " % " : " / ") +
+                     Divisor(two, ColumnType::Long),
                  kMultiplyPower, ColumnType::Long, {&left, &right});
   }
   if (expression.op == Operator::Divide) {
     // Columns of fractions hold whole values as whole numbers, whose quotient would be cut.
     return Piece(expression.token,
-                 "CAST(" + Text(one) + " AS REAL) / " + Text(two, kMultiplyPower + 1),
+                 "CAST(" + Text(one) + " AS REAL) / " + Divisor(two, ColumnType::Double),
                  kMultiplyPower, ColumnType::Double, {&left, &right});
   }
   std::optional<ColumnType> type = NumberType(one, two);
@@ -190,6 +191,16 @@ Fragment Emitter::Arithmetic(const Expression& expression, const Fragment& left,
             {&left, &right});
   product.needsRounding = product.type == ColumnType::Currency;
   return product;
+}
+
+std::string Emitter::Divisor(const Fragment& number, ColumnType type) {
+  if (number.IsLiteral()) {
+    return (number.negative ? "-" : "") +
+           Parameter({.literal = number.literal, .convertTo = type, .divides = true});
+  }
+  const bool rounds = type == ColumnType::Long && !IsWholeType(number.type);
+  return Called(functions::kDivisor,
+                rounds ? Called(functions::kClng, Text(number)) : Text(number));
 }
 
 }  // namespace quillary::jet

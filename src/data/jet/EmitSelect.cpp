@@ -5,19 +5,6 @@
 namespace quillary::jet {
 namespace {
 
-std::string NumberedName(size_t index) {
-  return "\"c" + std::to_string(index + 1) + "\"";
-}
-
-std::string Listed(const std::vector<std::string>& parts) {
-  std::string list;
-  for (const std::string& part : parts) {
-    if (!list.empty()) list += ", ";
-    list += part;
-  }
-  return list;
-}
-
 std::string OutputName(const std::vector<Output>& outputs, size_t index, Naming naming) {
   return naming == Naming::Real ? Quoted(outputs[index].name) : NumberedName(index);
 }
@@ -41,7 +28,9 @@ SelectText Emitter::SimpleSelect(const Select& select, const Scope* outer, Namin
   scope.aggregatesAllowed = true;
   body += GroupClause(select, scope);
   SelectText text;
+  scope.named = &select;
   text.outputs = OutputsOf(select, scope);
+  body += RowClause(select, scope);
   if (select.having) {
     const Fragment having = Expr(*select.having, scope);
     CheckGrouped(having, scope);
@@ -50,7 +39,7 @@ SelectText Emitter::SimpleSelect(const Select& select, const Scope* outer, Namin
   // The order of a union belongs to the whole.
   std::vector<std::string> order;
   if (select.unions.empty()) order = OrderTerms(select, scope, text.outputs);
-  if (select.topLiteral >= 0 && !order.empty()) {
+  if (select.topLiteral >= 0 && (!order.empty() || select.topPercent)) {
     text.sql = WithTies(select, body, order, text.outputs, naming);
     return text;
   }
@@ -118,14 +107,14 @@ std::vector<Output> Emitter::OutputsOf(const Select& select, Scope& scope) {
   return outputs;
 }
 
-void Emitter::AddStar(const SelectItem& item, const Scope& scope,
-                      std::vector<Output>& outputs) const {
+void Emitter::AddStar(const SelectItem& item, Scope& scope, std::vector<Output>& outputs) const {
   bool found = false;
-  for (const VisibleSource& source : scope.sources) {
+  for (VisibleSource& source : scope.sources) {
     if (!item.starOf.isEmpty() && source.alias.compare(item.starOf, Qt::CaseInsensitive) != 0) {
       continue;
     }
     found = true;
+    source.contributes = true;
     for (const Column& column : source.table->columns) {
       Output output;
       output.name = column.name;
@@ -197,49 +186,14 @@ Fragment Emitter::OrderTerm(const Expression& expression, Scope& scope,
   return Expr(expression, scope);
 }
 
-// Rows that tie with the last one of TOP come too.
-std::string Emitter::WithTies(const Select& select, const std::string& body,
-                              const std::vector<std::string>& order, std::vector<Output>& outputs,
-                              Naming naming) {
-  std::string rows = "SELECT ";
-  std::string rank = "rank() OVER (ORDER BY " + Listed(order) + ") AS \"rank\"";
-  std::string picked;
-  for (size_t i = 0; i < outputs.size(); ++i) {
-    picked += (i == 0 ? "" : ", ") + NumberedName(i);
-    if (naming == Naming::Real) picked += " AS " + Quoted(outputs[i].name);
-  }
-  if (select.distinct) {
-    std::vector<std::string> byColumn;
-    for (size_t i = 0; i < select.orderBy.size(); ++i) {
-      const std::string direction = select.orderBy[i].descending ? " DESC" : "";
-      const auto output = std::find_if(outputs.begin(), outputs.end(), [&](const Output& each) {
-        return Ordered(each.fragment) + direction == order[i];
-      });
-      if (output == outputs.end()) {
-        Fail(select.orderBy[i].expression->token, "distinct rows are ordered by their columns");
-      }
-      Fragment column = output->fragment;
-      column = Piece(column.token, NumberedName(static_cast<size_t>(output - outputs.begin())),
-                     kPrimaryPower, column.type, {});
-      byColumn.push_back(Ordered(column) + direction);
-    }
-    rank = "rank() OVER (ORDER BY " + Listed(byColumn) + ") AS \"rank\"";
-    rows += "*, " + rank + " FROM (SELECT DISTINCT " + ItemList(outputs, Naming::Numbered, true) +
-            body + ")";
-  } else {
-    rows += ItemList(outputs, Naming::Numbered, false) + ", " + rank + body;
-  }
-  return "SELECT " + picked + " FROM (" + rows +
-         ") WHERE \"rank\" <= " + Parameter(select.topLiteral, ColumnType::Long) +
-         " ORDER BY \"rank\"";
-}
-
 SelectText Emitter::Wrapped(SelectText inner, const std::vector<ColumnType>& types, Naming naming) {
   std::vector<std::string> items;
   bool converts = false;
   for (size_t i = 0; i < inner.outputs.size(); ++i) {
     Fragment& fragment = inner.outputs[i].fragment;
+    const Column* column = fragment.column;
     fragment = Piece(fragment.token, NumberedName(i), kPrimaryPower, fragment.type, {});
+    fragment.column = column;
     fragment = As(fragment, types[i]);
     const std::string sql = Text(fragment);
     converts = converts || sql != NumberedName(i);

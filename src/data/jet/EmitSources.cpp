@@ -47,11 +47,12 @@ void Emitter::Inspect(const Source& source, Scope& scope) {
     Fail(source.token, "two tables have this name here");
   }
   if (source.kind == Source::Kind::Table) {
-    scope.sources.push_back({source.alias, &TableNamed(source.table, source.token)});
+    scope.sources.push_back(
+        {.alias = source.alias, .table = &TableNamed(source.table, source.token)});
     return;
   }
   if (source.alias.isEmpty()) Fail(source.token, "a select in FROM needs a name");
-  scope.sources.push_back({source.alias, nullptr});
+  scope.sources.push_back({.alias = source.alias, .derived = true});
 }
 
 std::string Emitter::From(const Source& source, Scope& scope) {

@@ -57,20 +57,23 @@ const Value& Emitter::LiteralOf(int literal) const {
   return statement_.literals.at(static_cast<size_t>(literal));
 }
 
-std::string Emitter::Parameter(int literal, std::optional<ColumnType> convertTo) {
+std::string Emitter::Parameter(const jet::Parameter& parameter) {
   const auto numbered = [](size_t number) { return "?" + std::to_string(number); };
-  const auto known = numbers_.find({literal, convertTo});
+  const auto known = numbers_.find(parameter);
   if (known != numbers_.end()) return numbered(known->second);
   auto& parameters = result_.parameters;
   // The same expression in SELECT and GROUP BY has to be the same text.
   for (size_t i = 0; grouped_ && i < parameters.size(); ++i) {
-    if (parameters[i].convertTo != convertTo) continue;
-    if (LiteralOf(parameters[i].literal) != LiteralOf(literal)) continue;
+    jet::Parameter same = parameter;
+    same.literal = parameters[i].literal;
+    if (parameters[i] != same || LiteralOf(parameters[i].literal) != LiteralOf(parameter.literal)) {
+      continue;
+    }
     result_.mayBeCached = false;
     return numbered(i + 1);
   }
-  parameters.push_back({literal, convertTo});
-  numbers_[{literal, convertTo}] = parameters.size();
+  parameters.push_back(parameter);
+  numbers_[parameter] = parameters.size();
   return numbered(parameters.size());
 }
 
@@ -135,16 +138,13 @@ IntoTarget Emitter::IntoOf(const IntoName& into, const std::vector<Output>& outp
   } else if (catalogue_.FindTable(into.table)) {
     Fail(into.token, "there is a table " + into.table.toStdString() + " already");
   }
-  bool counted = false;
   for (const Output& output : outputs) {
     Column column;
     column.name = output.name;
     column.type = output.fragment.type.value_or(ColumnType::Text);
     if (output.fragment.column) column.width = output.fragment.column->width;
-    // A table counts one column only.
-    if (column.type == ColumnType::Counter && std::exchange(counted, true)) {
-      column.type = ColumnType::Long;
-    }
+    // The new table counts nothing: its numbers are those of the rows it was made of.
+    if (column.type == ColumnType::Counter) column.type = ColumnType::Long;
     target.columns.push_back(column);
   }
   return target;

@@ -47,7 +47,10 @@ class Emitter {
   std::string Folded(const Fragment& fragment);
   /// A value by which rows are sorted.
   std::string Ordered(const Fragment& fragment);
-  std::string Parameter(int literal, std::optional<ColumnType> convertTo);
+  std::string Parameter(const jet::Parameter& parameter);
+  std::string Parameter(int literal, std::optional<ColumnType> convertTo) {
+    return Parameter({.literal = literal, .convertTo = convertTo});
+  }
   Fragment Piece(const Token& token, std::string sql, int power, std::optional<ColumnType> type,
                  std::initializer_list<const Fragment*> parts) const;
   const Value& LiteralOf(int literal) const;
@@ -70,6 +73,7 @@ class Emitter {
   Fragment ExprByKind(const Expression& expression, Scope& scope);
   Fragment LiteralExpr(const Expression& expression) const;
   Fragment ColumnExpr(const Expression& expression, Scope& scope);
+  Fragment AliasExpr(const Expression& expression, Scope& scope);
   Fragment BinaryExpr(const Expression& expression, Scope& scope);
   Fragment Logical(const Expression& expression, const Fragment& left, const Fragment& right);
   Fragment Comparison(const Expression& expression, Fragment left, Fragment right);
@@ -77,6 +81,8 @@ class Emitter {
   Fragment JoinTexts(const Expression& expression, const Fragment& left, const Fragment& right);
   Fragment AddUp(const Expression& expression, const Fragment& left, const Fragment& right);
   Fragment ShiftDate(const Expression& expression, const Fragment& left, const Fragment& right);
+  /// The right side of a division, which refuses the statement when it is zero.
+  std::string Divisor(const Fragment& number, ColumnType type);
   Fragment Arithmetic(const Expression& expression, const Fragment& left, const Fragment& right);
   Fragment Negated(const Expression& expression, Scope& scope);
   Fragment BetweenExpr(const Expression& expression, Scope& scope);
@@ -85,7 +91,17 @@ class Emitter {
   Fragment SubSelectExpr(const Expression& expression, Scope& scope);
   Fragment CallExpr(const Expression& expression, Scope& scope);
   Fragment SpecialCall(const Expression& expression, const std::vector<Fragment>& arguments);
+  Fragment RuledCall(const Expression& expression, const std::vector<Fragment>& arguments);
+  Fragment Rounding(const Expression& expression, const std::vector<Fragment>& arguments);
+  Fragment Formatted(const Token& token, const std::vector<Fragment>& arguments);
+  /// IsDate and IsNumeric: a yes/no value by the type, or of a text by what it reads as.
+  Fragment ReadsAs(const Expression& expression, const Fragment& argument);
+  // What gives one of several values.
+  bool IsChoice(const Expression& expression) const;
   Fragment Choice(const Expression& expression, const std::vector<Fragment>& arguments);
+  Fragment IfNull(const Token& token, const std::vector<Fragment>& arguments);
+  Fragment Cases(const Token& token, const std::vector<std::string>& whens,
+                 const std::vector<Fragment>& values, const std::string& head);
   Fragment AggregateExpr(const Expression& expression, Scope& scope);
   std::string FilledTemplate(const char* pattern, const std::vector<std::string>& arguments,
                              const Token& token) const;
@@ -96,7 +112,8 @@ class Emitter {
   SelectText UnionOf(const Select& select, const Scope* outer, Naming naming);
   SelectText Wrapped(SelectText inner, const std::vector<ColumnType>& types, Naming naming);
   std::vector<Output> OutputsOf(const Select& select, Scope& scope);
-  void AddStar(const SelectItem& item, const Scope& scope, std::vector<Output>& outputs) const;
+  void AddStar(const SelectItem& item, Scope& scope, std::vector<Output>& outputs) const;
+  std::string RowClause(const Select& select, const Scope& scope) const;
   void NameOutputs(std::vector<Output>& outputs) const;
   std::string ItemList(const std::vector<Output>& outputs, Naming naming, bool distinct);
   std::string GroupClause(const Select& select, Scope& scope);
@@ -107,6 +124,10 @@ class Emitter {
   std::string WithTies(const Select& select, const std::string& body,
                        const std::vector<std::string>& order, std::vector<Output>& outputs,
                        Naming naming);
+  std::vector<std::string> OrderByColumn(const Select& select,
+                                         const std::vector<std::string>& order,
+                                         const std::vector<Output>& outputs);
+  std::string UpToTop(const Select& select);
   void CheckGrouped(const Fragment& fragment, const Scope& scope) const;
   void ReadElsewhere(const Select& select);
   IntoTarget IntoOf(const IntoName& into, const std::vector<Output>& outputs) const;
@@ -130,8 +151,8 @@ class Emitter {
   const Catalogue& catalogue_;
   const Catalogue* reading_;  // of the file that the sources are in
   Translation result_;
-  std::deque<Table> derived_;  // what sub-selects in FROM look like
-  std::map<std::pair<int, std::optional<ColumnType>>, size_t> numbers_;  // of the parameters
+  std::deque<Table> derived_;                 // what sub-selects in FROM look like
+  std::map<jet::Parameter, size_t> numbers_;  // of the parameters
   bool grouped_ = false;
 };
 

@@ -8,6 +8,19 @@ std::string Quoted(const QString& name) {
   return "\"" + doubled.toStdString() + "\"";
 }
 
+std::string NumberedName(size_t index) {
+  return "\"c" + std::to_string(index + 1) + "\"";
+}
+
+std::string Listed(const std::vector<std::string>& parts) {
+  std::string list;
+  for (const std::string& part : parts) {
+    if (!list.empty()) list += ", ";
+    list += part;
+  }
+  return list;
+}
+
 std::optional<ColumnType> CommonType(std::optional<ColumnType> one, std::optional<ColumnType> two) {
   const auto plain = [](std::optional<ColumnType> type) {
     return type == ColumnType::Counter ? ColumnType::Long : type;

@@ -5,6 +5,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace quillary::jet {
 
@@ -65,6 +66,10 @@ inline bool IsWholeType(const std::optional<ColumnType>& type) {
 
 /// `name` in double quotes.
 std::string Quoted(const QString& name);
+/// "c1", "c2"...: what columns are called between the parts of an emitted select.
+std::string NumberedName(size_t index);
+/// The parts with commas between them.
+std::string Listed(const std::vector<std::string>& parts);
 inline std::string Called(const char* function, const std::string& arguments) {
   return std::string(function) + "(" + arguments + ")";
 }

@@ -131,6 +131,7 @@ Insert Parser::ParseInsert() {
 Update Parser::ParseUpdate() {
   Update update;
   update.token = ExpectWord("UPDATE");
+  TakeWord("DISTINCTROW");  // each row is changed once whatever is joined to it
   update.from = ParseSources(nullptr);
   ExpectWord("SET");
   do {
@@ -152,6 +153,7 @@ Update Parser::ParseUpdate() {
 Delete Parser::ParseDelete() {
   Delete statement;
   statement.token = ExpectWord("DELETE");
+  TakeWord("DISTINCTROW");
   if (!TakeSign("*") && !AtWord("FROM")) {
     statement.token = ExpectName("a table");
     statement.target = NameOf(statement.token);

@@ -23,11 +23,14 @@ std::unique_ptr<Select> Parser::ParseSimpleSelect() {
 }
 
 void Parser::ParseSelectHead(Select& select) {
-  if (!TakeWord("ALL") && TakeWord("DISTINCT")) select.distinct = true;
+  if (!TakeWord("ALL")) {
+    select.distinct = TakeWord("DISTINCT");
+    select.distinctRow = !select.distinct && TakeWord("DISTINCTROW");
+  }
   if (AtWord("TOP") && Peek(1).kind == Token::Kind::Literal) {
     Next();
     select.topLiteral = ExpectLiteral(Mark::Whole, "the number of rows");
-    if (AtWord("PERCENT")) Fail(Peek(), "TOP takes a number of rows");
+    select.topPercent = TakeWord("PERCENT");
   }
   do {
     select.items.push_back(ParseSelectItem());

@@ -19,12 +19,6 @@ std::string TextOf(const QString& text) {
   return "'" + doubled.toStdString() + "'";
 }
 
-std::string Joined(const std::vector<std::string>& parts) {
-  std::string all;
-  for (const std::string& part : parts) all += (all.empty() ? "" : ", ") + part;
-  return all;
-}
-
 /// The value of an old column as the new type holds it.
 std::string Carried(const Column& from, ColumnType to) {
   const std::string old = Quoted(from.name);
@@ -49,7 +43,8 @@ std::string Carried(const Column& from, ColumnType to) {
     case ColumnType::Memo:
       break;
   }
-  return before == Family::Date ? old : Called(functions::kText, yesAsNumber);
+  return before == Family::Date ? Called(functions::kDateText, old)
+                                : Called(functions::kText, yesAsNumber);
 }
 
 bool HasCounter(const Table& table) {
@@ -119,7 +114,7 @@ void SchemaEmitter::Emit(const CreateTable& create) {
     columns.push_back(Declared(definition));
   }
   if (columns.empty()) Fail(create.token, "a table needs a column");
-  texts_.push_back("CREATE TABLE " + Quoted(create.name) + " (" + Joined(columns) + ")");
+  texts_.push_back("CREATE TABLE " + Quoted(create.name) + " (" + Listed(columns) + ")");
   AddKeys(create);
 }
 
@@ -127,7 +122,7 @@ void SchemaEmitter::Emit(const CreateTable& create) {
 void SchemaEmitter::AddKeys(const CreateTable& create) {
   const auto add = [&](const QString& name, const std::vector<std::string>& columns) {
     texts_.push_back("CREATE UNIQUE INDEX " + Quoted(create.name + u' ' + name) + " ON " +
-                     Quoted(create.name) + " (" + Joined(columns) + ")");
+                     Quoted(create.name) + " (" + Listed(columns) + ")");
   };
   for (const ColumnDefinition& definition : create.columns) {
     const bool counts = definition.column.type == ColumnType::Counter;
@@ -255,9 +250,9 @@ void SchemaEmitter::Rebuild(const Table& table, const std::vector<Successor>& co
                          ? Quoted(successor.from->name)
                          : Carried(*successor.from, successor.column.type));
   }
-  texts_.push_back("CREATE TABLE " + Quoted(name) + " (" + Joined(declared) + ")");
-  texts_.push_back("INSERT INTO " + Quoted(name) + " (" + Joined(names) + ") SELECT " +
-                   Joined(values) + " FROM " + Quoted(table.name) + " ORDER BY rowid");
+  texts_.push_back("CREATE TABLE " + Quoted(name) + " (" + Listed(declared) + ")");
+  texts_.push_back("INSERT INTO " + Quoted(name) + " (" + Listed(names) + ") SELECT " +
+                   Listed(values) + " FROM " + Quoted(table.name) + " ORDER BY rowid");
   if (counts && HasCounter(table)) {
     // Numbers of rows that are gone already must not come again.
     texts_.push_back("DELETE FROM sqlite_sequence WHERE name = " + TextOf(name));
@@ -280,7 +275,7 @@ void SchemaEmitter::Emit(const CreateIndex& create) {
     columns.push_back(Quoted(column->name) + (part.descending ? " DESC" : ""));
   }
   texts_.push_back(std::string(create.unique ? "CREATE UNIQUE INDEX " : "CREATE INDEX ") +
-                   Quoted(create.name) + " ON " + Quoted(table.name) + " (" + Joined(columns) +
+                   Quoted(create.name) + " ON " + Quoted(table.name) + " (" + Listed(columns) +
                    ")");
 }
 

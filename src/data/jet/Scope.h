@@ -12,6 +12,8 @@ namespace quillary::jet {
 struct VisibleSource {
   QString alias;
   const Table* table = nullptr;
+  bool derived = false;      // a select in FROM
+  bool contributes = false;  // to the columns of the select
 };
 
 /// The tables whose columns an expression may name, innermost select first.
@@ -25,6 +27,9 @@ struct Scope {
   bool inAggregate = false;
   bool grouped = false;
   std::vector<std::string> groups;  // the emitted expressions of GROUP BY
+  // Whose columns may be called by their aliases, and those that stand in one another just now.
+  const Select* named = nullptr;
+  std::vector<const SelectItem*> expanding;
 
   struct Found {
     const VisibleSource* source = nullptr;

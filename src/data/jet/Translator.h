@@ -3,6 +3,7 @@
 #include "base/Value.h"
 #include "data/jet/Catalogue.h"
 
+#include <compare>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -44,12 +45,31 @@ CutStatement CutLiterals(std::string_view text);
 /// of places and of arguments differ.
 CutStatement CutLiterals(std::string_view text, const std::vector<Value>& arguments);
 
-/// How one parameter of an emitted statement is filled: from which literal, and into what type it
-/// is to be converted first (see Convert). Parameters are numbered from ?1 in order.
+/// What Date(), Time() and Now() ask the business's clock for.
+enum class Reading { Date, Time, Now };
+
+/// How one parameter of an emitted statement is filled: from which literal and into what type it is
+/// to be converted first (see Convert), or from the clock. Parameters are numbered from ?1 in
+/// order.
 struct Parameter {
   int literal = 0;
-  std::optional<ColumnType> convertTo;
+  std::optional<ColumnType> convertTo = {};
+  bool divides = false;  // and so may not be zero
+  std::optional<Reading> reading = {};
+
+  auto operator<=>(const Parameter&) const = default;
 };
+
+/// A value that a statement can't be run with.
+class ValueError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+/// The value that fills a parameter. Throws ValueError when the literal does not go into the type
+/// or is a zero that divides, and when the clock is read and `now` is not known.
+Value ValueOf(const Parameter& parameter, const std::vector<Value>& literals,
+              const std::optional<DateTime>& now);
 
 struct ResultColumn {
   QString name;
@@ -83,9 +103,9 @@ struct Translation {
 Translation Translate(const CutStatement& statement, const Catalogue& catalogue);
 
 /// Converts a value as an assignment into a column of that type does it: texts such as "$1,234.50"
-/// or "(5.00)" into currency, fractions into whole numbers half to even, numbers and yes/no into
-/// text, any non-zero number into yes. Null stays null except that yes/no makes it no. Nothing when
-/// the value does not go into the type.
+/// or "(5.00)" into currency, fractions into whole numbers of 32 bits half to even, numbers, yes/no
+/// and moments into text, any non-zero number into yes. Null stays null except that yes/no makes it
+/// no. Nothing when the value does not go into the type.
 std::optional<Value> Convert(const Value& value, ColumnType type);
 
 }  // namespace quillary::jet

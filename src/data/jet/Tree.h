@@ -111,7 +111,9 @@ struct Select {
 
   Token token;
   bool distinct = false;
+  bool distinctRow = false;
   int topLiteral = -1;
+  bool topPercent = false;
   std::vector<SelectItem> items;
   std::optional<IntoName> into;
   std::unique_ptr<Source> from;

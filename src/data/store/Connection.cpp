@@ -195,6 +195,8 @@ Recordset Connection::Run(std::string_view statement) {
     return RunCut(jet::CutLiterals(statement));
   } catch (const jet::StatementError& error) {
     throw StatementRefused(error.what());
+  } catch (const jet::ValueError& error) {
+    throw StatementRefused(error.what());
   }
 }
 
@@ -202,6 +204,8 @@ Recordset Connection::Run(const Sql& statement) {
   try {
     return RunCut(jet::CutLiterals(statement.Text(), statement.Arguments()));
   } catch (const jet::StatementError& error) {
+    throw StatementRefused(error.what());
+  } catch (const jet::ValueError& error) {
     throw StatementRefused(error.what());
   }
 }
@@ -239,21 +243,24 @@ Connection::CachedStatement Connection::Prepare(const jet::Translation& translat
           std::make_shared<ResultColumns>(translation.columns)};
 }
 
-Recordset Connection::RunPrepared(CachedStatement& cached, const std::vector<Value>& literals) {
-  cached.lastUse = ++uses_;
+void Connection::Fill(CachedStatement& cached, const std::vector<Value>& literals) const {
+  // Read once, so that all of a statement happens at one moment.
+  std::optional<DateTime> now;
   int number = 0;
   for (const jet::Parameter& parameter : cached.parameters) {
-    const Value& literal = literals[static_cast<size_t>(parameter.literal)];
     ++number;
-    if (!parameter.convertTo) {
-      cached.statement.Bind(number, literal);
-    } else if (const auto converted = jet::Convert(literal, *parameter.convertTo)) {
-      cached.statement.Bind(number, *converted);
+    if (parameter.reading && clock_ && !now) now = clock_();
+    if (!parameter.convertTo && !parameter.reading) {
+      cached.statement.Bind(number, literals[static_cast<size_t>(parameter.literal)]);
     } else {
-      throw StatementRefused("\"" + literal.ToText().left(40).toStdString() +
-                             "\" does not go with the type of its column");
+      cached.statement.Bind(number, jet::ValueOf(parameter, literals, now));
     }
   }
+}
+
+Recordset Connection::RunPrepared(CachedStatement& cached, const std::vector<Value>& literals) {
+  cached.lastUse = ++uses_;
+  Fill(cached, literals);
   const ResetAtEnd reset(cached.statement);
   const qint64 writtenBefore = sqlite3_total_changes64(database_.get());
   std::vector<Value> cells;

@@ -26,7 +26,9 @@ enum class OpenMode {
 /// against every other program for as long as the connection is open.
 class Connection {
  public:
-  explicit Connection(const QString& file) : file_(file) {}
+  /// `clock` answers Date(), Time() and Now(); without one, statements that ask are refused.
+  explicit Connection(const QString& file, std::function<DateTime()> clock = nullptr)
+      : file_(file), clock_(std::move(clock)) {}
   ~Connection();
   Connection(const Connection&) = delete;
   Connection& operator=(const Connection&) = delete;
@@ -86,6 +88,7 @@ class Connection {
   Recordset RunTranslation(const jet::Translation& translation, const jet::CutStatement& cut,
                            sqlite3* source);
   Recordset RunPrepared(CachedStatement& cached, const std::vector<Value>& literals);
+  void Fill(CachedStatement& cached, const std::vector<Value>& literals) const;
   void RunSchemaChange(const jet::Translation& translation);
   void RunInto(const jet::Translation& translation, const jet::CutStatement& cut, sqlite3* source);
   static CachedStatement Prepare(const jet::Translation& translation, sqlite3* source);
@@ -94,6 +97,7 @@ class Connection {
   void RequireTransaction() const;
 
   QString file_;
+  std::function<DateTime()> clock_;
   std::unique_ptr<sqlite3, CloseDatabase> database_;
   SchemaCatalogue catalogue_;
   std::unordered_map<std::string, CachedStatement> cache_;

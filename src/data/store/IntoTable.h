@@ -6,8 +6,8 @@
 
 namespace quillary {
 
-/// Makes the table of a SELECT ... INTO and fills it. A counter goes on counting there, but
-/// there are no indexes, as in the dialect. Throws StatementRefused when the table exists already,
+/// Makes the table of a SELECT ... INTO and fills it. It has no indexes, and a counter is a plain
+/// number there, as in the dialect. Throws StatementRefused when the table exists already,
 /// and StorageFailure.
 void MakeTable(sqlite3* database, const jet::IntoTarget& target, const Recordset& rows);
 

@@ -2,78 +2,51 @@
 
 #include "data/jet/Functions.h"
 #include "data/jet/Translator.h"
+#include "data/store/SqlArguments.h"
 #include "data/store/Statement.h"
 #include "data/store/TextOrder.h"
 
 #include <cmath>
+#include <limits>
 #include <string>
 
 namespace quillary {
 namespace {
 
+namespace names = jet::functions;
 using jet::ColumnType;
 
-Value ArgumentOf(sqlite3_value* argument) {
-  switch (sqlite3_value_type(argument)) {
-    case SQLITE_NULL:
-      return {};
-    case SQLITE_INTEGER:
-      return static_cast<qint64>(sqlite3_value_int64(argument));
-    case SQLITE_FLOAT:
-      return sqlite3_value_double(argument);
-    default: {
-      const char* text = reinterpret_cast<const char*>(sqlite3_value_text(argument));
-      return QString::fromUtf8(text, sqlite3_value_bytes(argument));
-    }
+template <ColumnType type>
+Value ConvertInto(const SqlArguments& arguments) {
+  const Value value = arguments.At(0);
+  if (const auto converted = jet::Convert(value, type)) return *converted;
+  throw WrongArgument("\"" + value.ToText().left(40).toStdString() +
+                      "\" does not convert to the column's type");
+}
+
+Value DateText(const SqlArguments& arguments) {
+  return *jet::Convert(arguments.Moment(0), ColumnType::Text);
+}
+
+Value Round(const SqlArguments& arguments) {
+  const Value number = arguments.At(0);
+  if (!number.IsNumeric()) throw WrongArgument("Round of what is no number");
+  return RoundHalfEven(number.ToDouble(), static_cast<int>(arguments.Long(1, 0)));
+}
+
+Value Divisor(const SqlArguments& arguments) {
+  const Value number = arguments.At(0);
+  if (number.ToDouble() == 0) throw WrongArgument("division by zero");
+  return number;
+}
+
+template <int least>
+Value AtLeast(const SqlArguments& arguments) {
+  const qint64 number = arguments.Long(0);
+  if (number < least) {
+    throw WrongArgument(std::to_string(number) + " is no place or length of a text");
   }
-}
-
-void ResultText(sqlite3_context* context, const QString& text) {
-  const QByteArray utf8 = text.toUtf8();
-  sqlite3_result_text(context, utf8.constData(), static_cast<int>(utf8.size()), SQLITE_TRANSIENT);
-}
-
-void ResultValue(sqlite3_context* context, const Value& value) {
-  struct Setter {
-    sqlite3_context* context;
-    void operator()(std::monostate) const { sqlite3_result_null(context); }
-    void operator()(qint64 number) const { sqlite3_result_int64(context, number); }
-    void operator()(double number) const { sqlite3_result_double(context, number); }
-    void operator()(Money amount) const { sqlite3_result_double(context, amount.ToDouble()); }
-    void operator()(bool yes) const { sqlite3_result_int(context, yes); }
-    void operator()(const DateTime& moment) const { ResultText(context, ToIsoText(moment)); }
-    void operator()(const QString& text) const { ResultText(context, text); }
-  };
-  std::visit(Setter{context}, value.variant());
-}
-
-/// One function for every conversion into a column type: the type is the function's user data.
-void ConvertInto(sqlite3_context* context, int, sqlite3_value** arguments) {
-  const auto type =
-      static_cast<ColumnType>(reinterpret_cast<std::intptr_t>(sqlite3_user_data(context)));
-  const Value value = ArgumentOf(arguments[0]);
-  if (const auto converted = jet::Convert(value, type)) {
-    ResultValue(context, *converted);
-    return;
-  }
-  const std::string message =
-      "\"" + value.ToText().left(40).toStdString() + "\" does not convert to the column's type";
-  sqlite3_result_error(context, message.c_str(), -1);
-}
-
-void Round(sqlite3_context* context, int count, sqlite3_value** arguments) {
-  const Value number = ArgumentOf(arguments[0]);
-  if (number.IsNull()) return sqlite3_result_null(context);
-  if (!number.IsNumeric()) return sqlite3_result_error(context, "Round of what is no number", -1);
-  const int decimals = count > 1 ? sqlite3_value_int(arguments[1]) : 0;
-  sqlite3_result_double(context, RoundHalfEven(number.ToDouble(), decimals));
-}
-
-template <QString (QString::*Fold)() const&>
-void FoldCase(sqlite3_context* context, int, sqlite3_value** arguments) {
-  const Value text = ArgumentOf(arguments[0]);
-  if (text.IsNull()) return sqlite3_result_null(context);
-  ResultText(context, (text.ToText().*Fold)());
+  return number;
 }
 
 struct MoneySum {
@@ -95,38 +68,37 @@ void MoneySumFinal(sqlite3_context* context) {
   sqlite3_result_double(context, Money::FromUnits(sum->units).ToDouble());
 }
 
-constexpr int kPure = SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_INNOCUOUS;
+/// The value of one row of a group.
+struct OneOfGroup {
+  sqlite3_value* value;
+};
 
-using ScalarFunction = void (*)(sqlite3_context*, int, sqlite3_value**);
+template <bool last>
+void OneOfGroupStep(sqlite3_context* context, int, sqlite3_value** arguments) {
+  auto* one = static_cast<OneOfGroup*>(sqlite3_aggregate_context(context, sizeof(OneOfGroup)));
+  if (one == nullptr) return sqlite3_result_error_nomem(context);
+  if (one->value != nullptr && !last) return;
+  sqlite3_value_free(one->value);
+  one->value = sqlite3_value_dup(arguments[0]);
+}
 
-void RegisterScalar(sqlite3* database, const char* name, int arguments, ScalarFunction function,
-                    void* data = nullptr) {
-  const int code = sqlite3_create_function_v2(database, name, arguments, kPure, data, function,
-                                              nullptr, nullptr, nullptr);
+void OneOfGroupFinal(sqlite3_context* context) {
+  auto* one = static_cast<OneOfGroup*>(sqlite3_aggregate_context(context, 0));
+  if (one == nullptr || one->value == nullptr) return sqlite3_result_null(context);
+  sqlite3_result_value(context, one->value);
+  sqlite3_value_free(one->value);
+}
+
+void RegisterAggregate(sqlite3* database, const char* name,
+                       void (*step)(sqlite3_context*, int, sqlite3_value**),
+                       void (*final)(sqlite3_context*)) {
+  const int code = sqlite3_create_function_v2(database, name, 1, kPureFunction, nullptr, nullptr,
+                                              step, final, nullptr);
   if (code != SQLITE_OK) ThrowFailure(database, code);
 }
 
-void RegisterConversion(sqlite3* database, const char* name, ColumnType type) {
-  RegisterScalar(database, name, 1, ConvertInto,
-                 reinterpret_cast<void*>(static_cast<std::intptr_t>(type)));
-}
-
-}  // namespace
-
-void RegisterSqlFunctions(sqlite3* database) {
-  namespace names = jet::functions;
-  RegisterConversion(database, names::kClng, ColumnType::Long);
-  RegisterConversion(database, names::kWhole, ColumnType::Long);
-  RegisterConversion(database, names::kFraction, ColumnType::Double);
-  RegisterConversion(database, names::kMoney, ColumnType::Currency);
-  RegisterConversion(database, names::kDate, ColumnType::Date);
-  RegisterConversion(database, names::kYesNo, ColumnType::YesNo);
-  RegisterConversion(database, names::kText, ColumnType::Text);
-  RegisterScalar(database, names::kRound, 1, Round);
-  RegisterScalar(database, names::kRound, 2, Round);
-  RegisterScalar(database, names::kUcase, 1, FoldCase<&QString::toUpper>);
-  RegisterScalar(database, names::kLcase, 1, FoldCase<&QString::toLower>);
-  int code = sqlite3_create_collation_v2(
+void RegisterTextOrder(sqlite3* database) {
+  const int code = sqlite3_create_collation_v2(
       database, names::kTextOrder, SQLITE_UTF8, nullptr,
       [](void*, int leftBytes, const void* left, int rightBytes, const void* right) {
         return CompareTexts({static_cast<const char*>(left), static_cast<size_t>(leftBytes)},
@@ -134,9 +106,32 @@ void RegisterSqlFunctions(sqlite3* database) {
       },
       nullptr);
   if (code != SQLITE_OK) ThrowFailure(database, code);
-  code = sqlite3_create_function_v2(database, names::kMoneySum, 1, kPure, nullptr, nullptr,
-                                    MoneySumStep, MoneySumFinal, nullptr);
-  if (code != SQLITE_OK) ThrowFailure(database, code);
+}
+
+}  // namespace
+
+void RegisterSqlFunctions(sqlite3* database) {
+  const auto add = [&](const char* name, int arguments, SqlFunction function) {
+    RegisterFunction(database, name, arguments, function);
+  };
+  add(names::kClng, 1, ConvertInto<ColumnType::Long>);
+  add(names::kWhole, 1, ConvertInto<ColumnType::Long>);
+  add(names::kFraction, 1, ConvertInto<ColumnType::Double>);
+  add(names::kMoney, 1, ConvertInto<ColumnType::Currency>);
+  add(names::kDate, 1, ConvertInto<ColumnType::Date>);
+  add(names::kText, 1, ConvertInto<ColumnType::Text>);
+  add(names::kDateText, 1, DateText);
+  RegisterFunction(database, names::kYesNo, 1, ConvertInto<ColumnType::YesNo>, Nulls::Taken);
+  add(names::kRound, -1, Round);
+  add(names::kDivisor, 1, Divisor);
+  add(names::kCount, 1, AtLeast<0>);
+  add(names::kPlace, 1, AtLeast<1>);
+  RegisterDateFunctions(database);
+  RegisterTextFunctions(database);
+  RegisterTextOrder(database);
+  RegisterAggregate(database, names::kMoneySum, MoneySumStep, MoneySumFinal);
+  RegisterAggregate(database, names::kFirst, OneOfGroupStep<false>, OneOfGroupFinal);
+  RegisterAggregate(database, names::kLast, OneOfGroupStep<true>, OneOfGroupFinal);
 }
 
 }  // namespace quillary

@@ -30,6 +30,11 @@ TEST(CutLiterals, FindsEachLiteralAndNothingElse) {
       {"#2019/3/5#=#3/5/2019#", "<4>=<4>|2019-03-05 00:00:00|2019-03-05 00:00:00"},
       {"#2019-03-05 2:05 PM#", "<4>|2019-03-05 14:05:00"},
       {"#14:07#", "<4>|1899-12-30 14:07:00"},
+      {"#5 Mar 2019#,#march 5, 2019#,#5-Mar-19 2 pm#",
+       "<4>,<4>,<4>|2019-03-05 00:00:00|2019-03-05 00:00:00|2019-03-05 14:00:00"},
+      {"#13/5/2019#,#12/5/2019#", "<4>,<4>|2019-05-13 00:00:00|2019-12-05 00:00:00"},
+      {"#2019 Sep 5#,#1/2/29#,#1/2/30#",
+       "<4>,<4>,<4>|2019-09-05 00:00:00|2029-01-02 00:00:00|1930-01-02 00:00:00"},
       {"[a'1#].[2]=3", "[a'1#].[2]=<1>|3"},
       {"True,False,Yes,No,Null", "True,False,Yes,No,Null"},
       {"'it''s {}' {}", "<3> {}|it's {}"},
@@ -50,9 +55,31 @@ TEST(CutLiterals, FindsEachLiteralAndNothingElse) {
 }
 
 TEST(CutLiterals, RefusesWhatIsNoLiteral) {
-  for (const char* text :
-       {"'a", "'a''", "\"a", "#2019/2/30#", "#2019/3/5", "##", "#a#", "#2019/3/5 24:0:0#",
-        "#2019/3/5 1#2", "#1/2/3/4#", "[a", "#99999/1/1#", "1e999", "#13:00 PM#"}) {
+  for (const char* text : {"'a",
+                           "'a''",
+                           "\"a",
+                           "#2019/2/30#",
+                           "#2019/3/5",
+                           "##",
+                           "#a#",
+                           "#2019/3/5 24:0:0#",
+                           "#2019/3/5 1#2",
+                           "#1/2/3/4#",
+                           "[a",
+                           "#99999/1/1#",
+                           "1e999",
+                           "#13:00 PM#",
+                           "#5 Mar#",
+                           "#Mar 2019#",
+                           "#30 Feb 2019#",
+                           "#5 Ma 2019#",
+                           "#5 Mar May 2019#",
+                           "#13/13/2019#",
+                           "#1/2-2019#",
+                           "#1 2 2019#",
+                           "#31/2/28#",
+                           "#14:07 5 Mar 2019#",
+                           "#5/Mar/2019/1#"}) {
     EXPECT_THROW(CutLiterals(text), StatementError) << text;
   }
 }
@@ -107,6 +134,13 @@ TEST(Convert, FollowsAssignment) {
       {"5 Mar", ColumnType::Date, std::nullopt},
       {"soon", ColumnType::Date, std::nullopt},
       {moment, ColumnType::Double, 43529.5},
+      {moment, ColumnType::Text, "5/03/2019 12:00:00 PM"},
+      {QDate(2019, 3, 5), ColumnType::Text, "5/03/2019"},
+      {"5/13/2019", ColumnType::Date, QDate(2019, 5, 13)},
+      {"Mar 5, 2019 12:00 pm", ColumnType::Date, moment},
+      {2147483647, ColumnType::Long, 2147483647},
+      {2147483647.5, ColumnType::Long, std::nullopt},
+      {"-2147483649", ColumnType::Counter, std::nullopt},
   };
   for (const Case& each : cases) {
     const auto converted = Convert(each.value, each.type);

@@ -276,6 +276,34 @@ TEST_F(MeaningTest, GroupsAndLimits) {
        "J|4"},
       {"a maximum within IIf",
        "SELECT IIF(MAX(Position) IS NULL, 0, MAX(Position)) FROM Jobs WHERE Job_ID = 99", "0"},
+      {"a share of the rows", "SELECT TOP 50 PERCENT Job_ID FROM Jobs", "1 / 2"},
+      {"a part of a row", "SELECT TOP 26 PERCENT Job_ID FROM Jobs", "1 / 2"},
+      {"no row at all", "SELECT TOP 0 PERCENT Job_ID FROM Jobs", ""},
+      {"a share and its ties", "SELECT TOP 25 PERCENT Job_ID FROM Jobs ORDER BY Day DESC", "2 / 3"},
+      {"a share of distinct rows",
+       "SELECT DISTINCT TOP 50 PERCENT Client_ID FROM Jobs ORDER BY Client_ID DESC", "9 / 2"},
+      {"a row for each row of the tables that are shown",
+       "SELECT DISTINCTROW Clients.Active FROM Clients INNER JOIN Jobs ON Clients.Client_ID = "
+       "Jobs.Client_ID ORDER BY Clients.Client_ID",
+       "True / False"},
+      {"a row for each where all tables are shown",
+       "SELECT DISTINCTROW Name, Job_ID FROM Clients INNER JOIN Jobs ON Clients.Client_ID = "
+       "Jobs.Client_ID",
+       "Adams|1 / Adams|2 / baker|3"},
+      {"the rows that are shown are summed",
+       "SELECT DISTINCTROW Sum(Balance) FROM Clients INNER JOIN Jobs ON Clients.Client_ID = "
+       "Jobs.Client_ID",
+       "2464"},
+      {"an alias within the select",
+       "SELECT Price * 2 AS Twice, Twice + 1 AS More, Left(Word, 1) & More AS Said, 'ab' AS Word "
+       "FROM Jobs WHERE Job_ID = 1",
+       "220|221|a221|ab"},
+      {"an alias of a sum, in the order too",
+       "SELECT Client_ID, Sum(Position) AS Places, Places * 2 AS Doubled FROM Jobs GROUP BY "
+       "Client_ID ORDER BY Places - 10, Client_ID",
+       "9|NULL|NULL / 2|2|4 / 1|3|6"},
+      {"a column before an alias of its name",
+       "SELECT Client_ID AS Position, Position + 1 FROM Jobs WHERE Job_ID = 1", "1|3"},
       {"an ordinal", "SELECT Job_ID, Price FROM Jobs WHERE Price > 0 ORDER BY 2 DESC",
        "1|110 / 3|0.2 / 2|0.1"},
   });

@@ -138,10 +138,9 @@ std::vector<TextRow> ScratchFile::Step(const std::string& sql, const CutStatemen
   const std::unique_ptr<sqlite3_stmt, decltype(&sqlite3_finalize)> statement(raw, sqlite3_finalize);
   for (size_t i = 0; cut && i < translation->parameters.size(); ++i) {
     const Parameter& parameter = translation->parameters[i];
-    std::optional<Value> value = cut->literals.at(static_cast<size_t>(parameter.literal));
-    if (parameter.convertTo) value = Convert(*value, *parameter.convertTo);
-    if (!value) fail("a literal does not convert");
-    if (std::visit(Binder{raw, static_cast<int>(i + 1)}, value->variant()) != SQLITE_OK) {
+    const DateTime now(QDate(2026, 11, 2), QTime(14, 7, 9));
+    const Value value = ValueOf(parameter, cut->literals, now);
+    if (std::visit(Binder{raw, static_cast<int>(i + 1)}, value.variant()) != SQLITE_OK) {
       fail("a parameter is not used");
     }
   }

@@ -29,7 +29,7 @@ TEST_F(WritingTest, InsertsConvertIntoTheColumns) {
             "8|a longer text than fits|NULL|False|NULL|NULL|NULL|NULL");
   EXPECT_EQ(
       RowsAfter("INSERT INTO t (Done, Many, [Name]) VALUES (-1, '3.5', #2019/3/5 14:7:9#)", all),
-      "9|2019-03-05 14:07:09|NULL|True|NULL|NULL|4|NULL");
+      "9|5/03/2019 2:07:09 PM|NULL|True|NULL|NULL|4|NULL");
   EXPECT_EQ(
       RowsAfter("INSERT INTO t (Amount, Done, Name) SELECT Many, Many, Many FROM t WHERE Id = 9",
                 all),
@@ -122,7 +122,7 @@ TEST_F(JoinedWritingTest, SelectIntoTellsTheTableToMake) {
   EXPECT_EQ(translation.into->file, u"other.mdb");
   EXPECT_FALSE(translation.givesRows || translation.mayBeCached || translation.sourceFile);
   ASSERT_EQ(translation.into->columns.size(), 6u);
-  EXPECT_EQ(translation.into->columns[0].type, ColumnType::Counter);
+  EXPECT_EQ(translation.into->columns[0].type, ColumnType::Long);
   EXPECT_EQ(translation.into->columns[5].type, ColumnType::Date);
   EXPECT_EQ(file_.Run(cut, translation).size(), 2u);
   EXPECT_THROW(file_.Run("SELECT * INTO Jobs FROM Entries"), StatementError);
