@@ -4,6 +4,7 @@
 #include <QStringView>
 
 #include <optional>
+#include <tuple>
 #include <vector>
 
 namespace quillary::jet {
@@ -16,6 +17,15 @@ struct Column {
   QString name;
   ColumnType type = ColumnType::Text;
   int width = 0;  // of Text; 0 when none was given
+};
+
+struct ColumnName {
+  QString table;
+  QString column;
+
+  bool operator<(const ColumnName& other) const {
+    return std::tie(table, column) < std::tie(other.table, other.column);
+  }
 };
 
 struct Table {
@@ -36,6 +46,9 @@ class Catalogue {
   virtual std::vector<QString> IndexesUsing(QStringView table, QStringView column) const = 0;
   /// CREATE INDEX statements, in SQLite's words, of all indexes of a table; for rebuilding it.
   virtual std::vector<QString> IndexStatements(QStringView table) const = 0;
+  /// Whether all texts of a column are ASCII just now, so that SQLite's NOCASE sorts them as the
+  /// dialect does and an index may serve. False when nobody knows.
+  virtual bool IsAsciiOnly(const ColumnName& /*column*/) const { return false; }
   /// The catalogue of another file, which FROM ... IN 'file' reads; null when it can't be read.
   virtual const Catalogue* Elsewhere(const QString& /*file*/) const { return nullptr; }
 };

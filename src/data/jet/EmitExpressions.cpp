@@ -108,6 +108,7 @@ Fragment Emitter::ColumnExpr(const Expression& expression, Scope& scope) {
       Piece(expression.token, Quoted(found.source->alias) + "." + Quoted(found.column->name),
             kPrimaryPower, found.column->type, {});
   fragment.column = found.column;
+  if (!found.source->derived) fragment.table = found.source->table;
   if (found.scope == &scope && scope.grouped && !scope.inAggregate) {
     fragment.ungrouped = &expression.token;
   }

@@ -122,6 +122,7 @@ void Emitter::AddStar(const SelectItem& item, Scope& scope, std::vector<Output>&
       output.fragment = Piece(item.token, Quoted(source.alias) + "." + Quoted(column.name),
                               kPrimaryPower, column.type, {});
       output.fragment.column = &column;
+      if (!source.derived) output.fragment.table = source.table;
       outputs.push_back(std::move(output));
     }
   }

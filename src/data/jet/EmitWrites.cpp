@@ -22,17 +22,21 @@ void Emitter::EmitInsert(const Insert& insert) {
     names += (names.empty() ? "" : ", ") + Quoted(column->name);
   }
   result_.statements.push_back("INSERT INTO " + Quoted(table.name) + " (" + names + ") " +
-                               InsertedRows(insert, columns));
+                               InsertedRows(insert, table, columns));
 }
 
-std::string Emitter::InsertedRows(const Insert& insert, const std::vector<const Column*>& columns) {
+std::string Emitter::InsertedRows(const Insert& insert, const Table& table,
+                                  const std::vector<const Column*>& columns) {
   const char* const mismatch = "there are not as many values as columns";
   if (insert.select) {
     SelectText rows = SelectOf(*insert.select, nullptr, Naming::Numbered);
     if (insert.select->into) Fail(insert.select->into->token, "INTO can't stand here");
     if (rows.outputs.size() != columns.size()) Fail(insert.token, mismatch);
     std::vector<ColumnType> types;
-    for (const Column* column : columns) types.push_back(column->type);
+    for (size_t i = 0; i < columns.size(); ++i) {
+      types.push_back(columns[i]->type);
+      NoteWritten(table, *columns[i], rows.outputs[i].fragment);
+    }
     return Wrapped(std::move(rows), types, Naming::None).sql;
   }
   if (insert.values.size() != columns.size()) Fail(insert.token, mismatch);
@@ -40,6 +44,7 @@ std::string Emitter::InsertedRows(const Insert& insert, const std::vector<const 
   std::string values;
   for (size_t i = 0; i < columns.size(); ++i) {
     const Fragment value = Expr(*insert.values[i], nothing);
+    NoteWritten(table, *columns[i], value);
     values += (i == 0 ? "" : ", ") + Text(As(value, columns[i]->type));
   }
   return "VALUES (" + values + ")";
@@ -56,7 +61,9 @@ void Emitter::EmitUpdate(const Update& update) {
     const Update::Assignment& assignment = update.assignments[i];
     const Column& column = ColumnNamed(*target.table, assignment.name, assignment.token);
     if (column.type == ColumnType::Counter) Fail(assignment.token, "a counter can't be changed");
-    const std::string value = Text(As(Expr(*assignment.value, scope), column.type));
+    const Fragment given = Expr(*assignment.value, scope);
+    NoteWritten(*target.table, column, given);
+    const std::string value = Text(As(given, column.type));
     const std::string numbered = "\"c" + std::to_string(i + 1) + "\"";
     changes += (i == 0 ? "" : ", ") + Quoted(column.name) + " = " +
                (joined ? "\"the changes\"." + numbered : value);

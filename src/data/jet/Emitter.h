@@ -47,6 +47,9 @@ class Emitter {
   std::string Folded(const Fragment& fragment);
   /// A value by which rows are sorted.
   std::string Ordered(const Fragment& fragment);
+  bool IsAsciiColumn(const Fragment& fragment);
+  /// Keeps in mind that the statement may write what is not ASCII.
+  void NoteWritten(const Table& table, const Column& column, const Fragment& value);
   std::string Parameter(const jet::Parameter& parameter);
   std::string Parameter(int literal, std::optional<ColumnType> convertTo) {
     return Parameter({.literal = literal, .convertTo = convertTo});
@@ -141,7 +144,8 @@ class Emitter {
   // Statements.
   void EmitSelect(const Select& select);
   void EmitInsert(const Insert& insert);
-  std::string InsertedRows(const Insert& insert, const std::vector<const Column*>& columns);
+  std::string InsertedRows(const Insert& insert, const Table& table,
+                           const std::vector<const Column*>& columns);
   void EmitUpdate(const Update& update);
   const VisibleSource& UpdateTarget(const Update& update, const Scope& scope) const;
   void EmitDelete(const Delete& statement);

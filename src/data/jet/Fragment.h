@@ -35,6 +35,7 @@ struct Fragment {
   bool negative = false;             // a literal behind a minus sign
   bool needsRounding = false;        // a sum of currencies that may have drifted
   const Column* column = nullptr;    // when it is a column as it stands
+  const Table* table = nullptr;      // of that column, unless a select in FROM made it
   const Token* ungrouped = nullptr;  // a column that stands outside aggregates
   bool aggregate = false;
   bool foldedCase = false;  // by UCase or LCase

@@ -95,6 +95,9 @@ struct Translation {
   bool changesSchema = false;
   /// False when a literal shaped the emitted text, so that the text may not serve another literal.
   bool mayBeCached = true;
+  /// Indexed columns that it may write something else than ASCII into. A text that relied on one to
+  /// hold nothing else may not serve any more.
+  std::vector<ColumnName> notOnlyAscii;
   /// The other file that FROM ... IN 'file' reads from: the text is meant to run there.
   std::optional<QString> sourceFile;
 };

@@ -53,7 +53,8 @@ StorageFailure Reworded(const StorageFailure& failure, const QString& file) {
 /// stays open for as long as this lives.
 class CatalogueWithOthers : public jet::Catalogue {
  public:
-  explicit CatalogueWithOthers(const SchemaCatalogue& own) : own_(own) {}
+  CatalogueWithOthers(const SchemaCatalogue& own, sqlite3* database, AsciiColumns& asciiColumns)
+      : own_(own), database_(database), asciiColumns_(asciiColumns) {}
 
   const jet::Table* FindTable(QStringView name) const override { return own_.FindTable(name); }
   std::vector<QString> IndexesUsing(QStringView table, QStringView column) const override {
@@ -61,6 +62,9 @@ class CatalogueWithOthers : public jet::Catalogue {
   }
   std::vector<QString> IndexStatements(QStringView table) const override {
     return own_.IndexStatements(table);
+  }
+  bool IsAsciiOnly(const jet::ColumnName& column) const override {
+    return asciiColumns_.Holds(database_, column);
   }
   const jet::Catalogue* Elsewhere(const QString& file) const override {
     other_.emplace(file);
@@ -72,6 +76,8 @@ class CatalogueWithOthers : public jet::Catalogue {
 
  private:
   const SchemaCatalogue& own_;
+  sqlite3* database_;
+  AsciiColumns& asciiColumns_;
   mutable std::optional<OtherFile> other_;
   mutable SchemaCatalogue otherCatalogue_;
 };
@@ -147,6 +153,7 @@ void Connection::Open(OpenMode mode, const std::function<void(const jet::Catalog
 void Connection::Close() {
   if (!IsOpen()) return;
   while (depth_ > 0) Rollback();
+  ForgetTexts();
   cache_.clear();
   const auto handle = std::move(database_);
   Execute(handle.get(), "PRAGMA journal_mode = DELETE");
@@ -213,9 +220,11 @@ Recordset Connection::Run(const Sql& statement) {
 Recordset Connection::RunCut(const jet::CutStatement& cut) {
   RequireTransaction();
   rowsWritten_ = 0;
+  // Rows that were written past the dialect may hold any text.
+  if (sqlite3_total_changes64(database_.get()) != changes_) ForgetTexts();
   const auto cached = cache_.find(cut.shape);
   if (cached != cache_.end()) return RunPrepared(cached->second, cut.literals);
-  const CatalogueWithOthers catalogue(catalogue_);
+  const CatalogueWithOthers catalogue(catalogue_, database_.get(), asciiColumns_);
   const jet::Translation translation = jet::Translate(cut, catalogue);
   sqlite3* source = translation.sourceFile ? catalogue.OtherHandle() : database_.get();
   return RunTranslation(translation, cut, source);
@@ -240,7 +249,7 @@ Recordset Connection::RunTranslation(const jet::Translation& translation,
 Connection::CachedStatement Connection::Prepare(const jet::Translation& translation,
                                                 sqlite3* source) {
   return {Statement(source, translation.statements.front()), translation.parameters,
-          std::make_shared<ResultColumns>(translation.columns)};
+          std::make_shared<ResultColumns>(translation.columns), translation.notOnlyAscii};
 }
 
 void Connection::Fill(CachedStatement& cached, const std::vector<Value>& literals) const {
@@ -270,7 +279,12 @@ Recordset Connection::RunPrepared(CachedStatement& cached, const std::vector<Val
       cells.push_back(cached.statement.Column(static_cast<int>(column), columns[column].type));
     }
   }
-  rowsWritten_ = sqlite3_total_changes64(database_.get()) - writtenBefore;
+  changes_ = sqlite3_total_changes64(database_.get());
+  rowsWritten_ = changes_ - writtenBefore;
+  for (const jet::ColumnName& column : cached.notOnlyAscii) {
+    // As if the row had been written past the dialect: the next statement looks anew.
+    if (asciiColumns_.IsKnown(column)) changes_ = -1;
+  }
   return {cached.columns, std::move(cells)};
 }
 
@@ -330,6 +344,7 @@ void Connection::EnsureIndex(const char* name, const char* table,
     statement += std::string(index > 0 ? ", \"" : "\"") + columns[index] + "\"";
   }
   Execute(database_.get(), (statement + ")").c_str());
+  cache_.clear();
   catalogue_.Load(database_.get());
 }
 
@@ -352,6 +367,7 @@ void Connection::Commit() {
 void Connection::Rollback() noexcept {
   if (depth_ == 0) return;
   --depth_;
+  ForgetTexts();
   sqlite3* database = database_.get();
   if (database == nullptr || sqlite3_get_autocommit(database) != 0) return;
   if (depth_ == 0) {
@@ -362,6 +378,11 @@ void Connection::Rollback() noexcept {
                  nullptr);
   }
   if (schemaChangedInTransaction_) ForgetSchema();
+}
+
+void Connection::ForgetTexts() noexcept {
+  if (database_) changes_ = sqlite3_total_changes64(database_.get());
+  if (asciiColumns_.Forget()) cache_.clear();
 }
 
 void Connection::ForgetSchema() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "data/store/AsciiColumns.h"
 #include "data/store/Recordset.h"
 #include "data/store/SchemaCatalogue.h"
 #include "data/store/Sql.h"
@@ -79,6 +80,7 @@ class Connection {
     Statement statement;
     std::vector<jet::Parameter> parameters;
     std::shared_ptr<const ResultColumns> columns;
+    std::vector<jet::ColumnName> notOnlyAscii;
     quint64 lastUse = 0;
   };
 
@@ -88,6 +90,8 @@ class Connection {
   Recordset RunTranslation(const jet::Translation& translation, const jet::CutStatement& cut,
                            sqlite3* source);
   Recordset RunPrepared(CachedStatement& cached, const std::vector<Value>& literals);
+  /// Nothing is known of the texts any more, and statements that rely on it are dropped.
+  void ForgetTexts() noexcept;
   void Fill(CachedStatement& cached, const std::vector<Value>& literals) const;
   void RunSchemaChange(const jet::Translation& translation);
   void RunInto(const jet::Translation& translation, const jet::CutStatement& cut, sqlite3* source);
@@ -102,6 +106,8 @@ class Connection {
   SchemaCatalogue catalogue_;
   std::unordered_map<std::string, CachedStatement> cache_;
   quint64 uses_ = 0;
+  AsciiColumns asciiColumns_;
+  qint64 changes_ = 0;  // of rows, as SQLite counted them when the latest statement ended
   qint64 rowsWritten_ = 0;
   int depth_ = 0;
   bool schemaChangedInTransaction_ = false;

@@ -53,21 +53,36 @@ int CompareBeyondAscii(std::string_view left, std::string_view right) {
   return byLetters != 0 ? byLetters : one.all.compare(other.all);
 }
 
-constexpr int Lowered(unsigned char c) {
-  return c >= 'A' && c <= 'Z' ? c + ('a' - 'A') : c;
+/// Bytes of ASCII in lower case, all others as they are.
+constexpr std::array<unsigned char, 256> MakeFolds() {
+  std::array<unsigned char, 256> folds{};
+  for (size_t c = 0; c < folds.size(); ++c) {
+    folds[c] = static_cast<unsigned char>(c >= 'A' && c <= 'Z' ? c + ('a' - 'A') : c);
+  }
+  return folds;
+}
+
+constexpr std::array<unsigned char, 256> kFolds = MakeFolds();
+
+bool IsBeyondAscii(std::string_view text, size_t at) {
+  return at < text.size() && static_cast<unsigned char>(text[at]) >= 0x80;
 }
 
 }  // namespace
 
 int CompareTexts(std::string_view left, std::string_view right) {
+  const auto folded = [](std::string_view text, size_t at) {
+    return kFolds[static_cast<unsigned char>(text[at])];
+  };
   const size_t common = std::min(left.size(), right.size());
-  for (size_t at = 0; at < common; ++at) {
-    const auto one = static_cast<unsigned char>(left[at]);
-    const auto other = static_cast<unsigned char>(right[at]);
-    // What went before is the same on both sides, so it needs no second look.
-    if ((one | other) >= 0x80) return CompareBeyondAscii(left.substr(at), right.substr(at));
-    if (const int difference = Lowered(one) - Lowered(other)) return difference;
+  size_t at = 0;
+  while (at < common && folded(left, at) == folded(right, at)) ++at;
+  if (IsBeyondAscii(left, at) || IsBeyondAscii(right, at)) {
+    // From the last sign of ASCII on; what goes before it is the same and needs no second look.
+    while (at > 0 && IsBeyondAscii(left, at - 1)) --at;
+    return CompareBeyondAscii(left.substr(at), right.substr(at));
   }
+  if (at < common) return folded(left, at) - folded(right, at);
   if (left.size() == right.size()) return 0;
   return left.size() < right.size() ? -1 : 1;
 }

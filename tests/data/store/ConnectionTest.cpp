@@ -98,6 +98,39 @@ TEST_F(ConnectionTest, TenThousandParenthesesAreRefused) {
   EXPECT_THROW(file.Run(deep), StatementRefused);
 }
 
+TEST_F(ConnectionTest, AnIndexSortsForAsLongAsItSortsRight) {
+  const auto names = [&] {
+    QString all;
+    for (const Record row : file.Run("SELECT Name FROM Jobs ORDER BY Name")) {
+      all += row[size_t{0}].ToText() + u' ';
+    }
+    return all;
+  };
+  const auto add = [&](const char* name) {
+    file.Run(Sql("INSERT INTO Jobs (Name, Notes) VALUES ({}, {})", name, name));
+  };
+  file.Run("CREATE INDEX ByName ON Jobs (Name)");
+  for (const char* name : {"paul", "Nora", "ole"}) add(name);
+  EXPECT_EQ(names(), u"Nora ole paul ");
+  add("Óla");
+  EXPECT_EQ(names(), u"Nora Óla ole paul ");
+  file.Run("DELETE FROM Jobs WHERE Name = 'óla'");
+  file.Run("UPDATE Jobs SET Notes = 'Ärger' WHERE Name = 'PAUL'");
+  EXPECT_EQ(names(), u"Nora ole paul ");
+  file.Begin();
+  file.Run("UPDATE Jobs SET Name = Notes");
+  EXPECT_EQ(names(), u"Ärger Nora ole ");
+  file.Run("DELETE FROM Jobs WHERE Name = 'ÄRGER'");
+  EXPECT_EQ(names(), u"Nora ole ");
+  file.Rollback();
+  file.Run("INSERT INTO Jobs (Name) SELECT Left(Notes, 2) FROM Jobs");
+  EXPECT_EQ(names(), u"Är No Nora ol ole paul ");
+  file.Run("DELETE FROM Jobs WHERE Name LIKE 'ä*'");
+  EXPECT_EQ(names(), u"No Nora ol ole paul ");
+  Execute(file.Handle(), "UPDATE Jobs SET Name = 'Ówen' WHERE Name = 'No'");
+  EXPECT_EQ(names(), u"Nora ol ole Ówen paul ");
+}
+
 TEST_F(ConnectionTest, SchemaChangesReachCachedStatements) {
   file.Run("INSERT INTO Jobs (Name) VALUES ('a')");
   EXPECT_EQ(file.Run("SELECT * FROM Jobs").Columns().size(), 7u);
