@@ -1,3 +1,4 @@
+#include "data/jet/RoutineTexts.h"
 #include "data/jet/ScratchFile.h"
 
 #include <gtest/gtest.h>
@@ -16,6 +17,7 @@ struct StatementCase {
   std::string check;
   std::string expected;
   bool refused = false;
+  bool awaited = false;
 };
 
 std::ifstream Open(const std::string& name) {
@@ -39,8 +41,11 @@ void Take(StatementCase& into, const std::string& line, int number) {
     case '!':
       into.refused = true;
       break;
+    case '~':
+      into.awaited = true;
+      [[fallthrough]];
     default:
-      into.statement = line;
+      into.statement = into.awaited ? rest : line;
       into.line = number;
   }
 }
@@ -87,6 +92,21 @@ TEST(ResultsTest, EveryStatementComesToWhatItShould) {
   for (const StatementCase& each : cases) {
     EXPECT_EQ(Answer(each), each.refused ? "refused" : each.expected)
         << "results.txt:" << each.line << ": " << each.statement;
+  }
+}
+
+// What is tried here is what the routines send, and not what somebody copied from them once.
+TEST(ResultsTest, EveryStatementIsARoutinesOwn) {
+  const RoutineTexts routines;
+  for (const StatementCase& each : Cases()) {
+    const std::string source = routines.SourceOf(each.statement);
+    if (each.awaited) {
+      EXPECT_EQ(source, "") << "results.txt:" << each.line
+                            << ": take the mark off: " << each.statement;
+    } else {
+      EXPECT_NE(source, "") << "results.txt:" << each.line
+                            << ": no routine has this: " << each.statement;
+    }
   }
 }
 
