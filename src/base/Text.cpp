@@ -1,5 +1,7 @@
 #include "base/Text.h"
 
+#include <algorithm>
+
 namespace quillary {
 namespace {
 
@@ -51,6 +53,9 @@ QString Base64Encode(const QByteArray& bytes) {
 }
 
 QString FoldedForSearch(const QString& text) {
+  const bool plain =
+      std::ranges::all_of(text, [](QChar letter) { return letter.unicode() < 0x80; });
+  if (plain) return text.toLower();
   QString folded;
   folded.reserve(text.size());
   for (const QChar letter : text.normalized(QString::NormalizationForm_D))

@@ -1,5 +1,7 @@
 #include "clients/ClientFinder.h"
 
+#include "base/Text.h"
+
 #include <algorithm>
 
 namespace quillary::clients {
@@ -30,7 +32,7 @@ std::vector<FoundClient> ClientFinder::Clients(const QString& typed, size_t most
     }
   }
   std::stable_partition(found.begin(), found.end(), [&](const FoundClient& client) {
-    return client.name.startsWith(words, Qt::CaseInsensitive);
+    return FoldedForSearch(client.name).startsWith(FoldedForSearch(words));
   });
   if (found.size() > most) found.resize(most);
   return found;

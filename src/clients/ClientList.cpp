@@ -1,5 +1,7 @@
 #include "clients/ClientList.h"
 
+#include "base/Text.h"
+
 #include <algorithm>
 
 namespace quillary::clients {
@@ -22,7 +24,7 @@ bool LooksLikePhone(const QString& text) {
 
 QStringList WordsOf(const QString& typed) {
   QStringList words;
-  for (const QString& word : typed.toLower().split(u' ', Qt::SkipEmptyParts)) {
+  for (const QString& word : FoldedForSearch(typed).split(u' ', Qt::SkipEmptyParts)) {
     const QString digits = DigitsOf(word);
     words += LooksLikePhone(word) && !digits.isEmpty() ? digits : word;
   }
@@ -49,9 +51,9 @@ ClientListRow RowOf(const Record& record) {
 QString SearchedOf(const ClientListRow& row) {
   QString phoneDigits;
   for (const QString& phone : row.phones.split(u';')) phoneDigits += u'\n' + DigitsOf(phone);
-  return (row.displayName + u'\n' + row.firstName + u'\n' + row.surname + u'\n' + row.streetNumber +
-          u' ' + row.street + u'\n' + row.suburb + u'\n' + row.phones + phoneDigits)
-      .toLower();
+  return FoldedForSearch(row.displayName + u'\n' + row.firstName + u'\n' + row.surname + u'\n' +
+                         row.streetNumber + u' ' + row.street + u'\n' + row.suburb + u'\n' +
+                         row.email + u'\n' + row.phones + phoneDigits);
 }
 
 Sql ListStatement(const ClientListQuery& query) {

@@ -43,13 +43,14 @@ class ClientList {
   static ClientList Load(Business& business, const ClientListQuery& query = {});
 
   const std::vector<ClientListRow>& Rows() const { return rows_; }
-  /// The places in Rows() where every word typed occurs in name, street, suburb or a phone, without
-  /// regard to case; digits also find a phone that is written with blanks. All for an empty text.
+  /// The places in Rows() where every word typed occurs in name, street, suburb, mail address or a
+  /// phone, without regard to case and accents; digits also find a phone that is written with
+  /// blanks. All for an empty text.
   std::vector<size_t> Search(const QString& typed) const;
 
  private:
   std::vector<ClientListRow> rows_;
-  std::vector<QString> searched_;  // of each row: what the words are looked for in, in lower case
+  std::vector<QString> searched_;  // of each row: what the words are looked for in, folded
 };
 
 /// "List Count = 12"

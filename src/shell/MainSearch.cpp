@@ -1,5 +1,6 @@
 #include "shell/MainSearch.h"
 
+#include "base/Text.h"
 #include "base/ports/requests/Clients.h"
 #include "base/ports/requests/Scheduling.h"
 
@@ -22,9 +23,9 @@ constexpr int kWidestOffer = 600;
 constexpr int kRoomBesideWords = 40;
 
 bool HasAllWords(const QString& text, const QString& typed) {
-  const QStringList words = typed.split(u' ', Qt::SkipEmptyParts);
-  return std::all_of(words.begin(), words.end(),
-                     [&](const QString& word) { return text.contains(word, Qt::CaseInsensitive); });
+  const QStringList words = FoldedForSearch(typed).split(u' ', Qt::SkipEmptyParts);
+  const QString searched = FoldedForSearch(text);
+  return std::ranges::all_of(words, [&](const QString& word) { return searched.contains(word); });
 }
 
 }  // namespace
@@ -58,13 +59,21 @@ void MainSearch::Offer(const QString& typed) {
   if (typed.trimmed().isEmpty()) return;
   OfferCommands(typed);
   runner_.Run(objectName(), QStringLiteral("txtFind_Change"), [&] { OfferClients(typed); });
+  if (opens_.empty()) Add(tr("Nothing found"), {});
   // After the completer has laid its list under the box, as wide as that.
-  QTimer::singleShot(0, this, &MainSearch::WidenOffers);
+  QTimer::singleShot(0, this, &MainSearch::ShowOffers);
 }
 
-void MainSearch::WidenOffers() {
+void MainSearch::ShowOffers() {
   auto* popup = completer_->popup();
   if (!popup->isVisible()) return;
+  {
+    // The first offer is what Enter opens. Nobody hears of it, or its words would take the place of
+    // what is typed.
+    const QSignalBlocker quiet(popup->selectionModel());
+    popup->setCurrentIndex(completer_->completionModel()->index(0, 0));
+  }
+  popup->viewport()->update();
   QRect place = popup->geometry();
   const int wanted = popup->sizeHintForColumn(0) + kRoomBesideWords;
   place.setLeft(place.right() + 1 - std::clamp(wanted, width(), std::max(width(), kWidestOffer)));
@@ -104,7 +113,7 @@ void MainSearch::Add(const QString& words, std::function<void()> open) {
 
 void MainSearch::OpenAt(const QModelIndex& offer) {
   const auto at = static_cast<size_t>(offer.row());
-  if (!offer.isValid() || at >= opens_.size()) return;
+  if (!offer.isValid() || at >= opens_.size() || !opens_[at]) return;
   // After the completer has put the chosen words into the field.
   QTimer::singleShot(0, this, [this, open = opens_[at]] {
     clear();

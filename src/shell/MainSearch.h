@@ -32,8 +32,9 @@ class MainSearch : public QLineEdit {
   void OfferCommands(const QString& typed);
   void OfferClients(const QString& typed);
   void Add(const QString& words, std::function<void()> open);
-  /// Gives the offers the room that their words take, to the left of the box.
-  void WidenOffers();
+  /// Chooses the first offer, and gives them the room that their words take, to the left of the
+  /// box.
+  void ShowOffers();
   void OpenAt(const QModelIndex& offer);
 
   Business& business_;

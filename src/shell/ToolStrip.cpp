@@ -82,8 +82,10 @@ void ToolStrip::Refresh() {
 void ToolStrip::MarkScreen(const QString& screen) {
   for (const Tool& tool : tools_) {
     const bool current = !screen.isEmpty() && tool.screens.contains(screen);
-    tool.button->setCheckable(current);
+    // Only what can be checked can be unchecked, and only the marked one is heard as a check box.
+    tool.button->setCheckable(true);
     tool.button->setChecked(current);
+    tool.button->setCheckable(current);
   }
 }
 
