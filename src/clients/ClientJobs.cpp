@@ -63,7 +63,8 @@ std::vector<ClientJob> LoadPastJobs(Business& business, const ClientRecord& clie
 std::optional<Refusal> DeleteClientJob(Business& business, Prompter& prompter,
                                        const ClientRecord& client, std::optional<qint64> diaryId) {
   if (!diaryId) return Refusal{QStringLiteral("Please select a job to delete."), {}};
-  if (prompter.Ask(QStringLiteral("Are you sure you want to delete this job?")) != Answer::Yes) {
+  if (prompter.AskBeforeLosing(QStringLiteral("Are you sure you want to delete this job?")) !=
+      Answer::Yes) {
     return std::nullopt;
   }
   Transaction deletion(business);

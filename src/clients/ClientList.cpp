@@ -139,7 +139,7 @@ bool DeleteClientAfterAsking(Business& business, Prompter& prompter, qint64 clie
   const QString name =
       business.FirstField(Sql("SELECT Display_Name FROM Clients WHERE Client_ID = {}", clientId))
           .ToText();
-  const Answer answer = prompter.Ask(
+  const Answer answer = prompter.AskBeforeLosing(
       QStringLiteral("Are you really sure you want to delete ") + name +
       QStringLiteral("?\n\n There will be absolutely no record of this client afterwards and may "
                      "affect your GST/Profit and Loss report!"));

@@ -67,7 +67,7 @@ std::optional<Refusal> DeleteClientInvoice(Business& business, Prompter& prompte
                                            std::optional<qint64> invoiceId) {
   if (!invoiceId) return Refusal{QStringLiteral("Please select an invoice record to delete."), {}};
   const Answer answer =
-      prompter.Ask(QStringLiteral("Are you sure you want to delete this invoice?"));
+      prompter.AskBeforeLosing(QStringLiteral("Are you sure you want to delete this invoice?"));
   if (answer != Answer::Yes) return std::nullopt;
   Transaction deletion(business);
   business.RunSQL(

@@ -117,8 +117,8 @@ std::optional<Refusal> CheckJobSelected(JobsListCommand command, std::optional<q
 
 bool DeleteJobAfterAsking(Business& business, Prompter& prompter, qint64 diaryId) {
   const Answer answer =
-      prompter.Ask(QStringLiteral("Are you sure you want to delete this job?\n\n") +
-                   NameOfJob(business, diaryId));
+      prompter.AskBeforeLosing(QStringLiteral("Are you sure you want to delete this job?\n\n") +
+                               NameOfJob(business, diaryId));
   if (answer != Answer::Yes) return false;
   DeleteJob(business, diaryId);
   return true;

@@ -69,7 +69,8 @@ std::optional<Refusal> SaveVisit(Business& business, Visit& visit) {
 }
 
 bool DeleteVisit(Business& business, Prompter& prompter, qint64 diaryId) {
-  const Answer answer = prompter.Ask(QStringLiteral("Are you sure you want to delete this visit?"));
+  const Answer answer =
+      prompter.AskBeforeLosing(QStringLiteral("Are you sure you want to delete this visit?"));
   if (answer != Answer::Yes) return false;
   business.RunSQL(Sql("DELETE FROM Diary WHERE Diary_ID = {}", diaryId));
   return true;

@@ -62,14 +62,25 @@ QPixmap Sign(QChar letter, Hue hue, const QWidget& box) {
 }  // namespace
 
 Answer MessageBoxPrompter::Ask(const QString& text, const QString& title) {
+  return AskWith(Answer::Yes, text, title);
+}
+
+Answer MessageBoxPrompter::AskBeforeLosing(const QString& text, const QString& title) {
+  return AskWith(Answer::No, text, title);
+}
+
+Answer MessageBoxPrompter::AskWith(Answer byEnter, const QString& text, const QString& title) {
   const PointerRelease release;
   QMessageBox box(QApplication::activeWindow());
   Fill(box, text, title);
   box.setIconPixmap(Sign(u'?', Hue::Green, box));
   box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
-  box.setDefaultButton(QMessageBox::Yes);
+  const auto main = byEnter == Answer::Yes ? QMessageBox::Yes : QMessageBox::No;
+  box.setDefaultButton(main);
   box.setEscapeButton(QMessageBox::No);
-  SetKind(qobject_cast<QPushButton*>(box.button(QMessageBox::Yes)), ButtonKind::Main);
+  SetKind(qobject_cast<QPushButton*>(box.button(main)), ButtonKind::Main);
+  if (byEnter == Answer::No)
+    SetKind(qobject_cast<QPushButton*>(box.button(QMessageBox::Yes)), ButtonKind::Danger);
   return box.exec() == QMessageBox::Yes ? Answer::Yes : Answer::No;
 }
 

@@ -88,7 +88,7 @@ void Dialog::setVisible(bool visible) {
 
 bool Dialog::MayLeave() {
   return !IsDataChanged() ||
-         prompter_.Ask(QStringLiteral("Close without saving changes?")) == Answer::Yes;
+         prompter_.AskBeforeLosing(QStringLiteral("Close without saving changes?")) == Answer::Yes;
 }
 
 void Dialog::reject() {

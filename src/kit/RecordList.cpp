@@ -187,7 +187,8 @@ void RecordListScreen::ShowOthers() {
 
 bool RecordListScreen::MayClose() {
   return !state_.IsDataChanged() ||
-         world_.prompter.Ask(QStringLiteral("Close without saving changes?")) == Answer::Yes;
+         world_.prompter.AskBeforeLosing(QStringLiteral("Close without saving changes?")) ==
+             Answer::Yes;
 }
 
 void RecordListScreen::Load(std::optional<qint64> select) {
@@ -216,7 +217,8 @@ bool RecordListScreen::MayRun(const RecordCommand& command, bool needsRecord) {
     grid_->setFocus();
     return false;
   }
-  return command.question.isEmpty() || world_.prompter.Ask(command.question) == Answer::Yes;
+  return command.question.isEmpty() ||
+         world_.prompter.AskBeforeLosing(command.question) == Answer::Yes;
 }
 
 bool RecordListScreen::MayStore(const std::optional<Refusal>& refusal) {

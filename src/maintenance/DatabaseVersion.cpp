@@ -9,8 +9,8 @@ namespace quillary::maintenance {
 void SetDatabaseVersion(Business& business) {
   const Outside& world = business.World();
   Prompter& prompter = world.prompter;
-  if (prompter.Ask(QStringLiteral("Are you sure you want to reset your database version?")) !=
-      Answer::Yes) {
+  if (prompter.AskBeforeLosing(
+          QStringLiteral("Are you sure you want to reset your database version?")) != Answer::Yes) {
     return;
   }
   if (prompter.Ask(QStringLiteral("Please make sure that you have a backup copy of your database "

@@ -5,6 +5,7 @@
 #include "shell/ProgramIcon.h"
 #include "shell/Version.h"
 
+#include <QApplication>
 #include <QTimer>
 #include <QVBoxLayout>
 
@@ -32,6 +33,13 @@ MainMenuMDI_Splash::MainMenuMDI_Splash(const QString& companyName, QWidget* fram
     column->addWidget(line, 0, Qt::AlignHCenter);
   setMinimumWidth(360);
   adjustSize();
+  qApp->installEventFilter(this);
+}
+
+bool MainMenuMDI_Splash::eventFilter(QObject*, QEvent* event) {
+  // Who has begun to work need not look at it any longer.
+  if (event->type() == QEvent::KeyPress || event->type() == QEvent::MouseButtonPress) close();
+  return false;
 }
 
 void MainMenuMDI_Splash::ShowOver(const QWidget* frame, QTime now) {

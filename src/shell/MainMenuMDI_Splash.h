@@ -16,6 +16,9 @@ class MainMenuMDI_Splash : public QFrame {
   /// Shows it in the middle of the frame.
   void ShowOver(const QWidget* frame, QTime now);
 
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
  private:
   QLabel* lblCompanyName;
   QLabel* lblVersion;

@@ -45,6 +45,18 @@ def type_words(words):
     xdo("type", "--delay", "8", words)
 
 
+def walk_all(node):
+    """Every control and cell below, whether it shows or not."""
+    yield node
+    try:
+        for at in range(min(node.get_child_count(), 400)):
+            child = node.get_child_at_index(at)
+            if child:
+                yield from walk_all(child)
+    except GLib.Error:
+        return
+
+
 class Desk:
     """The program in its window."""
 
@@ -138,7 +150,25 @@ class Desk:
         return node.get_name()
 
     def field(self, name, root=None):
-        return self.text_of(self.wait(name, root))
+        """What the text box of that name holds."""
+        return self.text_of(self.wait(name, root, Atspi.Role.TEXT))
+
+    def says(self, words):
+        """Whether anything that shows says the words: labels, boxes, offers."""
+        self.application.clear_cache()
+        return any(words in (node.get_name() or "") for node in self._everything())
+
+    def _everything(self):
+        for window in self.windows():
+            yield from walk_all(window)
+
+    def field_of_combo(self, name, root=None):
+        """What an editable list holds: the text of its line."""
+        combo = self.wait(name, root, Atspi.Role.COMBO_BOX)
+        for node in walk_all(combo):
+            if node.get_role() == Atspi.Role.TEXT:
+                return self.text_of(node)
+        return self.text_of(combo)
 
     def rows(self, name):
         """The rows of a table as lists of what their cells say."""

@@ -20,6 +20,10 @@ class Prompter {
   virtual ~Prompter() = default;
   /// A question with Yes and No.
   virtual Answer Ask(const QString& text, const QString& title = SystemTitle()) = 0;
+  /// A question whose Yes loses something: Enter in passing answers it with No.
+  virtual Answer AskBeforeLosing(const QString& text, const QString& title = SystemTitle()) {
+    return Ask(text, title);
+  }
   virtual void Tell(Tone tone, const QString& text, const QString& title = SystemTitle()) = 0;
   /// A line to type, proposing `current`; nothing when the user cancels.
   virtual std::optional<QString> AskText(const QString& title, const QString& prompt,

@@ -70,7 +70,7 @@ void DeleteInvoices(Business& business, const std::vector<qint64>& invoiceIds) {
 bool DeleteTickedInvoices(Business& business, Prompter& prompter,
                           const std::vector<qint64>& invoiceIds) {
   const Answer answer =
-      prompter.Ask(QStringLiteral("Are you sure you want to delete ticked invoices "));
+      prompter.AskBeforeLosing(QStringLiteral("Are you sure you want to delete ticked invoices "));
   if (answer != Answer::Yes) return false;
   DeleteInvoices(business, invoiceIds);
   return true;

@@ -72,9 +72,9 @@ PaymentsList LoadPaymentsByAClient(Business& business, qint64 clientId) {
 std::optional<Refusal> DeletePayment(Business& business, Prompter& prompter,
                                      const PaymentRow* payment) {
   if (!payment) return Refusal{QStringLiteral("Please select a payment to delete."), {}};
-  const Answer answer =
-      prompter.Ask(QStringLiteral("Are you sure you want to delete this payment made by ") +
-                   payment->displayName + u'?');
+  const Answer answer = prompter.AskBeforeLosing(
+      QStringLiteral("Are you sure you want to delete this payment made by ") +
+      payment->displayName + u'?');
   if (answer == Answer::Yes)
     balances::DeleteCheckedPayment(business, payment->clientId, payment->paymentId);
   return std::nullopt;

@@ -103,7 +103,8 @@ void frmClients::CloseAndSave() {
 
 bool frmClients::MayClose() {
   if (leaving_ || !IsDataChanged()) return true;
-  return desk_.Prompt().Ask(QStringLiteral("Close without saving changes?")) == Answer::Yes;
+  return desk_.Prompt().AskBeforeLosing(QStringLiteral("Close without saving changes?")) ==
+         Answer::Yes;
 }
 
 void frmClients::Reload() {
@@ -120,9 +121,9 @@ void frmClients::Reload() {
 
 void frmClients::ReloadAfterAsking() {
   if (desk_.client.IsNew()) return;
-  if (IsDataChanged() &&
-      desk_.Prompt().Ask(tr("The changes made on this screen are not stored "
-                            "yet.\nDiscard them and load the client again?")) != Answer::Yes)
+  if (IsDataChanged() && desk_.Prompt().AskBeforeLosing(
+                             tr("The changes made on this screen are not stored "
+                                "yet.\nDiscard them and load the client again?")) != Answer::Yes)
     return;
   Load(desk_.client.clientId);
 }

@@ -174,8 +174,8 @@ void frmJobsAndPaymentChecker::EditSelectedJob() {
 void frmJobsAndPaymentChecker::DeleteSelectedJob() {
   const auto client = SelectedClient();
   const auto job = client ? Selected(grdJobs, "Please select a job to delete.") : std::nullopt;
-  if (!job || business_.World().prompter.Ask(tr("Are you sure you want to delete this job?")) !=
-                  Answer::Yes)
+  if (!job || business_.World().prompter.AskBeforeLosing(
+                  tr("Are you sure you want to delete this job?")) != Answer::Yes)
     return;
   balances::DeleteCheckedJob(business_, *client, *job);
   Reload();
@@ -191,7 +191,7 @@ void frmJobsAndPaymentChecker::ViewSelectedPayment() {
 void frmJobsAndPaymentChecker::DeleteSelectedPayment() {
   const auto client = SelectedClient();
   const auto payment = client ? SelectedPayment() : std::nullopt;
-  if (!payment || business_.World().prompter.Ask(
+  if (!payment || business_.World().prompter.AskBeforeLosing(
                       tr("Are you sure you want to delete this payment?")) != Answer::Yes)
     return;
   balances::DeleteCheckedPayment(business_, *client, *payment);

@@ -31,7 +31,7 @@ EmployeeRemoval RemoveEmployee(Business& business, Prompter& prompter,
        {"Removing an employee can have serious effects, like orphan jobs or services. It is "
         "recommended that you leave employees in the system. Continue?",
         "Are you REALLY sure you want to remove this employee?"})
-    if (prompter.Ask(QString::fromLatin1(question)) != Answer::Yes) return {};
+    if (prompter.AskBeforeLosing(QString::fromLatin1(question)) != Answer::Yes) return {};
   business.Write(Sql("DELETE FROM Employees WHERE Employee_ID = {}; ", *employee),
                  Rows::Exactly(1));
   business.values.defaultEmployee =
