@@ -7,7 +7,8 @@ BUILD_PACKAGES=(
   fonts-urw-base35
 )
 RUN_PACKAGES=(libqt6svg6 breeze-icon-theme fonts-noto-core)
-TEST_PACKAGES=(libgtest-dev python3 git clang-format qpdf poppler-utils sqlite3)
+TEST_PACKAGES=(libgtest-dev python3 git clang-format qpdf poppler-utils sqlite3
+  xvfb openbox xdotool x11-apps at-spi2-core dbus-daemon dbus-x11 python3-gi gir1.2-atspi-2.0)
 BENCH_PACKAGES=(libhpdf-dev ledger)
 
 # Another clone, or a build folder of another name, finds what this one compiled.

@@ -59,6 +59,9 @@ void MainSearch::Offer(const QString& typed) {
   if (typed.trimmed().isEmpty()) return;
   OfferCommands(typed);
   runner_.Run(objectName(), QStringLiteral("txtFind_Change"), [&] { OfferClients(typed); });
+  setAccessibleDescription(opens_.empty()
+                               ? tr("Nothing found")
+                               : tr("%n found", nullptr, static_cast<int>(opens_.size())));
   if (opens_.empty()) Add(tr("Nothing found"), {});
   // After the completer has laid its list under the box, as wide as that.
   QTimer::singleShot(0, this, &MainSearch::ShowOffers);

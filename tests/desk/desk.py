@@ -164,11 +164,21 @@ class Desk:
 
     def field_of_combo(self, name, root=None):
         """What an editable list holds: the text of its line."""
-        combo = self.wait(name, root, Atspi.Role.COMBO_BOX)
+        combo = wait_for(f"a list labelled {name!r}", lambda: next(
+            (node for node in self.walk(root)
+             if node.get_role() == Atspi.Role.COMBO_BOX and name in self.labels_of(node)), None))
         for node in walk_all(combo):
             if node.get_role() == Atspi.Role.TEXT:
                 return self.text_of(node)
         return self.text_of(combo)
+
+    @staticmethod
+    def labels_of(node):
+        """The labels of a list: its own name is what is picked."""
+        return [relation.get_target(at).get_name()
+                for relation in node.get_relation_set()
+                if relation.get_relation_type() == Atspi.RelationType.LABELLED_BY
+                for at in range(relation.get_n_targets())]
 
     def rows(self, name):
         """The rows of a table as lists of what their cells say."""
