@@ -50,7 +50,7 @@ std::vector<LedgerAccount> ListLedgerAccounts(Business& business, LedgerAccountT
 std::optional<Refusal> InsertLedgerAccount(Business& business, LedgerAccountType type,
                                            const LedgerAccountForm& form) {
   if (auto refusal = CheckAccount(business, type, std::nullopt, form)) return refusal;
-  business.RunSQL(
+  business.Write(
       Sql("INSERT INTO General_Ledger_Accounts "
           "(GL_Account_Name, GL_Account_Number, GL_Account_Type) VALUES ({}, {}, {})",
           form.name, form.number, WordOf(type)));
@@ -62,16 +62,18 @@ std::optional<Refusal> UpdateLedgerAccount(Business& business, LedgerAccountType
                                            const LedgerAccountForm& form) {
   if (auto refusal = CheckAccount(business, type, accountId, form)) return refusal;
   if (!accountId) return Refusal{QStringLiteral("Please choose a record to update."), {}};
-  business.RunSQL(
+  business.Write(
       Sql("UPDATE General_Ledger_Accounts SET GL_Account_Name = {}, GL_Account_Number = {} "
           "WHERE GL_Account_ID = {}",
-          form.name, form.number, accountId));
+          form.name, form.number, accountId),
+      Rows::Exactly(1));
   return std::nullopt;
 }
 
 std::optional<Refusal> DeleteLedgerAccount(Business& business, std::optional<qint64> accountId) {
   if (!accountId) return Refusal{QStringLiteral("Please choose a record to delete."), {}};
-  business.RunSQL(Sql("DELETE FROM General_Ledger_Accounts WHERE GL_Account_ID = {}", accountId));
+  business.Write(Sql("DELETE FROM General_Ledger_Accounts WHERE GL_Account_ID = {}", accountId),
+                 Rows::Exactly(1));
   return std::nullopt;
 }
 

@@ -13,9 +13,9 @@ void RecalculateGSTOfAllRecords(Business& business) {
   };
   Transaction repair(business);
   run("UPDATE Payments SET GST_Included = {} WHERE Tax_Exempt = False", "Amount");
-  business.RunSQL(Sql("UPDATE Payments SET GST_Included = 0 WHERE Tax_Exempt = True"));
+  business.Write(Sql("UPDATE Payments SET GST_Included = 0 WHERE Tax_Exempt = True"));
   run("UPDATE Purchases SET GST_Included = {} WHERE Tax_Exempt = False", "Amount");
-  business.RunSQL(Sql("UPDATE Purchases SET GST_Included = 0 WHERE Tax_Exempt = True"));
+  business.Write(Sql("UPDATE Purchases SET GST_Included = 0 WHERE Tax_Exempt = True"));
   run("UPDATE Diary SET Total_GST = {}", "Total_Price");
   run("UPDATE Diary_Services SET GST = {}", "Price");
   run("UPDATE General_Ledger_Entries SET GST_Included = {}", "GL_Amount");
@@ -27,11 +27,11 @@ void RecalculateGSTOfAllRecords(Business& business) {
 
 void ZeroTaxOfExemptLedgerEntries(Business& business) {
   Transaction zeroing(business);
-  business.RunSQL(
+  business.Write(
       Sql("UPDATE General_Ledger_Entries INNER JOIN Payments "
           "ON General_Ledger_Entries.Payment_ID = Payments.Payment_ID "
           "SET General_Ledger_Entries.GST_Included = 0 WHERE Payments.Tax_Exempt = True"));
-  business.RunSQL(
+  business.Write(
       Sql("UPDATE General_Ledger_Entries INNER JOIN Purchases "
           "ON General_Ledger_Entries.Purchase_ID = Purchases.Purchase_ID "
           "SET General_Ledger_Entries.GST_Included = 0 WHERE Purchases.Tax_Exempt = True"));

@@ -1,6 +1,7 @@
 #include "clients/ClientFinder.h"
 
 #include "base/Text.h"
+#include "domain/EntryStatus.h"
 
 #include <algorithm>
 
@@ -49,14 +50,14 @@ std::vector<FoundJob> ClientFinder::Jobs(qint64 clientId) const {
                               job.Field(u"Total_Price").ToMoney().ToCurrencyText())});
   };
   take(Sql("SELECT TOP 1 Diary_ID, Schedule_Date, Description, Total_Price FROM Diary "
-           "WHERE Client_ID = {} AND Status = 'J' AND Schedule_Date >= {} "
+           "WHERE Client_ID = {} AND Status = {} AND Schedule_Date >= {} "
            "ORDER BY Schedule_Date, Diary_ID",
-           clientId, business_.Today()),
+           clientId, EntryStatus::JobOpen, business_.Today()),
        QStringLiteral("Job on %1: %2, %3"));
   take(Sql("SELECT TOP 1 Diary_ID, Schedule_Date, Description, Total_Price FROM Diary "
-           "WHERE Client_ID = {} AND Status IN ('JD', 'JI', 'JU', 'JP') "
-           "ORDER BY Schedule_Date DESC, Diary_ID DESC",
-           clientId),
+           "WHERE Client_ID = {} AND Status IN ",
+           clientId) +
+           CodesOf(EntryGroup::WorkDone) + Sql(" ORDER BY Schedule_Date DESC, Diary_ID DESC"),
        QStringLiteral("Job done on %1: %2, %3"));
   return jobs;
 }

@@ -1,6 +1,7 @@
 #include "clients/ClientJobs.h"
 
 #include "balances/ClientBalance.h"
+#include "domain/EntryStatus.h"
 
 namespace quillary::clients {
 namespace {
@@ -47,17 +48,15 @@ diary::DiaryRowColour ClientJob::Colour() const {
 std::vector<ClientJob> LoadFutureJobs(Business& business, const ClientRecord& client) {
   return ListJobs(
       business,
-      JobsOf(client) + Sql(" AND Diary.Status NOT IN ('JD', 'JP', 'JU', 'JC', 'VD', 'VC', 'JI') "
-                           "AND Schedule_Date >= {} ORDER BY Diary.Schedule_Date; ",
-                           business.Today()));
+      JobsOf(client) + Sql(" AND Diary.Status NOT IN ") + CodesOf(EntryGroup::Finished) +
+          Sql(" AND Schedule_Date >= {} ORDER BY Diary.Schedule_Date; ", business.Today()));
 }
 
 std::vector<ClientJob> LoadPastJobs(Business& business, const ClientRecord& client) {
-  return ListJobs(
-      business,
-      JobsOf(client) + Sql(" AND (Schedule_Date < {} OR Diary.Status IN ('JD', 'JU', 'JP', 'JI')) "
-                           "ORDER BY Diary.Schedule_Date DESC; ",
-                           business.Today()));
+  return ListJobs(business,
+                  JobsOf(client) +
+                      Sql(" AND (Schedule_Date < {} OR Diary.Status IN ", business.Today()) +
+                      CodesOf(EntryGroup::WorkDone) + Sql(") ORDER BY Diary.Schedule_Date DESC; "));
 }
 
 std::optional<Refusal> DeleteClientJob(Business& business, Prompter& prompter,
@@ -68,8 +67,8 @@ std::optional<Refusal> DeleteClientJob(Business& business, Prompter& prompter,
     return std::nullopt;
   }
   Transaction deletion(business);
-  business.RunSQL(Sql("DELETE FROM Diary_Services WHERE Diary_ID = {}", *diaryId));
-  business.RunSQL(Sql("DELETE FROM Diary WHERE Diary_ID = {}", *diaryId));
+  business.Write(Sql("DELETE FROM Diary_Services WHERE Diary_ID = {}", *diaryId));
+  business.Write(Sql("DELETE FROM Diary WHERE Diary_ID = {}", *diaryId), Rows::Exactly(1));
   balances::RecalculateClientBalance(business, client.billingClientId);
   deletion.Commit();
   return std::nullopt;

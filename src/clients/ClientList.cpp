@@ -76,7 +76,7 @@ void DeleteLinesOfClient(Business& business, qint64 clientId) {
   const Recordset entries =
       business.RunSQL(Sql("SELECT Diary_ID FROM Diary WHERE Client_ID = {}; ", clientId));
   for (const Record entry : entries) {
-    business.RunSQL(Sql("DELETE FROM Diary_Services WHERE Diary_ID = {}", entry[u"Diary_ID"]));
+    business.Write(Sql("DELETE FROM Diary_Services WHERE Diary_ID = {}", entry[u"Diary_ID"]));
   }
 }
 
@@ -84,7 +84,7 @@ void DeleteLedgerEntriesOfClient(Business& business, qint64 clientId) {
   const Recordset payments =
       business.RunSQL(Sql("SELECT Payment_ID FROM Payments WHERE Client_ID = {}; ", clientId));
   for (const Record payment : payments) {
-    business.RunSQL(
+    business.Write(
         Sql("DELETE FROM General_Ledger_Entries WHERE Payment_ID = {}", payment[u"Payment_ID"]));
   }
 }
@@ -145,8 +145,8 @@ bool DeleteClientAfterAsking(Business& business, Prompter& prompter, qint64 clie
                      "affect your GST/Profit and Loss report!"));
   if (answer != Answer::Yes) return false;
   Transaction deletion(business);
-  business.RunSQL(Sql("DELETE FROM Clients WHERE Client_ID = {};", clientId));
-  business.RunSQL(Sql("DELETE FROM Client_Services WHERE Client_ID = {};", clientId));
+  business.Write(Sql("DELETE FROM Clients WHERE Client_ID = {};", clientId), Rows::Exactly(1));
+  business.Write(Sql("DELETE FROM Client_Services WHERE Client_ID = {};", clientId));
   DeleteLinesOfClient(business, clientId);
   DeleteLedgerEntriesOfClient(business, clientId);
   deletion.Commit();

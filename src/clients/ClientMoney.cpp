@@ -1,5 +1,6 @@
 #include "clients/ClientMoney.h"
 
+#include "domain/EntryStatus.h"
 namespace quillary::clients {
 
 std::vector<ClientInvoice> LoadClientInvoices(Business& business, qint64 clientId) {
@@ -49,8 +50,9 @@ std::optional<Refusal> TransferPayments(Business& business, Prompter& prompter,
   if (answer != Answer::Yes) return std::nullopt;
   Transaction transfer(business);
   for (const qint64 paymentId : paymentIds)
-    business.RunSQL(
-        Sql("UPDATE Payments SET Client_ID = {} WHERE Payment_ID = {};", *toClientId, paymentId));
+    business.Write(
+        Sql("UPDATE Payments SET Client_ID = {} WHERE Payment_ID = {};", *toClientId, paymentId),
+        Rows::Exactly(1));
   transfer.Commit();
   return std::nullopt;
 }
@@ -70,10 +72,10 @@ std::optional<Refusal> DeleteClientInvoice(Business& business, Prompter& prompte
       prompter.AskBeforeLosing(QStringLiteral("Are you sure you want to delete this invoice?"));
   if (answer != Answer::Yes) return std::nullopt;
   Transaction deletion(business);
-  business.RunSQL(
-      Sql("UPDATE Diary SET Invoice_ID = NULL, Status = 'JD' WHERE Invoice_ID = {}", *invoiceId));
-  business.RunSQL(Sql("DELETE FROM Invoices WHERE Invoice_ID = {}", *invoiceId));
-  business.RunSQL(Sql("DELETE FROM Invoice_Items WHERE Invoice_ID = {}", *invoiceId));
+  business.Write(Sql("UPDATE Diary SET Invoice_ID = NULL, Status = {} WHERE Invoice_ID = {}",
+                     EntryStatus::JobDone, *invoiceId));
+  business.Write(Sql("DELETE FROM Invoices WHERE Invoice_ID = {}", *invoiceId), Rows::Exactly(1));
+  business.Write(Sql("DELETE FROM Invoice_Items WHERE Invoice_ID = {}", *invoiceId));
   deletion.Commit();
   return std::nullopt;
 }

@@ -2,6 +2,7 @@
 
 #include "balances/ClientBalance.h"
 #include "clients/ClientStatus.h"
+#include "domain/EntryStatus.h"
 
 namespace quillary::clients {
 namespace {
@@ -51,30 +52,31 @@ ClientRecord RecordOf(const Record& row) {
 
 /// The blank before the name puts a client whose save failed half way at the top of every list.
 qint64 InsertClient(Business& business) {
-  business.RunSQL(
-      Sql("INSERT INTO Clients (Display_Name, First_Name, Surname) "
-          "VALUES (' New client', ' New client', ' New client');"));
-  return business.FirstField(Sql("SELECT MAX(Client_ID) FROM Clients")).ToLong();
+  return business
+      .InsertReturningKey<Client>(Sql("INSERT INTO Clients (Display_Name, First_Name, Surname) "
+                                      "VALUES (' New client', ' New client', ' New client');"))
+      .Number();
 }
 
 void UpdateClient(Business& business, const ClientRecord& client) {
-  business.RunSQL(
+  business.Write(
       Sql("UPDATE Clients SET Display_Name = {}, First_Name = {}, Surname = {}, Status = {}, "
           "Street_Number = {}, Street = {}, Suburb = {}, Post_Code = {}, Map = {}, "
           "Phone_1 = {}, Phone_2 = {}, Fax = {}, Email = {}, Notes = {}, ",
           client.displayName, client.firstName, client.surname, client.status, client.streetNumber,
           client.street, client.suburb, client.postCode, client.map, client.phone1, client.phone2,
           client.fax, client.email, client.notes) +
-      Sql("Is_Billed_To = {}, Billing_Client_ID = {}, Requires_Statement = {}, "
-          "Statement_Type = {}, Work_Cover_Number = {}, InvoiceWithOutstanding = {}, "
-          "InvoiceWithNextJob = {}, InvoiceWithUnpaidPastJobs = {}, InvoiceWithTelNo = {}, "
-          "StatementWithPayments = {}, WorkCoverLabel = {}, Private_Notes = {}, "
-          "Debtor_Since = {} WHERE Client_ID = {}; ",
-          client.IsBilledTo(), client.billingClientId, client.requiresStatement,
-          client.statementType, client.workCoverNumber, client.invoiceWithOutstanding,
-          client.invoiceWithNextJob, client.invoiceWithUnpaidPastJobs, client.invoiceWithTelNo,
-          client.statementWithPayments, client.workCoverLabel, client.privateNotes,
-          client.debtorSince, client.clientId));
+          Sql("Is_Billed_To = {}, Billing_Client_ID = {}, Requires_Statement = {}, "
+              "Statement_Type = {}, Work_Cover_Number = {}, InvoiceWithOutstanding = {}, "
+              "InvoiceWithNextJob = {}, InvoiceWithUnpaidPastJobs = {}, InvoiceWithTelNo = {}, "
+              "StatementWithPayments = {}, WorkCoverLabel = {}, Private_Notes = {}, "
+              "Debtor_Since = {} WHERE Client_ID = {}; ",
+              client.IsBilledTo(), client.billingClientId, client.requiresStatement,
+              client.statementType, client.workCoverNumber, client.invoiceWithOutstanding,
+              client.invoiceWithNextJob, client.invoiceWithUnpaidPastJobs, client.invoiceWithTelNo,
+              client.statementWithPayments, client.workCoverLabel, client.privateNotes,
+              client.debtorSince, client.clientId),
+      Rows::Exactly(1));
 }
 
 }  // namespace
@@ -153,8 +155,8 @@ std::optional<Refusal> SaveClientDetails(Business& business, ClientRecord& clien
   }
   UpdateClient(business, saved);
   if (saved.status.toUpper() == u"CANCELLED") {
-    business.RunSQL(Sql("UPDATE Diary SET Status = 'JC' WHERE Client_ID = {} AND Status = 'J';",
-                        saved.clientId));
+    business.Write(Sql("UPDATE Diary SET Status = {} WHERE Client_ID = {} AND Status = {};",
+                       EntryStatus::JobCancelled, saved.clientId, EntryStatus::JobOpen));
   }
   save.Commit();
   client = saved;

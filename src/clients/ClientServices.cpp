@@ -24,18 +24,21 @@ ClientServiceRecord RecordOf(const Record& row, QDate today) {
 }
 
 qint64 InsertService(Business& business, qint64 clientId) {
-  business.RunSQL(Sql("INSERT INTO Client_Services(Client_ID) VALUES ({});", clientId));
-  return business.FirstField(Sql("SELECT MAX(Client_Service_ID) FROM Client_Services")).ToLong();
+  return business
+      .InsertReturningKey<ClientService>(
+          Sql("INSERT INTO Client_Services(Client_ID) VALUES ({});", clientId))
+      .Number();
 }
 
 void UpdateService(Business& business, const ClientServiceRecord& record) {
   const Value nextVisit = record.nextVisit.isValid() ? Value(record.nextVisit) : Value();
-  business.RunSQL(
+  business.Write(
       Sql("UPDATE Client_Services SET Service_ID = {}, Price = {}, Notes = {}, "
           "Other_Schedule_Client_Service_ID = {}, Employee_ID = {}, Status = {}, "
           "Next_Visit = {}, Frequency = {} WHERE Client_Service_ID = {};",
           record.serviceId, record.price, record.notes, record.otherScheduleClientServiceId,
-          record.employeeId, record.status, nextVisit, record.frequency, record.clientServiceId));
+          record.employeeId, record.status, nextVisit, record.frequency, record.clientServiceId),
+      Rows::Exactly(1));
 }
 
 /// The place of the service that the fields were filled from; that of the empty last element for
@@ -127,8 +130,9 @@ std::optional<Refusal> RemoveClientService(Business& business, qint64 clientId,
                          "Please remove the dependents first before removing this service."),
           QStringLiteral("grdServices")};
     }
-    business.RunSQL(
-        Sql("DELETE FROM Client_Services WHERE Client_Service_ID = {}; ", clientServiceId));
+    business.Write(
+        Sql("DELETE FROM Client_Services WHERE Client_Service_ID = {}; ", clientServiceId),
+        Rows::Exactly(1));
   }
   services = LoadClientServicesIntoArray(business, clientId);
   return std::nullopt;

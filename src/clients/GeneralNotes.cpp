@@ -7,7 +7,7 @@ QString LoadGeneralNotes(Business& business) {
 }
 
 void SaveGeneralNotes(Business& business, const QString& notes) {
-  business.RunSQL(Sql("UPDATE infOptions SET Invoice_Notes = {}", notes));
+  business.Write(Sql("UPDATE infOptions SET Invoice_Notes = {}", notes), Rows::AtLeast(1));
 }
 
 }  // namespace quillary::clients

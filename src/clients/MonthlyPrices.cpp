@@ -1,16 +1,15 @@
 #include "clients/MonthlyPrices.h"
 
+#include "domain/EntryStatus.h"
 #include "domain/TaxRate.h"
 
 namespace quillary::clients {
 namespace {
 
-QString StatusWords(const QString& status) {
-  const QString code = status.toUpper();
-  if (code == u"J") return QStringLiteral("Job NOT DONE");
-  if (code == u"JC") return QStringLiteral("Job CANCELLED");
-  if (code == u"JI") return QStringLiteral("Job INVOICED");
-  return QStringLiteral("Job DONE");
+QString StatusWords(const QString& code) {
+  // Only jobs are listed, and one whose code nobody knows counts as done.
+  const StoredEntryStatus status(code);
+  return FoldedWordsOf(status.Known() ? status : StoredEntryStatus(EntryStatus::JobDone));
 }
 
 Money ShareOf(Money amount, qint64 parts) {
@@ -20,8 +19,9 @@ Money ShareOf(Money amount, qint64 parts) {
 /// False when the job has no lines to spread its share over.
 bool SetPriceOfJob(Business& business, qint64 diaryId, Money share) {
   const TaxRate rate = TaxRate::Of(business);
-  business.RunSQL(Sql("UPDATE Diary SET Total_Price = {}, Total_GST = {} WHERE Diary_ID = {}; ",
-                      share, rate.CalculateGSTComponent(share), diaryId));
+  business.Write(Sql("UPDATE Diary SET Total_Price = {}, Total_GST = {} WHERE Diary_ID = {}; ",
+                     share, rate.CalculateGSTComponent(share), diaryId),
+                 Rows::Exactly(1));
   const qint64 lines =
       business
           .FirstField(Sql("SELECT Count(Diary_Service_ID) FROM Diary_Services WHERE Diary_ID = {}",
@@ -29,8 +29,8 @@ bool SetPriceOfJob(Business& business, qint64 diaryId, Money share) {
           .ToLong();
   if (lines == 0) return false;
   const Money price = ShareOf(share, lines);
-  business.RunSQL(Sql("UPDATE Diary_Services Set Price = {}, GST = {} WHERE Diary_ID = {};", price,
-                      rate.CalculateGSTComponent(price), diaryId));
+  business.Write(Sql("UPDATE Diary_Services Set Price = {}, GST = {} WHERE Diary_ID = {};", price,
+                     rate.CalculateGSTComponent(price), diaryId));
   return true;
 }
 

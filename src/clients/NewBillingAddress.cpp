@@ -1,36 +1,37 @@
 #include "clients/NewBillingAddress.h"
 
+#include "domain/ClientStatus.h"
 #include "domain/FixedLists.h"
 
 namespace quillary::clients {
 namespace {
 
 qint64 InsertAddress(Business& business, const BillingAddress& address) {
-  business.RunSQL(
+  const Id<Client> client = business.InsertReturningKey<Client>(
       Sql("INSERT INTO Clients (Display_Name, Status, First_Name, Surname, Street_Number, Street, "
           "Suburb, Post_Code, Phone_1, Phone_2, Email, Fax, Notes, Statement_Type) "
-          "VALUES ({}, 'Billing address', {}, {}, {}, {}, {}, {}, {}, {}, {}, {}, {}, {})",
-          address.billingName, address.firstName, address.surname, address.streetNumber,
-          address.street, address.suburb, address.postCode, address.phone1, address.phone2,
-          address.email, address.fax, address.notes, address.statementType));
-  const qint64 clientId = business.FirstField(Sql("SELECT MAX(Client_ID) FROM Clients")).ToLong();
+          "VALUES ({}, {}, {}, {}, {}, {}, {}, {}, {}, {}, {}, {}, {}, {})",
+          address.billingName, ClientStatus::BillingAddress, address.firstName, address.surname,
+          address.streetNumber, address.street, address.suburb, address.postCode, address.phone1,
+          address.phone2, address.email, address.fax, address.notes, address.statementType));
   // Without the mark of a bill-to party it could be chosen for nobody and would never be a debtor.
-  business.RunSQL(
-      Sql("UPDATE Clients SET Billing_Client_ID = Client_ID, Is_Billed_To = Yes "
-          "WHERE Client_ID = {}",
-          clientId));
-  return clientId;
+  business.Write(Sql("UPDATE Clients SET Billing_Client_ID = Client_ID, Is_Billed_To = Yes "
+                     "WHERE Client_ID = {}",
+                     client),
+                 Rows::Exactly(1));
+  return client.Number();
 }
 
 void UpdateAddress(Business& business, const BillingAddress& address) {
-  business.RunSQL(
+  business.Write(
       Sql("UPDATE Clients SET Display_Name = {}, First_Name = {}, Surname = {}, "
           "Street_Number = {}, Street = {}, Suburb = {}, Post_Code = {}, Phone_1 = {}, "
           "Phone_2 = {}, Email = {}, Fax = {}, Notes = {}, Statement_Type = {} "
           "WHERE Client_ID = {}",
           address.billingName, address.firstName, address.surname, address.streetNumber,
           address.street, address.suburb, address.postCode, address.phone1, address.phone2,
-          address.email, address.fax, address.notes, address.statementType, address.clientId));
+          address.email, address.fax, address.notes, address.statementType, address.clientId),
+      Rows::Exactly(1));
 }
 
 }  // namespace

@@ -73,14 +73,20 @@ TEST_F(MonthlyFaultTest, AFailureOfTheStoreAtAnyWriteLeavesNothingOfTheRun) {
 }
 
 TEST_F(MonthlyFaultTest, AnErrorAtAnyWriteCostsOneClientAndARepeatMakesItUp) {
-  ExpectRefused("INSERT INTO Invoices");
-  ExpectRefused("UPDATE Diary SET Invoice_ID");
-  ExpectRefused("UPDATE infSystem");
   int reported = 0;
+  int undone = 0;
   for (int at = 1;; ++at) {
     Transaction trial(business());
     SpoilWrite(at, SQLITE_ERROR);
-    const InvoiceRunCount first = GenerateMonthlyInvoices(business(), kFaultyOctober);
+    InvoiceRunCount first;
+    try {
+      first = GenerateMonthlyInvoices(business(), kFaultyOctober);
+    } catch (const WriteFailed&) {
+      // The day up to which all is billed belongs to no client: without it the run is none.
+      EXPECT_EQ(Count("Invoices"), 0) << "write " << at;
+      ++undone;
+      continue;
+    }
     if (fault.writes < at) break;
     EXPECT_EQ(first.failed, outside.errors.TakeReports().size()) << "write " << at;
     EXPECT_LE(first.failed, 1);
@@ -95,6 +101,7 @@ TEST_F(MonthlyFaultTest, AnErrorAtAnyWriteCostsOneClientAndARepeatMakesItUp) {
     EXPECT_EQ(Rows(Sql("SELECT SUM(Total_Amount) FROM Invoices")), "550");
   }
   EXPECT_GE(reported, 3 + 6);
+  EXPECT_EQ(undone, 1);
 }
 
 TEST_F(MonthlyFaultTest, ARealFullDiskEndsTheRunToo) {

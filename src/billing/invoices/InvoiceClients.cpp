@@ -1,11 +1,13 @@
 #include "billing/invoices/InvoiceClients.h"
 
+#include "domain/ClientStatus.h"
+
 namespace quillary::billing {
 
 std::vector<lists::Choice<Client>> ListBilledClients(Business& business, BilledClients which) {
   Sql statement("SELECT Client_ID, Display_Name FROM Clients WHERE Is_Billed_To = Yes");
   if (which == BilledClients::Active)
-    statement = statement + Sql(" AND Status IN ('Active', 'Billing address')");
+    statement = statement + Sql(" AND Status IN ") + StatusesOf(ClientGroup::Billed);
   std::vector<lists::Choice<Client>> clients;
   for (const Record row : business.RunSQL(statement + Sql(" ORDER BY Display_Name;")))
     clients.push_back({Id<Client>(row[u"Client_ID"].ToLong()), row[u"Display_Name"].ToText()});
@@ -33,10 +35,9 @@ std::optional<BilledClient> LoadBilledClient(Business& business, qint64 clientId
   client.options = {.showOutstanding = row.Field(u"InvoiceWithOutstanding").ToBool(),
                     .showNextJob = row.Field(u"InvoiceWithNextJob").ToBool(),
                     .withUnpaidPastJobs = row.Field(u"InvoiceWithUnpaidPastJobs").ToBool()};
-  const QString status = row.Field(u"Status").ToText().toUpper();
+  const StoredClientStatus status(row.Field(u"Status").ToText());
   client.isBilledTo = row.Field(u"Is_Billed_To").ToBool();
-  client.isListedAsActive =
-      client.isBilledTo && (status == u"ACTIVE" || status == u"BILLING ADDRESS");
+  client.isListedAsActive = client.isBilledTo && status.IsIn(ClientGroup::Billed);
   return client;
 }
 

@@ -58,8 +58,8 @@ AttachedJobs LoadAttachedJobs(Business& business, const InvoiceForm& form) {
 void AttachJobs(Business& business, qint64 invoiceId, const std::vector<qint64>& diaryIds) {
   Transaction attaching(business);
   for (const qint64 diaryId : diaryIds)
-    business.RunSQL(
-        Sql("UPDATE Diary SET Invoice_ID = {} WHERE Diary_ID = {};", invoiceId, diaryId));
+    business.Write(Sql("UPDATE Diary SET Invoice_ID = {} WHERE Diary_ID = {};", invoiceId, diaryId),
+                   Rows::Exactly(1));
   attaching.Commit();
 }
 
@@ -70,7 +70,8 @@ std::optional<Refusal> RemoveJob(Business& business, InvoiceForm& form,
     std::erase(form.jobsToAttach, *diaryId);
     if (form.forJob == diaryId) form.forJob.reset();
   } else {
-    business.RunSQL(Sql("UPDATE Diary SET Invoice_ID = NULL WHERE Diary_ID = {}", *diaryId));
+    business.Write(Sql("UPDATE Diary SET Invoice_ID = NULL WHERE Diary_ID = {}", *diaryId),
+                   Rows::Exactly(1));
   }
   return std::nullopt;
 }

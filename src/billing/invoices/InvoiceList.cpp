@@ -1,5 +1,6 @@
 #include "billing/invoices/InvoiceList.h"
 
+#include "domain/ClientStatus.h"
 namespace quillary::billing {
 namespace {
 
@@ -19,11 +20,10 @@ Sql Selection(const InvoiceListQuery& query) {
   const Sql order("ORDER BY Generation_Date DESC, Display_Name, Invoice_ID DESC; ");
   if (!query.monthlyOnly)
     return rows + Sql("WHERE Invoices.Statement_Type <> 'Statement' ") + days + order;
-  return rows +
-         Sql("WHERE Invoices.Statement_Type = 'Monthly' "
-             "AND Clients.Status IN ('Active', 'Billing address') "
-             "AND Clients.Is_Billed_To = Yes AND Clients.Statement_Type = 'Monthly' ") +
-         days + order;
+  return rows + Sql("WHERE Invoices.Statement_Type = 'Monthly' AND Clients.Status IN ") +
+         StatusesOf(ClientGroup::Billed) +
+         Sql(" AND Clients.Is_Billed_To = Yes AND Clients.Statement_Type = 'Monthly' ") + days +
+         order;
 }
 
 }  // namespace
@@ -60,9 +60,9 @@ std::optional<Refusal> CheckInvoiceSelected(const std::optional<qint64>& invoice
 void DeleteInvoices(Business& business, const std::vector<qint64>& invoiceIds) {
   Transaction deletion(business);
   for (const qint64 invoiceId : invoiceIds) {
-    business.RunSQL(Sql("DELETE FROM Invoices WHERE Invoice_ID = {}", invoiceId));
-    business.RunSQL(Sql("DELETE FROM Invoice_Items WHERE Invoice_ID = {}", invoiceId));
-    business.RunSQL(Sql("UPDATE Diary SET Invoice_ID = NULL WHERE Invoice_ID = {}", invoiceId));
+    business.Write(Sql("DELETE FROM Invoices WHERE Invoice_ID = {}", invoiceId), Rows::Exactly(1));
+    business.Write(Sql("DELETE FROM Invoice_Items WHERE Invoice_ID = {}", invoiceId));
+    business.Write(Sql("UPDATE Diary SET Invoice_ID = NULL WHERE Invoice_ID = {}", invoiceId));
   }
   deletion.Commit();
 }

@@ -7,7 +7,7 @@ namespace quillary::billing {
 QString GetNextInvoiceNumber(Business& business) {
   const Value last = business.FirstField(Sql("SELECT Invoice_Number FROM infSystem"));
   const qint64 next = last.ToLong() + 1;
-  business.RunSQL(Sql("UPDATE infSystem SET Invoice_Number = {}", next));
+  business.Write(Sql("UPDATE infSystem SET Invoice_Number = {}", next), Rows::AtLeast(1));
   return QString::number(next);
 }
 

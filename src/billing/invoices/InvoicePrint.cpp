@@ -15,9 +15,9 @@ void LogStep(Business& business, const QString& step) {
 
 void SelectInvoicesToPrint(Business& business, const std::vector<qint64>& invoiceIds) {
   Transaction selecting(business);
-  business.RunSQL(Sql("DELETE FROM lstInvoicesToPrint;"));
+  business.Write(Sql("DELETE FROM lstInvoicesToPrint;"));
   for (const qint64 invoiceId : invoiceIds)
-    business.RunSQL(Sql("INSERT INTO lstInvoicesToPrint (Invoice_ID) VALUES ({});", invoiceId));
+    business.Write(Sql("INSERT INTO lstInvoicesToPrint (Invoice_ID) VALUES ({});", invoiceId));
   selecting.Commit();
 }
 

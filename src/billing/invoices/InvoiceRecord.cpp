@@ -3,6 +3,7 @@
 #include "billing/invoices/InvoiceJobs.h"
 #include "billing/invoices/InvoiceNumbers.h"
 #include "diary/DiaryCommands.h"
+#include "domain/EntryStatus.h"
 #include "roll/DiaryEntries.h"
 
 namespace quillary::billing {
@@ -19,36 +20,38 @@ std::optional<qint64> PayerOf(Business& business, qint64 clientId) {
 
 /// A new row has a date and nothing else until the update that follows.
 qint64 InsertInvoice(Business& business) {
-  const Sql insert("INSERT INTO Invoices (Generation_Date) VALUES ({})", business.Today());
-  if (!business.RunSQL(insert).IsOpen())
-    throw ProgramError(5, QStringLiteral("The invoice was not taken into the file"));
-  return business.FirstField(Sql("SELECT Max(Invoice_ID) FROM Invoices;")).ToLong();
+  return business
+      .InsertReturningKey<Invoice>(
+          Sql("INSERT INTO Invoices (Generation_Date) VALUES ({})", business.Today()))
+      .Number();
 }
 
 void TakeJobsOfNewInvoice(Business& business, const InvoiceForm& form) {
   AttachJobs(business, form.invoiceId, form.jobsToAttach);
   if (!form.forJob) return;
-  business.RunSQL(Sql("UPDATE Diary SET Invoice_ID = {}, Status = 'JI' WHERE Diary_ID = {}",
-                      form.invoiceId, *form.forJob));
+  business.Write(Sql("UPDATE Diary SET Invoice_ID = {}, Status = {} WHERE Diary_ID = {}",
+                     form.invoiceId, EntryStatus::JobInvoiced, *form.forJob),
+                 Rows::Exactly(1));
 }
 
 void WriteInvoice(Business& business, const InvoiceForm& form) {
-  business.RunSQL(
+  business.Write(
       Sql("UPDATE Invoices SET Client_ID = {}, From_Date = {}, To_Date = {}, "
           "Generation_Date = {}, Invoice_Description = {}, Total_Amount = {}, Total_GST = {}, "
           "Made_Out_To = {}, Statement_Type = {}, Invoice_Number = {}, Invoice_Notes = {}, "
           "IsPaid = {} WHERE Invoice_ID = {};",
           form.clientId, form.date, form.date, form.date, form.description, form.totalAmount,
           form.totalGST, form.madeOutTo, form.statementType, form.number, form.notes, form.isPaid,
-          form.invoiceId));
+          form.invoiceId),
+      Rows::Exactly(1));
 }
 
 void WriteOptions(Business& business, const InvoiceForm& form) {
-  business.RunSQL(
-      Sql("UPDATE Clients SET InvoiceWithOutstanding = {}, InvoiceWithNextJob = {}, "
-          "InvoiceWithUnpaidPastJobs = {} WHERE Client_ID = {};",
-          form.options.showOutstanding, form.options.showNextJob, form.options.withUnpaidPastJobs,
-          form.clientId));
+  business.Write(Sql("UPDATE Clients SET InvoiceWithOutstanding = {}, InvoiceWithNextJob = {}, "
+                     "InvoiceWithUnpaidPastJobs = {} WHERE Client_ID = {};",
+                     form.options.showOutstanding, form.options.showNextJob,
+                     form.options.withUnpaidPastJobs, form.clientId),
+                 Rows::Exactly(1));
 }
 
 }  // namespace

@@ -29,7 +29,7 @@ QString LoadTermsOfTrade(Business& business) {
 }
 
 void SaveTermsOfTrade(Business& business, const QString& terms) {
-  business.RunSQL(Sql("UPDATE infOptions SET TermsOfTrade = {}", terms));
+  business.Write(Sql("UPDATE infOptions SET TermsOfTrade = {}", terms), Rows::AtLeast(1));
 }
 
 }  // namespace quillary::billing

@@ -1,5 +1,6 @@
 #include "billing/payments/PaymentJobs.h"
 
+#include "domain/EntryStatus.h"
 namespace quillary::billing {
 
 PaidServices LoadPaidServices(Business& business, qint64 paymentId) {
@@ -26,9 +27,10 @@ PaidServices LoadPaidServices(Business& business, qint64 paymentId) {
 }
 
 QString PayableJob::StatusWords() const {
-  const QString code = status.toUpper();
-  if (code == u"J") return QStringLiteral("Job NOT DONE");
-  return code == u"JI" ? QStringLiteral("Job INVOICED") : QStringLiteral("Job DONE");
+  // What is offered here is a live job, and a code that nobody knows counts as done.
+  const StoredEntryStatus stored(status);
+  const bool isKnown = stored.Is(EntryStatus::JobOpen) || stored.Is(EntryStatus::JobInvoiced);
+  return WordsOf(isKnown ? stored : StoredEntryStatus(EntryStatus::JobDone));
 }
 
 AllocationSums Allocation::Sums() const {
@@ -56,10 +58,12 @@ Allocation LoadAllocation(Business& business, qint64 paymentId) {
                "INNER JOIN Diary ON Clients.Client_ID = Diary.Client_ID) "
                "LEFT JOIN Invoices ON Diary.Invoice_ID = Invoices.Invoice_ID "
                "WHERE Payments.Payment_ID = {} "
-               "AND Diary.Status IN ('J', 'JP', 'JU', 'JD', 'JI') "
-               "ORDER BY IIf(Diary.Payment_ID <> {} OR Diary.Payment_ID IS NULL, 0, 1) DESC, "
+               "AND Diary.Status IN ",
+               paymentId) +
+           CodesOf(EntryGroup::LiveJobs) +
+           Sql(" ORDER BY IIf(Diary.Payment_ID <> {} OR Diary.Payment_ID IS NULL, 0, 1) DESC, "
                "Diary.Schedule_Date DESC; ",
-               paymentId, paymentId))) {
+               paymentId))) {
     const Value& paidBy = row[u"Paid_By"];
     allocation.jobs.push_back({.diaryId = row[u"Diary_ID"].ToLong(),
                                .invoiceNumber = row[u"Invoice_Number"].ToText().trimmed(),
@@ -75,8 +79,9 @@ Allocation LoadAllocation(Business& business, qint64 paymentId) {
 }
 
 void TickJob(Business& business, qint64 paymentId, qint64 diaryId, bool on) {
-  business.RunSQL(Sql("UPDATE Diary SET Payment_ID = {} WHERE Diary_ID = {}",
-                      on ? Value(paymentId) : Value(), diaryId));
+  business.Write(Sql("UPDATE Diary SET Payment_ID = {} WHERE Diary_ID = {}",
+                     on ? Value(paymentId) : Value(), diaryId),
+                 Rows::Exactly(1));
 }
 
 std::optional<Refusal> AttachJob(Business& business, std::optional<qint64> paymentId,
@@ -94,9 +99,9 @@ bool RequiresJobs(Business& business, qint64 paymentId) {
       Sql("SELECT COUNT(*) FROM (Payments "
           "INNER JOIN Clients ON Clients.Billing_Client_ID = Payments.Client_ID) "
           "INNER JOIN Diary ON Clients.Client_ID = Diary.Client_ID "
-          "WHERE Payments.Payment_ID = {} AND Diary.Status IN ('JP', 'JU', 'JD', 'JI') "
-          "AND Diary.Payment_ID IS NULL; ",
-          paymentId));
+          "WHERE Payments.Payment_ID = {} AND Diary.Status IN ",
+          paymentId) +
+      CodesOf(EntryGroup::WorkDone) + Sql(" AND Diary.Payment_ID IS NULL; "));
   return waiting.ToLong() > 0;
 }
 

@@ -2,6 +2,8 @@
 
 #include "balances/ClientBalance.h"
 #include "billing/payments/PaymentJobs.h"
+#include "domain/ClientStatus.h"
+#include "domain/EntryStatus.h"
 #include "domain/TaxRate.h"
 
 #include <algorithm>
@@ -37,18 +39,20 @@ qint64 PayerOf(Business& business, qint64 clientId) {
 }
 
 qint64 InsertEmptyPayment(Business& business, qint64 clientId) {
-  business.RunSQL(Sql("INSERT INTO Payments (Client_ID) VALUES ({});", clientId));
-  return business.FirstField(Sql("SELECT Max(Payment_ID) FROM Payments;")).ToLong();
+  return business
+      .InsertReturningKey<Payment>(Sql("INSERT INTO Payments (Client_ID) VALUES ({});", clientId))
+      .Number();
 }
 
 void WriteFields(Business& business, const PaymentForm& form) {
-  business.RunSQL(
+  business.Write(
       Sql("UPDATE Payments SET Client_ID = {}, Amount = {}, GST_Included = {}, Tax_Exempt = {}, "
           "Payment_Date = {}, Payment_Method = {}, Cheque_Number = {}, Bank = {}, "
           "Bank_Branch = {}, Bank_Account_Name = {}, Description = {} WHERE Payment_ID = {}; ",
           form.clientId, form.amount, form.gst, form.taxExempt, form.paymentDate,
           form.paymentMethod, form.chequeNumber, form.bank, form.bankBranch, form.bankAccountName,
-          form.description, form.paymentId));
+          form.description, form.paymentId),
+      Rows::Exactly(1));
 }
 
 void MarkInvoicesAsPaid(Business& business, qint64 paymentId) {
@@ -56,7 +60,8 @@ void MarkInvoicesAsPaid(Business& business, qint64 paymentId) {
   for (const PaidService& service : LoadPaidServices(business, paymentId).rows)
     if (service.invoiceId != 0) invoices.insert(service.invoiceId);
   for (const qint64 invoice : invoices)
-    business.RunSQL(Sql("UPDATE Invoices SET IsPaid = 1 WHERE Invoice_ID = {}", invoice));
+    business.Write(Sql("UPDATE Invoices SET IsPaid = 1 WHERE Invoice_ID = {}", invoice),
+                   Rows::Exactly(1));
 }
 
 }  // namespace
@@ -70,10 +75,10 @@ void PaymentForm::TakeHabits(const PaymentHabits& habits) {
 
 std::vector<lists::Choice<Client>> ListPayerChoices(Business& business) {
   std::vector<lists::Choice<Client>> payers;
-  for (const Record row : business.RunSQL(
-           Sql("SELECT Client_ID, Display_Name FROM Clients "
-               "WHERE Status IN ('Billing address', 'Active', 'Bad Debtor', 'Cancelled', "
-               "'Transferred') AND Is_Billed_To = True ORDER BY Display_Name; ")))
+  for (const Record row : business.RunSQL(Sql("SELECT Client_ID, Display_Name FROM Clients "
+                                              "WHERE Status IN ") +
+                                          StatusesOf(ClientGroup::MayPay) +
+                                          Sql(" AND Is_Billed_To = True ORDER BY Display_Name; ")))
     payers.push_back({Id<Client>(row[u"Client_ID"].ToLong()), row[u"Display_Name"].ToText()});
   return payers;
 }
@@ -184,13 +189,14 @@ std::optional<Refusal> SavePaymentDetails(Business& business, PaymentForm& form)
             .ToLong();
   WriteFields(business, stored);
   if (form.forJob) {
-    business.RunSQL(Sql("UPDATE Diary SET Payment_ID = {}, Status = 'JD' WHERE Diary_ID = {}",
-                        stored.paymentId, *form.forJob));
+    business.Write(Sql("UPDATE Diary SET Payment_ID = {}, Status = {} WHERE Diary_ID = {}",
+                       stored.paymentId, EntryStatus::JobDone, *form.forJob),
+                   Rows::Exactly(1));
   }
   if (form.markInvoicesAsPaid) MarkInvoicesAsPaid(business, stored.paymentId);
   balances::RecalculateClientBalance(business, *form.clientId);
   if (clientBefore != *form.clientId) balances::RecalculateClientBalance(business, clientBefore);
-  business.RunSQL(
+  business.Write(
       Sql("UPDATE General_Ledger_Entries SET GL_Entry_Description = {}, Entry_Date = {} "
           "WHERE Payment_ID = {}",
           form.description, form.paymentDate, stored.paymentId));

@@ -4,8 +4,10 @@ namespace quillary::billing {
 namespace {
 
 qint64 InsertEmptyLine(Business& business, qint64 paymentId) {
-  business.RunSQL(Sql("INSERT INTO General_Ledger_Entries (Payment_ID) VALUES ({})", paymentId));
-  return business.FirstField(Sql("SELECT Max(GL_Entry_ID) FROM General_Ledger_Entries;")).ToLong();
+  return business
+      .InsertReturningKey<LedgerEntry>(
+          Sql("INSERT INTO General_Ledger_Entries (Payment_ID) VALUES ({})", paymentId))
+      .Number();
 }
 
 }  // namespace
@@ -48,17 +50,18 @@ std::optional<Refusal> SaveAccount(Business& business, qint64 paymentId,
   Transaction save(business);
   const qint64 glEntryId =
       as == SaveRevenueLine::AsNew ? InsertEmptyLine(business, paymentId) : *line.glEntryId;
-  business.RunSQL(
-      Sql("UPDATE General_Ledger_Entries SET GL_Account_ID = {}, GL_Amount = {}, "
-          "GST_Included = {} WHERE GL_Entry_ID = {}",
-          line.glAccountId, line.amount, line.gst, glEntryId));
+  business.Write(Sql("UPDATE General_Ledger_Entries SET GL_Account_ID = {}, GL_Amount = {}, "
+                     "GST_Included = {} WHERE GL_Entry_ID = {}",
+                     line.glAccountId, line.amount, line.gst, glEntryId),
+                 Rows::Exactly(1));
   save.Commit();
   return std::nullopt;
 }
 
 std::optional<Refusal> RemoveAccount(Business& business, std::optional<qint64> glEntryId) {
   if (!glEntryId) return Refusal{QStringLiteral("Please select an account to remove."), {}};
-  business.RunSQL(Sql("DELETE FROM General_Ledger_Entries WHERE GL_Entry_ID = {}", glEntryId));
+  business.Write(Sql("DELETE FROM General_Ledger_Entries WHERE GL_Entry_ID = {}", glEntryId),
+                 Rows::Exactly(1));
   return std::nullopt;
 }
 

@@ -7,17 +7,16 @@
 namespace quillary::billing {
 
 qint64 InsertGeneratedInvoice(Business& business, const GeneratedInvoice& invoice) {
-  // The key of the newest invoice would be somebody else's, had this one not been taken.
-  RunOrThrow(
-      business,
-      Sql("INSERT INTO Invoices (Client_ID, Made_Out_To, Done_For, From_Date, To_Date, "
+  return business
+      .InsertReturningKey<Invoice>(Sql(
+          "INSERT INTO Invoices (Client_ID, Made_Out_To, Done_For, From_Date, To_Date, "
           "Generation_Date, Invoice_Description, Total_Amount, Total_GST, Balance_Carried_Across, "
           "Statement_Type, Invoice_Number) "
           "VALUES ({}, {}, NULL, {}, {}, {}, {}, {}, {}, 0, {}, {});",
           invoice.clientId, invoice.madeOutTo, invoice.from, invoice.to, invoice.generated,
           invoice.description, invoice.totalAmount, invoice.totalGST, invoice.statementType,
-          GetNextInvoiceNumber(business)));
-  return business.FirstField(Sql("SELECT MAX(Invoice_ID) FROM Invoices; ")).ToLong();
+          GetNextInvoiceNumber(business)))
+      .Number();
 }
 
 QString GeneratedMadeOutTo(const Record& client) {
@@ -29,11 +28,6 @@ QString GeneratedMadeOutTo(const Record& client) {
 
 QString UpperCasedDate(QDate date) {
   return QLocale(QLocale::English).toString(date, QStringLiteral("dd-MMM-yyyy")).toUpper();
-}
-
-void RunOrThrow(Business& business, const Sql& statement) {
-  if (!business.RunSQL(statement).IsOpen())
-    throw ProgramError(5, QStringLiteral("A statement of the run was refused"));
 }
 
 bool GuardRunStep(Business& business, const QString& form, const QString& procedure,

@@ -35,8 +35,7 @@ struct GeneratedInvoice {
   Value totalAmount;  // tax included
   Value totalGST;
 };
-/// Inserts the invoice under the next number and returns its key. Throws ProgramError when the
-/// store did not take it.
+/// Inserts the invoice under the next number and returns its key. Throws WriteFailed.
 qint64 InsertGeneratedInvoice(Business& business, const GeneratedInvoice& invoice);
 
 /// The address block as runs write it: it ends with a line of its own.
@@ -44,9 +43,6 @@ QString GeneratedMadeOutTo(const Record& client);
 
 /// "05-NOV-2026"
 QString UpperCasedDate(QDate date);
-
-/// Runs a statement that the step of a run depends on. Throws ProgramError when it is refused.
-void RunOrThrow(Business& business, const Sql& statement);
 
 /// Runs what is done for one client as a part of the run that can be undone alone. False when it
 /// failed, which is reported under the names given. Throws StorageFailure.

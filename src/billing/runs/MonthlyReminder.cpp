@@ -9,7 +9,8 @@ MonthlyReminder LoadMonthlyReminder(Business& business) {
 }
 
 void SaveMonthlyReminder(Business& business, std::optional<QDate> day) {
-  business.RunSQL(Sql("UPDATE infOptions SET Monthly_Invoices_Reminder = {}", day));
+  business.Write(Sql("UPDATE infOptions SET Monthly_Invoices_Reminder = {}", day),
+                 Rows::AtLeast(1));
 }
 
 }  // namespace quillary::billing

@@ -1,5 +1,8 @@
 #include "billing/runs/MonthlyRun.h"
 
+#include "domain/ClientStatus.h"
+#include "domain/EntryStatus.h"
+
 #include <QHash>
 #include <QLocale>
 
@@ -25,9 +28,9 @@ QHash<qint64, MonthlyJobs> LoadJobsOfGroups(Business& business, const MonthlyPer
           "INNER JOIN Diary ON Clients_1.Client_ID = Diary.Client_ID "
           "WHERE Isnull(Diary.Invoice_ID) AND Clients.Is_Billed_To = Yes "
           "AND Clients.Statement_Type = 'Monthly' "
-          "AND Schedule_Date BETWEEN {} AND {} AND Diary.Status IN ('JD', 'JU', 'JP') "
-          "ORDER BY Diary.Diary_ID",
-          period.from, EndOfDay(period.to)));
+          "AND Schedule_Date BETWEEN {} AND {} AND Diary.Status IN ",
+          period.from, EndOfDay(period.to)) +
+      CodesOf(EntryGroup::NotYetBilled) + Sql(" ORDER BY Diary.Diary_ID"));
   QHash<qint64, MonthlyJobs> groups;
   for (const Record row : rows) {
     MonthlyJobs& jobs = groups[row[Client].ToLong()];
@@ -41,10 +44,10 @@ QHash<qint64, MonthlyJobs> LoadJobsOfGroups(Business& business, const MonthlyPer
 void InvoiceJobs(Business& business, const GeneratedInvoice& invoice, const MonthlyJobs& jobs) {
   const qint64 invoiceId = InsertGeneratedInvoice(business, invoice);
   for (const qint64 diaryId : jobs.diaryIds)
-    RunOrThrow(business,
-               Sql("UPDATE Diary SET Invoice_ID = {} WHERE Diary_ID = {}", invoiceId, diaryId));
+    business.Write(Sql("UPDATE Diary SET Invoice_ID = {} WHERE Diary_ID = {}", invoiceId, diaryId),
+                   Rows::Exactly(1));
   if (jobs.totalAmount == Money())
-    RunOrThrow(business, Sql("DELETE FROM Invoices WHERE Invoice_ID = {}", invoiceId));
+    business.Write(Sql("DELETE FROM Invoices WHERE Invoice_ID = {}", invoiceId), Rows::Exactly(1));
 }
 
 }  // namespace
@@ -71,8 +74,9 @@ InvoiceRunCount GenerateMonthlyInvoices(Business& business, const MonthlyPeriod&
   Transaction run(business);
   const Recordset clients = business.RunSQL(
       Sql("SELECT Client_ID, Display_Name, Street_Number, Street, Suburb, Post_Code "
-          "FROM Clients WHERE Status in ('Active', 'Billing address') AND Is_Billed_To = Yes "
-          "and (Statement_Type = 'Monthly') ORDER BY Display_Name; "));
+          "FROM Clients WHERE Status in ") +
+      StatusesOf(ClientGroup::Billed) +
+      Sql(" AND Is_Billed_To = Yes and (Statement_Type = 'Monthly') ORDER BY Display_Name; "));
   const QHash<qint64, MonthlyJobs> groups = LoadJobsOfGroups(business, period);
   GeneratedInvoice invoice{.clientId = 0,
                            .madeOutTo = {},
@@ -104,7 +108,8 @@ InvoiceRunCount GenerateMonthlyInvoices(Business& business, const MonthlyPeriod&
     }
     if (progress) progress(++done, static_cast<int>(clients.RowCount()));
   }
-  business.RunSQL(Sql("UPDATE infSystem SET Last_Monthly_Invoice_Ending = {}", period.to));
+  business.Write(Sql("UPDATE infSystem SET Last_Monthly_Invoice_Ending = {}", period.to),
+                 Rows::AtLeast(1));
   run.Commit();
   return count;
 }

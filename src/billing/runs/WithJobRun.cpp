@@ -1,5 +1,6 @@
 #include "billing/runs/WithJobRun.h"
 
+#include "domain/ClientStatus.h"
 namespace quillary::billing {
 namespace {
 
@@ -9,8 +10,9 @@ Recordset LoadEntries(Business& business, QDate from, QDate to) {
           "Diary.Total_GST, Clients_1.* "
           "FROM (Clients INNER JOIN Diary ON Clients.Client_ID = Diary.Client_ID) "
           "INNER JOIN Clients AS Clients_1 ON Clients.Billing_Client_ID = Clients_1.Client_ID "
-          "WHERE Clients_1.Status In ('Active','Billing address') "
-          "AND Clients_1.Is_Billed_To = Yes AND Clients_1.Statement_Type = 'With Job' "
+          "WHERE Clients_1.Status In ") +
+      StatusesOf(ClientGroup::Billed) +
+      Sql(" AND Clients_1.Is_Billed_To = Yes AND Clients_1.Statement_Type = 'With Job' "
           "AND (Diary.Schedule_Date BETWEEN {} AND {}) "
           "ORDER BY Clients_1.Display_Name, Diary.Schedule_Date, Diary.Diary_ID;",
           from, EndOfDay(to)));
@@ -28,8 +30,9 @@ qint64 InvoiceEntry(Business& business, const Record& entry, QDate from, QDate t
                                  .totalAmount = entry[u"Total_Price"],
                                  .totalGST = entry[u"Total_GST"]};
   const qint64 invoiceId = InsertGeneratedInvoice(business, invoice);
-  RunOrThrow(business, Sql("UPDATE Diary SET Invoice_ID = {} WHERE Diary_ID = {}", invoiceId,
-                           entry[u"Diary_ID"].ToLong()));
+  business.Write(Sql("UPDATE Diary SET Invoice_ID = {} WHERE Diary_ID = {}", invoiceId,
+                     entry[u"Diary_ID"].ToLong()),
+                 Rows::Exactly(1));
   return invoiceId;
 }
 
@@ -39,7 +42,7 @@ InvoiceRunCount GenerateWithJobInvoices(Business& business, QDate from, QDate to
                                         const RunProgress& progress) {
   const BusyWhile busy(business.World().busy);
   Transaction run(business);
-  RunOrThrow(business, Sql("DELETE FROM lstInvoicesToPrint;"));
+  business.Write(Sql("DELETE FROM lstInvoicesToPrint;"));
   const Recordset entries = LoadEntries(business, from, to);
   InvoiceRunCount count;
   int done = 0;
@@ -50,8 +53,7 @@ InvoiceRunCount GenerateWithJobInvoices(Business& business, QDate from, QDate to
         QStringLiteral("cmdCreateNonMonthlyInvoice_Click"), [&] {
           const qint64 invoiceId =
               before.IsNull() ? InvoiceEntry(business, entry, from, to) : before.ToLong();
-          RunOrThrow(business,
-                     Sql("INSERT INTO lstInvoicesToPrint (Invoice_ID) VALUES({})", invoiceId));
+          business.Write(Sql("INSERT INTO lstInvoicesToPrint (Invoice_ID) VALUES({})", invoiceId));
         });
     if (!isDone) {
       ++count.failed;

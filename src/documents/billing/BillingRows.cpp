@@ -1,6 +1,7 @@
 #include "documents/billing/BillingRows.h"
 
 #include "documents/pages/PageText.h"
+#include "domain/EntryStatus.h"
 
 namespace quillary::documents {
 namespace {
@@ -52,9 +53,8 @@ JobSection PastJobs(Business& business, qint64 clientId, const Sql& restriction,
                "Diary.Diary_ID = Diary_Services.Diary_ID) ON Clients.Client_ID = "
                "Clients_1.Billing_Client_ID) LEFT JOIN Services ON Diary_Services.Service_ID = "
                "Services.Service_ID) LEFT JOIN Invoices ON Diary.Invoice_ID = Invoices.Invoice_ID "
-               " WHERE (Isnull(Diary.Payment_ID) OR Diary.Payment_ID = 0) AND Diary.Status IN "
-               "('JD','JU','JP', 'JI') AND Clients.Client_ID = {}",
-               clientId) +
+               " WHERE (Isnull(Diary.Payment_ID) OR Diary.Payment_ID = 0) AND Diary.Status IN ") +
+           CodesOf(EntryGroup::WorkDone) + Sql(" AND Clients.Client_ID = {}", clientId) +
            restriction +
            Sql(" ORDER By Diary.Client_ID, Invoices.Invoice_Number, Diary.Schedule_Date, "
                "Service; "))) {
