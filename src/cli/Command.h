@@ -80,5 +80,7 @@ std::vector<Command> InvoiceCommands();
 std::vector<Command> PaymentCommands();
 std::vector<Command> DocumentCommands();
 std::vector<Command> RepairCommands();
+std::vector<Command> BackupCommands();
+std::vector<Command> SettingsCommands();
 
 }  // namespace quillary::cli

@@ -16,6 +16,7 @@ class PrintingPrompter : public Prompter {
  public:
   PrintingPrompter(QTextStream& out, QTextStream& err) : out_(out), err_(err) {}
   void AnswerYes() { answer_ = Answer::Yes; }
+  bool AllowsYes() const { return answer_ == Answer::Yes; }
   /// With a machine as reader, only failures are printed.
   void BeQuiet() { quiet_ = true; }
   bool ToldOfFailure() const { return toldOfFailure_; }

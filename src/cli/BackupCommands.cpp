@@ -1,0 +1,150 @@
+#include "cli/Command.h"
+#include "cli/Printing.h"
+#include "cli/WorkingBusiness.h"
+#include "maintenance/Compaction.h"
+#include "maintenance/backups/BackupPlaces.h"
+#include "maintenance/backups/ExitBackups.h"
+#include "maintenance/backups/TransferredClients.h"
+#include "session/ProgramFolder.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+/// Backups, their restoration, and whole files made of a business.
+namespace quillary::cli {
+namespace {
+
+QString Archive() {
+  return session::ArchiveUnder(session::ProgramFolder());
+}
+
+QString OptionText(const Call& call, const char* option, const QString& ifMissing = {}) {
+  return call.arguments.options.value(QString::fromLatin1(option), ifMissing);
+}
+
+void PrintFile(const Call& call, const QString& file) {
+  ResultTable table({"File", "Bytes"});
+  table.AddRow({file, QFileInfo(file).size()});
+  PrintTable(call, table);
+}
+
+void RunBackup(const Call& call) {
+  const auto business = OpenAnyBusiness(call);
+  const DateTime now = business->Now();
+  QDir().mkpath(Archive());
+  const QString target =
+      OptionText(call, "to", QDir(Archive()).filePath(maintenance::CustomBackupName(now)));
+  if (QFileInfo(target) == QFileInfo(call.File()))
+    throw CommandFailure(
+        QStringLiteral("Cannot create backup as the source and destination folder is the same."));
+  maintenance::BackupDatabaseTo(
+      *business, OptionText(call, "description", maintenance::CustomDescription(now)), target);
+  business->CloseConnection();
+  PrintFile(call, target);
+}
+
+void RunBackups(const Call& call) {
+  ResultTable table(
+      {"File", "Backup_Description", "Made", "Bytes", "Version", "Clients", "Jobs", "Owed"});
+  for (const maintenance::BackupFacts& backup : maintenance::ListBackups(Archive()))
+    table.AddRow({backup.file, backup.description, DateTime(backup.made.date(), backup.made.time()),
+                  backup.bytes, backup.version, backup.clients, backup.jobs, backup.owed});
+  PrintTable(call, table);
+}
+
+void RunRestore(const Call& call) {
+  const QString backup = QFileInfo(call.arguments.positional.at(1)).absoluteFilePath();
+  const auto business = OpenAnyBusiness(call);
+  ThrowIf(maintenance::CheckRestorable(*business, backup));
+  if (!call.world.prompter.AllowsYes())
+    throw CommandFailure(
+        QStringLiteral("restoring loses what was entered since the backup; --yes allows it"));
+  PrintFile(call, maintenance::RestoreBackup(*business, backup, Archive()));
+}
+
+void RunExitBackups(const Call& call) {
+  const auto business = OpenAnyBusiness(call);
+  LocalSettings settings(session::ProgramFolder(), call.world.prompter);
+  ResultTable table({"File", "Backup_Description"});
+  for (const maintenance::DueBackup& due : maintenance::DueBackups(
+           maintenance::LoadBackupSettings(settings), business->Now(), Archive()))
+    table.AddRow({due.file, due.description});
+  call.world.prompter.BeQuiet();
+  maintenance::TakeExitBackups(*business, settings, Archive());
+  business->CloseConnection();
+  PrintTable(call, table);
+}
+
+void RunCompact(const Call& call) {
+  bool asked = false;
+  const maintenance::CompactionResult result = maintenance::CompactDatabase(
+      call.File(),
+      {.archive = Archive(),
+       .pickWorkArea = [&]() -> std::optional<QString> {
+         if (asked) return std::nullopt;  // a script is not asked for another folder
+         asked = true;
+         return QFileInfo(call.File()).absolutePath();
+       }},
+      call.world.prompter);
+  if (!result.done) throw CommandFailure(QStringLiteral("the file was not compacted"));
+  ResultTable table({"File", "Bytes_Before", "Bytes_After", "Backup"});
+  table.AddRow({call.File(), result.bytesBefore, result.bytesAfter, result.backup});
+  PrintTable(call, table);
+}
+
+void RunTransferred(const Call& call) {
+  const QString target = QFileInfo(call.arguments.positional.at(1)).absoluteFilePath();
+  const auto business = OpenCurrentBusiness(call);
+  if (QFileInfo(target) == QFileInfo(call.File()))
+    throw CommandFailure(QStringLiteral("the new file would take the place of the business"));
+  maintenance::CreateDBOfTransferred(*business, target);
+  business->CloseConnection();
+  PrintFile(call, target);
+}
+
+}  // namespace
+
+std::vector<Command> BackupCommands() {
+  return {
+      {"backup",
+       "FILE [--to PATH] [--description T]",
+       "Makes a proven copy of the business; into Archive when no path is given.",
+       {{"to", "PATH", "the file to make; one of that name is replaced once the copy is proven"},
+        {"description", "T", "what the backup says of itself"}},
+       1,
+       1,
+       RunBackup},
+      {"backups", "FILE", "Lists the backups in Archive, newest first.", {}, 1, 1, RunBackups},
+      {"restore",
+       "FILE BACKUP --yes",
+       "Puts a backup in the place of the business, which goes to Archive first.",
+       {},
+       2,
+       2,
+       RunRestore},
+      {"exit-backups",
+       "FILE",
+       "Takes the backups that are switched on and due, as leaving the program does.",
+       {},
+       1,
+       1,
+       RunExitBackups},
+      {"compact",
+       "FILE",
+       "Rewrites the file without the room that deleted rows left, keeping it as it was in "
+       "Archive.",
+       {},
+       1,
+       1,
+       RunCompact},
+      {"transferred",
+       "FILE NEW_FILE",
+       "Makes a business of the clients of the status Transferred and their services.",
+       {},
+       2,
+       2,
+       RunTransferred},
+  };
+}
+
+}  // namespace quillary::cli
