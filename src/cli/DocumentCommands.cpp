@@ -1,10 +1,8 @@
-#include "accounts/TaxNames.h"
 #include "billing/invoices/InvoicePrint.h"
 #include "cli/Command.h"
 #include "cli/Printing.h"
 #include "cli/WorkingBusiness.h"
 #include "documents/billing/BillingDocuments.h"
-#include "lists/Divisions.h"
 #include "pdf/PDFTypes.h"
 #include "session/ProgramFolder.h"
 
@@ -109,23 +107,12 @@ DocumentCall ReadDocumentCall(const Call& call, const QString& kind) {
   return document;
 }
 
-/// What the desktop's start leaves in the shared values for the head of a document.
-void LoadLetterheadValues(Business& business) {
-  const Value country = business.FirstField(Sql("SELECT Country_ID FROM infPersonalDetails"));
-  business.values.taxName =
-      accounts::GetCountryTaxNames(
-          business, country.IsNull() ? std::nullopt : std::optional(country.ToLong()))
-          .taxName;
-  business.values.divisionName = lists::OwnDivisionName(business);
-}
-
 void RunDocument(const Call& call) {
   const QString kind = call.arguments.positional.at(1);
   DocumentCall document = ReadDocumentCall(call, kind);
   const auto business = OpenCurrentBusiness(call);
   RequireInvoices(*business, document.invoices);
-  LoadLetterheadValues(*business);
-  billing::SelectInvoicesToPrint(*business, document.invoices);
+  billing::PrepareInvoicePrint(*business, document.invoices);
   if (kind == u"statement") document.days = DaysOf(call, *business);
   if (!QDir().mkpath(document.places.folder))
     throw CommandFailure(

@@ -1,7 +1,6 @@
 #include "cli/WorkingBusiness.h"
 
 #include "data/schema/Schema.h"
-#include "lists/Services.h"
 
 namespace quillary::cli {
 namespace {
@@ -15,18 +14,6 @@ void RequireCurrentVersion(Business& business) {
                            .arg(business.DatabaseFile())
                            .arg(version)
                            .arg(kSchemaVersion));
-}
-
-void LoadScheduleValues(Business& business) {
-  LoadHolidaysIntoArray(business);
-  SharedValues& values = business.values;
-  values.daysToAdvanceSchedule = static_cast<int>(
-      business.FirstField(Sql("SELECT Days_To_Advance_Schedule FROM infOptions")).ToLong());
-  values.gstPercentage = static_cast<float>(
-      business.FirstField(Sql("SELECT GST_Percentage FROM infOptions")).ToDouble());
-  values.defaultEmployee =
-      business.FirstField(Sql("SELECT MIN(Employee_ID) FROM Employees")).ToId<Employee>();
-  values.defaultService = lists::DefaultServiceId(business);
 }
 
 }  // namespace
@@ -43,7 +30,7 @@ std::unique_ptr<Business> OpenCurrentBusiness(const Call& call) {
     throw CommandFailure(QStringLiteral("refused: ") + refused.reason);
   });
   RequireCurrentVersion(*business);
-  LoadScheduleValues(*business);
+  LoadSharedValues(*business);
   return business;
 }
 

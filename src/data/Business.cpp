@@ -4,6 +4,10 @@
 #include "data/schema/Schema.h"
 #include "data/store/Connection.h"
 
+#include <QFile>
+
+#include <sys/stat.h>
+
 #include <cstdio>
 
 namespace quillary {
@@ -49,6 +53,14 @@ QString Readable(const QString& statement) {
   return statement;
 }
 
+std::optional<FileStamp> StampOf(const QString& path) {
+  struct stat facts;
+  if (stat(QFile::encodeName(path).constData(), &facts) != 0) return std::nullopt;
+  constexpr qint64 kNanoseconds = 1'000'000'000;
+  return FileStamp{facts.st_ino, facts.st_size,
+                   facts.st_mtim.tv_sec * kNanoseconds + facts.st_mtim.tv_nsec};
+}
+
 RefusedStatement Heard(const QString& statement, const StatementRefused& refused) {
   const RefusedStatement heard{statement, QString::fromUtf8(refused.what()),
                                FirstTableOf(statement)};
@@ -61,18 +73,36 @@ RefusedStatement Heard(const QString& statement, const StatementRefused& refused
 Business::Business(const Outside& outside, const QString& databaseFile)
     : outside_(outside),
       databaseFile_(databaseFile),
-      connection_(std::make_unique<Connection>(databaseFile, [this] { return Now(); })) {}
+      connection_(std::make_unique<Connection>(databaseFile, [this] { return Now(); })),
+      history_(std::make_unique<History>(*this)) {
+  connection_->OnCommitted(
+      [this](const std::vector<std::string>& tables) { TellCommitted(tables); });
+}
 
 Business::~Business() = default;
 
 void Business::ConnectToDatabase() {
   if (connection_->IsOpen()) return;
+  if (closedAs_ && closedAs_ != StampOf(databaseFile_)) history_->End();
+  closedAs_.reset();
   connection_->Open(OpenMode::Existing, RequireBusinessTables);
   EnsureStoreIndexes(*connection_);
 }
 
 void Business::CloseConnection() {
+  if (!connection_->IsOpen()) return;
   connection_->Close();
+  closedAs_ = StampOf(databaseFile_);
+}
+
+void Business::TellCommitted(const std::vector<std::string>& tables) {
+  Tables written;
+  for (const std::string& table : tables) written.Add(QString::fromStdString(table));
+  try {
+    commits_.Tell(written);
+  } catch (const std::exception& error) {
+    outside_.errors.Report(QStringLiteral("Business"), QStringLiteral("OnCommitted"), error);
+  }
 }
 
 bool Business::IsConnected() const {

@@ -1,6 +1,8 @@
 #pragma once
 
 #include "base/ports/Outside.h"
+#include "data/Changes.h"
+#include "data/History.h"
 #include "data/Holidays.h"
 #include "data/SharedValues.h"
 #include "data/Writes.h"
@@ -17,6 +19,15 @@
 namespace quillary {
 
 class Connection;
+
+/// What tells one state of a file on the disk from another.
+struct FileStamp {
+  quint64 node = 0;
+  qint64 size = 0;
+  qint64 changed = 0;  // in nanoseconds
+
+  bool operator==(const FileStamp&) const = default;
+};
 
 /// One open business: its database file, the values loaded from it at start, and the outside world
 /// that its rules may turn to. The first parameter of every rule.
@@ -60,6 +71,14 @@ class Business {
   /// that they did not announce.
   void OnRefusedStatement(std::function<void(const RefusedStatement&)> listener);
 
+  /// Hears after each commit which tables it wrote, one statement outside of a transaction being a
+  /// commit of its own. A failure of a listener is reported; the commit stands.
+  [[nodiscard]] Subscription OnCommitted(Changes::Listener listener) {
+    return commits_.Listen(std::move(listener));
+  }
+  /// What was done since the start, to be taken back.
+  History& PastCommands() { return *history_; }
+
   /// Folds what was committed into the file; for moments when the user does nothing.
   void CheckpointWhenIdle();
 
@@ -78,11 +97,15 @@ class Business {
   template <typename Text>
   Recordset RunHeard(const Text& statement, const auto& run);
   void RunChecked(const Sql& statement);
+  void TellCommitted(const std::vector<std::string>& tables);
   qint64 InsertRow(const Sql& insert);
 
   Outside outside_;
   QString databaseFile_;
   std::unique_ptr<Connection> connection_;
+  Changes commits_;
+  std::unique_ptr<History> history_;
+  std::optional<FileStamp> closedAs_;  // the file when it was last given back
   std::function<void(const RefusedStatement&)> listener_;
 };
 

@@ -2,6 +2,7 @@
 
 #include "base/Value.h"
 #include "base/ports/HeadOffice.h"
+#include "data/Changes.h"
 
 #include <QString>
 
@@ -31,5 +32,26 @@ struct SharedValues {
 
   MailServer mailServer;
 };
+
+class Business;
+
+/// Reads what the business's tables say of the shared values, holidays included. Throws NoRecordset
+/// or NoCurrentRecord when a table that a file of the current version has is missing or empty.
+void LoadSharedValues(Business& business);
+/// The tables it reads.
+const Tables& TablesOfSharedValues();
+
+/// Its steps, for a start that makes room for them one by one. The flags are read as soon as a file
+/// is open, whatever its version: a flag whose column it lacks keeps its value.
+void LoadOptionFlags(Business& business);
+void LoadHorizon(Business& business);
+void LoadDivisionName(Business& business);
+void LoadTaxRate(Business& business);
+/// What is neither "Cash" nor "Accrual" is taken for "Cash".
+void LoadAccountingMethod(Business& business);
+void LoadDefaultEmployee(Business& business);
+void LoadDefaultService(Business& business);
+/// "GST" where the country has no name for its tax.
+void LoadTaxName(Business& business);
 
 }  // namespace quillary

@@ -19,13 +19,6 @@ std::vector<ListedDivision> ListDivisions(Business& business) {
   return divisions;
 }
 
-QString OwnDivisionName(Business& business) {
-  return business
-      .FirstField(Sql("SELECT Division_Name FROM infPersonalDetails LEFT JOIN Divisions ON "
-                      "infPersonalDetails.Division_ID = Divisions.Division_ID;"))
-      .ToText();
-}
-
 std::optional<Refusal> InsertDivision(Business& business, const DivisionForm& form) {
   if (std::optional<Refusal> refusal = CheckDivision(form)) return refusal;
   Transaction insertion(business);

@@ -23,8 +23,6 @@ struct DivisionForm {
 };
 
 std::vector<ListedDivision> ListDivisions(Business& business);  // by name
-/// The owner's own; empty when none is chosen.
-QString OwnDivisionName(Business& business);
 
 /// Each refuses a blank name. A new division gets the number after the highest.
 std::optional<Refusal> InsertDivision(Business& business, const DivisionForm& form);

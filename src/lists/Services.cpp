@@ -76,9 +76,4 @@ bool MayDownloadServices(Prompter& prompter) {
              "Please make sure you are connected on the internet. Continue?")) == Answer::Yes;
 }
 
-std::optional<Id<Service>> DefaultServiceId(Business& business) {
-  return business.FirstField(Sql("SELECT MIN(Service_ID) FROM Services WHERE [Default] = True; "))
-      .ToId<Service>();
-}
-
 }  // namespace quillary::lists

@@ -44,7 +44,4 @@ std::optional<Refusal> DeleteService(Business& business, Prompter& prompter,
 /// Asks before new services are fetched from head office.
 bool MayDownloadServices(Prompter& prompter);
 
-/// The oldest of the services marked as default; nothing when there is none.
-std::optional<Id<Service>> DefaultServiceId(Business& business);
-
 }  // namespace quillary::lists

@@ -4,8 +4,6 @@
 #include "data/ActivityLog.h"
 #include "data/schema/Schema.h"
 #include "data/schema/Upgrader.h"
-#include "lists/Divisions.h"
-#include "lists/Services.h"
 #include "maintenance/backups/ExitBackups.h"
 #include "roll/ScheduleEngine.h"
 #include "session/ProgramFolder.h"
@@ -23,57 +21,19 @@ void DeleteTemporaryFiles(const QString& folder) {
   }
 }
 
-/// Reads a flag or text of infOptions, leaving the default when an old file lacks the column.
-template <typename Read>
-void ReadOption(const Recordset& options, const char16_t* column, const Read& read) {
-  if (options.FieldExists(column)) read(options.Field(column));
-}
-
-void LoadOptions(Business& business) {
-  const Recordset options = business.RunSQL(QStringLiteral("SELECT * FROM infOptions;"));
-  if (!options.HasRows()) return;
-  SharedValues& values = business.values;
-  const auto flag = [](bool& into) { return [&into](const Value& v) { into = v.ToBool(); }; };
-  const auto text = [](QString& into) { return [&into](const Value& v) { into = v.ToText(); }; };
-  ReadOption(options, u"EnableLogging", flag(values.enableLogging));
-  ReadOption(options, u"AdobePath", text(values.adobePath));
-  ReadOption(options, u"CCEmailAddress", text(values.ccEmailAddress));
-  ReadOption(options, u"RecalculateClientAmtsOwingOnPrint",
-             flag(values.recalculateClientAmtsOwingOnPrint));
-  ReadOption(options, u"EnableOstrel4WebServices", flag(values.enableOstrel4WebServices));
-  ReadOption(options, u"DatabaseUploaded", flag(values.databaseUploaded));
-  ReadOption(options, u"CompactDatabaseBeforeUpload", flag(values.compactDatabaseBeforeUpload));
-}
-
-void LoadDaysToAdvance(Business& business) {
-  business.values.daysToAdvanceSchedule = static_cast<int>(
-      business.FirstField(Sql("SELECT Days_To_Advance_Schedule FROM infOptions")).ToLong());
-}
-
-void LoadTaxRate(Business& business) {
-  business.values.gstPercentage = static_cast<float>(
-      business.LookupField(QStringLiteral("infOptions.GST_Percentage")).ToDouble(0));
-}
-
 /// The one details row that all later code reads.
 void EnsurePersonalDetails(Business& business) {
   if (business.RunSQL(QStringLiteral("SELECT * FROM infPersonalDetails")).EndOfFile()) {
-    business.RunSQL(QStringLiteral("INSERT INTO infPersonalDetails (FSE_CODE) values ('FSECODE')"));
+    business.Write(Sql("INSERT INTO infPersonalDetails (FSE_CODE) values ('FSECODE')"),
+                   Rows::Exactly(1));
   }
 }
 
 void EnsureEmployee(Business& business) {
-  std::optional<Id<Employee>>& employee = business.values.defaultEmployee;
-  employee = business.FirstField(Sql("SELECT MIN(Employee_ID) FROM Employees; ")).ToId<Employee>();
-  if (employee) return;
-  employee = business.InsertReturningKey<Employee>(
-      Sql("INSERT INTO Employees (Employee_Name) VALUES ('Default')"));
-}
-
-QString AccountingMethodOf(const QString& stored) {
-  const QString upper = stored.toUpper();
-  const bool known = upper == QStringLiteral("CASH") || upper == QStringLiteral("ACCRUAL");
-  return known ? stored : QStringLiteral("Cash");
+  LoadDefaultEmployee(business);
+  if (business.values.defaultEmployee) return;
+  business.Write(Sql("INSERT INTO Employees (Employee_Name) VALUES ('Default')"), Rows::Exactly(1));
+  LoadDefaultEmployee(business);
 }
 
 /// One run of the sequence: what has been reached, and the business once it is open.
@@ -92,7 +52,7 @@ class Sequence {
     screens_.ShowProgress();
     Advance(1);
     Open(commandLine);
-    LoadSharedValues();
+    LoadValues();
     RollAndShow();
     return true;
   }
@@ -144,24 +104,22 @@ class Sequence {
     Reached("Upgrader.Initialize");
   }
 
-  void LoadSharedValues() {
+  void LoadValues() {
     LoadHolidaysIntoArray(*business);
     Reached("LoadHolidaysIntoArray");
-    SharedValues& values = business->values;
-    LoadDaysToAdvance(*business);
+    LoadHorizon(*business);
     Advance(1);
     EnsurePersonalDetails(*business);
-    values.divisionName = lists::OwnDivisionName(*business);
+    LoadDivisionName(*business);
     Advance(1);
     LoadTaxRate(*business);
-    values.accountingMethod = AccountingMethodOf(
-        business->LookupField(QStringLiteral("infOptions.Accounting_Method")).ToText());
+    LoadAccountingMethod(*business);
     Advance(1);
     Reached("Global Var Initialize");
     EnsureEmployee(*business);
     Advance(1);
     Reached("Default_Employee_ID");
-    values.defaultService = lists::DefaultServiceId(*business);
+    LoadDefaultService(*business);
     Reached("Default_Employee_ID.4");
     Advance(1);
     Reached("Default_Employee_ID.5");
@@ -174,7 +132,7 @@ class Sequence {
     // Budgets join here; nothing else at start-up depends on them.
     Advance(1);
     Reached("Budget_Manager.Initialize");
-    NameTheTax();  // for the screens that open with the main menu
+    LoadTaxName(*business);  // for the screens that open with the main menu
     screens_.ShowMainMenu(*business);
     Reached("MainMenuMDI.ShowYourself");
     const QString checks = outside_.settings.Read(QStringLiteral("Scheduling problem screen"),
@@ -198,15 +156,6 @@ class Sequence {
     if (answer == Answer::Yes) screens_.OpenMonthlyInvoices(*business);
   }
 
-  void NameTheTax() {
-    const QString name =
-        business
-            ->FirstField(Sql("SELECT Tax_Name FROM infPersonalDetails pd inner join Countries c on "
-                             "c.Country_ID = pd.Country_ID;"))
-            .ToText();
-    if (!name.isEmpty()) business->values.taxName = name;
-  }
-
   const Outside& outside_;
   LocalSettings& settings_;
   StartUpScreens& screens_;
@@ -221,7 +170,7 @@ std::unique_ptr<Business> OpenDatabase(const Outside& outside, const QString& fi
   outside.headOffice.LogIn();
   business->ConnectToDatabase();
   outside.settings.Write(QStringLiteral("LastAccessedFile"), QStringLiteral("File"), file);
-  LoadOptions(*business);
+  LoadOptionFlags(*business);
   if (business->values.enableLogging) {
     outside.headOffice.SetLogFile(QDir(programFolder).filePath(QStringLiteral("Log.txt")));
   }
@@ -236,7 +185,7 @@ void UpgradeFile(Business& business, const QString& programFolder,
   options.repaint = repaint;
   options.advanceScheduleForClient = [&business](qint64 clientId) {
     // What is made anew reaches as far and is taxed as ever, although little is loaded yet.
-    LoadDaysToAdvance(business);
+    LoadHorizon(business);
     LoadTaxRate(business);
     roll::AdvanceScheduleForClient(business, clientId);
   };

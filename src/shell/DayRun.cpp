@@ -125,7 +125,7 @@ billing::InvoiceForm NewestInvoice(Business& business) {
 }
 
 void PrintInBothForms(Business& business, const billing::InvoiceForm& invoice) {
-  billing::PrepareInvoicePrint(business, invoice.invoiceId);
+  billing::PrepareInvoicePrint(business, {invoice.invoiceId});
   const documents::BillingPlaces places{.report =
                                             documents::ReportPlacesUnder(session::ProgramFolder())};
   QStringList told;  // both forms miss the same picture

@@ -148,11 +148,13 @@ TEST_F(ReferenceListsTest, ServicesAreListedWithTheirAccountAndOrphanTheirLines)
           "VALUES ('Sales', 'Revenue')"));
   ASSERT_EQ(ListRevenueAccountChoices(business()).size(), 1u);
   const Id<Account> account = ListRevenueAccountChoices(business())[0].id;
-  EXPECT_FALSE(DefaultServiceId(business()));
+  LoadDefaultService(business());
+  EXPECT_FALSE(business().values.defaultService);
   EXPECT_FALSE(UpdateService(business(), Id<Service>(3), {"Windows", "WC", account, true, true}));
   EXPECT_FALSE(
       UpdateService(business(), Id<Service>(2), {"Hedges", "HT", Id<Account>(99), false, true}));
-  EXPECT_EQ(DefaultServiceId(business()), Id<Service>(2));
+  LoadDefaultService(business());
+  EXPECT_EQ(business().values.defaultService, Id<Service>(2));
   const std::vector<ListedService> services = ListServices(business());
   ASSERT_EQ(services.size(), 3u);
   EXPECT_EQ(services[1].accountName, "") << "a service whose account is gone is still listed";

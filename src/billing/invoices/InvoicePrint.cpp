@@ -26,8 +26,8 @@ std::optional<Refusal> CheckInvoicePrint(size_t attachedJobs) {
   return Refusal{"Please select jobs to included on the invoice.", "cmdShowListOfJobs"};
 }
 
-void PrepareInvoicePrint(Business& business, qint64 invoiceId) {
-  SelectInvoicesToPrint(business, {invoiceId});
+void PrepareInvoicePrint(Business& business, const std::vector<qint64>& invoiceIds) {
+  SelectInvoicesToPrint(business, invoiceIds);
   if (!business.values.recalculateClientAmtsOwingOnPrint) return;
   LogStep(business, QStringLiteral("RecalculateAmountOwingOfAllClients"));
   balances::RecalculateAmountOwingOfAllClients(business);

@@ -19,6 +19,6 @@ std::optional<Refusal> CheckInvoicePrint(size_t attachedJobs);
 
 /// Selects one invoice for printing and, where the business is set up so, recomputes every balance
 /// first, since the invoice may show what is outstanding.
-void PrepareInvoicePrint(Business& business, qint64 invoiceId);
+void PrepareInvoicePrint(Business& business, const std::vector<qint64>& invoiceIds);
 
 }  // namespace quillary::billing

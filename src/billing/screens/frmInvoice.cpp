@@ -199,7 +199,7 @@ void frmInvoice::Print() {
   if (!Save()) return;
   {
     const BusyWhile busy(business_.World().busy);
-    PrepareInvoicePrint(business_, form_.invoiceId);
+    PrepareInvoicePrint(business_, {form_.invoiceId});
   }
   tools_.navigator.Open(PrintInvoices{.fileNamePart = txtMadeOutTo->toPlainText(),
                                       .priceIncludesGST = !chkPriceExcludesGST->isChecked()});

@@ -61,6 +61,7 @@ void Emitter::EmitUpdate(const Update& update) {
     const Update::Assignment& assignment = update.assignments[i];
     const Column& column = ColumnNamed(*target.table, assignment.name, assignment.token);
     if (column.type == ColumnType::Counter) Fail(assignment.token, "a counter can't be changed");
+    result_.assigned.push_back(static_cast<size_t>(&column - target.table->columns.data()));
     const Fragment given = Expr(*assignment.value, scope);
     NoteWritten(*target.table, column, given);
     const std::string value = Text(As(given, column.type));

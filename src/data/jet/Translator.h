@@ -91,6 +91,7 @@ struct Translation {
   std::vector<Parameter> parameters;  // of the first statement; schema changes have none
   std::vector<ResultColumn> columns;  // of a statement that gives rows; otherwise empty
   std::optional<IntoTarget> into;
+  std::vector<size_t> assigned;  // the columns that an UPDATE sets: their places in its table
   bool givesRows = false;
   bool changesSchema = false;
   /// False when a literal shaped the emitted text, so that the text may not serve another literal.

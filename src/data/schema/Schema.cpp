@@ -102,6 +102,13 @@ const QStringList& BusinessTables() {
   return names;
 }
 
+const QStringList& WorkTables() {
+  static const QStringList names = {QStringLiteral("lstClientsToPrint"),
+                                    QStringLiteral("lstInvoicesToPrint"),
+                                    QStringLiteral("tmprptWorkSummary")};
+  return names;
+}
+
 const std::vector<const char*>& NamedIndexes() {
   static const std::vector<const char*> statements = {
       "CREATE INDEX CustIndex ON Clients (Client_ID)",

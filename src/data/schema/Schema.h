@@ -14,6 +14,9 @@ inline constexpr int kSchemaVersion = 57;
 /// The names of all tables of a business file, in the order of their making.
 const QStringList& BusinessTables();
 
+/// The tables that hold the selection of one run, emptied by the next: nobody's data.
+const QStringList& WorkTables();
+
 /// The indexes that the schema names, as statements of the dialect.
 const std::vector<const char*>& NamedIndexes();
 

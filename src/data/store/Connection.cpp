@@ -82,6 +82,13 @@ class CatalogueWithOthers : public jet::Catalogue {
   mutable SchemaCatalogue otherCatalogue_;
 };
 
+/// Counts of its memory are asked for by nobody, and cost a lock at each allocation. Only the first
+/// use of SQLite in a process may still choose.
+void SpareMemoryStatistics() {
+  static const int done = sqlite3_config(SQLITE_CONFIG_MEMSTATUS, 0);
+  static_cast<void>(done);
+}
+
 std::string SavepointName(int depth) {
   return "\"part" + std::to_string(depth) + "\"";
 }
@@ -97,6 +104,7 @@ Connection::~Connection() {
 }
 
 void Connection::OpenHandle(OpenMode mode) {
+  SpareMemoryStatistics();
   const QFileInfo info(file_);
   if (mode == OpenMode::Create && info.exists()) {
     throw StorageFailure(StorageFault::CannotOpen, QStringLiteral("exists already"));
@@ -129,6 +137,7 @@ void Connection::Configure() {
           "PRAGMA locking_mode = EXCLUSIVE; PRAGMA temp_store = MEMORY;"
           "PRAGMA cache_size = -16000");
   RegisterSqlFunctions(database);
+  rows_.Attach(database);
 }
 
 void Connection::Open(OpenMode mode, const std::function<void(const jet::Catalogue&)>& check) {
@@ -197,24 +206,36 @@ void Connection::CopyTo(const QString& path) {
   SyncFolderOf(path);
 }
 
-Recordset Connection::Run(std::string_view statement) {
+template <typename Cut>
+Recordset Connection::RunWatched(const Cut& cut) {
+  const RowWatch::Mark before = rows_.Here();
+  Recordset recordset;
   try {
-    return RunCut(jet::CutLiterals(statement));
+    recordset = RunCut(cut());
   } catch (const jet::StatementError& error) {
     throw StatementRefused(error.what());
   } catch (const jet::ValueError& error) {
     throw StatementRefused(error.what());
+  } catch (const std::exception&) {
+    rows_.BackTo(before);  // some of its rows may have been written before it failed
+    throw;
   }
+  if (depth_ == 0) TellCommitted();
+  return recordset;
+}
+
+Recordset Connection::Run(std::string_view statement) {
+  return RunWatched([&] { return jet::CutLiterals(statement); });
 }
 
 Recordset Connection::Run(const Sql& statement) {
-  try {
-    return RunCut(jet::CutLiterals(statement.Text(), statement.Arguments()));
-  } catch (const jet::StatementError& error) {
-    throw StatementRefused(error.what());
-  } catch (const jet::ValueError& error) {
-    throw StatementRefused(error.what());
-  }
+  return RunWatched([&] { return jet::CutLiterals(statement.Text(), statement.Arguments()); });
+}
+
+void Connection::TellCommitted() {
+  if (!rows_.HasTables()) return;
+  const std::vector<std::string> tables = rows_.TakeTables();
+  if (onCommitted_) onCommitted_(tables);
 }
 
 Recordset Connection::RunCut(const jet::CutStatement& cut) {
@@ -249,7 +270,8 @@ Recordset Connection::RunTranslation(const jet::Translation& translation,
 Connection::CachedStatement Connection::Prepare(const jet::Translation& translation,
                                                 sqlite3* source) {
   return {Statement(source, translation.statements.front()), translation.parameters,
-          std::make_shared<ResultColumns>(translation.columns), translation.notOnlyAscii};
+          std::make_shared<ResultColumns>(translation.columns), translation.notOnlyAscii,
+          translation.assigned};
 }
 
 void Connection::Fill(CachedStatement& cached, const std::vector<Value>& literals) const {
@@ -272,6 +294,7 @@ Recordset Connection::RunPrepared(CachedStatement& cached, const std::vector<Val
   Fill(cached, literals);
   const ResetAtEnd reset(cached.statement);
   const qint64 writtenBefore = sqlite3_total_changes64(database_.get());
+  const RowWatch::Expecting only(rows_, cached.assigned);
   std::vector<Value> cells;
   const ResultColumns& columns = *cached.columns;
   while (cached.statement.Step()) {
@@ -311,7 +334,7 @@ void Connection::RunSchemaChange(const jet::Translation& translation) {
     Rollback();
     throw;
   }
-  schemaChangedInTransaction_ = true;
+  SchemaChanged();
   Commit();
 }
 
@@ -332,8 +355,14 @@ void Connection::RunInto(const jet::Translation& translation, const jet::CutStat
     Rollback();
     throw;
   }
-  schemaChangedInTransaction_ = true;
+  SchemaChanged();
   Commit();
+}
+
+void Connection::SchemaChanged() {
+  schemaChangedInTransaction_ = true;
+  ++schemaChanges_;
+  rows_.ForgetFacts();
 }
 
 void Connection::EnsureIndex(const char* name, const char* table,
@@ -354,6 +383,7 @@ void Connection::Begin() {
       depth_ == 0 ? std::string("BEGIN IMMEDIATE") : "SAVEPOINT " + SavepointName(depth_);
   Execute(database_.get(), start.c_str());
   ++depth_;
+  marks_.push_back(rows_.Here());
 }
 
 void Connection::Commit() {
@@ -361,13 +391,18 @@ void Connection::Commit() {
   const std::string end =
       depth_ == 1 ? std::string("COMMIT") : "RELEASE " + SavepointName(depth_ - 1);
   Execute(database_.get(), end.c_str());
-  if (--depth_ == 0) schemaChangedInTransaction_ = false;
+  marks_.pop_back();
+  if (--depth_ > 0) return;
+  schemaChangedInTransaction_ = false;
+  TellCommitted();
 }
 
 void Connection::Rollback() noexcept {
   if (depth_ == 0) return;
   --depth_;
   ForgetTexts();
+  rows_.BackTo(marks_.back());
+  marks_.pop_back();
   sqlite3* database = database_.get();
   if (database == nullptr || sqlite3_get_autocommit(database) != 0) return;
   if (depth_ == 0) {

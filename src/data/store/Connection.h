@@ -2,6 +2,7 @@
 
 #include "data/store/AsciiColumns.h"
 #include "data/store/Recordset.h"
+#include "data/store/RowWatch.h"
 #include "data/store/SchemaCatalogue.h"
 #include "data/store/Sql.h"
 #include "data/store/Statement.h"
@@ -57,6 +58,15 @@ class Connection {
   void Rollback() noexcept;
   int TransactionDepth() const { return depth_; }
 
+  /// Told after each outermost commit, a statement outside of a transaction being one of its own,
+  /// which tables it wrote. Nothing is told of what was undone, nor of changes of the schema.
+  void OnCommitted(std::function<void(const std::vector<std::string>&)> listener) {
+    onCommitted_ = std::move(listener);
+  }
+  RowWatch& Rows() { return rows_; }
+  /// Grows with each change of the schema.
+  quint64 SchemaChanges() const { return schemaChanges_; }
+
   /// Folds what was committed into the file; for moments when nothing else is to be done.
   void Checkpoint();
 
@@ -81,11 +91,14 @@ class Connection {
     std::vector<jet::Parameter> parameters;
     std::shared_ptr<const ResultColumns> columns;
     std::vector<jet::ColumnName> notOnlyAscii;
+    std::vector<size_t> assigned;
     quint64 lastUse = 0;
   };
 
   void OpenHandle(OpenMode mode);
   void Configure();
+  template <typename Cut>
+  Recordset RunWatched(const Cut& cut);
   Recordset RunCut(const jet::CutStatement& cut);
   Recordset RunTranslation(const jet::Translation& translation, const jet::CutStatement& cut,
                            sqlite3* source);
@@ -97,14 +110,20 @@ class Connection {
   void RunInto(const jet::Translation& translation, const jet::CutStatement& cut, sqlite3* source);
   static CachedStatement Prepare(const jet::Translation& translation, sqlite3* source);
   void Keep(const std::string& shape, CachedStatement statement);
+  void SchemaChanged();
   void ForgetSchema();
   void RequireTransaction() const;
+  void TellCommitted();
 
   QString file_;
   std::function<DateTime()> clock_;
   std::unique_ptr<sqlite3, CloseDatabase> database_;
   SchemaCatalogue catalogue_;
   std::unordered_map<std::string, CachedStatement> cache_;
+  RowWatch rows_{catalogue_};
+  std::vector<RowWatch::Mark> marks_;  // one for each transaction or part under way
+  std::function<void(const std::vector<std::string>&)> onCommitted_;
+  quint64 schemaChanges_ = 0;
   quint64 uses_ = 0;
   AsciiColumns asciiColumns_;
   qint64 changes_ = 0;  // of rows, as SQLite counted them when the latest statement ended

@@ -107,6 +107,32 @@ void Statement::Bind(int parameter, const Value& value) {
   if (code != SQLITE_OK) ThrowFailure(database_, code);
 }
 
+void Statement::BindCell(int parameter, const RowCell& cell) {
+  sqlite3_stmt* statement = statement_.get();
+  const auto size = static_cast<int>(cell.bytes.size());
+  int code = SQLITE_OK;
+  switch (cell.kind) {
+    case RowCell::Kind::Null:
+      code = sqlite3_bind_null(statement, parameter);
+      break;
+    case RowCell::Kind::Whole:
+      code = sqlite3_bind_int64(statement, parameter, cell.whole);
+      break;
+    case RowCell::Kind::Fraction:
+      code = sqlite3_bind_double(statement, parameter, cell.fraction);
+      break;
+    case RowCell::Kind::Text:
+      code = sqlite3_bind_text(statement, parameter, cell.bytes.data(), size, SQLITE_STATIC);
+      break;
+    case RowCell::Kind::Blob:
+      code = cell.bytes.empty()
+                 ? sqlite3_bind_zeroblob(statement, parameter, 0)
+                 : sqlite3_bind_blob(statement, parameter, cell.bytes.data(), size, SQLITE_STATIC);
+      break;
+  }
+  if (code != SQLITE_OK) ThrowFailure(database_, code);
+}
+
 bool Statement::Step() {
   const int code = sqlite3_step(statement_.get());
   if (code == SQLITE_ROW) return true;

@@ -2,6 +2,7 @@
 
 #include "base/Value.h"
 #include "data/jet/Catalogue.h"
+#include "data/store/RowLog.h"
 #include "data/store/StorageFailure.h"
 
 #include <QString>
@@ -31,6 +32,8 @@ class Statement {
 
   /// Numbered from 1. Currency is bound as its canonical number, a moment as ISO text.
   void Bind(int parameter, const Value& value);
+  /// Binds what lay in a row, whose bytes must stay until the statement has run.
+  void BindCell(int parameter, const RowCell& cell);
   /// True when there is a row; at the end, and after a failure, the statement is ready again.
   bool Step();
   void Reset() { sqlite3_reset(statement_.get()); }
