@@ -279,12 +279,12 @@ TEST_F(InvoiceRecordTest, PrintingSelectsAnewAndRecomputesWhereAsked) {
   AddJob(1, "JD", kDay);
   outside.headOffice.sessionKey = "S";
   SelectInvoicesToPrint(business(), {7, 8});
-  PrepareInvoicePrint(business(), 5);
+  PrepareInvoicePrint(business(), {5});
   EXPECT_EQ(Rows(Sql("SELECT Invoice_ID FROM lstInvoicesToPrint")), "5");
   EXPECT_EQ(Rows(Sql("SELECT Account_Balance FROM Clients WHERE Client_ID = 1")), "0");
   EXPECT_TRUE(outside.headOffice.activities.isEmpty());
   business().values.recalculateClientAmtsOwingOnPrint = true;
-  PrepareInvoicePrint(business(), 6);
+  PrepareInvoicePrint(business(), {6});
   EXPECT_EQ(Rows(Sql("SELECT Account_Balance FROM Clients WHERE Client_ID = 1")), "-110");
   EXPECT_EQ(
       outside.headOffice.activities,

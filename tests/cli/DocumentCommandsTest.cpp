@@ -54,6 +54,18 @@ TEST_F(DocumentCommandsTest, WithoutTaxTheTotalIsLess) {
   EXPECT_TRUE(Bytes(less).contains("INVOICE TOTAL : $"));
 }
 
+TEST_F(DocumentCommandsTest, AStaleBalanceIsRecomputedWhereTheOwnerWantsThat) {
+  for (const bool wanted : {false, true}) {
+    Done({"sql", file,
+          QStringLiteral("UPDATE infOptions SET RecalculateClientAmtsOwingOnPrint = %1")
+              .arg(wanted ? "True" : "False")});
+    Done(
+        {"sql", file, "UPDATE Clients SET Account_Balance = -9999, InvoiceWithOutstanding = True"});
+    const QString path = Done(Order("invoice", {"--invoices", invoice})).trimmed();
+    EXPECT_EQ(Bytes(path.section('\n', -1)).contains("$9,999.00"), !wanted);
+  }
+}
+
 TEST_F(DocumentCommandsTest, TheLogoIsThatOfTheDivision) {
   ASSERT_TRUE(QDir(folder.path()).mkdir("Files"));
   Write("Files/Night gardens.jpg", Bytes(QUILLARY_TEST_DATA "/../pdf/data/rgb.jpg"));

@@ -17,7 +17,7 @@ void SelectInvoicesToPrint(Business& business, const std::vector<qint64>& invoic
 /// Refuses an invoice without jobs.
 std::optional<Refusal> CheckInvoicePrint(size_t attachedJobs);
 
-/// Selects one invoice for printing and, where the business is set up so, recomputes every balance
+/// Selects the invoices for printing and, where the business is set up so, recomputes every balance
 /// first, since the invoice may show what is outstanding.
 void PrepareInvoicePrint(Business& business, const std::vector<qint64>& invoiceIds);
 

@@ -1,7 +1,5 @@
 #include "setup/settings/PersonalInformation.h"
 
-#include "lists/Divisions.h"
-
 #include <QDir>
 #include <QFile>
 
@@ -66,7 +64,7 @@ std::optional<Refusal> SavePersonalInformation(Business& business,
           info.bsbAccountNumber),
       Rows::AtLeast(1));
   save.Commit();
-  business.values.divisionName = lists::OwnDivisionName(business);
+  LoadDivisionName(business);
   return std::nullopt;
 }
 
