@@ -1,11 +1,13 @@
 #include "kit/CommandRunner.h"
 
 #include "base/Errors.h"
+#include "kit/Controls.h"
 
 #include <QAbstractItemDelegate>
 #include <QAbstractItemView>
 #include <QComboBox>
 #include <QLineEdit>
+#include <QScopeGuard>
 
 #include <new>
 
@@ -37,6 +39,17 @@ void TakeTyped(const QWidget* button) {
 
 bool CommandRunner::Run(const QString& form, const QString& procedure,
                         const std::function<void()>& command) {
+  // What a command does in passing, such as loading a list, is part of it.
+  if (!forms_.isEmpty()) return RunNamed({}, form, procedure, command);
+  return RunNamed(QObject::tr("Change in %1").arg(form.mid(form.startsWith(u"frm") ? 3 : 0)), form,
+                  procedure, command);
+}
+
+bool CommandRunner::RunNamed(const QString& what, const QString& form, const QString& procedure,
+                             const std::function<void()>& command) {
+  const std::shared_ptr<void> scope = scope_ && !what.isEmpty() ? scope_(what) : nullptr;
+  forms_.append(form);
+  const auto leave = qScopeGuard([this] { forms_.removeLast(); });
   try {
     command();
     return true;
@@ -62,7 +75,8 @@ void CommandRunner::OnClick(QAbstractButton* button, const QString& form,
                             std::function<void()> command) {
   QObject::connect(button, &QAbstractButton::clicked, button,
                    [this, button, form, name = button->objectName(), command = std::move(command)] {
-                     Run(form, name + QStringLiteral("_Click"), [&] {
+                     const QString what = PlainCaption(button->text()).trimmed();
+                     RunNamed(what, form, name + QStringLiteral("_Click"), [&] {
                        TakeTyped(button);
                        command();
                      });

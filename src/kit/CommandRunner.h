@@ -6,8 +6,10 @@
 
 #include <QAbstractButton>
 #include <QAction>
+#include <QStringList>
 
 #include <functional>
+#include <memory>
 
 namespace quillary {
 
@@ -17,9 +19,21 @@ class CommandRunner {
  public:
   CommandRunner(ErrorReporter& errors, BusyPointer& busy) : errors_(errors), busy_(busy) {}
 
+  /// Something that lives for as long as a command of the user's runs, made of what the command is
+  /// called: the history notes there what it wrote.
+  using Scope = std::function<std::shared_ptr<void>(const QString& what)>;
+  void RunWithin(Scope scope) { scope_ = std::move(scope); }
+  /// Whose command is under way; empty when none is.
+  QString RunningForm() const { return forms_.value(forms_.size() - 1); }
+
   /// Runs the command; a failure goes to the error screen under the names given. False when it
   /// failed.
   bool Run(const QString& form, const QString& procedure, const std::function<void()>& command);
+  /// The same for what is no command of the business's, such as taking one back.
+  bool RunAside(const QString& form, const QString& procedure,
+                const std::function<void()>& command) {
+    return RunNamed({}, form, procedure, command);
+  }
   /// The same behind the busy pointer.
   bool RunBusy(const QString& form, const QString& procedure, const std::function<void()>& command);
 
@@ -28,8 +42,13 @@ class CommandRunner {
   void OnClick(QAbstractButton* button, const QString& form, std::function<void()> command);
 
  private:
+  bool RunNamed(const QString& what, const QString& form, const QString& procedure,
+                const std::function<void()>& command);
+
   ErrorReporter& errors_;
   BusyPointer& busy_;
+  Scope scope_;
+  QStringList forms_;  // whose commands are under way, one within the other
 };
 
 /// The message of a last-chance trap: lack of memory, or any other failure that nobody caught.

@@ -64,7 +64,9 @@ void Grid::SetChoices(int column, std::vector<GridChoice> choices) {
 
 void Grid::SetRows(std::vector<GridRow> rows) {
   if (currentIndex().isValid()) lastColumn_ = currentIndex().column();
+  const int scrolled = verticalScrollBar()->value();
   model_->SetRows(std::move(rows));
+  verticalScrollBar()->setValue(scrolled);
   FitColumns();
   viewport()->update();
 }

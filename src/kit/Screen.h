@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/ports/Navigator.h"
+#include "data/Changes.h"
 #include "kit/CommandRunner.h"
 
 #include <QWidget>
@@ -16,11 +17,30 @@ class Screen : public QWidget {
   Screen(const QString& name, const QString& title);
   /// Shows what stands in the business now; F5 and coming back to the tab call it.
   virtual void Reload() {}
+  /// The tables whose rows it shows: after a commit that wrote one of them it loads again, at once
+  /// when it is in view, otherwise when it comes to the front.
+  virtual Tables Shows() const { return {}; }
+  /// Whether loading again would lose what the user has typed. Then he is asked by a bar first.
+  virtual bool HasEdits() const { return false; }
+  /// Tells the screen what a commit wrote.
+  void TakeCommit(const Tables& written);
   /// False keeps the tab open, for example because the user wants to save first.
   virtual bool MayClose() { return true; }
 
  signals:
   void closeRequested();
+
+ protected:
+  void showEvent(QShowEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  void CatchUp();
+  void AskBeforeReloading();
+  void PlaceBar();
+
+  bool isStale_ = false;
+  QWidget* bar_ = nullptr;  // while the user is asked
 };
 
 /// Where screens show.

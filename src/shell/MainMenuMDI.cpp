@@ -27,10 +27,14 @@ MainMenuMDI::MainMenuMDI(Business& business, LocalSettings& settings, Navigator&
   BuildCommands();
   BuildCentre();
   BuildStatusBar();
+  BuildLastDone();
+  FollowCommits();
   resize(1280, 720);
 }
 
-MainMenuMDI::~MainMenuMDI() = default;
+MainMenuMDI::~MainMenuMDI() {
+  runner_.RunWithin(nullptr);
+}
 
 void MainMenuMDI::BuildCommands() {
   commands_ = BuildMenus(menuBar(), [this](const MenuEntry& entry) { Choose(entry); });
@@ -41,6 +45,7 @@ void MainMenuMDI::BuildCommands() {
   for (QAction* menu : menuBar()->actions()) menuCaptions_.emplace(menu, menu->text());
   tools_ = new ToolStrip(menuBar());
   addToolBar(tools_);
+  BuildUndoTool();
   txtFind = new MainSearch(business_, commands_, navigator_, runner_);
   tools_->AddAtEnd(txtFind);
   const auto key = [this](const QKeySequence& keys, const std::function<void()>& run) {
@@ -110,6 +115,7 @@ void MainMenuMDI::ShowYourself() {
   splash->ShowOver(this, business_.World().clock.Now().time);
   activateWindow();  // the keyboard belongs to the frame at once
   RestoreTabs();
+  business_.PastCommands().End();  // what the start did is not the user's to take back
 }
 
 void MainMenuMDI::RefreshStatus() {

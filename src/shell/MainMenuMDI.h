@@ -9,9 +9,11 @@
 
 #include <QLabel>
 #include <QMainWindow>
+#include <QPushButton>
 #include <QStackedWidget>
 #include <QSystemTrayIcon>
 #include <QTabWidget>
+#include <QToolButton>
 
 #include <map>
 
@@ -71,6 +73,14 @@ class MainMenuMDI : public QMainWindow, public ScreenHost {
   void StoreWindow();
   void LeaveTray();
 
+  void FollowCommits();
+  void BuildUndoTool();
+  void BuildLastDone();
+  void ShowHistory();
+  /// Takes the latest commands back, one after the other, until one cannot be.
+  void Undo(int commands = 1);
+  void Redo();
+
   Business& business_;
   LocalSettings& settings_;
   Navigator& navigator_;
@@ -89,6 +99,11 @@ class MainMenuMDI : public QMainWindow, public ScreenHost {
   QLabel* lblHeadOffice;
   QLabel* lblScheduleFilledTo;
   QSystemTrayIcon* tray_ = nullptr;
+  QLabel* lblLastDone;
+  QPushButton* cmdUndoLast;
+  QToolButton* tool_undo;
+  Subscription commits_;
+  Subscription historyChanges_;
 };
 
 }  // namespace quillary::shell

@@ -29,6 +29,7 @@ class frmDebtors : public Screen {
   void LoadDebtorsIntoGrid();
   void LoadCreditorsIntoGrid();
   void Reload() override;
+  Tables Shows() const override { return {"Clients", "Diary", "Payments"}; }
 
  private:
   void MakeControls();

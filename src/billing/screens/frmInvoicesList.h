@@ -33,6 +33,7 @@ class frmInvoicesList : public Screen {
   void ShowAgain();
   void LoadInvoicesIntoGrid();
   void Reload() override { LoadInvoicesIntoGrid(); }
+  Tables Shows() const override { return {"Invoices", "Clients"}; }
 
  private:
   void MakeControls();

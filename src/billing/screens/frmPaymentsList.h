@@ -25,6 +25,7 @@ class frmPaymentsList : public Screen {
   void ShowYourself();
   void LoadPayments();
   void Reload() override { LoadPayments(); }
+  Tables Shows() const override { return {"Payments", "Clients", "Diary"}; }
 
  private:
   void MakeControls();

@@ -28,6 +28,7 @@ class frmClientList : public Screen {
   void ShowYourself();
   void LoadClientsIntoGrid();
   void Reload() override { LoadClientsIntoGrid(); }
+  Tables Shows() const override { return {"Clients", "Client_Services"}; }
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;

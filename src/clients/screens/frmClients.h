@@ -45,6 +45,10 @@ class frmClients : public Screen {
 
   /// Loads the lists again; the fields too unless the user has changed them.
   void Reload() override;
+  Tables Shows() const override {
+    return {"Clients", "Client_Services", "Diary", "Payments", "Invoices"};
+  }
+  bool HasEdits() const override { return IsDataChanged(); }
   bool MayClose() override;
 
  private:

@@ -33,6 +33,9 @@ class frmDiary : public Screen {
   /// stays selected while it is listed.
   void LoadScheduleGrid();
   void Reload() override { LoadScheduleGrid(); }
+  Tables Shows() const override {
+    return {"Diary", "Diary_Services", "Clients", "Payments", "Employees"};
+  }
 
  private:
   void MakeControls();

@@ -26,6 +26,7 @@ class frmJobsList : public Screen {
   void ShowYourself();
   void LoadScheduleGrid();
   void Reload() override { LoadScheduleGrid(); }
+  Tables Shows() const override { return {"Diary", "Diary_Services", "Clients"}; }
 
  private:
   void MakeControls();
