@@ -29,6 +29,9 @@ QToolButton:pressed, QToolButton:checked { background: @current; }
 QToolButton:focus { border-color: @accent; }
 QToolButton:disabled { color: @faint; }
 QToolButton::menu-indicator { image: none; }
+QToolButton[popupMode="1"] { padding-right: 22px; }
+QToolButton::menu-button { border: none; background: transparent; width: 20px; }
+QToolButton::menu-arrow { image: url(:/kit/down-@theme.svg); width: 12px; height: 12px; }
 QTabWidget::pane { border: none; background: @surface; }
 QTabWidget#tabs::pane { border-top: 1px solid @line; top: -1px; }
 QScrollArea#screen { border: none; background: @surface; }
