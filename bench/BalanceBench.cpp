@@ -160,7 +160,7 @@ Times Measure(Business& business, const QString& journal) {
   constexpr int kSingles = 200;
   times.one = Seconds([&] {
                 for (int client = 1; client <= kSingles; ++client) {
-                  balances::RecalculateClientBalance(business, client);
+                  balances::RecalculateClientBalance(business, Id<Client>(client));
                 }
               }) /
               kSingles;

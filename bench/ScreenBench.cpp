@@ -149,8 +149,7 @@ bool Run() {
   std::printf("%-52s %10.2f\n", "  client list / its rows alone", list / rows);
   PrintLine("  a key in its search box, to the new list", key);
 
-  diary::DiaryQuery today;
-  today.from = today.to = business.Today();
+  const diary::DiaryQuery today{.days = DateRange::Of(business.Today())};
   const double day = FirstPaint(navigator, host, OpenDiary{});
   const double entries = MedianSeconds([&] { diary::LoadDiary(business, today); });
   const bool isReached = day * 1000 <= kMostMillisecondsOfDay;

@@ -5,6 +5,8 @@
 
 #include "balances/BalanceRules.h"
 #include "balances/ClientBalance.h"
+#include "domain/EntryStatus.h"
+#include "domain/Payer.h"
 
 #include <QHash>
 
@@ -15,18 +17,28 @@ namespace quillary::balances {
 namespace {
 
 struct Figures {
-  qint64 clientId = 0;
-  qint64 billingClientId = 0;
-  QString status;
+  Id<Client> client;
+  Id<Client> payer;
+  StoredClientStatus status = {};
   bool isBilledTo = false;
-  Value balance;
-  Value debtorSince;
-  Money jobs;  // of the client alone
-  Money paid;
-  Money jobsOfGroup;  // of all who are billed to the client
-  Money paidByGroup;
+  Value balance = {};
+  Value debtorSince = {};
+  Money jobs = {};  // of the client alone
+  Money paid = {};
+  Money jobsOfGroup = {};  // of all whom the client pays for
+  Money paidByGroup = {};
   bool isChanged = false;
 };
+
+/// Status = 'JD' OR ..., for each status that counts.
+Sql IsDone() {
+  Sql anyOf("Status = {}", EntryStatus::JobDone);
+  for (const EntryStatusFacts& facts : TableOf(EntryStatus())) {
+    if (facts.value == EntryStatus::JobDone || !facts.groups.Has(EntryGroup::WorkDone)) continue;
+    anyOf = anyOf + Sql(" OR Status = {}", facts.value);
+  }
+  return anyOf;
+}
 
 class AllBalances {
  public:
@@ -48,9 +60,10 @@ class AllBalances {
   void Store() {
     for (const Figures& account : accounts_) {
       if (!account.isChanged) continue;
-      business_.RunSQL(
+      business_.Write(
           Sql("UPDATE Clients SET Account_Balance = {}, Debtor_Since = {} WHERE Client_ID = {}",
-              account.balance, account.debtorSince, account.clientId));
+              account.balance, account.debtorSince, account.client),
+          Rows::Exactly(1));
     }
   }
 
@@ -66,23 +79,21 @@ class AllBalances {
     accounts_.reserve(clients.RowCount());
     placeOf_.reserve(static_cast<qsizetype>(clients.RowCount()));
     for (const Record row : clients) {
-      Figures account;
-      account.clientId = row[ClientId].ToLong();
-      account.billingClientId = row[BillingClientId].ToLong();
-      account.status = row[Status].ToText();
-      account.isBilledTo = row[IsBilledTo].ToBool();
-      account.balance = row[Balance];
-      account.debtorSince = row[DebtorSince];
-      placeOf_[account.clientId] = accounts_.size();
-      accounts_.push_back(std::move(account));
+      const Id<Client> client(row[ClientId].ToLong());
+      placeOf_[client] = accounts_.size();
+      accounts_.push_back({.client = client,
+                           .payer = PayerFrom(client, row[BillingClientId]),
+                           .status = StoredClientStatus(row[Status].ToText()),
+                           .isBilledTo = row[IsBilledTo].ToBool(),
+                           .balance = row[Balance],
+                           .debtorSince = row[DebtorSince]});
     }
   }
 
   void LoadJobs() {
     // Most jobs of a file are done: reading along the table is cheaper than by way of their status,
-    // and four comparisons, of which the first ones mostly decide, cheaper than a list.
-    AddUp(business_.RunSQL(Sql("SELECT Client_ID, IIf(Status = 'JD' OR Status = 'JI' OR "
-                               "Status = 'JU' OR Status = 'JP', Total_Price, 0) FROM Diary")),
+    // and four comparisons, of which the first mostly decides, cheaper than a list.
+    AddUp(business_.RunSQL(Sql("SELECT Client_ID, IIf({}, Total_Price, 0) FROM Diary", IsDone())),
           &Figures::jobs);
   }
 
@@ -92,15 +103,16 @@ class AllBalances {
 
   /// Adding up here costs half of grouping in the store, which has to sort for it.
   void AddUp(const Recordset& amounts, Money Figures::*total) {
-    enum Place : size_t { Client, Amount };
+    enum Place : size_t { ClientId, Amount };
     for (const Record row : amounts) {
-      if (Figures* account = Find(row[Client].ToLong())) account->*total += row[Amount].ToMoney();
+      Figures* account = Find(Id<Client>(row[ClientId].ToLong()));
+      if (account) account->*total += row[Amount].ToMoney();
     }
   }
 
   void SumGroups() {
     for (const Figures& account : accounts_) {
-      if (Figures* payer = Find(account.billingClientId)) {
+      if (Figures* payer = Find(account.payer)) {
         payer->jobsOfGroup += account.jobs;
         payer->paidByGroup += account.paid;
       }
@@ -108,7 +120,7 @@ class AllBalances {
   }
 
   void Recalculate(Figures& account) {
-    switch (BalanceKindOf(account.clientId, account.billingClientId, account.status)) {
+    switch (BalanceKindOf(account.client, account.payer, account.status)) {
       case BalanceKind::PaysForItself:
         SetBalance(account, RoundedBalance(account.paid, account.jobsOfGroup));
         break;
@@ -117,13 +129,13 @@ class AllBalances {
         break;
       case BalanceKind::BilledToAnother:
         SetBalance(account, Money());
-        if (Figures* payer = Find(account.billingClientId)) {
+        if (Figures* payer = Find(account.payer)) {
           SetBalance(*payer, payer->paidByGroup - payer->jobsOfGroup);
         }
         break;
     }
     const Value since = NextDebtorSince(account.balance.ToMoney(), account.debtorSince, today_,
-                                        [&] { return OldestUnpaidJobOfGroup(account.clientId); });
+                                        [&] { return OldestUnpaidJobOfGroup(account.client); });
     account.isChanged |= !(since == account.debtorSince);
     account.debtorSince = since;
   }
@@ -134,37 +146,37 @@ class AllBalances {
   }
 
   /// Read when the first debtor with a date asks, since nobody else needs it.
-  Value OldestUnpaidJobOfGroup(qint64 clientId) {
+  Value OldestUnpaidJobOfGroup(Id<Client> payer) {
     if (!oldestUnpaidJobs_) LoadOldestUnpaidJobs();
-    return oldestUnpaidJobs_->value(clientId);
+    return oldestUnpaidJobs_->value(payer);
   }
 
   void LoadOldestUnpaidJobs() {
     oldestUnpaidJobs_.emplace();
     const Recordset jobs =
         business_.RunSQL(Sql("SELECT Client_ID, MIN(Schedule_Date) AS Oldest FROM Diary "
-                             "WHERE Status = 'JD' AND Payment_ID IS NULL AND Schedule_Date < {} "
+                             "WHERE Status = {} AND Payment_ID IS NULL AND Schedule_Date < {} "
                              "GROUP BY Client_ID",
-                             business_.Now()));
+                             EntryStatus::JobDone, business_.Now()));
     for (const Record row : jobs) {
-      const Figures* account = Find(row[u"Client_ID"].ToLong());
+      const Figures* account = Find(Id<Client>(row[u"Client_ID"].ToLong()));
       if (!account) continue;
-      Value& kept = (*oldestUnpaidJobs_)[account->billingClientId];
+      Value& kept = (*oldestUnpaidJobs_)[account->payer];
       const Value& oldest = row[u"Oldest"];
       if (kept.IsNull() || *oldest.ToDateTime() < *kept.ToDateTime()) kept = oldest;
     }
   }
 
-  Figures* Find(qint64 clientId) {
-    const auto at = placeOf_.constFind(clientId);
+  Figures* Find(Id<Client> client) {
+    const auto at = placeOf_.constFind(client);
     return at == placeOf_.cend() ? nullptr : &accounts_[*at];
   }
 
   Business& business_;
-  QDate today_;                    // the clock is asked once, not for each client
-  std::vector<Figures> accounts_;  // in the order of the file
-  QHash<qint64, size_t> placeOf_;  // in accounts_, by client
-  std::optional<QHash<qint64, Value>> oldestUnpaidJobs_;  // by the client who is billed
+  QDate today_;                        // the clock is asked once, not for each client
+  std::vector<Figures> accounts_;      // in the order of the file
+  QHash<Id<Client>, size_t> placeOf_;  // in accounts_, by client
+  std::optional<QHash<Id<Client>, Value>> oldestUnpaidJobs_;  // by the client who is billed
 };
 
 }  // namespace

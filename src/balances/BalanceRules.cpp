@@ -2,10 +2,10 @@
 
 namespace quillary::balances {
 
-BalanceKind BalanceKindOf(qint64 clientId, qint64 billingClientId, const QString& status) {
-  if (billingClientId != clientId) return BalanceKind::BilledToAnother;
-  return status.compare(u"BILLING ADDRESS", Qt::CaseInsensitive) == 0 ? BalanceKind::BillingAddress
-                                                                      : BalanceKind::PaysForItself;
+BalanceKind BalanceKindOf(Id<Client> client, Id<Client> payer, const StoredClientStatus& status) {
+  if (payer != client) return BalanceKind::BilledToAnother;
+  return status.Is(ClientStatus::BillingAddress) ? BalanceKind::BillingAddress
+                                                 : BalanceKind::PaysForItself;
 }
 
 Money RoundedBalance(Money paid, Money jobs) {

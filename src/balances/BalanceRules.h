@@ -2,6 +2,7 @@
 
 #include "base/Money.h"
 #include "base/Value.h"
+#include "domain/ClientStatus.h"
 
 #include <QDate>
 
@@ -9,7 +10,7 @@
 namespace quillary::balances {
 
 enum class BalanceKind { PaysForItself, BillingAddress, BilledToAnother };
-BalanceKind BalanceKindOf(qint64 clientId, qint64 billingClientId, const QString& status);
+BalanceKind BalanceKindOf(Id<Client> client, Id<Client> payer, const StoredClientStatus& status);
 
 /// Payments less jobs, each rounded to cents first, so that equal sums leave nothing over.
 Money RoundedBalance(Money paid, Money jobs);

@@ -2,6 +2,8 @@
 
 #include "balances/BalanceRules.h"
 #include "data/ActivityLog.h"
+#include "domain/EntryStatus.h"
+#include "domain/Payer.h"
 
 namespace quillary::balances {
 namespace {
@@ -10,101 +12,102 @@ Money Total(Business& business, const Sql& statement) {
   return business.FirstField(statement).ToMoney();
 }
 
-/// Of all who are billed to the client, itself included when it is billed to itself.
-Money JobsOfGroup(Business& business, qint64 billingClientId) {
+/// Of all whom the client pays for, itself included when it pays for itself.
+Money JobsOfGroup(Business& business, Id<Client> payer) {
   return Total(business, Sql("SELECT SUM(Total_Price) AS TotalPrice FROM Diary "
                              "INNER JOIN Clients ON Diary.Client_ID = Clients.Client_ID "
-                             "WHERE Billing_Client_ID = {} "
-                             "AND Diary.Status IN ('JP', 'JU', 'JD', 'JI');",
-                             billingClientId));
+                             "WHERE {} AND Diary.Status IN {};",
+                             IsPaidBy("Clients", payer), CodesOf(EntryGroup::WorkDone)));
 }
 
-Money JobsOfTheOthers(Business& business, qint64 clientId) {
+Money JobsOfTheOthers(Business& business, Id<Client> client) {
   return Total(business, Sql("SELECT SUM(Total_Price) AS TotalPrice FROM Diary "
                              "INNER JOIN Clients ON Diary.Client_ID = Clients.Client_ID "
-                             "WHERE Billing_Client_ID = {} "
-                             "AND Diary.Status IN ('JP', 'JU', 'JD', 'JI') "
+                             "WHERE Billing_Client_ID = {} AND Diary.Status IN {} "
                              "AND Diary.Client_ID <> {};",
-                             clientId, clientId));
+                             client, CodesOf(EntryGroup::WorkDone), client));
 }
 
-Money JobsOfClient(Business& business, qint64 clientId) {
+Money JobsOfClient(Business& business, Id<Client> client) {
   return Total(business, Sql("SELECT SUM(Total_Price) AS TotalPrice FROM Diary "
-                             "WHERE Client_ID = {} AND Status IN ('JP', 'JU', 'JD', 'JI');",
-                             clientId));
+                             "WHERE Client_ID = {} AND Status IN {};",
+                             client, CodesOf(EntryGroup::WorkDone)));
 }
 
-Money PaidByClient(Business& business, qint64 clientId) {
-  return Total(business, Sql("SELECT SUM(Amount) AS TotalAmount FROM Payments WHERE Client_ID = {}",
-                             clientId));
+Money PaidByClient(Business& business, Id<Client> client) {
+  return Total(business,
+               Sql("SELECT SUM(Amount) AS TotalAmount FROM Payments WHERE Client_ID = {}", client));
 }
 
-Money PaidByGroup(Business& business, qint64 billingClientId) {
+Money PaidByGroup(Business& business, Id<Client> payer) {
   return Total(business, Sql("SELECT SUM(Amount) AS TotalAmount FROM Payments "
                              "INNER JOIN Clients ON Payments.Client_ID = Clients.Client_ID "
-                             "WHERE Billing_Client_ID = {}",
-                             billingClientId));
+                             "WHERE {}",
+                             IsPaidBy("Clients", payer)));
 }
 
-void StoreBalance(Business& business, qint64 clientId, Money balance) {
-  business.RunSQL(
-      Sql("UPDATE Clients SET Account_Balance = {} WHERE Client_ID = {}", balance, clientId));
+void StoreBalance(Business& business, Id<Client> client, Money balance, Rows rows) {
+  business.Write(
+      Sql("UPDATE Clients SET Account_Balance = {} WHERE Client_ID = {}", balance, client), rows);
 }
 
-Value OldestUnpaidJob(Business& business, qint64 clientId) {
+Value OldestUnpaidJob(Business& business, Id<Client> payer) {
   return business.FirstField(
       Sql("SELECT TOP 1 Diary.Schedule_Date "
-          "FROM (Clients INNER JOIN Clients AS Clients_1 "
-          "ON Clients.Client_ID = Clients_1.Billing_Client_ID) "
-          "INNER JOIN Diary ON Clients_1.Client_ID = Diary.Client_ID "
-          "WHERE Clients.Client_ID = {} AND Diary.Schedule_Date < {} "
-          "AND Diary.Status = 'JD' AND Diary.Payment_ID IS NULL ORDER BY Diary.Schedule_Date; ",
-          clientId, business.Now()));
+          "FROM Clients INNER JOIN Diary ON Clients.Client_ID = Diary.Client_ID "
+          "WHERE {} AND Diary.Schedule_Date < {} "
+          "AND Diary.Status = {} AND Diary.Payment_ID IS NULL ORDER BY Diary.Schedule_Date; ",
+          IsPaidBy("Clients", payer), business.Now(), EntryStatus::JobDone));
 }
 
 }  // namespace
 
-ClientBillingInfo GetClientBillingInfo(Business& business, qint64 clientId) {
-  const Recordset client = business.RunSQL(
-      Sql("SELECT Status, Billing_Client_ID FROM Clients WHERE Client_ID = {}", clientId));
-  if (!client.HasRows()) return {};
-  return {client.Field(u"Billing_Client_ID").ToLong(), client.Field(u"Status").ToText()};
+std::optional<ClientBillingInfo> GetClientBillingInfo(Business& business, Id<Client> client) {
+  const Recordset row = business.RunSQL(
+      Sql("SELECT Status, Billing_Client_ID FROM Clients WHERE Client_ID = {}", client));
+  if (row.EndOfFile()) return std::nullopt;
+  return ClientBillingInfo{PayerFrom(client, row.Field(u"Billing_Client_ID")),
+                           StoredClientStatus(row.Field(u"Status").ToText())};
 }
 
-void RecalculateClientBalance(Business& business, qint64 clientId) {
-  if (clientId == 0) return;
+void RecalculateClientBalance(Business& business, std::optional<Id<Client>> client) {
+  if (!client) return;
   Transaction recalculation(business);
-  const ClientBillingInfo info = GetClientBillingInfo(business, clientId);
-  const qint64 billed = info.billingClientId;
-  switch (BalanceKindOf(clientId, billed, info.status)) {
+  const auto info = GetClientBillingInfo(business, *client);
+  if (!info) return;
+  const Id<Client> payer = info->payer;
+  switch (BalanceKindOf(*client, payer, info->status)) {
     case BalanceKind::PaysForItself: {
-      const Money jobs = JobsOfClient(business, clientId) + JobsOfTheOthers(business, clientId);
-      StoreBalance(business, clientId, RoundedBalance(PaidByClient(business, clientId), jobs));
+      const Money jobs = JobsOfClient(business, *client) + JobsOfTheOthers(business, *client);
+      StoreBalance(business, *client, RoundedBalance(PaidByClient(business, *client), jobs),
+                   Rows::Exactly(1));
       break;
     }
     case BalanceKind::BillingAddress:
-      StoreBalance(
-          business, clientId,
-          RoundedBalance(PaidByGroup(business, clientId), JobsOfGroup(business, clientId)));
+      StoreBalance(business, *client,
+                   RoundedBalance(PaidByGroup(business, payer), JobsOfGroup(business, payer)),
+                   Rows::Exactly(1));
       break;
     case BalanceKind::BilledToAnother:
-      StoreBalance(business, clientId, Money());
-      StoreBalance(business, billed, PaidByGroup(business, billed) - JobsOfGroup(business, billed));
+      StoreBalance(business, *client, Money(), Rows::Exactly(1));
+      // The payer may be one who has been deleted: then nobody owes it.
+      StoreBalance(business, payer, PaidByGroup(business, payer) - JobsOfGroup(business, payer),
+                   Rows::Any());
       break;
   }
-  RefreshDebtorSince(business, clientId);
+  RefreshDebtorSince(business, *client);
   recalculation.Commit();
 }
 
-void RefreshDebtorSince(Business& business, qint64 clientId) {
-  const Recordset client = business.RunSQL(
-      Sql("SELECT Account_Balance, Debtor_Since FROM Clients WHERE Client_ID = {}", clientId));
-  if (!client.HasRows()) return;
+void RefreshDebtorSince(Business& business, Id<Client> client) {
+  const Recordset row = business.RunSQL(
+      Sql("SELECT Account_Balance, Debtor_Since FROM Clients WHERE Client_ID = {}", client));
+  if (row.EndOfFile()) return;
   const Value since =
-      NextDebtorSince(client.Field(u"Account_Balance").ToMoney(), client.Field(u"Debtor_Since"),
-                      business.Today(), [&] { return OldestUnpaidJob(business, clientId); });
-  business.RunSQL(
-      Sql("UPDATE Clients SET Debtor_Since = {} WHERE Client_ID = {}", since, clientId));
+      NextDebtorSince(row.Field(u"Account_Balance").ToMoney(), row.Field(u"Debtor_Since"),
+                      business.Today(), [&] { return OldestUnpaidJob(business, client); });
+  business.Write(Sql("UPDATE Clients SET Debtor_Since = {} WHERE Client_ID = {}", since, client),
+                 Rows::Exactly(1));
 }
 
 bool RecomputeAmountOwingAfterAsking(Business& business, Prompter& prompter) {

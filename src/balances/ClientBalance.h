@@ -1,8 +1,9 @@
 #pragma once
 
 #include "data/Business.h"
+#include "domain/ClientStatus.h"
 
-#include <QString>
+#include <optional>
 
 /// What each client owes. A balance is no running ledger: it is computed anew from the prices of
 /// done jobs and the amounts of payments, over the billing group (a client and all who are billed
@@ -11,24 +12,27 @@
 namespace quillary::balances {
 
 struct ClientBillingInfo {
-  qint64 billingClientId = 0;  // 0 when the client has none or does not exist
-  QString status;
+  Id<Client> payer;
+  StoredClientStatus status;
 };
-ClientBillingInfo GetClientBillingInfo(Business& business, qint64 clientId);
+/// Nothing when there is no such client.
+std::optional<ClientBillingInfo> GetClientBillingInfo(Business& business, Id<Client> client);
 
 /// Computes and stores what the client's group owes, and refreshes since when the client is a
-/// debtor. 0 does nothing. Three kinds of client, which differ on purpose:
+/// debtor. Does nothing for nobody, nor for a client who is gone. Three kinds of client, which
+/// differ on purpose:
 /// - One who pays for itself: jobs of the whole group, but payments recorded under itself only.
 /// - A billing address: jobs and payments of the whole group.
 /// - One who is billed to another: its own balance becomes 0, the other's is computed as for a
 ///   billing address and stored without rounding; since when the other is a debtor stays as it was.
 /// In the first two each sum is rounded to cents, half to even, before they are subtracted.
-void RecalculateClientBalance(Business& business, qint64 clientId);
+/// Throws WriteFailed, with nothing changed.
+void RecalculateClientBalance(Business& business, std::optional<Id<Client>> client);
 
 /// Clients.Debtor_Since follows the stored balance: none without a debt, today for a new debt, and
-/// for a debt that has a date already the day of the group's oldest job that is done ('JD'), not
-/// invoiced and on no payment. Without such a job the date stays.
-void RefreshDebtorSince(Business& business, qint64 clientId);
+/// for a debt that has a date already the day of the group's oldest job that is done, not invoiced
+/// and on no payment. Without such a job the date stays.
+void RefreshDebtorSince(Business& business, Id<Client> client);
 
 /// RecalculateClientBalance() of every bill-to party, in the order of the file: the same figures,
 /// computed from passes over whole tables instead of several statements a client. One

@@ -9,14 +9,14 @@ std::vector<DebtorRow> ListByBalance(Business& business, const Sql& balance, Deb
           "FROM Clients WHERE ") +
       balance + Sql(" AND NOT(Account_Balance IS NULL) AND Is_Billed_To = Yes ");
   if (filter == DebtorFilter::Active) {
-    statement =
-        statement + Sql(" AND UCASE(Status) IN ('ACTIVE', 'BILLING ADDRESS', 'BAD DEBTOR')");
+    statement = statement + Sql(" AND Status IN {}", StatusesOf(ClientGroup::ActiveDebtors));
   }
   std::vector<DebtorRow> rows;
   for (const Record row : business.RunSQL(statement + Sql(" ORDER BY Display_Name;"))) {
-    rows.push_back({row[u"Client_ID"].ToLong(), row[u"Display_Name"].ToText(),
-                    row[u"Status"].ToText(), row[u"Phone_1"].ToText(),
-                    -row[u"Account_Balance"].ToMoney(), row[u"Statement_Type"].ToText()});
+    rows.push_back({Id<Client>(row[u"Client_ID"].ToLong()), row[u"Display_Name"].ToText(),
+                    StoredClientStatus(row[u"Status"].ToText()), row[u"Phone_1"].ToText(),
+                    -row[u"Account_Balance"].ToMoney(),
+                    StoredStatementType(row[u"Statement_Type"].ToText())});
   }
   return rows;
 }

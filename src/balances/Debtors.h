@@ -2,6 +2,8 @@
 
 #include "base/Money.h"
 #include "data/Business.h"
+#include "domain/BillingWords.h"
+#include "domain/ClientStatus.h"
 
 #include <QString>
 
@@ -12,12 +14,12 @@
 namespace quillary::balances {
 
 struct DebtorRow {
-  qint64 clientId = 0;
+  Id<Client> client;
   QString displayName;
-  QString status;
+  StoredClientStatus status;
   QString phone1;
   Money amountOwing;  // the balance negated, so a creditor's is negative
-  QString statementType;
+  StoredStatementType statementType;
 };
 
 /// Active takes in active clients, billing addresses and bad debtors.

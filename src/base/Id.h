@@ -29,6 +29,12 @@ class Id {
   qint64 number_;
 };
 
+/// For the columns that hold 0 for none.
+template <NumberedRow Row>
+qint64 NumberOrZero(std::optional<Id<Row>> id) {
+  return id ? id->Number() : 0;
+}
+
 /// Numbers of rows where they come without their type, as the keys of a table on screen do.
 template <NumberedRow Row>
 std::optional<Id<Row>> IdFrom(std::optional<qint64> number) {

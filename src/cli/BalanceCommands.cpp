@@ -16,8 +16,8 @@ ResultTable TableOf(const std::vector<balances::DebtorRow>& rows) {
   ResultTable table(
       {"Client_ID", "Display_Name", "Status", "Phone_1", "Amount_Owing", "Statement_Type"});
   for (const balances::DebtorRow& row : rows)
-    table.AddRow({row.clientId, row.displayName, row.status, row.phone1, row.amountOwing,
-                  row.statementType});
+    table.AddRow(
+        {row.client, row.displayName, row.status, row.phone1, row.amountOwing, row.statementType});
   return table;
 }
 
@@ -32,7 +32,7 @@ void RunBalances(const Call& call) {
   const auto business = OpenCurrentBusiness(call);
   if (client) {
     RequireClient(*business, *client);
-    balances::RecalculateClientBalance(*business, *client);
+    balances::RecalculateClientBalance(*business, IdFrom<Client>(client));
   } else {
     balances::RecalculateAmountOwingOfAllClients(*business);
   }
@@ -55,17 +55,6 @@ void RunBalances(const Call& call) {
   creditors.PrintAligned(call.out);
 }
 
-/// Null for a choice that is not made.
-Value KeyOrNull(const std::optional<qint64>& key) {
-  if (!key) return {};
-  return *key;
-}
-
-Value PaymentOf(const diary::Job& job) {
-  if (!job.HasBeenPaid()) return {};
-  return job.paymentId;
-}
-
 Value TextOrNull(const QString& text) {
   if (text.isEmpty()) return {};
   return text;
@@ -80,31 +69,30 @@ Value DayOrNull(const Call& call, QDate day) {
 
 std::vector<std::pair<QString, Value>> FieldsOf(const Call& call, const diary::Job& job,
                                                 const diary::JobServices& lines) {
-  return {{"Diary_ID", job.diaryId},
-          {"Client_ID", KeyOrNull(job.clientId)},
+  return {{"Diary_ID", job.entry},
+          {"Client_ID", job.client},
           {"Schedule_Date", DayOrNull(call, job.date)},
-          {"Employee_ID", KeyOrNull(job.employeeId)},
+          {"Employee_ID", job.employee},
           {"Description", job.description},
           {"Notes", job.notes},
-          {"Status", TextOrNull(job.storedStatus)},
+          {"Status", TextOrNull(job.storedStatus.Text())},
           {"Total_Price", job.totalPrice},
           {"Total_GST", job.totalGST},
-          {"Payment_ID", PaymentOf(job)},
+          {"Payment_ID", job.payment},
           {"Invoice_Number", TextOrNull(job.invoiceNumber)},
           {"Total_Of_Services", lines.total}};
 }
 
 void RunJob(const Call& call) {
-  const qint64 diaryId = ParseKey(call.arguments.positional.at(1));
+  const Id<Entry> entry(ParseKey(call.arguments.positional.at(1)));
   const auto business = OpenCurrentBusiness(call);
-  const auto job = diary::LoadJob(*business, diaryId);
-  if (!job) throw CommandFailure(QStringLiteral("there is no entry %1").arg(diaryId));
-  const diary::JobServices lines = diary::LoadServices(*business, diaryId);
+  const auto job = diary::LoadJob(*business, entry);
+  if (!job) throw CommandFailure(QStringLiteral("there is no entry %1").arg(entry.Number()));
+  const diary::JobServices lines = diary::LoadServices(*business, entry);
   business->CloseConnection();
   ResultTable services({"Diary_Service_ID", "Service_ID", "Service_Code", "Price", "Account"});
   for (const diary::JobService& line : lines.rows)
-    services.AddRow(
-        {line.diaryServiceId, line.serviceId, line.serviceCode, line.price, line.accountName});
+    services.AddRow({line.line, line.service, line.serviceCode, line.price, line.accountName});
   if (call.json) {
     QStringList fields;
     for (const auto& [name, value] : FieldsOf(call, *job, lines))
@@ -127,8 +115,8 @@ void RunScheduleCheck(const Call& call) {
   ResultTable table({"Client_ID", "Status", "Display_Name", "Address", "Client_Service_ID",
                      "Service_ID", "Frequency", "Next_Visit", "Missing_On"});
   for (const roll::ScheduleProblem& problem : problems)
-    table.AddRow({problem.clientId, problem.status, problem.displayName, problem.address,
-                  problem.clientServiceId, problem.serviceId, problem.frequency,
+    table.AddRow({problem.client, problem.status, problem.displayName, problem.address,
+                  problem.clientService, problem.service, problem.frequency,
                   DayOrNull(call, problem.nextVisit), DayOrNull(call, problem.missingOn)});
   if (call.json) {
     table.PrintJson(call.out);

@@ -104,7 +104,7 @@ ResultTable TableOf(const Call& call, const std::vector<clients::ClientJob>& job
                      "Status", "Status_Words"});
   for (const clients::ClientJob& job : jobs)
     table.AddRow({job.diaryId, DayCell(call, job.scheduleDate), job.displayName, job.description,
-                  job.totalPrice, job.status, job.StatusWords()});
+                  job.totalPrice, job.status, WordsOf(job.status)});
   return table;
 }
 
@@ -163,7 +163,7 @@ void RunClientSet(const Call& call) {
   }
   Transaction all(*business);
   ThrowIf(clients::SaveClientDetails(*business, client));
-  balances::RecalculateClientBalance(*business, client.billingClientId);
+  balances::RecalculateClientBalance(*business, Id<Client>(client.billingClientId));
   client = ClientOf(*business, clientId);
   all.Commit();
   business->CloseConnection();

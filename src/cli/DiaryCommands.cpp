@@ -15,15 +15,12 @@ diary::DiaryQuery QueryOf(const Arguments& arguments) {
   const auto from = arguments.Date("from");
   if (!from) throw WrongUsage(QStringLiteral("diary needs --from"));
   diary::DiaryQuery query;
-  query.from = *from;
-  query.to = arguments.Date("to").value_or(*from);
-  query.employeeId = arguments.Number("employee", 0, std::numeric_limits<qint32>::max());
-  if (query.from > query.to) throw CommandFailure(QString::fromLatin1(diary::kInvalidDateRange));
+  query.days = {*from, arguments.Date("to").value_or(*from)};
+  query.employee =
+      IdFrom<Employee>(arguments.Number("employee", 0, std::numeric_limits<qint32>::max()));
+  if (query.days.from > query.days.to)
+    throw CommandFailure(QString::fromLatin1(diary::kInvalidDateRange));
   return query;
-}
-
-Value IdOrNull(qint64 id) {
-  return id < 0 ? Value() : Value(id);
 }
 
 /// Everything the screen's list holds, under the names of the columns it comes from.
@@ -32,10 +29,9 @@ ResultTable AllColumns(const diary::DiaryList& list) {
                      "Address", "Phones", "Description", "Total_Price", "Status", "Status_Words",
                      "Employee_ID", "Invoice_ID", "Schedule_Date", "Payment_ID"});
   for (const diary::DiaryRow& row : list.rows) {
-    table.AddRow({row.sequence, row.diaryId, row.clientId, row.billingClientId, row.displayName,
-                  row.address, row.phones, row.description, row.totalPrice, row.status,
-                  row.StatusWords(), row.employeeId, IdOrNull(row.invoiceId), row.scheduleDate,
-                  IdOrNull(row.paymentId)});
+    table.AddRow({row.sequence, row.entry, row.client, row.payer, row.displayName, row.address,
+                  row.phones, row.description, row.totalPrice, row.status, WordsOf(row.status),
+                  NumberOrZero(row.employee), row.invoice, row.scheduleDate, row.payment});
   }
   return table;
 }
@@ -45,9 +41,9 @@ ResultTable ShortColumns(const diary::DiaryList& list) {
   ResultTable table({"Date", "Seq", "Diary_ID", "Client", "Address", "Description", "Price",
                      "Status", "Employee", "Paid"});
   for (const diary::DiaryRow& row : list.rows) {
-    table.AddRow({row.scheduleDate.toString(Qt::ISODate), row.sequence, row.diaryId,
-                  row.displayName, row.address, row.description, row.totalPrice, row.StatusWords(),
-                  row.employeeId, row.paymentId < 0 ? QString() : QStringLiteral("paid")});
+    table.AddRow({row.scheduleDate.toString(Qt::ISODate), row.sequence, row.entry, row.displayName,
+                  row.address, row.description, row.totalPrice, WordsOf(row.status),
+                  NumberOrZero(row.employee), row.payment ? QStringLiteral("paid") : QString()});
   }
   return table;
 }
@@ -74,11 +70,11 @@ void RequireOpenJob(Business& business, qint64 diaryId) {
   const Recordset entry =
       business.RunSQL(Sql("SELECT Status FROM Diary WHERE Diary_ID = {}", diaryId));
   if (entry.EndOfFile()) throw CommandFailure(QStringLiteral("there is no entry %1").arg(diaryId));
-  const QString status = entry.Field(u"Status").ToText();
-  if (status.toUpper() == QStringLiteral("J")) return;
+  const StoredEntryStatus status(entry.Field(u"Status").ToText());
+  if (status.Is(EntryStatus::JobOpen)) return;
   throw CommandFailure(QStringLiteral("entry %1 is no job to be done: its status is %2")
                            .arg(diaryId)
-                           .arg(status.isEmpty() ? QStringLiteral("empty") : status));
+                           .arg(status.Text().isEmpty() ? QStringLiteral("empty") : status.Text()));
 }
 
 std::vector<qint64> JobsOf(const QStringList& words) {
@@ -96,11 +92,11 @@ void RunDone(const Call& call) {
   Transaction all(*business);
   for (const qint64 job : jobs) RequireOpenJob(*business, job);
   for (const qint64 job : jobs)
-    diary::MarkDoneUnpaidAndBalance(*business, call.world.prompter, job);
+    diary::MarkDoneUnpaid(*business, call.world.prompter, Id<Entry>(job));
   all.Commit();
   business->CloseConnection();
   ResultTable table({"Diary_ID", "Status"});
-  for (const qint64 job : jobs) table.AddRow({job, "JD"});
+  for (const qint64 job : jobs) table.AddRow({job, EntryStatus::JobDone});
   if (call.json) {
     table.PrintJson(call.out);
     call.out << '\n';

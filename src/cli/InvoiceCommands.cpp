@@ -35,15 +35,14 @@ Days DaysOf(const Call& call) {
 
 /// The jobs named, each of which the list of the screen would offer for this client.
 std::vector<qint64> JobsFor(Business& business, qint64 clientId, const QString& listed) {
-  const QDate earliest(1900, 1, 1);
-  const QDate latest(9999, 12, 31);
-  const auto offered = diary::ListPickableJobs(business, clientId, earliest, latest);
+  const DateRange always{QDate(1900, 1, 1), QDate(9999, 12, 31)};
+  const auto offered = diary::ListPickableJobs(business, Id<Client>(clientId), always);
   std::vector<qint64> jobs;
   for (const QString& word : listed.split(u',')) {
     const qint64 key = ParseKey(word.trimmed());
     const bool isOffered =
         std::any_of(offered.begin(), offered.end(),
-                    [&](const diary::PickableJob& job) { return job.diaryId == key; });
+                    [&](const diary::PickableJob& job) { return job.entry.Number() == key; });
     if (!isOffered)
       throw CommandFailure(
           QStringLiteral("entry %1 is no job that client %2 is billed for").arg(key).arg(clientId));

@@ -1,5 +1,5 @@
 #include "accounts/TaxRepair.h"
-#include "balances/JobsAndPaymentChecker.h"
+#include "billing/payments/JobsAndPaymentChecker.h"
 #include "billing/payments/PaymentJobs.h"
 #include "billing/payments/PaymentsList.h"
 #include "billing/payments/RevenueLines.h"
@@ -152,7 +152,7 @@ void RunPaymentDelete(const Call& call) {
   const auto business = OpenCurrentBusiness(call);
   const auto payment = billing::LoadPayment(*business, paymentId);
   if (!payment) throw CommandFailure(QStringLiteral("there is no payment %1").arg(paymentId));
-  balances::DeleteCheckedPayment(*business, payment->clientId.value_or(0), paymentId);
+  billing::RemovePayment(*business, IdFrom<Client>(payment->clientId), Id<Payment>(paymentId));
   business->CloseConnection();
   if (call.json)
     call.out << "{\"deleted\": " << paymentId << "}\n";

@@ -79,7 +79,7 @@ roll::RollCount RollClient(Business& business, const QString& file, qint64 clien
   if (found.IsNull()) {
     throw CommandFailure(QStringLiteral("%1 has no client %2").arg(file).arg(clientId));
   }
-  return roll::AdvanceScheduleForClient(business, clientId);
+  return roll::AdvanceScheduleForClient(business, Id<Client>(clientId));
 }
 
 void RunRoll(const Call& call) {

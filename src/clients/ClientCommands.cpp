@@ -46,7 +46,7 @@ std::optional<Refusal> CreateScheduleOfClient(Business& business, ClientRecord& 
   save.Commit();
   client = std::move(saved);
   services = std::move(savedServices);
-  roll::AdvanceScheduleForClient(business, client.clientId);
+  roll::AdvanceScheduleForClient(business, Id<Client>(client.clientId));
   return std::nullopt;
 }
 

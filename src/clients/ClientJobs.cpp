@@ -1,7 +1,6 @@
 #include "clients/ClientJobs.h"
 
-#include "balances/ClientBalance.h"
-#include "domain/EntryStatus.h"
+#include "diary/DiaryCommands.h"
 
 namespace quillary::clients {
 namespace {
@@ -29,7 +28,7 @@ std::vector<ClientJob> ListJobs(Business& business, const Sql& statement) {
   for (const Record row : business.RunSQL(statement)) {
     jobs.push_back({row[u"Diary_ID"].ToLong(), row[u"Display_Name"].ToText(),
                     row[u"Schedule_Date"].ToDate(), row[u"Description"].ToText(),
-                    row[u"Total_Price"].ToMoney(), row[u"Status"].ToText(),
+                    row[u"Total_Price"].ToMoney(), StoredEntryStatus(row[u"Status"].ToText()),
                     row[u"Payment_ID"].ToLong(-1), row[u"Invoice_ID"].ToLong(-1)});
   }
   return jobs;
@@ -37,40 +36,27 @@ std::vector<ClientJob> ListJobs(Business& business, const Sql& statement) {
 
 }  // namespace
 
-QString ClientJob::StatusWords() const {
-  return diary::EntryStatusWords(status);
-}
-
-diary::DiaryRowColour ClientJob::Colour() const {
-  return diary::ColourOfEntry(status, paymentId != -1);
-}
-
 std::vector<ClientJob> LoadFutureJobs(Business& business, const ClientRecord& client) {
-  return ListJobs(
-      business,
-      JobsOf(client) + Sql(" AND Diary.Status NOT IN ") + CodesOf(EntryGroup::Finished) +
-          Sql(" AND Schedule_Date >= {} ORDER BY Diary.Schedule_Date; ", business.Today()));
+  return ListJobs(business,
+                  JobsOf(client) + Sql(" AND Diary.Status NOT IN {} "
+                                       "AND Schedule_Date >= {} ORDER BY Diary.Schedule_Date; ",
+                                       CodesOf(EntryGroup::Finished), business.Today()));
 }
 
 std::vector<ClientJob> LoadPastJobs(Business& business, const ClientRecord& client) {
-  return ListJobs(business,
-                  JobsOf(client) +
-                      Sql(" AND (Schedule_Date < {} OR Diary.Status IN ", business.Today()) +
-                      CodesOf(EntryGroup::WorkDone) + Sql(") ORDER BY Diary.Schedule_Date DESC; "));
+  return ListJobs(business, JobsOf(client) + Sql(" AND (Schedule_Date < {} OR Diary.Status IN {}) "
+                                                 "ORDER BY Diary.Schedule_Date DESC; ",
+                                                 business.Today(), CodesOf(EntryGroup::WorkDone)));
 }
 
 std::optional<Refusal> DeleteClientJob(Business& business, Prompter& prompter,
-                                       const ClientRecord& client, std::optional<qint64> diaryId) {
-  if (!diaryId) return Refusal{QStringLiteral("Please select a job to delete."), {}};
+                                       std::optional<Id<Entry>> job) {
+  if (!job) return Refusal{QStringLiteral("Please select a job to delete."), {}};
   if (prompter.AskBeforeLosing(QStringLiteral("Are you sure you want to delete this job?")) !=
       Answer::Yes) {
     return std::nullopt;
   }
-  Transaction deletion(business);
-  business.Write(Sql("DELETE FROM Diary_Services WHERE Diary_ID = {}", *diaryId));
-  business.Write(Sql("DELETE FROM Diary WHERE Diary_ID = {}", *diaryId), Rows::Exactly(1));
-  balances::RecalculateClientBalance(business, client.billingClientId);
-  deletion.Commit();
+  diary::DeleteEntry(business, *job);
   return std::nullopt;
 }
 

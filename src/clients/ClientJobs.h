@@ -1,7 +1,7 @@
 #pragma once
 
 #include "clients/ClientRecord.h"
-#include "diary/DiaryDay.h"
+#include "domain/EntryStatus.h"
 
 #include <vector>
 
@@ -15,13 +15,11 @@ struct ClientJob {
   QDate scheduleDate;
   QString description;
   Money totalPrice;  // tax included
-  QString status;
+  StoredEntryStatus status;
   qint64 paymentId = -1;  // -1 for none
   qint64 invoiceId = -1;  // -1 for none
 
-  QString StatusWords() const;
-  /// As the diary colours it.
-  diary::DiaryRowColour Colour() const;
+  bool IsPaid() const { return paymentId != -1; }
 };
 
 /// What is not finished and lies today or later, the next first. A job done early is past.
@@ -29,9 +27,9 @@ std::vector<ClientJob> LoadFutureJobs(Business& business, const ClientRecord& cl
 /// What lies before today or is done, the newest first.
 std::vector<ClientJob> LoadPastJobs(Business& business, const ClientRecord& client);
 
-/// Asks, deletes the entry with its lines and recomputes the balance of the client who is billed.
+/// Asks, then deletes the entry as diary::DeleteEntry() does.
 /// Refuses when no job is selected.
 std::optional<Refusal> DeleteClientJob(Business& business, Prompter& prompter,
-                                       const ClientRecord& client, std::optional<qint64> diaryId);
+                                       std::optional<Id<Entry>> job);
 
 }  // namespace quillary::clients

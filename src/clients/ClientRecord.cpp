@@ -98,7 +98,7 @@ std::optional<ClientRecord> LoadClientDetails(Business& business, qint64 clientI
 
 void LoadBillingDetails(Business& business, ClientRecord& client) {
   if (client.IsNew()) return;
-  balances::RecalculateClientBalance(business, client.billingClientId);
+  balances::RecalculateClientBalance(business, Id<Client>(client.billingClientId));
   const Recordset rows = business.RunSQL(Sql(
       "SELECT Account_Balance, Debtor_Since FROM Clients WHERE Client_ID = {}", client.clientId));
   if (!rows.HasRows()) return;

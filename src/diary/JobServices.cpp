@@ -12,17 +12,17 @@ Money TaxInside(Business& business, Money price) {
   return TaxRate::Of(business).CalculateGSTComponent(price);
 }
 
-void InsertLine(Business& business, qint64 diaryId, const JobServiceForm& form) {
-  business.RunSQL(
+void InsertLine(Business& business, Id<Entry> entry, const JobServiceForm& form) {
+  business.Write(
       Sql("INSERT INTO Diary_Services (Diary_ID, Service_ID, Price, GST) VALUES ({}, {}, {}, {})",
-          diaryId, form.serviceId, form.price, TaxInside(business, form.price)));
+          entry, form.service, form.price, TaxInside(business, form.price)));
 }
 
 void UpdateLine(Business& business, const JobServiceForm& form) {
-  business.RunSQL(
-      Sql("UPDATE Diary_Services SET Service_ID = {}, Price = {}, GST = {} "
-          "WHERE Diary_Service_ID = {}; ",
-          form.serviceId, form.price, TaxInside(business, form.price), form.diaryServiceId));
+  business.Write(Sql("UPDATE Diary_Services SET Service_ID = {}, Price = {}, GST = {} "
+                     "WHERE Diary_Service_ID = {}; ",
+                     form.service, form.price, TaxInside(business, form.price), form.line),
+                 Rows::Exactly(1));
 }
 
 }  // namespace
@@ -37,7 +37,7 @@ QString JobServices::Description() const {
   return codes.join(QStringLiteral(", "));
 }
 
-JobServices LoadServices(Business& business, qint64 diaryId) {
+JobServices LoadServices(Business& business, Id<Entry> entry) {
   JobServices services;
   for (const Record row : business.RunSQL(
            Sql("SELECT Diary_Services.Diary_Service_ID, Diary_Services.Service_ID, "
@@ -48,10 +48,9 @@ JobServices LoadServices(Business& business, qint64 diaryId) {
                "LEFT JOIN General_Ledger_Accounts "
                "ON Services.Default_GL_Account_ID = General_Ledger_Accounts.GL_Account_ID "
                "WHERE Diary_Services.Diary_ID = {} ORDER BY Service, Diary_Service_ID;",
-               diaryId))) {
-    JobService line;
-    line.diaryServiceId = row[u"Diary_Service_ID"].ToLong();
-    line.serviceId = row[u"Service_ID"].ToLong();
+               entry))) {
+    JobService line{.line = Id<EntryLine>(row[u"Diary_Service_ID"].ToLong())};
+    line.service = row[u"Service_ID"].ToId<Service>();
     line.serviceCode = row[u"Service_Code"].ToText();
     line.price = row[u"Price"].ToMoney().Rounded(2);  // the list shows cents and adds up the same
     line.accountName = row[u"GL_Account_Name"].ToText(QString(kNoAccount));
@@ -63,10 +62,10 @@ JobServices LoadServices(Business& business, qint64 diaryId) {
 
 std::optional<Refusal> SaveService(Business& business, Job& job, const JobServiceForm& form,
                                    SaveLine as) {
-  if (!form.serviceId) {
-    return Refusal{QStringLiteral("Please select a service."), QStringLiteral("cmbService")};
+  if (!form.service) {
+    return Refusal{QStringLiteral("Please select a service."), QStringLiteral("service")};
   }
-  if (as == SaveLine::Selected && !form.diaryServiceId) {
+  if (as == SaveLine::Selected && !form.line) {
     return Refusal{QStringLiteral("Please select a record to update."), {}};
   }
   Transaction save(business);
@@ -75,30 +74,32 @@ std::optional<Refusal> SaveService(Business& business, Job& job, const JobServic
     if (std::optional<Refusal> refusal = SaveJob(business, stored)) return refusal;
   }
   if (as == SaveLine::AsNew) {
-    InsertLine(business, stored.diaryId, form);
+    InsertLine(business, *stored.entry, form);
   } else {
     UpdateLine(business, form);
   }
-  UpdateTotalPriceAndGST(business, stored.diaryId);
+  UpdateTotalPriceAndGST(business, *stored.entry);
   save.Commit();
   job = stored;
   return std::nullopt;
 }
 
-std::optional<Refusal> RemoveService(Business& business, qint64 diaryId,
-                                     std::optional<qint64> diaryServiceId) {
-  if (!diaryServiceId) return Refusal{QStringLiteral("Please select a service to delete."), {}};
+std::optional<Refusal> RemoveService(Business& business, std::optional<Id<Entry>> entry,
+                                     std::optional<Id<EntryLine>> line) {
+  if (!entry || !line) return Refusal{QStringLiteral("Please select a service to delete."), {}};
   Transaction removal(business);
-  business.RunSQL(Sql("DELETE FROM Diary_Services WHERE Diary_Service_ID = {}", diaryServiceId));
-  UpdateTotalPriceAndGST(business, diaryId);
+  business.Write(Sql("DELETE FROM Diary_Services WHERE Diary_Service_ID = {}", line),
+                 Rows::Exactly(1));
+  UpdateTotalPriceAndGST(business, *entry);
   removal.Commit();
   return std::nullopt;
 }
 
-void UpdateTotalPriceAndGST(Business& business, qint64 diaryId) {
-  const Money total = LoadServices(business, diaryId).total;
-  business.RunSQL(Sql("UPDATE Diary SET Total_Price = {}, Total_GST = {} WHERE Diary_ID = {};",
-                      total, TaxInside(business, total), diaryId));
+void UpdateTotalPriceAndGST(Business& business, Id<Entry> entry) {
+  const Money total = LoadServices(business, entry).total;
+  business.Write(Sql("UPDATE Diary SET Total_Price = {}, Total_GST = {} WHERE Diary_ID = {};",
+                     total, TaxInside(business, total), entry),
+                 Rows::Exactly(1));
 }
 
 }  // namespace quillary::diary

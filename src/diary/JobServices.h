@@ -9,11 +9,11 @@
 namespace quillary::diary {
 
 struct JobService {
-  qint64 diaryServiceId = 0;
-  qint64 serviceId = 0;
-  QString serviceCode;
-  Money price;
-  QString accountName;  // of the revenue account, or a hint where to choose one
+  Id<EntryLine> line;
+  std::optional<Id<Service>> service = {};
+  QString serviceCode = {};
+  Money price = {};
+  QString accountName = {};  // of the revenue account, or a hint where to choose one
 };
 
 struct JobServices {
@@ -26,12 +26,12 @@ struct JobServices {
   QString Description() const;
 };
 
-JobServices LoadServices(Business& business, qint64 diaryId);
+JobServices LoadServices(Business& business, Id<Entry> entry);
 
 /// The fields from which a line is stored.
 struct JobServiceForm {
-  std::optional<qint64> diaryServiceId;  // the line selected in the list
-  std::optional<qint64> serviceId;
+  std::optional<Id<EntryLine>> line;  // the line selected in the list
+  std::optional<Id<Service>> service;
   Money price;
 };
 
@@ -43,11 +43,11 @@ enum class SaveLine { AsNew, Selected };
 std::optional<Refusal> SaveService(Business& business, Job& job, const JobServiceForm& form,
                                    SaveLine as);
 /// Deletes the selected line and recomputes the job's totals. Refuses when none is selected.
-std::optional<Refusal> RemoveService(Business& business, qint64 diaryId,
-                                     std::optional<qint64> diaryServiceId);
+std::optional<Refusal> RemoveService(Business& business, std::optional<Id<Entry>> entry,
+                                     std::optional<Id<EntryLine>> line);
 
 /// Sets the job's total price to the sum of its lines and its tax to the tax inside that sum, which
 /// can differ by a cent from the sum of the lines' tax.
-void UpdateTotalPriceAndGST(Business& business, qint64 diaryId);
+void UpdateTotalPriceAndGST(Business& business, Id<Entry> entry);
 
 }  // namespace quillary::diary

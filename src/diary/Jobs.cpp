@@ -2,38 +2,26 @@
 
 #include "balances/ClientBalance.h"
 
-#include <array>
+#include <algorithm>
 
 namespace quillary::diary {
 namespace {
 
-struct JobState {
-  const char16_t* code;
-  const char16_t* words;
-};
-
-constexpr std::array kJobStates = {
-    JobState{u"J", u"Job NOT DONE"},
-    JobState{u"JD", u"Job DONE"},
-    JobState{u"JC", u"Job CANCELLED"},
-    JobState{u"JI", u"Job INVOICED"},
-};
-
-qint64 ClientOf(Business& business, qint64 diaryId) {
-  return business.FirstField(Sql("SELECT Client_ID FROM Diary WHERE Diary_ID = {}", diaryId))
-      .ToLong();
+std::optional<Id<Client>> ClientOf(Business& business, Id<Entry> entry) {
+  return business.FirstField(Sql("SELECT Client_ID FROM Diary WHERE Diary_ID = {}", entry))
+      .ToId<Client>();
 }
 
-QString InvoiceNumberOf(Business& business, const Value& invoiceId) {
-  if (invoiceId.IsNull()) return {};
-  const Recordset invoice =
-      business.RunSQL(Sql("SELECT * FROM invoices WHERE Invoice_ID = {}; ", invoiceId));
-  return invoice.EndOfFile() ? QString() : invoice.Field(u"Invoice_Number").ToText();
+QString InvoiceNumberOf(Business& business, std::optional<Id<Invoice>> invoice) {
+  if (!invoice) return {};
+  const Recordset row =
+      business.RunSQL(Sql("SELECT * FROM invoices WHERE Invoice_ID = {}; ", invoice));
+  return row.EndOfFile() ? QString() : row.Field(u"Invoice_Number").ToText();
 }
 
-qint64 InsertEmptyJob(Business& business, qint64 clientId) {
-  business.RunSQL(Sql("INSERT INTO Diary (Client_ID) VALUES ({});", clientId));
-  return business.FirstField(Sql("SELECT Max(Diary_ID) FROM Diary;")).ToLong();
+Id<Entry> InsertEmptyJob(Business& business, Id<Client> client) {
+  return business.InsertReturningKey<Entry>(
+      Sql("INSERT INTO Diary (Client_ID) VALUES ({});", client));
 }
 
 }  // namespace
@@ -42,55 +30,37 @@ QString Job::InvoiceWords() const {
   return invoiceNumber.isEmpty() ? QString() : QStringLiteral("Inv No: ") + invoiceNumber;
 }
 
-QStringList JobStatusWords() {
-  QStringList words;
-  for (const JobState& state : kJobStates) words += QString::fromUtf16(state.words);
-  return words;
+std::optional<EntryStatus> JobStatusOf(const StoredEntryStatus& stored) {
+  const std::optional<EntryStatus> shown = Folded(stored).Known();
+  if (!shown || std::ranges::find(kJobStatuses, *shown) == kJobStatuses.end()) return std::nullopt;
+  return shown;
 }
 
-QString JobStatusAt(int position) {
-  return QString::fromUtf16(kJobStates.at(static_cast<size_t>(position)).code);
-}
-
-std::optional<int> JobStatusPosition(const QString& status) {
-  const QString code = status.toUpper();
-  const QString shown = code == u"JP" || code == u"JU" ? QStringLiteral("JD") : code;
-  for (size_t position = 0; position < kJobStates.size(); ++position) {
-    if (shown == QStringView(kJobStates[position].code)) return static_cast<int>(position);
-  }
-  return std::nullopt;
-}
-
-Job NewJob(Business& business, qint64 clientId) {
+Job NewJob(Business& business, Id<Client> client) {
   Job job;
-  job.clientId = clientId;
+  job.client = client;
   job.date = business.Today();
-  job.statusPosition = 0;
-  if (const auto employee = business.values.defaultEmployee) job.employeeId = employee->Number();
+  job.status = EntryStatus::JobOpen;
+  job.employee = business.values.defaultEmployee;
   return job;
 }
 
-std::optional<Job> LoadJob(Business& business, qint64 diaryId) {
-  const Recordset entry =
-      business.RunSQL(Sql("SELECT * FROM Diary WHERE Diary_ID = {}; ", diaryId));
-  if (entry.EndOfFile()) return std::nullopt;
-  const auto choice = [&](const char16_t* column) -> std::optional<qint64> {
-    const qint64 id = entry.Field(column).ToLong();
-    return id == 0 ? std::nullopt : std::optional(id);
-  };
+std::optional<Job> LoadJob(Business& business, Id<Entry> entry) {
+  const Recordset row = business.RunSQL(Sql("SELECT * FROM Diary WHERE Diary_ID = {}; ", entry));
+  if (row.EndOfFile()) return std::nullopt;
   Job job;
-  job.diaryId = diaryId;
-  job.clientId = choice(u"Client_ID");
-  job.date = entry.Field(u"Schedule_Date").ToDate();
-  job.employeeId = choice(u"Employee_ID");
-  job.description = entry.Field(u"Description").ToText();
-  job.notes = entry.Field(u"Notes").ToText();
-  job.storedStatus = entry.Field(u"Status").ToText();
-  job.statusPosition = JobStatusPosition(job.storedStatus);
-  job.totalPrice = entry.Field(u"Total_Price").ToMoney();
-  job.totalGST = entry.Field(u"Total_GST").ToMoney();
-  job.paymentId = entry.Field(u"Payment_ID").ToLong(kNoRecord);
-  job.invoiceNumber = InvoiceNumberOf(business, entry.Field(u"Invoice_ID"));
+  job.entry = entry;
+  job.client = row.Field(u"Client_ID").ToId<Client>();
+  job.date = row.Field(u"Schedule_Date").ToDate();
+  job.employee = row.Field(u"Employee_ID").ToId<Employee>();
+  job.description = row.Field(u"Description").ToText();
+  job.notes = row.Field(u"Notes").ToText();
+  job.storedStatus = StoredEntryStatus(row.Field(u"Status").ToText());
+  job.status = JobStatusOf(job.storedStatus);
+  job.totalPrice = row.Field(u"Total_Price").ToMoney();
+  job.totalGST = row.Field(u"Total_GST").ToMoney();
+  job.payment = row.Field(u"Payment_ID").ToId<Payment>();
+  job.invoiceNumber = InvoiceNumberOf(business, row.Field(u"Invoice_ID").ToId<Invoice>());
   return job;
 }
 
@@ -98,14 +68,11 @@ std::optional<Refusal> CheckJob(Business& business, const Job& job) {
   const auto refuse = [](const char* message, const char* field) {
     return Refusal{QString(message), QString(field)};
   };
-  if (!job.clientId) return refuse("Please select a client.", "cmbClient");
-  if (!job.employeeId) return refuse("Please select an employee.", "cmbEmployee");
-  // A list without a selection stands at -1.
-  if (job.statusPosition.value_or(-1) < 0) {
-    return refuse("Please select the status of the job.", "cmbStatus");
-  }
+  if (!job.client) return refuse("Please select a client.", "client");
+  if (!job.employee) return refuse("Please select an employee.", "employee");
+  if (!job.status) return refuse("Please select the status of the job.", "status");
   if (IsHoliday(business.holidays, job.date)) {
-    return refuse("The date you entered is a holiday.", "dtpDate");
+    return refuse("The date you entered is a holiday.", "date");
   }
   return std::nullopt;
 }
@@ -113,30 +80,21 @@ std::optional<Refusal> CheckJob(Business& business, const Job& job) {
 std::optional<Refusal> SaveJob(Business& business, Job& job) {
   if (std::optional<Refusal> refusal = CheckJob(business, job)) return refusal;
   Transaction save(business);
-  const qint64 clientId = *job.clientId;
-  const qint64 clientBefore = job.IsNew() ? clientId : ClientOf(business, job.diaryId);
-  const qint64 diaryId = job.IsNew() ? InsertEmptyJob(business, clientId) : job.diaryId;
-  business.RunSQL(
-      Sql("UPDATE Diary SET Client_ID = {}, Schedule_Date = {}, Employee_ID = {}, "
-          "Description = {}, Notes = {}, Status = {}, Payment_ID = {} WHERE Diary_ID = {}; ",
-          clientId, job.date, job.employeeId, job.description, job.notes,
-          JobStatusAt(*job.statusPosition), job.HasBeenPaid() ? Value(job.paymentId) : Value(),
-          diaryId));
-  balances::RecalculateClientBalance(business, clientId);
-  balances::RefreshDebtorSince(business, clientId);
-  if (clientBefore != clientId) balances::RecalculateClientBalance(business, clientBefore);
+  const Id<Client> client = *job.client;
+  const auto clientBefore = job.IsNew() ? job.client : ClientOf(business, *job.entry);
+  const Id<Entry> entry = job.IsNew() ? InsertEmptyJob(business, client) : *job.entry;
+  business.Write(Sql("UPDATE Diary SET Client_ID = {}, Schedule_Date = {}, Employee_ID = {}, "
+                     "Description = {}, Notes = {}, Status = {}, Payment_ID = {} "
+                     "WHERE Diary_ID = {}; ",
+                     client, job.date, job.employee, job.description, job.notes, *job.status,
+                     job.payment, entry),
+                 Rows::Exactly(1));
+  balances::RecalculateClientBalance(business, client);
+  balances::RefreshDebtorSince(business, client);
+  if (clientBefore != client) balances::RecalculateClientBalance(business, clientBefore);
   save.Commit();
-  job.diaryId = diaryId;
+  job.entry = entry;
   return std::nullopt;
-}
-
-void DeleteJob(Business& business, qint64 diaryId) {
-  Transaction removal(business);
-  const qint64 clientId = ClientOf(business, diaryId);
-  business.RunSQL(Sql("DELETE FROM Diary WHERE Diary_ID = {}; ", diaryId));
-  business.RunSQL(Sql("DELETE FROM Diary_Services WHERE Diary_ID = {}; ", diaryId));
-  balances::RecalculateClientBalance(business, clientId);
-  removal.Commit();
 }
 
 }  // namespace quillary::diary

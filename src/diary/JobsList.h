@@ -1,8 +1,10 @@
 #pragma once
 
+#include "base/DateRange.h"
 #include "base/Money.h"
 #include "base/Refusal.h"
 #include "data/Business.h"
+#include "domain/EntryStatus.h"
 
 #include <QDate>
 #include <QString>
@@ -11,7 +13,7 @@
 #include <optional>
 #include <vector>
 
-/// The list of jobs over a period. Its cells are edited through ChangeJobStatusAndBalance() and
+/// The list of jobs over a period. Its cells are edited through ChangeJobStatus() and
 /// ChangeSequence().
 namespace quillary::diary {
 
@@ -20,14 +22,13 @@ enum class JobFilter { AllJobs, UncancelledJobs, NotDone, Done, Cancelled };
 QStringList JobFilterWords();
 
 struct JobsListQuery {
-  QDate from;
-  QDate to;
+  DateRange days;
   JobFilter filter = JobFilter::AllJobs;
 };
 
 struct JobsListRow {
-  qint64 diaryId = 0;
-  qint64 clientId = 0;
+  Id<Entry> entry;
+  Id<Client> client;
   int sequence = 0;
   QDate scheduleDate;
   QString displayName;
@@ -35,11 +36,8 @@ struct JobsListRow {
   QString description;
   Money totalPrice;  // tax included
   Money totalGST;
-  QString status;
+  StoredEntryStatus status;
   bool isPaid = false;  // added to a payment
-
-  /// The words of the status; every form of done reads "Job DONE".
-  QString StatusWords() const;
 };
 
 struct JobsList {
@@ -58,10 +56,10 @@ JobsList LoadJobsList(Business& business, const JobsListQuery& query);
 
 enum class JobsListCommand { EditCell, ViewJob, ClientDetails, Delete };
 /// What the list says when a command has no job to work on.
-std::optional<Refusal> CheckJobSelected(JobsListCommand command, std::optional<qint64> diaryId);
+std::optional<Refusal> CheckJobSelected(JobsListCommand command, std::optional<Id<Entry>> entry);
 
-/// Asks by the job's name, then deletes it with its lines; the balance of its client follows.
+/// Asks by the job's name, then deletes it with its lines; the balance of its payer follows.
 /// False when the user declined.
-bool DeleteJobAfterAsking(Business& business, Prompter& prompter, qint64 diaryId);
+bool DeleteJobAfterAsking(Business& business, Prompter& prompter, Id<Entry> entry);
 
 }  // namespace quillary::diary

@@ -3,31 +3,20 @@
 #include "base/ports/requests/Scheduling.h"
 
 namespace quillary::diary {
-namespace {
 
-bool IsVisit(const QString& status) {
-  return status.startsWith(u'V', Qt::CaseInsensitive);
-}
-
-bool IsOpenQuote(const QString& status) {
-  return status.compare(u'Q', Qt::CaseInsensitive) == 0;
-}
-
-}  // namespace
-
-bool CanOpenEntry(const Navigator& navigator, const QString& status) {
+bool CanOpenEntry(const Navigator& navigator, const StoredEntryStatus& status) {
   if (IsVisit(status)) return navigator.CanOpen<EditVisit>();
-  if (IsOpenQuote(status)) return navigator.CanOpen<EditQuoteVisit>();
+  if (status.Is(EntryStatus::QuoteOpen)) return navigator.CanOpen<EditQuoteVisit>();
   return navigator.CanOpen<EditJob>();
 }
 
-void OpenEntry(const Navigator& navigator, const QString& status, qint64 diaryId) {
+void OpenEntry(const Navigator& navigator, const StoredEntryStatus& status, Id<Entry> entry) {
   if (IsVisit(status))
-    navigator.Open(EditVisit{diaryId});
-  else if (IsOpenQuote(status))
-    navigator.Open(EditQuoteVisit{diaryId});
+    navigator.Open(EditVisit{entry});
+  else if (status.Is(EntryStatus::QuoteOpen))
+    navigator.Open(EditQuoteVisit{entry});
   else
-    navigator.Open(EditJob{diaryId});
+    navigator.Open(EditJob{entry});
 }
 
 }  // namespace quillary::diary

@@ -12,11 +12,11 @@ QString ServiceRhythm::StartDateText() const {
 
 roll::RollCount RecreateEntireSchedule(Business& business) {
   // Not one piece with the roll: when that fails, the next start has to begin at today.
-  business.RunSQL(Sql("UPDATE infSystem SET Last_Schedule_Ending = null"));
+  business.Write(Sql("UPDATE infSystem SET Last_Schedule_Ending = null"), Rows::AtLeast(1));
   return roll::AdvanceScheduleGlobally(business);
 }
 
-std::vector<ServiceRhythm> LoadServiceRhythms(Business& business, qint64 clientId) {
+std::vector<ServiceRhythm> LoadServiceRhythms(Business& business, Id<Client> client) {
   std::vector<ServiceRhythm> rows;
   for (const Record row : business.RunSQL(
            Sql("SELECT cs.Client_Service_ID, cs.Service_ID, s.Service, cs.Price, cs.Notes, "
@@ -26,19 +26,18 @@ std::vector<ServiceRhythm> LoadServiceRhythms(Business& business, qint64 clientI
                "LEFT JOIN Services s ON cs.Service_ID = s.Service_ID) "
                "LEFT JOIN Employees e ON cs.Employee_ID = e.Employee_ID) "
                "WHERE cs.Client_ID = {} ORDER BY cs.Client_Service_ID ASC;",
-               clientId))) {
-    rows.push_back(
-        {.clientServiceId = row[u"Client_Service_ID"].ToLong(),
-         .serviceId = row[u"Service_ID"].ToLong(),
-         .service = row[u"Service"].ToText(),
-         .price = row[u"Price"].ToMoney().Rounded(2),
-         .notes = row[u"Notes"].ToText(),
-         .status = row[u"Status"].ToText(),
-         .frequency = static_cast<int>(row[u"Frequency"].ToLong()),
-         .employeeId = row[u"Employee_ID"].ToLong(),
-         .employeeName = row[u"Employee_Name"].ToText(),
-         .otherScheduleClientServiceId = row[u"Other_Schedule_Client_Service_ID"].ToLong(),
-         .nextVisit = row[u"Next_Visit"].ToDate(business.Today())});
+               client))) {
+    rows.push_back({.clientService = Id<ClientService>(row[u"Client_Service_ID"].ToLong()),
+                    .service = row[u"Service_ID"].ToId<Service>(),
+                    .serviceName = row[u"Service"].ToText(),
+                    .price = row[u"Price"].ToMoney().Rounded(2),
+                    .notes = row[u"Notes"].ToText(),
+                    .type = StoredJobType(row[u"Status"].ToText()),
+                    .frequency = static_cast<int>(row[u"Frequency"].ToLong()),
+                    .employee = row[u"Employee_ID"].ToId<Employee>(),
+                    .employeeName = row[u"Employee_Name"].ToText(),
+                    .follows = row[u"Other_Schedule_Client_Service_ID"].ToId<ClientService>(),
+                    .nextVisit = row[u"Next_Visit"].ToDate(business.Today())});
   }
   return rows;
 }
@@ -46,8 +45,7 @@ std::vector<ServiceRhythm> LoadServiceRhythms(Business& business, qint64 clientI
 std::optional<Refusal> TypeStartDate(ServiceRhythm& row, const QString& typed, QDate today) {
   const std::optional<QDate> date = ParseTypedDate(typed, today);
   if (!date) {
-    return Refusal{QStringLiteral("Please enter a valid start date."),
-                   QStringLiteral("grdServices")};
+    return Refusal{QStringLiteral("Please enter a valid start date."), QStringLiteral("nextVisit")};
   }
   row.nextVisit = *date;
   return std::nullopt;
@@ -58,24 +56,24 @@ std::optional<Refusal> TypeFrequency(ServiceRhythm& row, const QString& typed) {
   const qint64 days = value.ToLong();
   if (!value.IsNumeric() || days < std::numeric_limits<int>::min() ||
       days > std::numeric_limits<int>::max()) {
-    return Refusal{QStringLiteral("Please enter a number."), QStringLiteral("grdServices")};
+    return Refusal{QStringLiteral("Please enter a number."), QStringLiteral("frequency")};
   }
   row.frequency = static_cast<int>(days);
   return std::nullopt;
 }
 
-roll::RollCount RescheduleClient(Business& business, qint64 clientId,
+roll::RollCount RescheduleClient(Business& business, Id<Client> client,
                                  const std::vector<ServiceRhythm>& rows) {
   Transaction rhythm(business);
   for (const ServiceRhythm& row : rows) {
-    business.RunSQL(
-        Sql("UPDATE Client_Services SET Next_Visit = {}, Frequency = {} "
-            "WHERE Client_Service_ID = {};",
-            row.nextVisit, row.frequency, row.clientServiceId));
+    business.Write(Sql("UPDATE Client_Services SET Next_Visit = {}, Frequency = {} "
+                       "WHERE Client_Service_ID = {};",
+                       row.nextVisit, row.frequency, row.clientService),
+                   Rows::Exactly(1));
   }
   // Committed before the rebuild, which may hand a damaged file over and end the process.
   rhythm.Commit();
-  return roll::AdvanceScheduleForClient(business, clientId);
+  return roll::AdvanceScheduleForClient(business, client);
 }
 
 }  // namespace quillary::diary

@@ -2,6 +2,7 @@
 
 #include "base/Money.h"
 #include "base/Refusal.h"
+#include "domain/JobType.h"
 #include "roll/ScheduleEngine.h"
 
 #include <QDate>
@@ -19,24 +20,24 @@ roll::RollCount RecreateEntireSchedule(Business& business);
 
 /// One service of a client, as the screen for a new rhythm lists it.
 struct ServiceRhythm {
-  qint64 clientServiceId = 0;
-  qint64 serviceId = 0;
-  QString service;
-  Money price;  // tax included, in cents
-  QString notes;
-  QString status;     // "Regular", "Casual" or "Quote only"
+  Id<ClientService> clientService;
+  std::optional<Id<Service>> service = {};
+  QString serviceName = {};
+  Money price = {};  // tax included, in cents
+  QString notes = {};
+  StoredJobType type = {};
   int frequency = 0;  // days; 0 for none
-  qint64 employeeId = 0;
-  QString employeeName;
-  qint64 otherScheduleClientServiceId = 0;  // the service whose dates it follows; 0 for its own
-  QDate nextVisit;
+  std::optional<Id<Employee>> employee = {};
+  QString employeeName = {};
+  std::optional<Id<ClientService>> follows = {};  // the service whose dates it takes
+  QDate nextVisit = {};
 
   /// "02 Nov 2026"
   QString StartDateText() const;
 };
 
 /// The services of a client, the main one first. One without a next visit shows today.
-std::vector<ServiceRhythm> LoadServiceRhythms(Business& business, qint64 clientId);
+std::vector<ServiceRhythm> LoadServiceRhythms(Business& business, Id<Client> client);
 
 /// Takes what was typed into the start date's cell; refused and unchanged when it is no date. A
 /// date in the past or on a holiday will do: the roll deals with it.
@@ -46,7 +47,7 @@ std::optional<Refusal> TypeFrequency(ServiceRhythm& row, const QString& typed);
 
 /// Writes frequency and start date of every row to Client_Services and rebuilds the client's open
 /// diary from today on.
-roll::RollCount RescheduleClient(Business& business, qint64 clientId,
+roll::RollCount RescheduleClient(Business& business, Id<Client> client,
                                  const std::vector<ServiceRhythm>& rows);
 
 }  // namespace quillary::diary

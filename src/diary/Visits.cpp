@@ -1,78 +1,62 @@
 #include "diary/Visits.h"
 
-#include <array>
+#include "diary/DiaryCommands.h"
 
 namespace quillary::diary {
 namespace {
 
-// In the order of VisitState.
-constexpr std::array kCodes = {u"V", u"VD", u"VC"};
-
-VisitState StateOf(const QString& status) {
-  for (size_t state = 0; state < kCodes.size(); ++state) {
-    if (status.compare(QStringView(kCodes[state]), Qt::CaseInsensitive) == 0) {
-      return static_cast<VisitState>(state);
-    }
-  }
-  return VisitState::NotDone;
+EntryStatus VisitStatusOf(const QString& stored) {
+  const StoredEntryStatus status(stored);
+  return status.Known() && IsVisit(status) ? *status.Known() : EntryStatus::VisitOpen;
 }
 
-qint64 InsertEmptyVisit(Business& business) {
-  business.RunSQL(Sql("INSERT INTO Diary (Status) VALUES ('V');"));
-  return business.FirstField(Sql("SELECT Max(Diary_ID) FROM Diary;")).ToLong();
+Id<Entry> InsertEmptyVisit(Business& business) {
+  return business.InsertReturningKey<Entry>(
+      Sql("INSERT INTO Diary (Status) VALUES ({});", EntryStatus::VisitOpen));
 }
 
 }  // namespace
 
-Visit NewVisit(Business& business, std::optional<qint64> clientId) {
-  Visit visit;
-  visit.clientId = clientId;
-  visit.date = business.Today();
-  if (const auto employee = business.values.defaultEmployee) visit.employeeId = employee->Number();
-  return visit;
+Visit NewVisit(Business& business, std::optional<Id<Client>> client) {
+  return {.client = client, .date = business.Today(), .employee = business.values.defaultEmployee};
 }
 
-std::optional<Visit> LoadVisit(Business& business, qint64 diaryId) {
-  const Recordset entry =
-      business.RunSQL(Sql("SELECT * FROM Diary WHERE Diary_ID = {}; ", diaryId));
-  if (entry.EndOfFile()) return std::nullopt;
-  const auto choice = [&](const char16_t* column) -> std::optional<qint64> {
-    const qint64 id = entry.Field(column).ToLong();
-    return id == 0 ? std::nullopt : std::optional(id);
-  };
-  return Visit{.diaryId = diaryId,
-               .clientId = choice(u"Client_ID"),
-               .date = entry.Field(u"Schedule_Date").ToDate(),
-               .employeeId = choice(u"Employee_ID"),
-               .purpose = entry.Field(u"Description").ToText(),
-               .notes = entry.Field(u"Notes").ToText(),
-               .state = StateOf(entry.Field(u"Status").ToText())};
+std::optional<Visit> LoadVisit(Business& business, Id<Entry> entry) {
+  const Recordset row = business.RunSQL(Sql("SELECT * FROM Diary WHERE Diary_ID = {}; ", entry));
+  if (row.EndOfFile()) return std::nullopt;
+  return Visit{.entry = entry,
+               .client = row.Field(u"Client_ID").ToId<Client>(),
+               .date = row.Field(u"Schedule_Date").ToDate(),
+               .employee = row.Field(u"Employee_ID").ToId<Employee>(),
+               .purpose = row.Field(u"Description").ToText(),
+               .notes = row.Field(u"Notes").ToText(),
+               .status = VisitStatusOf(row.Field(u"Status").ToText())};
 }
 
 std::optional<Refusal> CheckVisit(const Visit& visit) {
-  if (visit.employeeId) return std::nullopt;
-  return Refusal{QStringLiteral("Please select an employee."), QStringLiteral("cmbEmployee")};
+  if (visit.employee) return std::nullopt;
+  return Refusal{QStringLiteral("Please select an employee."), QStringLiteral("employee")};
 }
 
 std::optional<Refusal> SaveVisit(Business& business, Visit& visit) {
   if (std::optional<Refusal> refusal = CheckVisit(visit)) return refusal;
   Transaction save(business);
-  const qint64 diaryId = visit.IsNew() ? InsertEmptyVisit(business) : visit.diaryId;
-  business.RunSQL(
-      Sql("UPDATE Diary SET Client_ID = {}, Employee_ID = {}, Description = {}, "
-          "Schedule_Date = {}, Status = {}, Notes = {} WHERE Diary_ID = {}",
-          visit.clientId, visit.employeeId, visit.purpose, visit.date,
-          QString::fromUtf16(kCodes[static_cast<size_t>(visit.state)]), visit.notes, diaryId));
+  const Id<Entry> entry = visit.IsNew() ? InsertEmptyVisit(business) : *visit.entry;
+  business.Write(Sql("UPDATE Diary SET Client_ID = {}, Employee_ID = {}, Description = {}, "
+                     "Schedule_Date = {}, Status = {}, Notes = {} WHERE Diary_ID = {}",
+                     visit.client, visit.employee, visit.purpose, visit.date, visit.status,
+                     visit.notes, entry),
+                 Rows::Exactly(1));
   save.Commit();
-  visit.diaryId = diaryId;
+  visit.entry = entry;
   return std::nullopt;
 }
 
-bool DeleteVisit(Business& business, Prompter& prompter, qint64 diaryId) {
+bool DeleteVisit(Business& business, Prompter& prompter, Id<Entry> entry) {
   const Answer answer =
       prompter.AskBeforeLosing(QStringLiteral("Are you sure you want to delete this visit?"));
   if (answer != Answer::Yes) return false;
-  business.RunSQL(Sql("DELETE FROM Diary WHERE Diary_ID = {}", diaryId));
+  DeleteEntry(business, entry);
   return true;
 }
 

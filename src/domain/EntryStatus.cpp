@@ -32,6 +32,19 @@ constexpr auto MakeEntryStatuses() {
 constexpr auto kEntryStatuses = MakeEntryStatuses();
 static_assert(IsInOrder(kEntryStatuses));
 
+/// With whose code all codes of the kind begin.
+EntryStatus FirstOf(EntryKind kind) {
+  switch (kind) {
+    case EntryKind::Visit:
+      return EntryStatus::VisitOpen;
+    case EntryKind::Quote:
+      return EntryStatus::QuoteOpen;
+    case EntryKind::Job:
+      break;
+  }
+  return EntryStatus::JobOpen;
+}
+
 QString WordsOr(const StoredEntryStatus& status, QStringView EntryStatusFacts::*words) {
   if (!status.Known()) return status.Text();
   return (FactsOf(*status.Known()).*words).toString();
@@ -43,14 +56,15 @@ std::span<const EntryStatusFacts> TableOf(EntryStatus) {
   return kEntryStatuses;
 }
 
+Sql IsOfKind(const char* column, EntryKind kind) {
+  return Sql("LEFT({}, 1) = {}", Sql(column), FirstOf(kind));
+}
+
 std::optional<EntryKind> KindOf(const StoredEntryStatus& status) {
   if (status.Known()) return FactsOf(*status.Known()).kind;
-  const QString letter = status.Text().left(1).toUpper();
-  for (const EntryStatus open :
-       {EntryStatus::JobOpen, EntryStatus::VisitOpen, EntryStatus::QuoteOpen}) {
-    if (letter == TextOf(open)) return FactsOf(open).kind;
-  }
-  return std::nullopt;
+  const StoredEntryStatus letter(status.Text().left(1));
+  if (!letter.Known()) return std::nullopt;
+  return FactsOf(*letter.Known()).kind;
 }
 
 StoredEntryStatus Folded(const StoredEntryStatus& status) {

@@ -57,6 +57,9 @@ inline Sql CodesOf(EntryGroup group) {
   return ListOf<EntryStatus>(group);
 }
 
+/// Holds in a statement for the codes of that kind, known or not: "LEFT(Diary.Status, 1) = 'J'".
+Sql IsOfKind(const char* column, EntryKind kind);
+
 /// Of a code that nobody knows the first letter decides; nothing when it tells nothing.
 std::optional<EntryKind> KindOf(const StoredEntryStatus& status);
 inline bool IsVisit(const StoredEntryStatus& status) {

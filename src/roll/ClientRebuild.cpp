@@ -1,5 +1,7 @@
 #include "roll/ClientRebuild.h"
 
+#include "domain/ClientStatus.h"
+#include "domain/JobType.h"
 #include "roll/DiaryEntries.h"
 
 #include <algorithm>
@@ -11,15 +13,15 @@ namespace {
 /// dates it follows.
 struct Schedule {
   explicit Schedule(const Record& row)
-      : clientServiceId(row[u"Client_Service_ID"].ToLong()),
-        employeeId(row[u"Employee_ID"].ToLong()),
-        status(row[u"Status"].ToText().toUpper()),
+      : clientService(row[u"Client_Service_ID"].ToLong()),
+        employee(row[u"Employee_ID"].ToId<Employee>()),
+        type(row[u"Status"].ToText()),
         nextVisit(row[u"Next_Visit"].ToDate()),
         frequency(static_cast<int>(row[u"Frequency"].ToLong())) {}
 
-  qint64 clientServiceId;
-  qint64 employeeId;
-  QString status;
+  Id<ClientService> clientService;
+  std::optional<Id<Employee>> employee;
+  StoredJobType type;
   QDate nextVisit;  // invalid for none
   int frequency;    // days; 0 for none
 };
@@ -32,12 +34,12 @@ QDate FirstOfRhythm(QDate first, int step, QDate from) {
 
 class Rebuild {
  public:
-  Rebuild(Business& business, RollFaults& faults, DaySequences& sequences, qint64 clientId,
+  Rebuild(Business& business, RollFaults& faults, DaySequences& sequences, Id<Client> client,
           const RebuildDates& dates)
       : business_(business),
         faults_(faults),
         sequences_(sequences),
-        clientId_(clientId),
+        client_(client),
         dates_(dates) {}
 
   RollCount Run();
@@ -57,32 +59,30 @@ class Rebuild {
   void PlaceVisit(VisitWriter& writer, QDate day, const Schedule& schedule, const VisitLine& line);
   void RollNextVisit(const Schedule& schedule);
   void BuildQuoteVisit(const Record& own);
-  qint64 GetQuoteEntry(qint64 employeeId, QDate day);
+  std::optional<Id<Entry>> GetQuoteEntry(std::optional<Id<Employee>> employee, QDate day);
 
   Business& business_;
   RollFaults& faults_;
   DaySequences& sequences_;
-  qint64 clientId_;
+  Id<Client> client_;
   RebuildDates dates_;
   RollCount count_;
 };
 
 RollCount Rebuild::Run() {
   if (dates_.deleteExisting) DeleteOpenTail();
-  const QString status =
-      business_.RunSQL(Sql("SELECT Status FROM Clients WHERE Client_ID = {}; ", clientId_))
+  const StoredClientStatus status(
+      business_.RunSQL(Sql("SELECT Status FROM Clients WHERE Client_ID = {}; ", client_))
           .Field(u"Status")
-          .ToText()
-          .toUpper();
-  const bool isActive = status == u"ACTIVE";
-  if (!isActive && status != u"QUOTE ONLY") return count_;
+          .ToText());
+  if (!status.IsIn(ClientGroup::Scheduled)) return count_;
   const Recordset services =
       business_.RunSQL(Sql("SELECT Client_Services.*, Services.Service_Code "
                            "FROM Client_Services LEFT JOIN Services "
                            "ON Client_Services.Service_ID = Services.Service_ID "
                            "WHERE Client_ID = {} ORDER BY Client_Service_ID; ",
-                           clientId_));
-  if (isActive) {
+                           client_));
+  if (status.Is(ClientStatus::Active)) {
     BuildForActiveClient(services);
   } else {
     BuildQuotes(services);
@@ -91,27 +91,25 @@ RollCount Rebuild::Run() {
 }
 
 void Rebuild::DeleteOpenTail() {
+  const Sql codes = CodesOf(EntryGroup::RebuiltByRoll);
   const Recordset open =
       business_.RunSQL(Sql("SELECT Diary_ID FROM Diary "
-                           "WHERE Client_ID = {} AND Schedule_Date >= {} AND Status IN ('J', 'Q');",
-                           clientId_, dates_.deleteFrom));
-  if (open.IsOpen() && !open.HasRows()) return;
-  if (open.IsOpen()) {
-    business_.RunSQL(
-        Sql("DELETE FROM Diary_Services WHERE Diary_ID IN (SELECT Diary_ID FROM Diary "
-            "WHERE Client_ID = {} AND Schedule_Date >= {} AND Status IN ('J', 'Q')); ",
-            clientId_, dates_.deleteFrom));
-    count_.entriesDeleted += static_cast<int>(open.RowCount());
-  }
-  business_.RunSQL(
-      Sql("DELETE FROM Diary WHERE Client_ID = {} AND Schedule_Date >= {} "
-          "AND Status IN ('J', 'Q'); ",
-          clientId_, dates_.deleteFrom));
+                           "WHERE Client_ID = {} AND Schedule_Date >= {} AND Status IN {};",
+                           client_, dates_.deleteFrom, codes));
+  if (!open.HasRows()) return;
+  business_.Write(
+      Sql("DELETE FROM Diary_Services WHERE Diary_ID IN (SELECT Diary_ID FROM Diary "
+          "WHERE Client_ID = {} AND Schedule_Date >= {} AND Status IN {}); ",
+          client_, dates_.deleteFrom, codes));
+  count_.entriesDeleted +=
+      business_.Write(Sql("DELETE FROM Diary WHERE Client_ID = {} AND Schedule_Date >= {} "
+                          "AND Status IN {}; ",
+                          client_, dates_.deleteFrom, codes));
 }
 
 Schedule Rebuild::ScheduleOf(const Record& own) const {
-  const qint64 followed = own[u"Other_Schedule_Client_Service_ID"].ToLong();
-  if (followed == 0) return Schedule(own);
+  const auto followed = own[u"Other_Schedule_Client_Service_ID"].ToId<ClientService>();
+  if (!followed) return Schedule(own);
   // Read where it stands: the followed service may have been rolled on a moment ago.
   const Recordset leader = business_.RunSQL(
       Sql("SELECT * FROM Client_Services WHERE Client_Service_ID = {}; ", followed));
@@ -119,19 +117,19 @@ Schedule Rebuild::ScheduleOf(const Record& own) const {
 }
 
 VisitLine Rebuild::LineOf(const Record& own, const Schedule& schedule) const {
-  return {own[u"Service_ID"].ToLong(), own[u"Service_Code"].ToText(), own[u"Price"].ToMoney(),
-          own[u"Notes"].ToText(), schedule.frequency};
+  return {own[u"Service_ID"].ToId<Service>(), own[u"Service_Code"].ToText(),
+          own[u"Price"].ToMoney(), own[u"Notes"].ToText(), schedule.frequency};
 }
 
 void Rebuild::BuildForActiveClient(const Recordset& services) {
   if (!services.HasRows()) return;
-  VisitWriter writer(business_, sequences_, clientId_, dates_.start);
+  VisitWriter writer(business_, sequences_, client_, dates_.days.from);
   for (const Record own : services) {
     faults_.Guard([&] {
       const Schedule schedule = ScheduleOf(own);
       const VisitLine line = LineOf(own, schedule);
-      if (schedule.status == u"CASUAL") BuildSingleVisit(writer, schedule, line);
-      if (schedule.status == u"REGULAR") BuildRepeatingVisits(writer, schedule, line);
+      if (schedule.type.Is(JobType::Casual)) BuildSingleVisit(writer, schedule, line);
+      if (schedule.type.Is(JobType::Regular)) BuildRepeatingVisits(writer, schedule, line);
     });
   }
   count_.entriesMade += writer.Write();
@@ -142,16 +140,16 @@ void Rebuild::BuildForActiveClient(const Recordset& services) {
 void Rebuild::PlaceVisit(VisitWriter& writer, QDate day, const Schedule& schedule,
                          const VisitLine& line) {
   if (IsHoliday(day)) {
-    writer.AddVisit(schedule.employeeId, WorkingDay(day), line);
-  } else if (!writer.IsScheduled(line.serviceId, day)) {
-    writer.AddVisit(schedule.employeeId, day, line);
+    writer.AddVisit(schedule.employee, WorkingDay(day), line);
+  } else if (!writer.IsScheduled(line.service, day)) {
+    writer.AddVisit(schedule.employee, day, line);
   }
 }
 
 void Rebuild::BuildSingleVisit(VisitWriter& writer, const Schedule& schedule,
                                const VisitLine& line) {
   const QDate day = schedule.nextVisit;
-  if (!day.isValid() || day < dates_.start || day > dates_.end) return;
+  if (!day.isValid() || !dates_.days.Contains(day)) return;
   PlaceVisit(writer, day, schedule, line);
 }
 
@@ -160,8 +158,8 @@ void Rebuild::BuildRepeatingVisits(VisitWriter& writer, const Schedule& schedule
   if (!schedule.nextVisit.isValid() || schedule.frequency <= 0) return;
   // The rhythm holds from Next_Visit on, however long ago that is, and a visit that is moved off a
   // holiday does not move the ones after it.
-  QDate day = FirstOfRhythm(schedule.nextVisit, schedule.frequency, dates_.start);
-  for (; day <= dates_.end; day = day.addDays(schedule.frequency)) {
+  QDate day = FirstOfRhythm(schedule.nextVisit, schedule.frequency, dates_.days.from);
+  for (; day <= dates_.days.to; day = day.addDays(schedule.frequency)) {
     PlaceVisit(writer, day, schedule, line);
   }
   RollNextVisit(schedule);
@@ -173,9 +171,9 @@ void Rebuild::RollNextVisit(const Schedule& schedule) {
   const QDate shifted = WorkingDay(schedule.nextVisit);
   const QDate today = business_.Today();
   if (shifted >= today) return;
-  business_.RunSQL(Sql("UPDATE Client_Services SET Next_Visit = {} WHERE Client_Service_ID = {}; ",
-                       FirstOfRhythm(shifted, schedule.frequency, today),
-                       schedule.clientServiceId));
+  business_.Write(Sql("UPDATE Client_Services SET Next_Visit = {} WHERE Client_Service_ID = {}; ",
+                      FirstOfRhythm(shifted, schedule.frequency, today), schedule.clientService),
+                  Rows::Exactly(1));
 }
 
 // Quotes are few, and each may take entries away as well as make them, so they are written one by
@@ -192,46 +190,48 @@ void Rebuild::BuildQuoteVisit(const Record& own) {
   const VisitLine line = LineOf(own, schedule);
   const bool isHoliday = IsHoliday(schedule.nextVisit);
   if (!isHoliday &&
-      IsServiceScheduledForTheDay(business_, clientId_, line.serviceId, schedule.nextVisit)) {
+      IsServiceScheduledForTheDay(business_, client_, line.service, schedule.nextVisit)) {
     return;
   }
   const QDate day = WorkingDay(schedule.nextVisit);
   const QDate ownNextVisit = own[u"Next_Visit"].ToDate();
-  qint64 diaryId = GetQuoteEntry(schedule.employeeId, day);
+  auto entry = GetQuoteEntry(schedule.employee, day);
   // A quote moved off a holiday counts as overdue one day later than others.
-  if (ownNextVisit.isValid() && ownNextVisit.addDays(isHoliday ? 1 : 0) < dates_.start) {
-    business_.RunSQL(Sql("DELETE FROM Diary WHERE Diary_ID ={}", diaryId));
-    business_.RunSQL(Sql("DELETE FROM Diary_Services WHERE Diary_ID = {} AND Service_ID = {}",
-                         diaryId, line.serviceId));
+  if (entry && ownNextVisit.isValid() &&
+      ownNextVisit.addDays(isHoliday ? 1 : 0) < dates_.days.from) {
+    business_.Write(Sql("DELETE FROM Diary WHERE Diary_ID ={}", entry), Rows::Exactly(1));
+    business_.Write(Sql("DELETE FROM Diary_Services WHERE Diary_ID = {} AND Service_ID = {}", entry,
+                        NumberOrZero(line.service)));
     ++count_.entriesDeleted;
-    diaryId = GetQuoteEntry(schedule.employeeId, day);
+    entry = GetQuoteEntry(schedule.employee, day);
   }
-  SetUpDiaryServiceEntry(business_, diaryId, line.serviceId, line.serviceCode, line.price,
-                         line.notes, line.frequency);
+  if (!entry) return;
+  SetUpDiaryServiceEntry(business_, *entry, line.service, line.serviceCode, line.price, line.notes,
+                         line.frequency);
 }
 
-qint64 Rebuild::GetQuoteEntry(qint64 employeeId, QDate day) {
-  const QString status = QStringLiteral("Q");
-  if (!FindDiaryEntry(business_, clientId_, employeeId, status, day)) ++count_.entriesMade;
+std::optional<Id<Entry>> Rebuild::GetQuoteEntry(std::optional<Id<Employee>> employee, QDate day) {
+  constexpr EntryStatus kStatus = EntryStatus::QuoteOpen;
+  if (!FindDiaryEntry(business_, client_, employee, kStatus, day)) ++count_.entriesMade;
   sequences_.Forget(day);
-  return SetUpDiaryEntryGetDiaryID(business_, clientId_, employeeId, status, day);
+  return SetUpDiaryEntryGetDiaryID(business_, client_, employee, kStatus, day);
 }
 
 }  // namespace
 
 RollCount RebuildClient(Business& business, RollFaults& faults, DaySequences& sequences,
-                        qint64 clientId, const RebuildDates& dates) {
-  return Rebuild(business, faults, sequences, clientId, dates).Run();
+                        Id<Client> client, const RebuildDates& dates) {
+  return Rebuild(business, faults, sequences, client, dates).Run();
 }
 
 RollCount RebuildClientAlone(Business& business, RollFaults& faults, DaySequences& sequences,
-                             qint64 clientId, const RebuildDates& dates) {
+                             Id<Client> client, const RebuildDates& dates) {
   RollCount count;
   bool done = false;
   faults.Guard([&] {
-    Transaction client(business);
-    count = RebuildClient(business, faults, sequences, clientId, dates);
-    client.Commit();
+    Transaction rebuild(business);
+    count = RebuildClient(business, faults, sequences, client, dates);
+    rebuild.Commit();
     done = true;
   });
   if (done) return count;

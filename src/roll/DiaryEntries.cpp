@@ -26,8 +26,8 @@ QString JoinNotes(const QString& notes, const QString& more) {
   return notes + (TrimBlanks(notes).isEmpty() ? QString() : QStringLiteral(" /// ")) + more;
 }
 
-bool IsServiceScheduledForTheDay(Business& business, qint64 clientId, qint64 serviceId,
-                                 QDate scheduleDate) {
+bool IsServiceScheduledForTheDay(Business& business, Id<Client> client,
+                                 std::optional<Id<Service>> service, QDate scheduleDate) {
   if (!scheduleDate.isValid()) return false;
   bool scheduled = false;
   PassOverErrors(business, QStringLiteral("IsServiceScheduledForTheDay"), [&] {
@@ -37,20 +37,20 @@ bool IsServiceScheduledForTheDay(Business& business, qint64 clientId, qint64 ser
                                  "FROM Diary INNER JOIN Diary_Services "
                                  "ON Diary.Diary_ID = Diary_Services.Diary_ID "
                                  "WHERE Client_ID = {} AND Service_ID = {} AND Schedule_Date = {}",
-                                 clientId, serviceId, scheduleDate))
+                                 client, NumberOrZero(service), scheduleDate))
                      .EndOfFile();
   });
   return scheduled;
 }
 
-std::optional<qint64> FindDiaryEntry(Business& business, qint64 clientId, qint64 employeeId,
-                                     const QString& status, QDate scheduleDate) {
-  const Recordset entries =
-      business.RunSQL(Sql("SELECT Diary_ID FROM Diary WHERE Client_ID = {} AND Schedule_Date = {} "
-                          "AND Employee_ID = {} AND Status = {} ORDER BY Diary_ID;",
-                          clientId, scheduleDate, employeeId, status));
-  if (entries.EndOfFile()) return std::nullopt;
-  return entries.Field(size_t{0}).ToLong();
+std::optional<Id<Entry>> FindDiaryEntry(Business& business, Id<Client> client,
+                                        std::optional<Id<Employee>> employee,
+                                        const StoredEntryStatus& status, QDate scheduleDate) {
+  return business
+      .FirstField(Sql("SELECT Diary_ID FROM Diary WHERE Client_ID = {} AND Schedule_Date = {} "
+                      "AND Employee_ID = {} AND Status = {} ORDER BY Diary_ID;",
+                      client, scheduleDate, NumberOrZero(employee), status))
+      .ToId<Entry>();
 }
 
 int HighestSequence(Business& business, QDate scheduleDate) {
@@ -61,68 +61,68 @@ int HighestSequence(Business& business, QDate scheduleDate) {
   return highest.EndOfFile() ? 0 : static_cast<int>(highest.Field(size_t{0}).ToLong());
 }
 
-qint64 SetUpDiaryEntryGetDiaryID(Business& business, qint64 clientId, qint64 employeeId,
-                                 const QString& status, QDate scheduleDate) {
+std::optional<Id<Entry>> SetUpDiaryEntryGetDiaryID(Business& business, Id<Client> client,
+                                                   std::optional<Id<Employee>> employee,
+                                                   const StoredEntryStatus& status,
+                                                   QDate scheduleDate) {
   const QString procedure = QStringLiteral("SetUpDiaryEntryGetDiaryID");
-  std::optional<qint64> found;
-  PassOverErrors(business, procedure, [&] {
-    found = FindDiaryEntry(business, clientId, employeeId, status, scheduleDate);
-  });
-  if (found) return *found;
+  std::optional<Id<Entry>> entry;
+  PassOverErrors(business, procedure,
+                 [&] { entry = FindDiaryEntry(business, client, employee, status, scheduleDate); });
+  if (entry) return entry;
 
   int sequence = 1;
   PassOverErrors(business, procedure,
                  [&] { sequence = HighestSequence(business, scheduleDate) + 1; });
-  business.RunSQL(
-      Sql("INSERT INTO Diary (Client_ID, Employee_ID, Status, Schedule_Date, Description, "
-          "Total_Price, Total_GST, Time_Requested, Estimated_Minutes, Sequence, Notes) "
-          "VALUES ({}, {}, {}, {}, null, 0, 0, 0, 0, {}, null);",
-          clientId, employeeId, status, scheduleDate, sequence));
-  qint64 diaryId = 0;
   PassOverErrors(business, procedure, [&] {
-    diaryId = business.FirstField(Sql("SELECT MAX(Diary_ID) FROM Diary; ")).ToLong();
+    entry = business.InsertReturningKey<Entry>(
+        Sql("INSERT INTO Diary (Client_ID, Employee_ID, Status, Schedule_Date, Description, "
+            "Total_Price, Total_GST, Time_Requested, Estimated_Minutes, Sequence, Notes) "
+            "VALUES ({}, {}, {}, {}, null, 0, 0, 0, 0, {}, null);",
+            client, NumberOrZero(employee), status, scheduleDate, sequence));
   });
-  return diaryId;
+  return entry;
 }
 
-void SetUpDiaryServiceEntry(Business& business, qint64 diaryId, qint64 serviceId,
+void SetUpDiaryServiceEntry(Business& business, Id<Entry> entry, std::optional<Id<Service>> service,
                             const QString& serviceCode, Money price, const QString& notes,
                             int frequency) {
   QString description;
   QString entryNotes;
   PassOverErrors(business, QStringLiteral("SetUpDiaryServiceEntry"), [&] {
-    const Recordset entry =
-        business.RunSQL(Sql("SELECT Description, Notes FROM Diary WHERE Diary_ID = {}; ", diaryId));
-    if (entry.EndOfFile()) return;
-    description = entry.Field(u"Description").ToText();
-    entryNotes = entry.Field(u"Notes").ToText();
+    const Recordset row =
+        business.RunSQL(Sql("SELECT Description, Notes FROM Diary WHERE Diary_ID = {}; ", entry));
+    if (row.EndOfFile()) return;
+    description = row.Field(u"Description").ToText();
+    entryNotes = row.Field(u"Notes").ToText();
   });
   const Money gst = TaxRate::Of(business).CalculateGSTComponent(price);
+  // In silence, both: each is to be done whether the other can be or not.
   business.RunSQL(
       Sql("INSERT INTO Diary_Services (Diary_ID, Service_ID, Price, GST, Frequency) "
           "VALUES ({}, {}, {}, {}, {}); ",
-          diaryId, serviceId, price, gst, frequency));
-  business.RunSQL(
-      Sql("UPDATE Diary SET Description = {}, Notes = {}, "
-          "Total_Price = Total_Price + {}, Total_GST = Total_GST + {} "
-          "WHERE Diary_ID = {}; ",
-          JoinDescription(description, serviceCode), JoinNotes(entryNotes, notes), price, gst,
-          diaryId));
+          entry, NumberOrZero(service), price, gst, frequency));
+  business.RunSQL(Sql(
+      "UPDATE Diary SET Description = {}, Notes = {}, "
+      "Total_Price = Total_Price + {}, Total_GST = Total_GST + {} "
+      "WHERE Diary_ID = {}; ",
+      JoinDescription(description, serviceCode), JoinNotes(entryNotes, notes), price, gst, entry));
 }
 
-void RecalculateDiaryEntryGST(Business& business, qint64 diaryId) {
+void RecalculateDiaryEntryGST(Business& business, Id<Entry> entry) {
   try {
     const TaxRate rate = TaxRate::StoredIn(business);
     Transaction recalculation(business);
-    business.RunSQL(Sql("UPDATE Diary_Services SET GST = {} WHERE Diary_ID = {}; ",
-                        rate.InsideByWholePercent("Price"), diaryId));
+    business.Write(Sql("UPDATE Diary_Services SET GST = {} WHERE Diary_ID = {}; ",
+                       rate.InsideByWholePercent("Price"), entry));
     const Recordset sum = business.RunSQL(
         Sql("SELECT Diary_ID, SUM(GST) AS G FROM Diary_Services WHERE Diary_ID = {} "
             "GROUP BY Diary_ID;",
-            diaryId));
+            entry));
     if (!sum.EndOfFile())
-      business.RunSQL(Sql("UPDATE Diary SET Total_GST = {} WHERE Diary_ID = {}; ",
-                          sum.Field(u"G").ToMoney().Rounded(2), diaryId));
+      business.Write(Sql("UPDATE Diary SET Total_GST = {} WHERE Diary_ID = {}; ",
+                         sum.Field(u"G").ToMoney().Rounded(2), entry),
+                     Rows::Exactly(1));
     recalculation.Commit();
   } catch (const StorageFailure&) {
     throw;

@@ -1,5 +1,7 @@
 #include "roll/ScheduleCheck.h"
 
+#include "base/DateRange.h"
+#include "domain/JobType.h"
 #include "lists/ListedAddress.h"
 
 #include <QSet>
@@ -13,12 +15,12 @@ constexpr char16_t kSection[] = u"Scheduling problem screen";
 constexpr char16_t kKey[] = u"Show";
 
 // One look into the client's part of the index, instead of one for each expected visit.
-QSet<qint64> DaysWithEntry(Business& business, qint64 clientId, QDate from, QDate to) {
+QSet<qint64> DaysWithEntry(Business& business, Id<Client> client, const DateRange& range) {
   QSet<qint64> days;
   for (const Record row :
        business.RunSQL(Sql("SELECT Schedule_Date FROM Diary WHERE Client_ID = {} "
                            "AND Schedule_Date >= {} AND Schedule_Date <= {}",
-                           clientId, from, to))) {
+                           client, range.from, range.to))) {
     const std::optional<DateTime> moment = row[u"Schedule_Date"].ToDateTime();
     // The roll looks for the day itself, so it does not find an entry at an hour either.
     if (moment && *moment == DateTime(moment->date)) days.insert(moment->date.toJulianDay());
@@ -38,7 +40,7 @@ std::optional<Stop> FindMissingVisit(Business& business, const ScheduleProblem& 
   if (!visit.isValid()) return Stop{};
   if (visit > horizon) return std::nullopt;
 
-  const QSet<qint64> days = DaysWithEntry(business, service.clientId, service.nextVisit, horizon);
+  const QSet<qint64> days = DaysWithEntry(business, service.client, {service.nextVisit, horizon});
   QDate expected = service.nextVisit;
   while (visit <= horizon) {
     if (!days.contains(visit.toJulianDay())) return Stop{visit};
@@ -62,14 +64,15 @@ std::vector<ScheduleProblem> CheckClientSchedules(Business& business) {
                "Client_Services.Frequency, Client_Services.Next_Visit "
                "FROM Clients INNER JOIN Client_Services "
                "ON Clients.Client_ID = Client_Services.Client_ID "
-               "WHERE Clients.Status = 'Active' AND Client_Services.Status = 'Regular' "
-               "ORDER BY Clients.Display_Name, Client_Services.Client_Service_ID;"))) {
-    ScheduleProblem service{.clientId = row[u"Client_ID"].ToLong(),
-                            .status = row[u"Status"].ToText(),
+               "WHERE Clients.Status = {} AND Client_Services.Status = {} "
+               "ORDER BY Clients.Display_Name, Client_Services.Client_Service_ID;",
+               ClientStatus::Active, JobType::Regular))) {
+    ScheduleProblem service{.client = Id<Client>(row[u"Client_ID"].ToLong()),
+                            .status = StoredClientStatus(row[u"Status"].ToText()),
                             .displayName = row[u"Display_Name"].ToText(),
                             .address = lists::ListedAddress(row),
-                            .clientServiceId = row[u"Client_Service_ID"].ToLong(),
-                            .serviceId = row[u"Service_ID"].ToLong(),
+                            .clientService = Id<ClientService>(row[u"Client_Service_ID"].ToLong()),
+                            .service = row[u"Service_ID"].ToId<Service>(),
                             .frequency = static_cast<int>(row[u"Frequency"].ToLong()),
                             .nextVisit = row[u"Next_Visit"].ToDate(),
                             .missingOn = {}};

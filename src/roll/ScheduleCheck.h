@@ -2,6 +2,7 @@
 
 #include "base/ports/SettingsStore.h"
 #include "data/Business.h"
+#include "domain/ClientStatus.h"
 
 #include <QDate>
 #include <QString>
@@ -12,12 +13,12 @@
 namespace quillary::roll {
 
 struct ScheduleProblem {
-  qint64 clientId = 0;
-  QString status;
+  Id<Client> client;
+  StoredClientStatus status;
   QString displayName;
   QString address;  // suburb, post code, street, number
-  qint64 clientServiceId = 0;
-  qint64 serviceId = 0;
+  Id<ClientService> clientService;
+  std::optional<Id<Service>> service;
   int frequency = 0;
   QDate nextVisit;
   QDate missingOn;  // where the diary should have an entry; invalid when the service has no rhythm

@@ -1,5 +1,6 @@
 #include "roll/ScheduleEngine.h"
 
+#include "domain/ClientStatus.h"
 #include "roll/ClientRebuild.h"
 
 #include <algorithm>
@@ -9,16 +10,10 @@ namespace {
 
 // What a client that has left loses: everything after the present moment, in whatever status. The
 // lines stay behind for the repair command.
-RollCount DeleteFuture(Business& business, qint64 clientId) {
-  const DateTime now = business.Now();
-  const Recordset future =
-      business.RunSQL(Sql("SELECT Diary_ID FROM Diary "
-                          "WHERE Client_ID = {} AND Schedule_Date > {}; ",
-                          clientId, now));
-  if (future.IsOpen() && !future.HasRows()) return {};
-  business.RunSQL(
-      Sql("DELETE FROM Diary WHERE Client_ID = {} AND Schedule_Date > {}; ", clientId, now));
-  return {.entriesDeleted = static_cast<int>(future.RowCount()), .entriesMade = 0};
+RollCount DeleteFuture(Business& business, Id<Client> client) {
+  const int deleted = business.Write(Sql(
+      "DELETE FROM Diary WHERE Client_ID = {} AND Schedule_Date > {}; ", client, business.Now()));
+  return {.entriesDeleted = deleted, .entriesMade = 0};
 }
 
 // Undoing by parts has its price: before the first change of a page within a part, the store keeps
@@ -28,11 +23,11 @@ constexpr size_t kClientsOfAPart = 64;
 
 class GlobalRoll {
  public:
-  GlobalRoll(Business& business, QDate from, QDate until)
+  GlobalRoll(Business& business, const DateRange& days)
       : business_(business),
         faults_(business),
         sequences_(business),
-        dates_{.start = from, .end = until, .deleteExisting = true, .deleteFrom = from} {}
+        dates_{.days = days, .deleteExisting = true, .deleteFrom = days.from} {}
 
   RollCount Run() {
     RollCount total;
@@ -65,13 +60,12 @@ class GlobalRoll {
                         RebuildRoutine& rebuild) {
     RollCount count;
     for (size_t row = first; row < end; ++row) {
-      const Record client = clients.Row(row);
-      const qint64 clientId = client[u"Client_ID"].ToLong();
-      const QString status = client[u"Status"].ToText().toUpper();
-      if (status == u"ACTIVE" || status == u"QUOTE ONLY") {
-        count += rebuild(business_, faults_, sequences_, clientId, dates_);
-      } else if (status == u"CANCELLED" || status == u"TRANSFERRED") {
-        count += DeleteFuture(business_, clientId);
+      const Id<Client> client(clients.Row(row)[u"Client_ID"].ToLong());
+      const StoredClientStatus status(clients.Row(row)[u"Status"].ToText());
+      if (status.IsIn(ClientGroup::Scheduled)) {
+        count += rebuild(business_, faults_, sequences_, client, dates_);
+      } else if (status.IsIn(ClientGroup::LosesFuture)) {
+        count += DeleteFuture(business_, client);
       }
     }
     return count;
@@ -91,8 +85,8 @@ RollCount RollAllClients(Business& business) {
 
   const BusyWhile busy(business.World().busy);
   Transaction roll(business);
-  const RollCount total = GlobalRoll(business, from, until).Run();
-  business.RunSQL(Sql("UPDATE infSystem SET Last_Schedule_Ending = {};", until));
+  const RollCount total = GlobalRoll(business, {from, until}).Run();
+  business.Write(Sql("UPDATE infSystem SET Last_Schedule_Ending = {};", until), Rows::AtLeast(1));
   roll.Commit();
   return total;
 }
@@ -110,19 +104,19 @@ RollCount AdvanceScheduleGlobally(Business& business) {
   return {};
 }
 
-RollCount AdvanceScheduleForClient(Business& business, qint64 clientId,
+RollCount AdvanceScheduleForClient(Business& business, Id<Client> client,
                                    const AdvanceOptions& options) {
   const BusyWhile busy(business.World().busy);
   const QDate start = options.startDate.value_or(business.Today());
   const RebuildDates dates{
-      .start = start,
-      .end = options.endDate.value_or(start.addDays(business.values.daysToAdvanceSchedule)),
+      .days = {start,
+               options.endDate.value_or(start.addDays(business.values.daysToAdvanceSchedule))},
       .deleteExisting = options.deleteExisting,
       .deleteFrom = options.deleteFrom.value_or(start)};
   try {
     RollFaults faults(business);
     DaySequences sequences(business);
-    return RebuildClientAlone(business, faults, sequences, clientId, dates);
+    return RebuildClientAlone(business, faults, sequences, client, dates);
   } catch (const RepairWanted&) {
     HandOverToRepair(business);
   }

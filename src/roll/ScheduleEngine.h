@@ -35,12 +35,12 @@ struct AdvanceOptions {
   std::optional<QDate> deleteFrom = {};  // startDate when missing
 };
 
-/// Rebuilds one client's open diary: deletes the 'J' and 'Q' entries from `deleteFrom` on, without
+/// Rebuilds one client's open diary: deletes the open jobs and quotes from `deleteFrom` on, without
 /// upper bound, and makes them again from the client's services. Of a client that is neither active
 /// nor quote only it just deletes. Rolls Client_Services.Next_Visit of repeating services to today
 /// or later. Throws StorageFailure, a damaged file being offered for repair first; the diary is
 /// then as it was.
-RollCount AdvanceScheduleForClient(Business& business, qint64 clientId,
+RollCount AdvanceScheduleForClient(Business& business, Id<Client> client,
                                    const AdvanceOptions& options = {});
 
 }  // namespace quillary::roll

@@ -36,7 +36,7 @@ class DaySequences {
 
 /// One service done on a visit.
 struct VisitLine {
-  qint64 serviceId = 0;
+  std::optional<Id<Service>> service;
   QString serviceCode;
   Money price;  // includes tax
   QString notes;
@@ -50,51 +50,52 @@ struct VisitLine {
 class VisitWriter {
  public:
   /// Visits before `from` are neither looked at nor made.
-  VisitWriter(Business& business, DaySequences& sequences, qint64 clientId, QDate from);
+  VisitWriter(Business& business, DaySequences& sequences, Id<Client> client, QDate from);
 
   /// Whether a line of the service stands on that day, in the file or among the visits collected.
-  bool IsScheduled(qint64 serviceId, QDate day) const;
+  bool IsScheduled(std::optional<Id<Service>> service, QDate day) const;
   /// Adds a line to the client's open job of that day and employee, collecting a new job when there
   /// is none.
-  void AddVisit(qint64 employeeId, QDate day, const VisitLine& line);
+  void AddVisit(std::optional<Id<Employee>> employee, QDate day, const VisitLine& line);
   /// Writes Diary and Diary_Services; returns how many entries are new.
   int Write();
 
  private:
-  using Place = std::pair<qint64, qint64>;  // service or employee, Julian day
+  /// What is looked up for each visit: the number of a service or employee, 0 for none as the
+  /// columns hold it, and the Julian day.
+  using Place = std::pair<qint64, qint64>;
 
-  struct Entry {
-    qint64 diaryId = 0;  // 0 until it is written
-    qint64 employeeId = 0;
-    QDate day;
+  struct Visit {
+    std::optional<Id<Entry>> entry = {};  // nothing until it is written
+    std::optional<Id<Employee>> employee = {};
+    QDate day = {};
     int sequence = 0;
-    QString description;
-    QString notes;
-    Money price;  // what the collected lines add
-    Money gst;
-    bool isNew = false;
+    QString description = {};
+    QString notes = {};
+    Money price = {};  // what the collected lines add
+    Money gst = {};
     bool isChanged = false;
   };
   struct Line {
-    size_t entry = 0;
-    qint64 serviceId = 0;
+    size_t visit = 0;
+    std::optional<Id<Service>> service;
     Money price;
     Money gst;
     int frequency = 0;
   };
 
   void LoadDiary(QDate from);
-  int InsertNewEntries();
-  void UpdateOldEntries();
+  int InsertNewVisits();
+  void UpdateOldVisits();
   void InsertLines();
 
   Business& business_;
   DaySequences& sequences_;
-  qint64 clientId_;
+  Id<Client> client_;
   TaxRate taxRate_;
   QSet<Place> scheduled_;
   QHash<Place, size_t> openJobs_;
-  std::vector<Entry> entries_;
+  std::vector<Visit> visits_;
   std::vector<Line> lines_;
 };
 

@@ -187,7 +187,7 @@ void UpgradeFile(Business& business, const QString& programFolder,
     // What is made anew reaches as far and is taxed as ever, although little is loaded yet.
     LoadHorizon(business);
     LoadTaxRate(business);
-    roll::AdvanceScheduleForClient(business, clientId);
+    roll::AdvanceScheduleForClient(business, Id<Client>(clientId));
   };
   Upgrader::Initialize(business, options);
 }

@@ -70,7 +70,8 @@ class UnwatchedDesktop : public MachineDesktop {
 int FirstOpenJob(const Grid& grid) {
   for (size_t row = 0; row < grid.Rows().size(); ++row) {
     const GridRow& entry = grid.Rows()[row];
-    if (entry.cells[diary::kStatus].value == Value("J")) return static_cast<int>(row);
+    if (entry.cells[diary::kStatus].value == Value(EntryStatus::JobOpen))
+      return static_cast<int>(row);
   }
   return -1;
 }
@@ -99,7 +100,7 @@ std::optional<qint64> MarkFirstJobDone(QWidget* window, const FailingErrors& err
   const std::vector<qint64> keys = grid->Keys();
   for (size_t at = 0; at < keys.size(); ++at) {
     if (keys[at] != key) continue;
-    if (!(grid->Rows()[at].cells[diary::kStatus].value == Value("JD")))
+    if (!(grid->Rows()[at].cells[diary::kStatus].value == Value(EntryStatus::JobDone)))
       Fail(QStringLiteral("The job was not marked done"));
     Say(QStringLiteral("Marked the job of %1 done.").arg(NameIn(*grid, static_cast<int>(at))));
     return key;

@@ -105,7 +105,7 @@ void MainSearch::OfferClients(const QString& typed) {
     if (clients.size() > kClientsWithJobs) continue;
     for (const clients::FoundJob& job : finder_->Jobs(client.clientId))
       Add(client.name + QStringLiteral("  –  ") + job.words,
-          [this, id = job.diaryId] { navigator_.Open(EditJob{id}); });
+          [this, id = Id<Entry>(job.diaryId)] { navigator_.Open(EditJob{id}); });
   }
 }
 

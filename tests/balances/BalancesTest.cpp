@@ -1,6 +1,5 @@
 #include "balances/ClientBalance.h"
 #include "balances/Debtors.h"
-#include "balances/JobsAndPaymentChecker.h"
 #include "support/BusinessTest.h"
 
 #include <QRandomGenerator>
@@ -124,6 +123,7 @@ const BalanceCase kCases[] = {
      "0.005 - 0"},
     {"one billed to nobody known is no payer", 99, {{3, "JD", 5}}, 3, "- - 0"},
     {"client 0 is recalculated", 1, {{1, "JD", 5}}, 0, "- - -"},
+    {"a client who is gone is recalculated", 1, {{9, "JD", 5}}, 9, "- - -"},
 };
 
 TEST_F(BalancesTest, TheThreeKindsOfClient) {
@@ -134,16 +134,35 @@ TEST_F(BalancesTest, TheThreeKindsOfClient) {
     for (const auto& [client, status, amount] : balanceCase.movements) {
       status ? AddJob(client, status, amount) : Pay(client, amount);
     }
-    RecalculateClientBalance(business(), balanceCase.recalculated);
+    RecalculateClientBalance(business(), Value(balanceCase.recalculated).ToId<Client>());
     EXPECT_EQ(Balances(), balanceCase.balances);
   }
 }
 
-TEST_F(BalancesTest, AClientWithoutBillingClientOwesNothing) {
-  AddClient("Left over from an old file", "Active", nullptr);
-  AddJob(1, "JD", 10);
-  RecalculateClientBalance(business(), 1);
-  EXPECT_EQ(Balances(), "0");
+TEST_F(BalancesTest, WhoNamesNobodyPaysForItself) {
+  for (const char* status : {"Active", "Billing address"}) {
+    for (const Value& nobody : {Value(), Value(0)}) {
+      SCOPED_TRACE(status);
+      const Transaction undoneAfterTheCase(business());
+      AddClient("Left over from an old file", status, nobody);
+      AddJob(1, "JD", 10);
+      Pay(1, 4);
+      RecalculateClientBalance(business(), Id<Client>(1));
+      EXPECT_EQ(Balances(), "-6");
+      Run(Sql("UPDATE Clients SET Account_Balance = 0"));
+      RecalculateAmountOwingOfAllClients(business());
+      EXPECT_EQ(Balances(), "-6") << "all at once read it otherwise";
+    }
+  }
+}
+
+TEST_F(BalancesTest, ARefusedWriteUndoesTheRecalculation) {
+  AddThree(1);
+  AddJob(3, "JD", 10);
+  Run(Sql("ALTER TABLE Clients DROP COLUMN Debtor_Since"));
+  ExpectRefused("Debtor_Since");
+  EXPECT_THROW(RecalculateClientBalance(business(), Id<Client>(3)), ProgramError);
+  EXPECT_EQ(Balances(), "- - -") << "a balance was stored without its date";
 }
 
 struct SinceCase {
@@ -199,7 +218,7 @@ TEST_F(BalancesTest, DebtorSinceMoves) {
       AddJob(1, status, 10, day, sinceCase.areJobsOnAPayment ? Value(7) : Value());
     }
     if (sinceCase.paid != 0) Pay(1, sinceCase.paid);
-    RecalculateClientBalance(business(), 1);
+    RecalculateClientBalance(business(), Id<Client>(1));
     EXPECT_EQ(DebtorSince(1), sinceCase.after);
   }
 }
@@ -208,11 +227,11 @@ TEST_F(BalancesTest, RecalculatingASiteLeavesSinceWhenItsPayerOwes) {
   AddThree(1);
   Run(Sql("UPDATE Clients SET Debtor_Since = {}", Day("2026-09-01")));
   AddJob(3, "JD", 10, "2026-08-01");
-  RecalculateClientBalance(business(), 3);
+  RecalculateClientBalance(business(), Id<Client>(3));
   EXPECT_EQ(Balances(), "-10 - 0");
   EXPECT_TRUE(DebtorSince(3).IsNull());
   EXPECT_EQ(DebtorSince(1), Value(Day("2026-09-01")));
-  RecalculateClientBalance(business(), 1);
+  RecalculateClientBalance(business(), Id<Client>(1));
   EXPECT_EQ(DebtorSince(1), Value(Day("2026-08-01")));
 }
 
@@ -260,7 +279,7 @@ TEST_F(WholeBusinessTest, AllAtOnceGivesTheFiguresOfOneByOne) {
     {
       const Transaction undone(business());
       for (const Record row : Run(Sql("SELECT Client_ID FROM Clients WHERE Is_Billed_To = True"))) {
-        RecalculateClientBalance(business(), row[u"Client_ID"].ToLong());
+        RecalculateClientBalance(business(), row[u"Client_ID"].ToId<Client>());
       }
       oneByOne = Figures();
     }
@@ -304,73 +323,6 @@ TEST_F(BalancesTest, DebtorsAndCreditorsShowWhatIsOwing) {
   EXPECT_EQ(shown(ListDebtors(business(), DebtorFilter::Active)), "Bob 5,Zoe 20");
   EXPECT_EQ(shown(ListCreditors(business(), DebtorFilter::All)), "Cleo -7,Gone -8");
   EXPECT_EQ(shown(ListCreditors(business(), DebtorFilter::Active)), "Cleo -7");
-}
-
-class CheckerTest : public BalancesTest {
- protected:
-  void SetUp() override {
-    BalancesTest::SetUp();
-    AddThree(1);
-    AddJob(1, "JD", 10.005, "2026-10-01");
-    AddJob(1, "JI", 10.005, "2026-10-08", 1);
-    AddJob(3, "JU", 5);
-    AddJob(3, "J", 99);
-    Pay(1, 20);
-    Pay(3, 7);
-    Run(Sql("INSERT INTO General_Ledger_Accounts (GL_Account_Name) VALUES ('Mowing')"));
-    for (int entry = 0; entry < 2; ++entry) {
-      Run(Sql("INSERT INTO General_Ledger_Entries (Payment_ID, GL_Account_ID) VALUES (1, 1)"));
-    }
-  }
-};
-
-TEST_F(CheckerTest, ShowsWhatABalanceIsMadeOf) {
-  const std::vector<CheckedClient> clients = ListCheckedClients(business());
-  ASSERT_EQ(clients.size(), 3u);
-  EXPECT_EQ(clients[1].billedClient, " (same as client) ");
-  EXPECT_EQ(clients[2].billedClient, "Payer");
-
-  Run(Sql("UPDATE Clients SET Display_Name = 'Same', Account_Balance = -7 * Client_ID"));
-  Run(Sql("UPDATE Clients SET Surname = 'B', First_Name = 'B' WHERE Client_ID = 1"));
-  Run(Sql("UPDATE Clients SET Surname = 'B', First_Name = 'A' WHERE Client_ID = 2"));
-  Run(Sql("UPDATE Clients SET Surname = 'A', First_Name = 'Z' WHERE Client_ID = 3"));
-  QStringList owing;
-  for (const CheckedClient& client : ListCheckedClients(business()))
-    owing += QStringLiteral("%1 %2 %3")
-                 .arg(client.clientId)
-                 .arg(client.amountOwing.ToText(), client.billedClientOwes.ToText());
-  EXPECT_EQ(owing.join(u','), "3 21 7,2 14 14,1 7 7") << "by surname and first name in the end";
-
-  const CheckedJobs jobs = ListCheckedJobs(business(), 1);
-  QStringList shown;
-  for (const CheckedJob& job : jobs.rows) {
-    shown += QStringLiteral("%1 %2 %3")
-                 .arg(job.diaryId)
-                 .arg(job.StatusWords())
-                 .arg(static_cast<int>(job.Colour()));
-  }
-  EXPECT_EQ(shown.join(u','), "2 Job INVOICED 2,1 Job DONE 1,3 Job DONE 1");
-  EXPECT_EQ(jobs.total.ToText(), "25") << "10.005 and 10.005 round at each step: 10, 20";
-  EXPECT_EQ(ListCheckedJobs(business(), 3).rows.size(), 1u) << "a site has its own jobs";
-
-  const CheckedPayments own = ListPaymentsOfClient(business(), 1);
-  const CheckedPayments attached = ListPaymentsOfAttachedClients(business(), 1);
-  ASSERT_EQ(own.rows.size(), 1u);
-  ASSERT_EQ(attached.rows.size(), 1u);
-  EXPECT_EQ(own.rows[0].accounts, "Mowing");
-  EXPECT_EQ(attached.rows[0].accounts, "(None)");
-  EXPECT_EQ(attached.total.ToText(), "7");
-}
-
-TEST_F(CheckerTest, DeletingRecomputesWhatIsLeft) {
-  Run(Sql("INSERT INTO Diary_Services (Diary_ID) VALUES (1)"));
-  DeleteCheckedJob(business(), 1, 1);
-  EXPECT_EQ(Count("Diary_Services"), 0);
-  EXPECT_EQ(Balances(), "5 - -");
-  DeleteCheckedPayment(business(), 1, 1);
-  EXPECT_EQ(Balances(), "-15 - -");
-  EXPECT_EQ(Count("General_Ledger_Entries"), 0);
-  EXPECT_EQ(Run(Sql("SELECT * FROM Diary WHERE Payment_ID = 1")).RowCount(), 0u);
 }
 
 }  // namespace

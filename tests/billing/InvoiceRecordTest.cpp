@@ -224,13 +224,13 @@ TEST_F(InvoiceRecordTest, TaxOfAnEntryCountsWholePercents) {
   };
   for (const RateCase& c : cases) {
     Run(Sql("UPDATE infOptions SET GST_Percentage = {}", c.rate));
-    roll::RecalculateDiaryEntryGST(business(), job);
+    roll::RecalculateDiaryEntryGST(business(), Id<Entry>(job));
     EXPECT_EQ(Rows(Sql("SELECT GST FROM Diary_Services ORDER BY Diary_Service_ID")), c.lines)
         << c.fault;
     EXPECT_EQ(Rows(Sql("SELECT Total_GST FROM Diary WHERE Diary_ID = {}", job)), c.total)
         << c.fault;
   }
-  roll::RecalculateDiaryEntryGST(business(), bare);
+  roll::RecalculateDiaryEntryGST(business(), Id<Entry>(bare));
   EXPECT_EQ(Rows(Sql("SELECT Total_GST FROM Diary WHERE Diary_ID = {}", bare)), "99");
 }
 

@@ -212,7 +212,7 @@ TEST_F(ClientsTest, JobsAreFutureOrPastByDayOrByBeingDone) {
   EXPECT_EQ(shown(LoadFutureJobs(business(), payer)), QStringLiteral("S1 S6 P%1").arg(own));
   EXPECT_EQ(shown(LoadPastJobs(business(), payer)), "S3 S2 S5");
   EXPECT_EQ(shown(LoadFutureJobs(business(), site)), "N1 N6") << "named Name when billed elsewhere";
-  EXPECT_EQ(LoadPastJobs(business(), site)[0].StatusWords(), "Job DONE");
+  EXPECT_EQ(WordsOf(LoadPastJobs(business(), site)[0].status), "Job DONE");
 }
 
 TEST_F(ClientsTest, DeletingAJobTakesItsLinesAndItsPrice) {
@@ -220,13 +220,13 @@ TEST_F(ClientsTest, DeletingAJobTakesItsLinesAndItsPrice) {
   const ClientRecord site = AddClient("Site", "Active", payer.clientId);
   AddJob(site.clientId, "JD", "2026-10-01", 10);
   const qint64 wrong = AddJob(site.clientId, "JD", "2026-10-08", 30);
-  EXPECT_EQ(DeleteClientJob(business(), outside.prompter, payer, std::nullopt)->message,
+  EXPECT_EQ(DeleteClientJob(business(), outside.prompter, std::nullopt)->message,
             "Please select a job to delete.");
   outside.prompter.Expect("delete this job", Answer::No);
-  EXPECT_FALSE(DeleteClientJob(business(), outside.prompter, payer, wrong));
+  EXPECT_FALSE(DeleteClientJob(business(), outside.prompter, Id<Entry>(wrong)));
   EXPECT_EQ(Count("Diary"), 2);
   outside.prompter.Expect("delete this job", Answer::Yes);
-  EXPECT_FALSE(DeleteClientJob(business(), outside.prompter, site, wrong));
+  EXPECT_FALSE(DeleteClientJob(business(), outside.prompter, Id<Entry>(wrong)));
   EXPECT_EQ(Count("Diary_Services"), 1);
   EXPECT_EQ(LoadClientDetails(business(), payer.clientId)->accountBalance.ToText(), "-10");
 }

@@ -1,3 +1,4 @@
+#include "diary/DiaryCommands.h"
 #include "diary/DiaryDay.h"
 #include "roll/ScheduleTest.h"
 
@@ -12,15 +13,15 @@ class DiaryDayTest : public ScheduleTest {
  protected:
   DiaryList Load(const char* from, const char* to, std::optional<qint64> employee = {},
                  bool bySuburb = false) {
-    return LoadDiary(business(), {Day(from), Day(to), employee, bySuburb});
+    return LoadDiary(business(), {{Day(from), Day(to)}, IdFrom<Employee>(employee), bySuburb});
   }
-  void SetEntry(qint64 entry, const char* column, const Value& value) {
+  void SetEntry(Id<Entry> entry, const char* column, const Value& value) {
     Run(Sql((std::string("UPDATE Diary SET ") + column + " = {} WHERE Diary_ID = {}").c_str(),
             value, entry));
   }
   static QString Keys(const DiaryList& list) {
     QStringList keys;
-    for (const DiaryRow& row : list.rows) keys += QString::number(row.diaryId);
+    for (const DiaryRow& row : list.rows) keys += QString::number(row.entry.Number());
     return keys.join(u' ');
   }
 };
@@ -31,8 +32,8 @@ TEST_F(DiaryDayTest, RowShowsTheEntryAndItsClient) {
       "Street_Number, Phone_1, Phone_2) VALUES ('Active', ' O''Brien, Zoë ', 4, 'KEW', '3101', "
       "'High St', '18', '0412 555 018', '03 9555 0144')"));
   AddClient();
-  AddEntry(1, Day("2026-11-02"), "JU", 2, 7);
-  AddEntry(2, Day("2026-11-02"), "J", 0, 8);
+  AddEntry(Id<Client>(1), Day("2026-11-02"), "JU", 2, 7);
+  AddEntry(Id<Client>(2), Day("2026-11-02"), "J", 0, 8);
   Run(Sql("UPDATE Diary SET Total_Price = 95.5, Description = 'LM, HT', Invoice_ID = 3"));
   const DiaryList list = Load("2026-11-02", "2026-11-02");
   ASSERT_EQ(list.rows.size(), 2U);
@@ -43,11 +44,11 @@ TEST_F(DiaryDayTest, RowShowsTheEntryAndItsClient) {
   EXPECT_EQ(row.description, "LM, HT");
   EXPECT_EQ(row.totalPrice.ToText(), "95.5");
   EXPECT_EQ(row.sequence, 7);
-  EXPECT_EQ(row.billingClientId, 4);
-  EXPECT_EQ(row.invoiceId, 3);
-  EXPECT_EQ(row.paymentId, -1);
-  EXPECT_EQ(row.ShownStatus(), "JD");
-  EXPECT_EQ(row.StatusWords(), "Job DONE NOT PAID");
+  EXPECT_EQ(row.payer, Id<Client>(4));
+  EXPECT_EQ(row.invoice, Id<Invoice>(3));
+  EXPECT_FALSE(row.payment);
+  EXPECT_EQ(row.RowHue(), Hue::Green);
+  EXPECT_EQ(list.rows.back().payer, Id<Client>(2)) << "who names nobody pays for itself";
   EXPECT_EQ(list.rows.back().phones, "") << "no separator between two phones that are not there";
 }
 
@@ -57,11 +58,11 @@ TEST_F(DiaryDayTest, DaysAndOrder) {
   for (const char* suburb : {"KEW", "BALWYN", "NOWHERE"}) {
     Run(Sql("UPDATE Clients SET Suburb = {} WHERE Client_ID = {}", suburb, AddClient()));
   }
-  AddEntry(1, Day("2026-11-02"), "J", 1, 2);
-  AddEntry(2, Day("2026-11-02"), "J", 1, 3);
-  AddEntry(3, DateTime(Day("2026-11-02"), QTime(17, 30)), "J", 1, 1);
-  AddEntry(1, Day("2026-11-03"), "J", 1, 1);
-  AddEntry(2, Day("2026-11-01"), "J", 1, 9);
+  AddEntry(Id<Client>(1), Day("2026-11-02"), "J", 1, 2);
+  AddEntry(Id<Client>(2), Day("2026-11-02"), "J", 1, 3);
+  AddEntry(Id<Client>(3), DateTime(Day("2026-11-02"), QTime(17, 30)), "J", 1, 1);
+  AddEntry(Id<Client>(1), Day("2026-11-03"), "J", 1, 1);
+  AddEntry(Id<Client>(2), Day("2026-11-01"), "J", 1, 9);
   Run(Sql("UPDATE Diary SET Employee_ID = 2 WHERE Diary_ID = 2"));
   // A second line must not show its entry twice, not even where entries of two days interleave.
   for (const int entry : {1, 4}) {
@@ -72,15 +73,15 @@ TEST_F(DiaryDayTest, DaysAndOrder) {
   EXPECT_EQ(Keys(Load("2026-11-02", "2026-11-03")), "3 1 4 2");
   EXPECT_EQ(Keys(Load("2026-11-02", "2026-11-02", {}, true)), "3 2 1") << "no position comes first";
   EXPECT_EQ(Keys(Load("2026-11-02", "2026-11-02", 2)), "2");
-  EXPECT_EQ(Keys(Load("2026-11-02", "2026-11-02", -1)), "");
+  EXPECT_EQ(Keys(Load("2026-11-02", "2026-11-02", 99)), "");
   EXPECT_EQ(Keys(Load("2026-12-02", "2026-12-02")), "");
   EXPECT_THROW(Load("2026-11-03", "2026-11-02"), std::invalid_argument);
   EXPECT_EQ(outside.busy.depth, 0);
 }
 
 TEST_F(DiaryDayTest, OnlyJobsThatAreAliveCount) {
-  const qint64 active = AddClient();
-  const qint64 left = AddClient("cancelled");
+  const auto active = AddClient();
+  const auto left = AddClient("cancelled");
   for (const char* status : {"J", "JP", "JU", "JD", "JI", "JC", "V", "VD", "VC", "Q", "QP"}) {
     SetEntry(AddEntry(active, Day("2026-11-02"), status), "Total_Price", 10);
   }
@@ -95,31 +96,8 @@ TEST_F(DiaryDayTest, OnlyJobsThatAreAliveCount) {
   EXPECT_EQ(list.totalNoOfJobs, 6) << "the past of a client that left stays";
   EXPECT_EQ(list.totalAmountOfJobs, Money::FromWhole(50));
   for (const Value& none : {Value(0), Value()}) {
-    SetEntry(1, "Employee_ID", none);
+    SetEntry(Id<Entry>(1), "Employee_ID", none);
     EXPECT_TRUE(Load("2026-11-02", "2026-11-02").someHaveNoEmployee);
-  }
-}
-
-TEST_F(DiaryDayTest, WordsAndColours) {
-  using Colour = DiaryRowColour;
-  const std::tuple<const char*, const char*, const char*, Colour> cases[] = {
-      {"J", "Job NOT DONE", "Job NOT DONE", Colour::Open},
-      {"JI", "Job Invoiced", "Job INVOICED", Colour::Done},
-      {"JP", "Job DONE AND PAID", "Job DONE AND PAID", Colour::Done},
-      {"JC", "Job CANCELLED", "Job CANCELLED", Colour::Cancelled},
-      {"V", "Visit NOT DONE", "Visit", Colour::Visit},
-      {"VC", "Visit CANCELLED", "Visit CANCELLED", Colour::Visit},
-      {"Q", "QUOTE", "QUOTE", Colour::Done},
-      {"X9", "X9", "X9", Colour::Done},
-  };
-  for (const auto& [code, listed, shown, colour] : cases) {
-    DiaryRow row;
-    row.status = QString(code);
-    EXPECT_EQ(DiaryStatusWords(row.status), listed);
-    EXPECT_EQ(row.StatusWords(), shown);
-    EXPECT_EQ(row.Colour(), colour) << code;
-    row.paymentId = 5;
-    EXPECT_EQ(row.Colour(), Colour::Paid) << code;
   }
 }
 
@@ -129,7 +107,7 @@ TEST_F(DiaryDayTest, DoneUnpaidAsksOnlyAboutAPaidJob) {
     std::optional<Answer> answer;
     const char* after;
   };
-  const qint64 entry = AddEntry(AddClient(), Day("2026-11-02"), "J");
+  const auto entry = AddEntry(AddClient(), Day("2026-11-02"), "J");
   for (const Case& done : {Case{{}, {}, "JD -"}, Case{0, {}, "JD 0"}, Case{8, Answer::No, "JD 8"},
                            Case{8, Answer::Yes, "JD -"}}) {
     SetEntry(entry, "Payment_ID", done.payment);
@@ -141,11 +119,12 @@ TEST_F(DiaryDayTest, DoneUnpaidAsksOnlyAboutAPaidJob) {
 }
 
 TEST_F(DiaryDayTest, SmallWritesReachTheirEntryOnly) {
-  for (int entry = 0; entry < 3; ++entry) AddEntry(1, Day("2026-11-02"), "J");
-  StoreSequence(business(), {3, 1, 2});
-  ChangeJobStatus(business(), 1, "JC");
-  ChangeEmployee(business(), 2, 5);
-  ChangeSequence(business(), 3, 9);
+  for (int entry = 0; entry < 3; ++entry) AddEntry(Id<Client>(1), Day("2026-11-02"), "J");
+  const Id<Entry> one(1), two(2), three(3);
+  StoreSequence(business(), {three, one, two});
+  CancelJob(business(), one);
+  ChangeEmployee(business(), two, Id<Employee>(5));
+  ChangeSequence(business(), three, 9);
   EXPECT_EQ(Rows("SELECT Status, Employee_ID, [Sequence] FROM Diary ORDER BY Diary_ID"),
             (QStringList{"JC 1 2", "J 5 3", "J 1 9"}));
 }
@@ -155,13 +134,13 @@ TEST_F(DiaryDayTest, OneDayIsFoundAmongManyRows) {
   AddClient();
   {
     Transaction filled(business());
-    AddEntry(1, Day("2000-01-01"), "JD");
+    AddEntry(Id<Client>(1), Day("2000-01-01"), "JD");
     for (int doubling = 0; doubling < 15; ++doubling) {
       Run(
           Sql("INSERT INTO Diary (Client_ID, Employee_ID, Status, Schedule_Date) "
               "SELECT Client_ID, Employee_ID, Status, Schedule_Date FROM Diary"));
     }
-    AddEntry(1, Day("2026-11-02"), "J");
+    AddEntry(Id<Client>(1), Day("2026-11-02"), "J");
     filled.Commit();
   }
   QElapsedTimer timer;

@@ -8,7 +8,7 @@ namespace {
 using ReschedulingTest = ScheduleTest;
 
 TEST_F(ReschedulingTest, EverythingOpenIsMadeAgainFromToday) {
-  const qint64 client = AddClient();
+  const auto client = AddClient();
   AddService(client);
   AddEntry(client, Day("2026-11-05"), "J");
   AddEntry(client, Day("2026-11-06"), "JD");
@@ -48,9 +48,8 @@ TEST_F(ReschedulingTest, CellsTakeDatesAndNumbersOnly) {
   AddHoliday("25/12");
   for (const Case& cell : cases) {
     SCOPED_TRACE(cell.fault);
-    ServiceRhythm row;
-    row.frequency = 7;
-    row.nextVisit = Day("2026-11-02");
+    ServiceRhythm row{
+        .clientService = Id<ClientService>(1), .frequency = 7, .nextVisit = Day("2026-11-02")};
     const auto date = TypeStartDate(row, cell.typed, business().Today());
     EXPECT_EQ(row.StartDateText(), cell.date ? cell.date : "02 Nov 2026");
     EXPECT_EQ(date ? date->message : "", cell.date ? "" : "Please enter a valid start date.");
@@ -61,16 +60,16 @@ TEST_F(ReschedulingTest, CellsTakeDatesAndNumbersOnly) {
 }
 
 TEST_F(ReschedulingTest, ANewRhythmMovesTheOpenJobsOfOneClient) {
-  const qint64 client = AddClient();
+  const auto client = AddClient();
   AddService(client, {.price = 55.005});
   AddService(client, {.service = 2, .nextVisit = nullptr, .employee = 0, .follows = 1});
-  const qint64 other = AddClient();
+  const auto other = AddClient();
   AddService(other);
   roll::AdvanceScheduleForClient(business(), client);
   std::vector<ServiceRhythm> rows = LoadServiceRhythms(business(), client);
   ASSERT_EQ(rows.size(), 2u);
   EXPECT_EQ(rows[0].price, Money::FromWhole(55)) << "not cut to cents";
-  EXPECT_EQ(rows[1].otherScheduleClientServiceId, 1);
+  EXPECT_EQ(rows[1].follows, rows[0].clientService);
   EXPECT_EQ(rows[1].StartDateText(), "02 Nov 2026") << "a service without a date shows today";
 
   EXPECT_FALSE(TypeStartDate(rows[0], QStringLiteral("4/11/2026"), business().Today()));
@@ -123,7 +122,7 @@ TEST_F(ReschedulingTest, TheCheckFindsWhatTheRollWouldHaveMade) {
     const Transaction undone(business());
     business().holidays.clear();
     if (check.holiday) AddHoliday(check.holiday);
-    const qint64 client = AddClient(check.clientStatus);
+    const auto client = AddClient(check.clientStatus);
     AddService(client, check.service);
     roll::AdvanceScheduleForClient(business(), client);
     if (check.removed) {
@@ -131,7 +130,7 @@ TEST_F(ReschedulingTest, TheCheckFindsWhatTheRollWouldHaveMade) {
     }
     QStringList missingOn;
     for (const roll::ScheduleProblem& problem : roll::CheckClientSchedules(business())) {
-      EXPECT_EQ(problem.clientId, client);
+      EXPECT_EQ(problem.client, client);
       const QDate day = problem.missingOn;
       missingOn += day.isValid() ? day.toString(Qt::ISODate) : QStringLiteral("-");
     }
@@ -143,7 +142,7 @@ TEST_F(ReschedulingTest, TheCheckFindsWhatTheRollWouldHaveMade) {
 // Any entry of the client satisfies the check, whatever its status and services; each bad service
 // stands in the list by itself; and a service that is due without frequency stops after one look.
 TEST_F(ReschedulingTest, TheCheckLooksForTheClientNotForTheService) {
-  const qint64 client = AddClient();
+  const auto client = AddClient();
   Run(Sql("UPDATE Clients SET Display_Name = 'Zeta'"));
   AddService(client);
   AddEntry(client, Day("2026-11-02"), "JC", 3);

@@ -23,11 +23,11 @@ class JobScreensTest : public ScreenFixture {
             client, status, day, price, price / 11));
     return Number(Sql("SELECT MAX(Diary_ID) FROM Diary"));
   }
-  Recordset Entry(qint64 id) { return Run(Sql("SELECT * FROM Diary WHERE Diary_ID = {}", id)); }
+  Recordset Stored(qint64 id) { return Run(Sql("SELECT * FROM Diary WHERE Diary_ID = {}", id)); }
 };
 
 TEST_F(JobScreensTest, MakesAJobByKeyboard) {
-  const bool saved = UseDialog(AddJob{1}, [&](Dialog& job) {
+  const bool saved = UseDialog(AddJob{Id<Client>(1)}, [&](Dialog& job) {
     EXPECT_EQ(Find<QComboBox>(&job, "cmbClient")->currentText(), "Abbott");
     EXPECT_EQ(Find<QComboBox>(&job, "cmbStatus")->currentText(), "Job NOT DONE");
     TypeOver(&job, "dtpDate", "4/11");
@@ -46,7 +46,7 @@ TEST_F(JobScreensTest, MakesAJobByKeyboard) {
     ClickOn(&job, "cmdSaveAndClose");
   });
   EXPECT_TRUE(saved);
-  const Recordset entry = Entry(1);
+  const Recordset entry = Stored(1);
   EXPECT_EQ(entry.Field(u"Schedule_Date").ToDate(), QDate(2026, 11, 4));
   EXPECT_EQ(entry.Field(u"Employee_ID").ToLong(), 2);
   EXPECT_EQ(entry.Field(u"Description").ToText(), "HE, MO");
@@ -60,7 +60,7 @@ TEST_F(JobScreensTest, RefusesAnUnfinishedJobAtTheField) {
           "VALUES ('03/11', 2026, False)"));
   LoadHolidaysIntoArray(business());
   outside.prompter.Expect("Close without saving changes?", Answer::Yes);
-  UseDialog(AddJob{1}, [&](Dialog& job) {
+  UseDialog(AddJob{Id<Client>(1)}, [&](Dialog& job) {
     struct Case {
       const char* message;
       const char* field;
@@ -101,7 +101,7 @@ TEST_F(JobScreensTest, ChangesAJobAndItsLines) {
   const qint64 id = AddEntry(1, "J", 50);
   Run(Sql("INSERT INTO Diary_Services (Diary_ID, Service_ID, Price, GST) VALUES ({}, 2, 50, 4.55)",
           id));
-  UseDialog(EditJob{id}, [&](Dialog& job) {
+  UseDialog(EditJob{Id<Entry>(id)}, [&](Dialog& job) {
     auto* lines = Find<Grid>(&job, "grdServices");
     EXPECT_EQ(RowText(lines, 0), "MO|$50.00|Garden income");
     TypeChoice(&job, "cmbService", "mo");
@@ -111,7 +111,7 @@ TEST_F(JobScreensTest, ChangesAJobAndItsLines) {
     EXPECT_EQ(Find<QLineEdit>(&job, "txtPrice")->text(), "$50.00");
     TypeOver(&job, "txtPrice", "110");
     ClickOn(&job, "cmdUpdate");
-    EXPECT_EQ(Entry(id).Field(u"Total_GST").ToMoney(), Money::FromWhole(10));
+    EXPECT_EQ(Stored(id).Field(u"Total_GST").ToMoney(), Money::FromWhole(10));
     Find<QComboBox>(&job, "cmbStatus")->setCurrentIndex(1);
     ClickOn(&job, "cmdSaveOnly");
     EXPECT_EQ(Number(Sql("SELECT Account_Balance FROM Clients WHERE Client_ID = 1")), -110)
@@ -126,7 +126,7 @@ TEST_F(JobScreensTest, ChangesAJobAndItsLines) {
 TEST_F(JobScreensTest, AsksBeforeATypedLineIsLost) {
   const qint64 id = AddEntry(1, "J", 50);
   outside.prompter.Expect("Close without saving changes?", Answer::No);
-  UseDialog(EditJob{id}, [&](Dialog& job) {
+  UseDialog(EditJob{Id<Entry>(id)}, [&](Dialog& job) {
     TypeOver(&job, "txtPrice", "70");
     ClickOn(&job, "cmdSaveAndClose");
     EXPECT_TRUE(job.isVisible());
@@ -140,7 +140,8 @@ TEST_F(JobScreensTest, PaymentOfAJobFollowsItsPayment) {
     const auto* button = Find<QPushButton>(&job, "cmdAddPayment");
     return QString(button->text()).remove(u'&') + (button->isEnabled() ? "" : " (off)");
   };
-  UseDialog(EditJob{id}, [&](Dialog& job) { EXPECT_EQ(caption(job), "Add payment (off)"); });
+  UseDialog(EditJob{Id<Entry>(id)},
+            [&](Dialog& job) { EXPECT_EQ(caption(job), "Add payment (off)"); });
   navigator.Register<PayForJob>([&](const PayForJob& request) {
     EXPECT_EQ(request.billingClientId, 1);
     EXPECT_EQ(request.price, Money::FromWhole(50)) << "what it costs, though it has no lines";
@@ -151,7 +152,7 @@ TEST_F(JobScreensTest, PaymentOfAJobFollowsItsPayment) {
     paid.push_back(request.paymentId);
     return true;
   });
-  UseDialog(EditJob{id}, [&](Dialog& job) {
+  UseDialog(EditJob{Id<Entry>(id)}, [&](Dialog& job) {
     EXPECT_EQ(caption(job), "Add payment");
     EXPECT_FALSE(Find<QLabel>(&job, "lblHasBeenPaid")->isVisible());
     ClickOn(&job, "cmdAddPayment");
@@ -163,8 +164,8 @@ TEST_F(JobScreensTest, PaymentOfAJobFollowsItsPayment) {
 }
 
 TEST_F(JobScreensTest, TellsOfAnEntryThatIsGone) {
-  EXPECT_FALSE(navigator.Open(EditJob{99}));
-  EXPECT_FALSE(navigator.Open(EditVisit{99}));
+  EXPECT_FALSE(navigator.Open(EditJob{Id<Entry>(99)}));
+  EXPECT_FALSE(navigator.Open(EditVisit{Id<Entry>(99)}));
   EXPECT_EQ(outside.prompter.TakeTold().size(), 2);
 }
 
@@ -181,20 +182,20 @@ TEST_F(JobScreensTest, MakesChangesAndDeletesAVisit) {
     purpose->setFocus();
     QTest::keyClick(purpose, Qt::Key_Return);
   }));
-  EXPECT_EQ(Entry(1).Field(u"Status").ToText(), "V");
-  EXPECT_EQ(Entry(1).Field(u"Client_ID").ToLong(), 2);
-  EXPECT_EQ(Entry(1).Field(u"Description").ToText(), "Measure fence");
+  EXPECT_EQ(Stored(1).Field(u"Status").ToText(), "V");
+  EXPECT_EQ(Stored(1).Field(u"Client_ID").ToLong(), 2);
+  EXPECT_EQ(Stored(1).Field(u"Description").ToText(), "Measure fence");
 
-  UseDialog(EditVisit{1}, [&](Dialog& visit) {
+  UseDialog(EditVisit{Id<Entry>(1)}, [&](Dialog& visit) {
     PressAlt(&visit, Qt::Key_O);
     EXPECT_TRUE(Find<QRadioButton>(&visit, "optDone")->isChecked());
     ClickOn(&visit, "cmdSaveAndClose");
   });
-  EXPECT_EQ(Entry(1).Field(u"Status").ToText(), "VD");
+  EXPECT_EQ(Stored(1).Field(u"Status").ToText(), "VD");
 
   for (const Answer answer : {Answer::No, Answer::Yes}) {
     outside.prompter.Expect("Are you sure you want to delete this visit?", answer);
-    UseDialog(EditVisit{1}, [&](Dialog& visit) { ClickOn(&visit, "cmdDelete"); });
+    UseDialog(EditVisit{Id<Entry>(1)}, [&](Dialog& visit) { ClickOn(&visit, "cmdDelete"); });
     EXPECT_EQ(Count("Diary"), answer == Answer::Yes ? 0 : 1);
   }
 }
@@ -224,7 +225,7 @@ TEST_F(JobScreensTest, EditsAndDeletesInTheJobsList) {
   auto* grid = Find<Grid>(&jobs, "grdSchedule");
   const int last = grid->model()->columnCount() - 1;
   TypeInto(grid, 0, last, "7");
-  EXPECT_EQ(Entry(id).Field(u"Sequence").ToLong(), 7);
+  EXPECT_EQ(Stored(id).Field(u"Sequence").ToLong(), 7);
   for (const Answer answer : {Answer::No, Answer::Yes}) {
     outside.prompter.Expect("Abbott", answer);
     ClickOn(&jobs, "cmdDeleteJob");
@@ -249,7 +250,7 @@ TEST_F(JobScreensTest, AnOlderFormOfDoneStaysInTheJobsList) {
   EXPECT_EQ(Find<QComboBox>(grid->viewport(), "editor")->currentText(), "Job DONE");
   Find<QLineEdit>(&jobs, "txtFilter")->setFocus();
   QTest::qWait(20);
-  EXPECT_EQ(Entry(id).Field(u"Status").ToText(), "JP");
+  EXPECT_EQ(Stored(id).Field(u"Status").ToText(), "JP");
   EXPECT_EQ(Number(Sql("SELECT Account_Balance FROM Clients WHERE Client_ID = 1")), -3);
 }
 

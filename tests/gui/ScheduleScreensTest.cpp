@@ -3,6 +3,7 @@
 #include "base/ports/requests/Clients.h"
 #include "base/ports/requests/Documents.h"
 #include "base/ports/requests/Scheduling.h"
+#include "billing/screens/PaymentScreens.h"
 #include "gui/ScreenFixture.h"
 #include "roll/ScheduleCheck.h"
 
@@ -49,7 +50,7 @@ TEST_F(ScheduleScreensTest, RecreatesTheScheduleOnlyWhenAsked) {
 TEST_F(ScheduleScreensTest, GivesAClientANewRhythm) {
   constexpr int kFrequency = 4;
   constexpr int kStart = 5;
-  const bool done = UseDialog(RescheduleFutureJobs{1}, [&](Dialog& future) {
+  const bool done = UseDialog(RescheduleFutureJobs{Id<Client>(1)}, [&](Dialog& future) {
     auto* grid = Find<Grid>(&future, "grdServices");
     auto* go = Find<QPushButton>(&future, "cmdReschedule");
     EXPECT_FALSE(go->isEnabled()) << "nothing has changed";
@@ -68,7 +69,7 @@ TEST_F(ScheduleScreensTest, GivesAClientANewRhythm) {
 }
 
 TEST_F(ScheduleScreensTest, CancellingANewRhythmWritesNothing) {
-  EXPECT_FALSE(UseDialog(RescheduleFutureJobs{1}, [&](Dialog& future) {
+  EXPECT_FALSE(UseDialog(RescheduleFutureJobs{Id<Client>(1)}, [&](Dialog& future) {
     TypeInto(Find<Grid>(&future, "grdServices"), 0, 4, "7");
     ClickOn(&future, "cmdCancel");
     EXPECT_FALSE(future.isVisible());
@@ -111,6 +112,7 @@ class CheckerTest : public ScheduleScreensTest {
  protected:
   void SetUp() override {
     ScheduleScreensTest::SetUp();
+    billing::RegisterPaymentScreens(business(), {navigator, host, runner});
     Run(
         Sql("UPDATE Clients SET Billing_Client_ID = 1, Is_Billed_To = False "
             "WHERE Client_ID = 2"));
@@ -122,7 +124,7 @@ class CheckerTest : public ScheduleScreensTest {
     for (const int client : {1, 2})
       Run(Sql("INSERT INTO Payments (Client_ID, Payment_Date, Amount) VALUES ({}, {}, 30)", client,
               QDate(2026, 10, 9)));
-    balances::RecalculateClientBalance(business(), 1);
+    balances::RecalculateClientBalance(business(), Id<Client>(1));
     checker = &OpenTab(OpenJobsAndPaymentChecker{});
   }
   QString Text(const char* label) { return Find<QLabel>(checker, label)->text(); }

@@ -86,6 +86,7 @@ class ScreenHabitsTest : public ScreenFixture {
 };
 
 TEST_F(ScreenHabitsTest, ScreensInTabs) {
+  billing::RegisterPaymentScreens(business(), {navigator, host, runner});
   Check(OpenTab(OpenJobsList{}), kMenuLetters);
   Check(OpenTab(OpenJobsAndPaymentChecker{}), kMenuLetters);
   Check(OpenTab(OpenListOfClientsWithSchedulingProblem{}), kMenuLetters);
@@ -107,10 +108,10 @@ TEST_F(ScreenHabitsTest, Dialogs) {
     EXPECT_LE(dialog.width(), 1248) << dialog.objectName().toStdString();
     EXPECT_LE(dialog.height(), 664) << dialog.objectName().toStdString();
   };
-  UseDialog(AddJob{1}, check);
+  UseDialog(AddJob{Id<Client>(1)}, check);
   UseDialog(AddVisit{}, check);
   UseDialog(OpenReschedule{}, check);
-  UseDialog(RescheduleFutureJobs{1}, check);
+  UseDialog(RescheduleFutureJobs{Id<Client>(1)}, check);
   UseDialog(EditSuburbPositions{}, check);
   billing::RegisterPaymentScreens(business(), {navigator, host, runner});
   UseDialog(AddPayment{}, check);

@@ -32,7 +32,7 @@ class RollEquality : public ScheduleTest {
                  Below(2) * (2025 + Below(2)));
     }
     for (int clients = 3 + Below(4); clients > 0; --clients) {
-      const qint64 client = AddClient(statuses[Below(6)]);
+      const auto client = AddClient(statuses[Below(6)]);
       for (int services = Below(5); services > 0; --services) {
         const QByteArray next = NearDay().toString(Qt::ISODate).toUtf8();
         AddService(client, {.service = 1 + Below(4),  // the fourth does not exist
@@ -95,10 +95,10 @@ TEST_F(RollEquality, EngineLeavesTheRowsOfThePlainRules) {
       AdvanceScheduleGlobally(business());
       ASSERT_EQ(rolled, Everything()) << "rolling twice is rolling once";
       ++rolls;
-      const qint64 client = 1 + Below(6);
+      const Id<Client> client(1 + Below(6));
       const QDate start = NearDay();
       const QDate end = start.addDays(Below(20));
-      if (Count("Clients") < client) continue;
+      if (Count("Clients") < client.Number()) continue;
       ASSERT_NO_FATAL_FAILURE(ExpectSameRows(
           [&] {
             AdvanceScheduleForClient(business(), client, {.startDate = start, .endDate = end});

@@ -149,7 +149,7 @@ TEST_F(ScheduleTest, RebuildOfOneClient) {
     const Transaction undone(business());
     business().holidays.clear();
     for (const auto& [day, year] : rebuild.holidays) AddHoliday(day, year);
-    const qint64 client = AddClient(rebuild.clientStatus);
+    const auto client = AddClient(rebuild.clientStatus);
     for (const ServiceRow& service : rebuild.services) AddService(client, service);
     const QStringList before = NextVisits();
 
@@ -163,34 +163,34 @@ TEST_F(ScheduleTest, RebuildOfOneClient) {
 }
 
 TEST_F(ScheduleTest, OverdueQuoteLosesTheLinesOfItsFirstEntry) {
-  const qint64 client = AddClient("Quote only");
+  const auto client = AddClient("Quote only");
   AddService(client, {.nextVisit = "2026-10-30", .price = 80});
-  const qint64 stale = AddEntry(client, Day("2026-10-30"), "Q", 2);
+  const auto stale = AddEntry(client, Day("2026-10-30"), "Q", 2);
   AdvanceScheduleForClient(business(), client);
   EXPECT_EQ(Count("Diary"), 1);
-  EXPECT_EQ(
-      Rows("SELECT Diary_ID, Service_ID, Price FROM Diary_Services"),
-      (QStringList{QStringLiteral("%1 2 0").arg(stale), QStringLiteral("%1 1 80").arg(stale + 1)}));
+  EXPECT_EQ(Rows("SELECT Diary_ID, Service_ID, Price FROM Diary_Services"),
+            (QStringList{QStringLiteral("%1 2 0").arg(stale.Number()),
+                         QStringLiteral("%1 1 80").arg(stale.Number() + 1)}));
 }
 
 // Moved off a holiday, a quote counts as overdue one day later: the entry of yesterday's stays.
 TEST_F(ScheduleTest, QuoteOffAHolidayIsOverdueOneDayLater) {
-  const qint64 client = AddClient("Quote only");
+  const auto client = AddClient("Quote only");
   AddService(client, {.nextVisit = "2026-11-01"});
   for (const bool isHoliday : {false, true}) {
     const Transaction undone(business());
     business().holidays.clear();
     if (isHoliday) AddHoliday("01/11");
-    const qint64 entry = AddEntry(client, Day(isHoliday ? "2026-11-02" : "2026-11-01"), "Q", 3);
+    const auto entry = AddEntry(client, Day(isHoliday ? "2026-11-02" : "2026-11-01"), "Q", 3);
     AdvanceScheduleForClient(business(), client, {.deleteExisting = false});
     const QStringList kept = Rows("SELECT Diary_ID FROM Diary");
-    EXPECT_EQ(kept.contains(QString::number(entry)), isHoliday);
+    EXPECT_EQ(kept.contains(QString::number(entry.Number())), isHoliday);
   }
 }
 
 TEST_F(ScheduleTest, OnlyTheOpenTailIsDeleted) {
-  const qint64 client = AddClient("Cancelled");
-  const qint64 other = AddClient();
+  const auto client = AddClient("Cancelled");
+  const auto other = AddClient();
   AddEntry(client, Day("2026-11-01"), "J");
   AddEntry(client, Day("2026-11-02"), "J");
   AddEntry(client, Day("2026-11-03"), "Q");
@@ -206,7 +206,7 @@ TEST_F(ScheduleTest, OnlyTheOpenTailIsDeleted) {
 }
 
 TEST_F(ScheduleTest, HistoryBlocksItsOwnServiceOnly) {
-  const qint64 client = AddClient();
+  const auto client = AddClient();
   AddEntry(client, Day("2026-11-02"), "JC", 1);
   AddService(client, {.frequency = 14});
   AddService(client, {.service = 2, .frequency = 14});
@@ -216,8 +216,8 @@ TEST_F(ScheduleTest, HistoryBlocksItsOwnServiceOnly) {
 
 // With the old entries kept, or kept for some days more, the visits join them.
 TEST_F(ScheduleTest, VisitsJoinTheOpenEntriesThatStay) {
-  const qint64 client = AddClient();
-  const qint64 entry = AddEntry(client, Day("2026-11-02"), "J", 2, 5);
+  const auto client = AddClient();
+  const auto entry = AddEntry(client, Day("2026-11-02"), "J", 2, 5);
   Run(
       Sql("UPDATE Diary SET Description = 'HT', Notes = 'gate', Total_Price = 20 "
           "WHERE Diary_ID = {}",
@@ -229,7 +229,7 @@ TEST_F(ScheduleTest, VisitsJoinTheOpenEntriesThatStay) {
 }
 
 TEST_F(ScheduleTest, DatesOfTheCallerBoundTheRun) {
-  const qint64 client = AddClient();
+  const auto client = AddClient();
   AddService(client, {.frequency = 1});
   AdvanceScheduleForClient(business(), client, {.startDate = Day("2026-11-05")});
   EXPECT_EQ(Visits().front(), "2026-11-05 J LM");
@@ -255,7 +255,7 @@ TEST_F(ScheduleTest, GlobalRollIsDueOrNot) {
       {"never rolled is never due", nullptr, 14, "2026-11-16"},
       {"next day is not due", "2026-11-15", 14, "2026-11-16"},
   };
-  const qint64 left = AddClient("Cancelled");
+  const auto left = AddClient("Cancelled");
   for (const DueCase& due : cases) {
     SCOPED_TRACE(due.fault);
     const Transaction undone(business());
@@ -273,7 +273,7 @@ TEST_F(ScheduleTest, GlobalRollIsDueOrNot) {
 TEST_F(ScheduleTest, ClientThatLeftLosesItsFutureAndNothingElse) {
   const DateTime now = business().Now();
   for (const char* status : {"Cancelled", "TRANSFERRED", "Bad debtor", "Billing address"}) {
-    const qint64 client = AddClient(status);
+    const auto client = AddClient(status);
     for (const DateTime& moment : {DateTime(now.date), now, DateTime(now.date, QTime(17, 0)),
                                    DateTime(now.date.addDays(1))}) {
       AddEntry(client, moment, "JD");

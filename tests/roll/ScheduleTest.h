@@ -35,31 +35,27 @@ class ScheduleTest : public BusinessTest {
     }
   }
 
-  qint64 AddClient(const char* status = "Active") {
-    Run(Sql("INSERT INTO Clients (Status, Display_Name) VALUES ({}, 'Client')", status));
-    return business().FirstField(Sql("SELECT MAX(Client_ID) FROM Clients")).ToLong();
+  Id<Client> AddClient(const char* status = "Active") {
+    return business().InsertReturningKey<Client>(
+        Sql("INSERT INTO Clients (Status, Display_Name) VALUES ({}, 'Client')", status));
   }
 
-  qint64 AddService(qint64 client, const ServiceRow& row = {}) {
-    Run(
+  Id<ClientService> AddService(Id<Client> client, const ServiceRow& row = {}) {
+    return business().InsertReturningKey<ClientService>(
         Sql("INSERT INTO Client_Services (Client_ID, Service_ID, Employee_ID, Status, Price, "
             "Frequency, Next_Visit, Notes, Other_Schedule_Client_Service_ID) "
             "VALUES ({}, {}, {}, {}, {}, {}, {}, {}, {})",
             client, row.service, row.employee, row.status, row.price, row.frequency,
             row.nextVisit ? Value(Day(row.nextVisit)) : Value(), row.notes, row.follows));
-    return business()
-        .FirstField(Sql("SELECT MAX(Client_Service_ID) FROM Client_Services"))
-        .ToLong();
   }
 
   /// An entry made by hand, with a line for `service` unless that is 0.
-  qint64 AddEntry(qint64 client, const Value& date, const char* status, int service = 1,
-                  int sequence = 1) {
-    Run(
+  Id<Entry> AddEntry(Id<Client> client, const Value& date, const char* status, int service = 1,
+                     int sequence = 1) {
+    const auto entry = business().InsertReturningKey<Entry>(
         Sql("INSERT INTO Diary (Client_ID, Employee_ID, Status, Schedule_Date, Total_Price, "
             "Total_GST, [Sequence]) VALUES ({}, 1, {}, {}, 0, 0, {})",
             client, status, date, sequence));
-    const qint64 entry = business().FirstField(Sql("SELECT MAX(Diary_ID) FROM Diary")).ToLong();
     if (service != 0) {
       Run(Sql("INSERT INTO Diary_Services (Diary_ID, Service_ID, Price, GST) VALUES ({}, {}, 0, 0)",
               entry, service));

@@ -77,9 +77,8 @@ TEST_F(OldFilesTest, TheirDaysAreListedAndTheirBalancesAddUp) {
     SCOPED_TRACE(file.version);
     const auto old = Start(file.version);
     ASSERT_TRUE(old);
-    diary::DiaryQuery query;
-    query.from = query.to = QDate(2026, 12, 1);
-    const diary::DiaryList list = diary::LoadDiary(*old, query);
+    const diary::DiaryList list =
+        diary::LoadDiary(*old, {.days = DateRange::Of(QDate(2026, 12, 1))});
     EXPECT_EQ(static_cast<int>(list.rows.size()),
               First(*old, "SELECT COUNT(*) FROM Diary WHERE Schedule_Date = #2026/12/1#").ToLong());
     EXPECT_GT(list.totalNoOfJobs, 0);

@@ -141,8 +141,7 @@ TEST_F(DemoTest, HoldsEveryKindOfRecord) {
 
 TEST_F(DemoTest, TodayIsAliveBeforeAndAfterTheFirstRoll) {
   Write();
-  const diary::DiaryQuery today{
-      .from = business().Today(), .to = business().Today(), .employeeId = {}};
+  const diary::DiaryQuery today{.days = DateRange::Of(business().Today())};
   const diary::DiaryList before = diary::LoadDiary(business(), today);
   EXPECT_GT(roll::AdvanceScheduleGlobally(business()).entriesMade, 300);
   const diary::DiaryList after = diary::LoadDiary(business(), today);
@@ -152,9 +151,9 @@ TEST_F(DemoTest, TodayIsAliveBeforeAndAfterTheFirstRoll) {
   int paid = 0;
   for (size_t place = 0; place < 13; ++place) {
     EXPECT_EQ(after.rows[place].sequence, static_cast<int>(place) + 1);
-    EXPECT_EQ(after.rows[place].diaryId, before.rows[place].diaryId);
-    ++statuses[after.rows[place].status];
-    paid += after.rows[place].paymentId > 0;
+    EXPECT_EQ(after.rows[place].entry, before.rows[place].entry);
+    ++statuses[after.rows[place].status.Text()];
+    paid += after.rows[place].payment.has_value();
   }
   EXPECT_EQ(statuses,
             (std::map<QString, int>{{"J", 8}, {"JC", 1}, {"JD", 2}, {"JI", 1}, {"V", 1}}));

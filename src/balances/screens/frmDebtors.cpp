@@ -4,7 +4,6 @@
 #include "base/ports/requests/Clients.h"
 #include "base/ports/requests/Documents.h"
 #include "base/ports/requests/Scheduling.h"
-#include "clients/ClientStatus.h"
 #include "kit/FlowLayout.h"
 #include "kit/Grid.h"
 #include "kit/Layouts.h"
@@ -35,9 +34,9 @@ std::vector<GridColumn> Columns() {
 
 GridRow RowOf(const DebtorRow& debtor) {
   GridRow row;
-  row.cells = {false,         debtor.clientId,      debtor.displayName, debtor.status,
+  row.cells = {false,         debtor.client,        debtor.displayName, debtor.status,
                debtor.phone1, debtor.statementType, debtor.amountOwing};
-  row.hue = HueOfColour(clients::ClientStatusColour(debtor.status));
+  row.hue = HueOf(debtor.status);
   return row;
 }
 
@@ -198,12 +197,11 @@ DebtorFilter frmDebtors::Filter() const {
 }
 
 size_t frmDebtors::Fill(Grid* grid, const std::vector<DebtorRow>& debtors) {
-  const auto row = grid->SelectedRow();
-  const qint64 kept = row ? grid->Key(*row) : 0;
+  const auto kept = grid->SelectedId<Client>();
   std::vector<GridRow> rows;
   for (const DebtorRow& debtor : debtors) rows.push_back(RowOf(debtor));
   grid->SetRows(std::move(rows));
-  if (!grid->SelectKey(kept)) grid->SelectFirst();
+  if (!kept || !grid->SelectId(*kept)) grid->SelectFirst();
   return debtors.size();
 }
 
@@ -224,7 +222,8 @@ void frmDebtors::Reload() {
 }
 
 void frmDebtors::OpenClientOf(const Grid* grid) {
-  if (const auto row = grid->SelectedRow()) tools_.navigator.Open(OpenClient{grid->Key(*row)});
+  if (const auto client = grid->SelectedId<Client>())
+    tools_.navigator.Open(OpenClient{client->Number()});
 }
 
 void frmDebtors::Recalculate() {

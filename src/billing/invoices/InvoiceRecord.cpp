@@ -2,21 +2,12 @@
 
 #include "billing/invoices/InvoiceJobs.h"
 #include "billing/invoices/InvoiceNumbers.h"
-#include "diary/DiaryCommands.h"
 #include "domain/EntryStatus.h"
+#include "domain/Payer.h"
 #include "roll/DiaryEntries.h"
 
 namespace quillary::billing {
 namespace {
-
-/// Who pays for the client; the client itself when nobody is named.
-std::optional<qint64> PayerOf(Business& business, qint64 clientId) {
-  const Recordset client =
-      business.RunSQL(Sql("SELECT Billing_Client_ID FROM Clients WHERE Client_ID = {}", clientId));
-  if (client.EndOfFile()) return std::nullopt;
-  const qint64 payer = client.Field(u"Billing_Client_ID").ToLong();
-  return payer == 0 ? clientId : payer;
-}
 
 /// A new row has a date and nothing else until the update that follows.
 qint64 InsertInvoice(Business& business) {
@@ -82,11 +73,14 @@ InvoiceForm NewInvoice(Business& business, std::optional<qint64> clientId,
   form.date = business.Today();
   form.statementType = TypesOfInvoice().front();
   form.description = QStringLiteral("TAX INVOICE");
-  if (diaryId) roll::RecalculateDiaryEntryGST(business, *diaryId);
-  std::optional<qint64> payer = clientId ? PayerOf(business, *clientId) : std::nullopt;
-  if (!clientId && diaryId) payer = diary::BilledClientOf(business, *diaryId);
-  const auto client = payer ? LoadBilledClient(business, *payer) : std::nullopt;
-  if (client && client->isBilledTo) ChooseBilledClient(business, form, *payer);
+  if (diaryId) roll::RecalculateDiaryEntryGST(business, Id<Entry>(*diaryId));
+  std::optional<Id<Client>> payer;
+  if (clientId)
+    payer = PayerOf(business, Id<Client>(*clientId));
+  else if (diaryId)
+    payer = PayerOf(business, Id<Entry>(*diaryId));
+  const auto client = payer ? LoadBilledClient(business, payer->Number()) : std::nullopt;
+  if (client && client->isBilledTo) ChooseBilledClient(business, form, payer->Number());
   form.number = GetNextInvoiceNumber(business);
   const AttachedJobs jobs = LoadAttachedJobs(business, form);
   form.totalAmount = jobs.totalAmount;

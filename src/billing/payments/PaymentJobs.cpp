@@ -80,7 +80,7 @@ Allocation LoadAllocation(Business& business, qint64 paymentId) {
 
 void TickJob(Business& business, qint64 paymentId, qint64 diaryId, bool on) {
   business.Write(Sql("UPDATE Diary SET Payment_ID = {} WHERE Diary_ID = {}",
-                     on ? Value(paymentId) : Value(), diaryId),
+                     on ? std::optional(paymentId) : std::nullopt, diaryId),
                  Rows::Exactly(1));
 }
 

@@ -4,6 +4,7 @@
 #include "billing/payments/PaymentJobs.h"
 #include "domain/ClientStatus.h"
 #include "domain/EntryStatus.h"
+#include "domain/Payer.h"
 #include "domain/TaxRate.h"
 
 #include <algorithm>
@@ -30,12 +31,6 @@ QString ShownMethod(const QString& stored) {
 bool TakesAnyAmount(const QString& paymentMethod) {
   return std::ranges::any_of(
       kAnyAmountMethods, [&](const char* word) { return paymentMethod == QLatin1String(word); });
-}
-
-qint64 PayerOf(Business& business, qint64 clientId) {
-  return business
-      .FirstField(Sql("SELECT Billing_Client_ID FROM Clients WHERE Client_ID = {}", clientId))
-      .ToLong();
 }
 
 qint64 InsertEmptyPayment(Business& business, qint64 clientId) {
@@ -130,13 +125,11 @@ PaymentForm NewPayment(Business& business, qint64 clientId, Money amount,
   form.amount = amount;
   form.gst = TaxWithin(business, amount, false);
   form.forJob = forJob;
-  const qint64 payer = PayerOf(business, clientId);
-  const auto isPayer = [payer](const lists::Choice<Client>& choice) {
-    return choice.id.Number() == payer;
-  };
+  const auto payer = PayerOf(business, Id<Client>(clientId));
+  const auto isPayer = [payer](const lists::Choice<Client>& choice) { return choice.id == payer; };
   if (!std::ranges::any_of(ListPayerChoices(business), isPayer)) return form;
-  form.clientId = payer;
-  form.TakeHabits(HabitsOf(business, payer));
+  form.clientId = payer->Number();
+  form.TakeHabits(HabitsOf(business, payer->Number()));
   return form;
 }
 
@@ -194,8 +187,9 @@ std::optional<Refusal> SavePaymentDetails(Business& business, PaymentForm& form)
                    Rows::Exactly(1));
   }
   if (form.markInvoicesAsPaid) MarkInvoicesAsPaid(business, stored.paymentId);
-  balances::RecalculateClientBalance(business, *form.clientId);
-  if (clientBefore != *form.clientId) balances::RecalculateClientBalance(business, clientBefore);
+  balances::RecalculateClientBalance(business, Id<Client>(*form.clientId));
+  if (clientBefore != *form.clientId)
+    balances::RecalculateClientBalance(business, Id<Client>(clientBefore));
   business.Write(
       Sql("UPDATE General_Ledger_Entries SET GL_Entry_Description = {}, Entry_Date = {} "
           "WHERE Payment_ID = {}",

@@ -1,6 +1,6 @@
 #include "billing/payments/PaymentsList.h"
 
-#include "balances/JobsAndPaymentChecker.h"
+#include "billing/payments/JobsAndPaymentChecker.h"
 
 #include <QHash>
 #include <QStringList>
@@ -76,7 +76,7 @@ std::optional<Refusal> DeletePayment(Business& business, Prompter& prompter,
       QStringLiteral("Are you sure you want to delete this payment made by ") +
       payment->displayName + u'?');
   if (answer == Answer::Yes)
-    balances::DeleteCheckedPayment(business, payment->clientId, payment->paymentId);
+    RemovePayment(business, IdFrom<Client>(payment->clientId), Id<Payment>(payment->paymentId));
   return std::nullopt;
 }
 

@@ -1,8 +1,10 @@
 #include "billing/screens/PaymentScreens.h"
 
 #include "base/ports/requests/Billing.h"
+#include "base/ports/requests/Scheduling.h"
 #include "billing/screens/dlgPaymentJobs.h"
 #include "billing/screens/dlgPaymentOptions.h"
+#include "billing/screens/frmJobsAndPaymentChecker.h"
 #include "billing/screens/frmPayments.h"
 #include "billing/screens/frmPaymentsList.h"
 
@@ -37,6 +39,11 @@ void RegisterPaymentScreens(Business& business, const ScreenTools& tools) {
     tools.host.ShowScreen(payments);
     payments->ShowYourself();
   });
+  navigator.Register<OpenJobsAndPaymentChecker>(
+      [&business, tools](const OpenJobsAndPaymentChecker&) {
+        ShowTab(tools, "frmJobsAndPaymentChecker",
+                [&] { return new frmJobsAndPaymentChecker(business, tools); });
+      });
   navigator.Register<AddPayment>([&business, tools](const AddPayment& request) {
     return Run(frmPayments(business, tools, FormOf(business, request)));
   });

@@ -116,7 +116,7 @@ void frmInvoice::LoadAttachedJobs() {
   for (const AttachedJob& job : jobs_.rows)
     rows.push_back(
         {{job.displayName, job.diaryId, job.description, job.scheduleDate, job.totalPrice,
-          job.totalGST, GridCell(job.status, diary::DiaryStatusWords(job.status))}});
+          job.totalGST, GridCell(job.status, ListedWordsOf(StoredEntryStatus(job.status)))}});
   fgJobs->SetRows(std::move(rows));
   txtInvoiceAmount->SetAmount(jobs_.totalAmount);
   txtGSTIncluded->SetAmount(jobs_.totalGST);

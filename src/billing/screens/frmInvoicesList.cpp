@@ -104,8 +104,8 @@ void frmInvoicesList::ShowAgain() {
 
 void frmInvoicesList::TakeMonth(int month) {
   const diary::MonthChoice days = MonthAt(business_.Today(), month);
-  dtFrom->SetDate(days.first);
-  dtTo->SetDate(days.last);
+  dtFrom->SetDate(days.days.from);
+  dtTo->SetDate(days.days.to);
 }
 
 void frmInvoicesList::LoadInvoicesIntoGrid() {

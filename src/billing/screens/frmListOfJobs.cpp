@@ -18,22 +18,6 @@
 
 namespace quillary::billing {
 
-namespace {
-
-Hue HueOf(diary::PickerColour colour) {
-  switch (colour) {
-    case diary::PickerColour::Done:
-      return Hue::Green;
-    case diary::PickerColour::HasInvoice:
-      return Hue::StrongGreen;
-    case diary::PickerColour::NotDone:
-      break;
-  }
-  return Hue::Neutral;
-}
-
-}  // namespace
-
 frmListOfJobs::frmListOfJobs(Business& business, const ScreenTools& tools, qint64 invoiceId,
                              qint64 clientId, const std::vector<qint64>& chosenBefore)
     : Dialog("frmListOfJobs", tr("Attach jobs to the invoice"), business.World().prompter),
@@ -111,14 +95,14 @@ QLayout* frmListOfJobs::ChoiceLine() {
 QLayout* frmListOfJobs::LegendLine() {
   auto* line = new QHBoxLayout;
   line->setSpacing(8);
-  const auto add = [&](const char* name, const QString& words, diary::PickerColour colour) {
+  const auto add = [&](const char* name, const QString& words, Hue hue) {
     auto* chip = new Chip(name);
-    chip->ShowStatus(words, HueOf(colour));
+    chip->ShowStatus(words, hue);
     line->addWidget(chip);
   };
-  add("lblNotDone", tr("Not done"), diary::PickerColour::NotDone);
-  add("lblDone", tr("Done"), diary::PickerColour::Done);
-  add("lblHasInvoice", tr("On an invoice already"), diary::PickerColour::HasInvoice);
+  add("lblNotDone", tr("Not done"), Hue::Neutral);
+  add("lblDone", tr("Done"), Hue::Green);
+  add("lblHasInvoice", tr("On an invoice already"), Hue::StrongGreen);
   line->addStretch(1);
   return line;
 }
@@ -138,26 +122,27 @@ void frmListOfJobs::ConnectControls() {
 
 void frmListOfJobs::TakeMonth(int month) {
   const diary::MonthChoice days = MonthAt(business_.Today(), month);
-  dtStartDate->SetDate(days.first);
-  dtEndDate->SetDate(days.last);
+  dtStartDate->SetDate(days.days.from);
+  dtEndDate->SetDate(days.days.to);
 }
 
 void frmListOfJobs::ListJobs() {
-  jobs_ = diary::ListPickableJobs(business_, clientId_, dtStartDate->Date(), dtEndDate->Date());
+  jobs_ = diary::ListPickableJobs(business_, Id<Client>(clientId_),
+                                  {dtStartDate->Date(), dtEndDate->Date()});
   std::vector<GridRow> rows;
   for (const diary::PickableJob& job : jobs_) {
-    const bool ticked = job.IsOn(invoiceId_) || chosen_.contains(job.diaryId);
+    const bool ticked = job.IsOn(Id<Invoice>(invoiceId_)) || chosen_.contains(job.entry.Number());
     GridRow row;
     row.cells = {ticked,
-                 job.diaryId,
+                 job.entry,
                  job.displayName,
                  job.description,
                  job.scheduleDate,
                  job.totalPrice,
                  job.totalGST,
-                 GridCell(job.status, diary::DiaryStatusWords(job.status)),
+                 GridCell(job.status, ListedWordsOf(job.status)),
                  job.HasInvoiceWord()};
-    row.hue = HueOf(job.Colour());
+    row.hue = job.RowHue();
     rows.push_back(std::move(row));
   }
   fgJobs->SetRows(std::move(rows));
@@ -171,7 +156,7 @@ void frmListOfJobs::ShowTotals() {
   const std::set<qint64> keys(ticked.begin(), ticked.end());
   Money total;
   for (const diary::PickableJob& job : jobs_)
-    if (keys.contains(job.diaryId)) total += job.totalPrice;
+    if (keys.contains(job.entry.Number())) total += job.totalPrice;
   lblTickedTotal->setText(
       keys.size() == 1 ? tr("1 job ticked = %1").arg(total.ToCurrencyText())
                        : tr("%1 jobs ticked = %2").arg(keys.size()).arg(total.ToCurrencyText()));

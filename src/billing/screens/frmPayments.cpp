@@ -231,7 +231,7 @@ void frmPayments::ChangeJobsPaidFor() {
 void frmPayments::OpenPickedJob() {
   const auto row = grdJobsPaidFor->SelectedRow();
   if (!row || !tools_.navigator.CanOpen<EditJob>()) return;
-  tools_.navigator.Open(EditJob{grdJobsPaidFor->Key(*row)});
+  tools_.navigator.Open(EditJob{grdJobsPaidFor->IdAt<Entry>(*row)});
   ShowJobs();
 }
 

@@ -9,30 +9,14 @@ namespace quillary::clients {
 
 namespace {
 
-/// As the diary colours its rows.
-Hue HueOf(diary::DiaryRowColour colour) {
-  switch (colour) {
-    case diary::DiaryRowColour::Visit:
-      return Hue::Yellow;
-    case diary::DiaryRowColour::Cancelled:
-      return Hue::Red;
-    case diary::DiaryRowColour::Done:
-      return Hue::Green;
-    case diary::DiaryRowColour::Paid:
-      return Hue::Blue;
-    default:
-      return Hue::Neutral;
-  }
-}
-
 GridCell StatusCell(const ClientJob& job) {
-  const bool paid = job.Colour() == diary::DiaryRowColour::Paid;
-  return {job.status, paid ? job.StatusWords() + QObject::tr(" · paid") : job.StatusWords()};
+  const QString words = WordsOf(job.status);
+  return {job.status, job.IsPaid() ? words + QObject::tr(" · paid") : words};
 }
 
 /// A visit has no price; a job of nothing shows its $0.00.
 Value PriceOf(const ClientJob& job) {
-  if (job.status.startsWith(u'V') && job.totalPrice == Money()) return {};
+  if (IsVisit(job.status) && job.totalPrice == Money()) return {};
   return job.totalPrice;
 }
 
@@ -107,7 +91,7 @@ std::vector<GridRow> ClientJobRows(const std::vector<ClientJob>& jobs) {
     row.cells = {job.diaryId,     DateOrNone(job.scheduleDate),
                  job.displayName, job.description,
                  PriceOf(job),    StatusCell(job)};
-    row.hue = HueOf(job.Colour());
+    row.hue = HueOf(job.status, job.IsPaid());
     rows.push_back(std::move(row));
   }
   return rows;
@@ -131,7 +115,7 @@ std::vector<GridRow> NextJobRows(const std::vector<ClientJob>& jobs, size_t atMo
         job.diaryId,
         GridCell(job.scheduleDate, english.toString(job.scheduleDate, QStringLiteral("ddd d MMM"))),
         job.description, PriceOf(job), StatusCell(job)};
-    row.hue = HueOf(job.Colour());
+    row.hue = HueOf(job.status, job.IsPaid());
     rows.push_back(std::move(row));
   }
   return rows;

@@ -101,7 +101,7 @@ std::optional<qint64> ClientJobsPage::SelectedJob() const {
 void ClientJobsPage::OpenJob(qint64 diaryId) {
   for (const ClientJob& job : std::vector<ClientJob>(jobs_)) {
     if (job.diaryId != diaryId || !diary::CanOpenEntry(desk_.tools.navigator, job.status)) continue;
-    diary::OpenEntry(desk_.tools.navigator, job.status, diaryId);
+    diary::OpenEntry(desk_.tools.navigator, job.status, Id<Entry>(diaryId));
     desk_.loadJobs();
     desk_.showBalance();
     return;
@@ -113,7 +113,8 @@ void ClientJobsPage::EditSelected() {
 }
 
 void ClientJobsPage::DeleteSelected() {
-  if (!desk_.accepted(DeleteClientJob(desk_.business, desk_.Prompt(), desk_.client, SelectedJob())))
+  if (!desk_.accepted(
+          DeleteClientJob(desk_.business, desk_.Prompt(), IdFrom<Entry>(SelectedJob()))))
     return;
   desk_.loadJobs();
   desk_.showBalance();

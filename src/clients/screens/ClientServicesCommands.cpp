@@ -59,13 +59,13 @@ void ClientServicesPage::AddAJob() {
       SaveBeforeAddingJob(desk_.business, desk_.Prompt(), desk_.client, desk_.stored);
   if (!desk_.accepted(answer.refusal) || !answer.yes) return;
   desk_.showRecord();
-  desk_.tools.navigator.Open(AddJob{desk_.client.clientId});
+  desk_.tools.navigator.Open(AddJob{Id<Client>(desk_.client.clientId)});
   desk_.loadJobs();
   desk_.showBalance();
 }
 
 void ClientServicesPage::AddAVisit() {
-  desk_.tools.navigator.Open(AddVisit{desk_.client.clientId});
+  desk_.tools.navigator.Open(AddVisit{Id<Client>(desk_.client.clientId)});
   desk_.loadJobs();
 }
 

@@ -29,10 +29,13 @@ std::vector<GridColumn> DiaryColumns(bool rowCommands) {
   return columns;
 }
 
-std::vector<GridChoice> DiaryStatusChoices() {
+std::vector<GridChoice> DiaryStatusChoices(std::optional<EntryKind> kind) {
+  using enum EntryStatus;
   std::vector<GridChoice> choices;
-  for (const char* code : {"J", "JD", "JC", "V", "VD", "VC", "JI"})
-    choices.push_back({Value(code), DiaryStatusWords(QString::fromLatin1(code))});
+  for (const EntryStatus status :
+       {JobOpen, JobDone, JobCancelled, VisitOpen, VisitDone, VisitCancelled, JobInvoiced}) {
+    if (!kind || FactsOf(status).kind == kind) choices.push_back({status, ListedWordsOf(status)});
+  }
   return choices;
 }
 
@@ -42,41 +45,26 @@ std::vector<GridChoice> EmployeeChoices(const std::vector<lists::Choice<Employee
   return choices;
 }
 
-Hue HueOf(DiaryRowColour colour) {
-  switch (colour) {
-    case DiaryRowColour::Visit:
-      return Hue::Yellow;
-    case DiaryRowColour::Cancelled:
-      return Hue::Red;
-    case DiaryRowColour::Done:
-      return Hue::Green;
-    case DiaryRowColour::Paid:
-      return Hue::Blue;
-    default:
-      return Hue::Neutral;
-  }
-}
-
 GridRow DiaryGridRow(const DiaryRow& row) {
-  const bool paid = row.Colour() == DiaryRowColour::Paid;
-  QString status = DiaryStatusWords(row.ShownStatus());
+  const bool paid = row.payment.has_value();
+  QString status = ListedWordsOf(Folded(row.status));
   if (paid) status += QObject::tr(" · paid");
-  const bool priceless = row.status.startsWith(u'V') && row.totalPrice == Money();
-  const QString nobody = row.employeeId == 0 ? QStringLiteral("—") : QString();
+  const bool priceless = IsVisit(row.status) && row.totalPrice == Money();
+  const QString nobody = row.employee ? QString() : QStringLiteral("—");
   Value price;
   if (!priceless) price = row.totalPrice;
   GridRow shown;
   shown.cells = {row.sequence,
-                 row.diaryId,
+                 row.entry,
                  row.displayName,
                  row.address.simplified(),
                  row.phones,
                  row.scheduleDate,
                  row.description,
                  price,
-                 GridCell(row.ShownStatus(), status),
-                 GridCell(row.employeeId, nobody)};
-  shown.hue = HueOf(row.Colour());
+                 GridCell(Folded(row.status), status),
+                 GridCell(NumberOrZero(row.employee), nobody)};
+  shown.hue = row.RowHue();
   if (paid) shown.note = PaidMeaning();
   return shown;
 }

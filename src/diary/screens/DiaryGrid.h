@@ -9,7 +9,7 @@ namespace quillary::diary {
 
 enum DiaryColumn {
   kSequence,
-  kDiaryId,
+  kEntry,
   kDisplayName,
   kAddress,
   kPhones,
@@ -23,11 +23,10 @@ enum DiaryColumn {
 
 /// `rowCommands` keeps room at the right for the buttons of each row.
 std::vector<GridColumn> DiaryColumns(bool rowCommands);
-/// The statuses that may be given by hand.
-std::vector<GridChoice> DiaryStatusChoices();
+/// The statuses that may be given by hand, of all kinds of entry or of one.
+std::vector<GridChoice> DiaryStatusChoices(std::optional<EntryKind> kind = {});
 std::vector<GridChoice> EmployeeChoices(const std::vector<lists::Choice<Employee>>& employees);
 GridRow DiaryGridRow(const DiaryRow& row);
-Hue HueOf(DiaryRowColour colour);
 
 /// What the hues mean, for the legend.
 struct DiaryLegend {

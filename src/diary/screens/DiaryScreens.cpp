@@ -2,11 +2,9 @@
 
 #include "base/ports/requests/Scheduling.h"
 #include "base/ports/requests/Screens.h"
-#include "base/ports/requests/Setup.h"
 #include "diary/screens/frmClients_RescheduleFutureJobs.h"
 #include "diary/screens/frmDiary.h"
 #include "diary/screens/frmJobs.h"
-#include "diary/screens/frmJobsAndPaymentChecker.h"
 #include "diary/screens/frmJobsList.h"
 #include "diary/screens/frmListOfClientsWithSchedulingProblem.h"
 #include "diary/screens/frmReschedule.h"
@@ -45,28 +43,23 @@ void RegisterDiary(Business& business, const ScreenTools& tools) {
   tools.navigator.Register<OpenJobsList>([&business, tools](const OpenJobsList&) {
     ShowAnew<frmJobsList>(business, tools, "frmJobsList");
   });
-  tools.navigator.Register<OpenJobsAndPaymentChecker>(
-      [&business, tools](const OpenJobsAndPaymentChecker&) {
-        ShowTab(tools, "frmJobsAndPaymentChecker",
-                [&] { return new frmJobsAndPaymentChecker(business, tools); });
-      });
 }
 
 void RegisterEntries(Business& business, const ScreenTools& tools) {
   Navigator& navigator = tools.navigator;
   navigator.Register<EditJob>([&business, tools](const EditJob& request) {
-    const auto job = LoadJob(business, request.diaryId);
+    const auto job = LoadJob(business, request.entry);
     return job ? Run(frmJobs(business, tools, *job)) : TellGone(business);
   });
   navigator.Register<AddJob>([&business, tools](const AddJob& request) {
-    return Run(frmJobs(business, tools, NewJob(business, request.clientId)));
+    return Run(frmJobs(business, tools, NewJob(business, request.client)));
   });
   navigator.Register<EditVisit>([&business, tools](const EditVisit& request) {
-    const auto visit = LoadVisit(business, request.diaryId);
+    const auto visit = LoadVisit(business, request.entry);
     return visit ? Run(frmVisit(business, tools, *visit)) : TellGone(business);
   });
   navigator.Register<AddVisit>([&business, tools](const AddVisit& request) {
-    return Run(frmVisit(business, tools, NewVisit(business, request.clientId)));
+    return Run(frmVisit(business, tools, NewVisit(business, request.client)));
   });
 }
 
@@ -75,7 +68,7 @@ void RegisterRescheduling(Business& business, const ScreenTools& tools) {
   navigator.Register<OpenReschedule>(
       [&business, tools](const OpenReschedule&) { frmReschedule(business, tools).exec(); });
   navigator.Register<RescheduleFutureJobs>([&business, tools](const RescheduleFutureJobs& request) {
-    return Run(frmClients_RescheduleFutureJobs(business, tools, request.clientId));
+    return Run(frmClients_RescheduleFutureJobs(business, tools, request.client));
   });
   navigator.Register<OpenListOfClientsWithSchedulingProblem>(
       [&business, tools](const OpenListOfClientsWithSchedulingProblem& request) {

@@ -31,11 +31,11 @@ std::vector<GridColumn> FutureServiceColumns() {
 
 frmClients_RescheduleFutureJobs::frmClients_RescheduleFutureJobs(Business& business,
                                                                  const ScreenTools& tools,
-                                                                 qint64 clientId)
+                                                                 Id<Client> client)
     : Dialog("frmClients_RescheduleFutureJobs", tr("Reschedule future jobs"),
              business.World().prompter),
       business_(business),
-      clientId_(clientId) {
+      client_(client) {
   grdServices = new Grid(QStringLiteral("grdServices"));
   grdServices->setAccessibleName(tr("Services of the client"));
   grdServices->SetColumns(FutureServiceColumns());
@@ -76,7 +76,7 @@ frmClients_RescheduleFutureJobs::frmClients_RescheduleFutureJobs(Business& busin
 }
 
 void frmClients_RescheduleFutureJobs::LoadClientServices() {
-  services_ = LoadServiceRhythms(business_, clientId_);
+  services_ = LoadServiceRhythms(business_, client_);
   ShowServices();
   grdServices->SelectFirst();
   grdServices->setFocus();
@@ -85,7 +85,7 @@ void frmClients_RescheduleFutureJobs::LoadClientServices() {
 void frmClients_RescheduleFutureJobs::ShowServices() {
   std::vector<GridRow> rows;
   for (const ServiceRhythm& service : services_)
-    rows.push_back({{service.service, service.clientServiceId, service.price, service.status,
+    rows.push_back({{service.serviceName, service.clientService, service.price, service.type,
                      service.frequency, service.StartDateText(), service.employeeName}});
   grdServices->SetRows(std::move(rows));
 }
@@ -99,7 +99,7 @@ void frmClients_RescheduleFutureJobs::AfterEdit(int row, int column, const Value
     cmdReschedule->setEnabled(true);
     ShowServices();
   }
-  grdServices->SelectKey(service.clientServiceId);
+  grdServices->SelectId(service.clientService);
   grdServices->setFocus();
   const QModelIndex cell = grdServices->currentIndex().siblingAtColumn(column);
   grdServices->setCurrentIndex(cell);
@@ -109,7 +109,7 @@ void frmClients_RescheduleFutureJobs::AfterEdit(int row, int column, const Value
 void frmClients_RescheduleFutureJobs::Reschedule() {
   {
     const BusyWhile busy(business_.World().busy);
-    RescheduleClient(business_, clientId_, services_);
+    RescheduleClient(business_, client_, services_);
   }
   Close(Accepted);
 }

@@ -20,7 +20,7 @@ class frmClients_RescheduleFutureJobs : public Dialog {
   Q_OBJECT
 
  public:
-  frmClients_RescheduleFutureJobs(Business& business, const ScreenTools& tools, qint64 clientId);
+  frmClients_RescheduleFutureJobs(Business& business, const ScreenTools& tools, Id<Client> client);
 
  private:
   void LoadClientServices();
@@ -29,7 +29,7 @@ class frmClients_RescheduleFutureJobs : public Dialog {
   void Reschedule();
 
   Business& business_;
-  qint64 clientId_;
+  Id<Client> client_;
   std::vector<ServiceRhythm> services_;
   Grid* grdServices;
   QPushButton* cmdCancel;

@@ -3,6 +3,7 @@
 #include "diary/DiaryCommands.h"
 #include "diary/screens/DiaryGrid.h"
 #include "diary/screens/RowButtons.h"
+#include "kit/Combos.h"
 
 #include <stdexcept>
 
@@ -11,9 +12,8 @@ namespace quillary::diary {
 
 namespace {
 
-/// Of the entry " All" and of a text that is nobody's name.
-constexpr qint64 kAllEmployees = -1;
-constexpr qint64 kNobody = -1;
+/// Of the entry " All" in the list.
+constexpr int kAllEmployees = -1;
 
 bool UsesRowButtons(const SettingsStore& settings) {
   const QString kept =
@@ -61,23 +61,23 @@ void frmDiary::LoadEmployees() {
   cmbEmployees->SelectComboItem(cmbEmployees->findData(kept) < 0 ? QVariant(kAllEmployees) : kept);
 }
 
-DiaryQuery frmDiary::Query() const {
-  DiaryQuery query;
-  const bool range = optShowJobsBetween->isChecked();
-  query.from = range ? dtFrom->Date() : dtJobDate->Date();
-  query.to = range ? dtTo->Date() : dtJobDate->Date();
-  if (cmbEmployees->currentIndex() < 0)
-    query.employeeId = kNobody;
-  else if (cmbEmployees->currentIndex() > 0)
-    query.employeeId = cmbEmployees->currentData().toLongLong();
-  query.bySuburbPosition = chkSort->isChecked();
+DateRange frmDiary::Days() const {
+  if (optShowJobsOn->isChecked()) return DateRange::Of(dtJobDate->Date());
+  return {dtFrom->Date(), dtTo->Date()};
+}
+
+std::optional<DiaryQuery> frmDiary::Query() const {
+  if (cmbEmployees->currentIndex() < 0) return std::nullopt;
+  DiaryQuery query{.days = Days(), .bySuburbPosition = chkSort->isChecked()};
+  if (cmbEmployees->currentIndex() > 0) query.employee = ComboId<Employee>(cmbEmployees);
   return query;
 }
 
 void frmDiary::LoadScheduleGrid() {
   tools_.runner.Run(objectName(), QStringLiteral("LoadScheduleGrid"), [this] {
     try {
-      Show(LoadDiary(business_, Query()));
+      const auto query = Query();
+      Show(query ? LoadDiary(business_, *query) : DiaryList());
     } catch (const std::invalid_argument& refusal) {
       business_.World().prompter.Tell(Tone::Exclamation, QString::fromUtf8(refusal.what()));
       dtFrom->setFocus();
@@ -86,8 +86,7 @@ void frmDiary::LoadScheduleGrid() {
 }
 
 void frmDiary::Show(const DiaryList& list) {
-  const auto selected = grdSchedule->SelectedRow();
-  const qint64 kept = selected ? grdSchedule->Key(*selected) : 0;
+  const auto kept = grdSchedule->SelectedId<Entry>();
   list_ = list;
 
   std::vector<GridRow> rows;
@@ -98,7 +97,7 @@ void frmDiary::Show(const DiaryList& list) {
   grdSchedule->SetChoices(kEmployee, EmployeeChoices(lists::ListEmployeesByName(business_)));
   grdSchedule->ShowColumn(kDate, optShowJobsBetween->isChecked());
   grdSchedule->SetRows(std::move(rows));
-  if (!grdSchedule->SelectKey(kept)) grdSchedule->SelectFirst();
+  if (!kept || !grdSchedule->SelectId(*kept)) grdSchedule->SelectFirst();
   if (rowButtons_) rowButtons_->MoveButtons();
   EnableEditJob();
 
@@ -122,24 +121,21 @@ void frmDiary::ShowRange() {
 void frmDiary::AfterEdit(int row, int column, const Value& value) {
   // A command takes the selection away and leaves the cursor, in whose cell one can still type.
   if (!SelectedJob("Please select a job to update.")) return;
-  const qint64 diaryId = grdSchedule->Key(row);
+  const auto entry = grdSchedule->IdAt<Entry>(row);
   tools_.runner.Run(objectName(), QStringLiteral("grdSchedule_AfterEdit"), [&] {
-    if (column == kSequence)
-      ChangeSequence(business_, diaryId, static_cast<int>(value.ToLong()));
-    else if (column == kStatus)
-      ChangeJobStatusAndBalance(business_, diaryId, value.ToText());
-    else if (column == kEmployee)
-      ChangeEmployee(business_, diaryId, value.ToLong());
+    if (column == kSequence) ChangeSequence(business_, entry, static_cast<int>(value.ToLong()));
+    // What the list cannot choose is what the entry has already.
+    const auto status = EntryStatusFromCode(value.ToText());
+    if (column == kStatus && status) ChangeJobStatus(business_, entry, *status);
+    if (column == kEmployee) ChangeEmployee(business_, entry, value.ToId<Employee>());
   });
   LoadScheduleGrid();
 }
 
 const DiaryRow* frmDiary::FindSelected() const {
-  const auto row = grdSchedule->SelectedRow();
-  if (!row) return nullptr;
-  const qint64 diaryId = grdSchedule->Key(*row);
+  const auto entry = grdSchedule->SelectedId<Entry>();
   for (const DiaryRow& job : list_.rows)
-    if (job.diaryId == diaryId) return &job;
+    if (job.entry == entry) return &job;
   return nullptr;
 }
 

@@ -51,7 +51,9 @@ class frmDiary : public Screen {
   /// The selected entry may be one that no screen can show.
   void EnableEditJob();
 
-  DiaryQuery Query() const;
+  DateRange Days() const;
+  /// Nothing while what stands in the list of employees is nobody's name.
+  std::optional<DiaryQuery> Query() const;
   void Show(const DiaryList& list);
   void LoadEmployees();
   void MoveDay(int days);

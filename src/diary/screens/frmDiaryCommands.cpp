@@ -22,11 +22,11 @@ void frmDiary::ConnectCommands() {
   on(cmdPrint, &frmDiary::PrintSheet);
   on(cmdPrintDailyTotals, &frmDiary::PrintTotals);
   tools_.runner.OnClick(cmdCancelled, objectName(), [this] {
-    ChangeSelected([this](const DiaryRow& job) { CancelJob(business_, job.diaryId); });
+    ChangeSelected([this](const DiaryRow& job) { CancelJob(business_, job.entry); });
   });
   tools_.runner.OnClick(cmdDoneUnPaid, objectName(), [this] {
     ChangeSelected([this](const DiaryRow& job) {
-      MarkDoneUnpaidAndBalance(business_, business_.World().prompter, job.diaryId);
+      MarkDoneUnpaid(business_, business_.World().prompter, job.entry);
     });
   });
   tools_.runner.OnClick(cmdShowSuburbDefinition, objectName(), [this] {
@@ -61,35 +61,35 @@ void frmDiary::EnableEditJob() {
 void frmDiary::EditSelected() {
   const DiaryRow* job = SelectedJob();
   if (!job) return;
-  OpenEntry(tools_.navigator, job->status, job->diaryId);
+  OpenEntry(tools_.navigator, job->status, job->entry);
   LoadScheduleGrid();
 }
 
 void frmDiary::OpenClientOfSelected() {
-  if (const DiaryRow* job = SelectedJob()) tools_.navigator.Open(OpenClient{job->clientId});
+  if (const DiaryRow* job = SelectedJob()) tools_.navigator.Open(OpenClient{job->client.Number()});
 }
 
 void frmDiary::CreateInvoiceForSelected() {
   const DiaryRow* job = SelectedJob();
   if (!job) return;
   const QDate day = optShowJobsOn->isChecked() ? dtJobDate->Date() : job->scheduleDate;
-  tools_.navigator.Open(ChooseInvoiceFor{job->billingClientId, job->diaryId, day, day});
+  tools_.navigator.Open(ChooseInvoiceFor{job->payer.Number(), job->entry.Number(), day, day});
   LoadScheduleGrid();
 }
 
 void frmDiary::PayForSelected() {
   const DiaryRow* job = SelectedJob();
   if (!job) return;
-  if (job->paymentId != -1)
-    tools_.navigator.Open(ViewPayment{job->paymentId});
+  if (job->payment)
+    tools_.navigator.Open(ViewPayment{job->payment->Number()});
   else
-    tools_.navigator.Open(PayForJob{job->billingClientId, job->diaryId, job->totalPrice});
+    tools_.navigator.Open(PayForJob{job->payer.Number(), job->entry.Number(), job->totalPrice});
   LoadScheduleGrid();
 }
 
 void frmDiary::PayAndMarkDone() {
   ChangeSelected([this](const DiaryRow& job) {
-    tools_.navigator.Open(PayForJob{job.billingClientId, job.diaryId, job.totalPrice});
+    tools_.navigator.Open(PayForJob{job.payer.Number(), job.entry.Number(), job.totalPrice});
   });
 }
 
@@ -97,22 +97,20 @@ void frmDiary::RescheduleSelected() {
   const DiaryRow* selected = SelectedJob();
   if (!selected) return;
   const DiaryRow job = *selected;
-  OfferToCancelJob(business_, business_.World().prompter, job.diaryId);
-  tools_.navigator.Open(RescheduleFutureJobs{job.clientId});
+  OfferToCancelJob(business_, business_.World().prompter, job.entry);
+  tools_.navigator.Open(RescheduleFutureJobs{job.client});
   LoadScheduleGrid();
 }
 
 void frmDiary::PrintSheet() {
   if (const DiaryRow* job = FindSelected())
-    balances::RecalculateClientBalance(business_, BilledClientOf(business_, job->diaryId));
-  const DiaryQuery query = Query();
-  tools_.navigator.Open(
-      PrintWorkSheet{query.from, query.to, query.employeeId, query.bySuburbPosition});
+    balances::RecalculateClientBalance(business_, job->payer);
+  if (const auto query = Query())
+    tools_.navigator.Open(PrintWorkSheet{query->days, query->employee, query->bySuburbPosition});
 }
 
 void frmDiary::PrintTotals() {
-  const DiaryQuery query = Query();
-  tools_.navigator.Open(PrintDailyTotals{query.from, query.to});
+  tools_.navigator.Open(PrintDailyTotals{Days()});
 }
 
 }  // namespace quillary::diary

@@ -222,7 +222,7 @@ void frmDiary::ConnectControls() {
   connect(grdSchedule, &Grid::edited, this, &frmDiary::AfterEdit, Qt::QueuedConnection);
   connect(grdSchedule, &Grid::reordered, this, [this] {
     tools_.runner.Run(objectName(), QStringLiteral("grdSchedule_AfterMoveRow"),
-                      [this] { StoreSequence(business_, grdSchedule->Keys()); });
+                      [this] { StoreSequence(business_, IdsFrom<Entry>(grdSchedule->Keys())); });
     if (rowButtons_) rowButtons_->MoveButtons();
   });
 }

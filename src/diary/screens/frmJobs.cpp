@@ -1,7 +1,7 @@
 #include "diary/screens/frmJobs.h"
 
 #include "base/ports/requests/Billing.h"
-#include "diary/DiaryCommands.h"
+#include "domain/Payer.h"
 #include "kit/ComboSearch.h"
 #include "kit/Combos.h"
 #include "kit/Controls.h"
@@ -17,14 +17,6 @@
 /// What the job screen shows and stores.
 namespace quillary::diary {
 
-namespace {
-
-QVariant KeyOf(const std::optional<qint64>& id) {
-  return id ? QVariant(*id) : QVariant();
-}
-
-}  // namespace
-
 frmJobs::frmJobs(Business& business, const ScreenTools& tools, const Job& job)
     : Dialog("frmJobs", job.IsNew() ? tr("New job") : tr("Job"), business.World().prompter),
       business_(business),
@@ -39,7 +31,7 @@ frmJobs::frmJobs(Business& business, const ScreenTools& tools, const Job& job)
     FillCombo(cmbClient, lists::ListClientChoices(business_));
     FillCombo(cmbService, lists::ListServiceChoices(business_));
     FillCombo(cmbEmployee, lists::ListEmployeeChoices(business_));
-    FillComboWithWords(cmbStatus, JobStatusWords());
+    for (const EntryStatus status : kJobStatuses) cmbStatus->addItem(WordsOf(status));
     ShowJob();
     ShowServices();
   });
@@ -80,9 +72,9 @@ bool frmJobs::IsDataChanged() const {
 }
 
 void frmJobs::ShowJob() {
-  SelectComboItem(cmbClient, KeyOf(job_.clientId));
-  SelectComboItem(cmbEmployee, KeyOf(job_.employeeId));
-  cmbStatus->setCurrentIndex(job_.statusPosition.value_or(-1));
+  SelectComboItem(cmbClient, job_.client);
+  SelectComboItem(cmbEmployee, job_.employee);
+  cmbStatus->setCurrentIndex(job_.status ? cmbStatus->findText(WordsOf(*job_.status)) : -1);
   dtpDate->SetDate(job_.date);
   txtJobDescription->setText(job_.description);
   txtNotes->setPlainText(job_.notes);
@@ -91,7 +83,7 @@ void frmJobs::ShowJob() {
 }
 
 void frmJobs::ShowBilling() {
-  const bool paid = job_.HasBeenPaid();
+  const bool paid = job_.payment.has_value();
   lblHasBeenPaid->setVisible(paid);
   lblInvoice_ID->setText(job_.InvoiceWords());
   lblInvoice_ID->setVisible(!job_.InvoiceWords().isEmpty());
@@ -103,10 +95,10 @@ void frmJobs::ShowBilling() {
 }
 
 void frmJobs::ShowServices() {
-  services_ = LoadServices(business_, job_.diaryId);
+  services_ = job_.entry ? LoadServices(business_, *job_.entry) : JobServices();
   std::vector<GridRow> rows;
   for (const JobService& line : services_.rows)
-    rows.push_back({{line.serviceCode, line.diaryServiceId, line.price, line.accountName}});
+    rows.push_back({{line.serviceCode, line.line, line.price, line.accountName}});
   grdServices->SetRows(std::move(rows));
   lblServicesTotal->setText(services_.TotalWords());
   ShowSelectedLine();
@@ -115,20 +107,18 @@ void frmJobs::ShowServices() {
 void frmJobs::ShowSelectedLine() {
   const auto row = grdServices->SelectedRow();
   const JobService* line = row ? &services_.rows[static_cast<size_t>(*row)] : nullptr;
-  SelectComboItem(cmbService, line ? QVariant(line->serviceId) : QVariant());
+  SelectComboItem(cmbService, line ? line->service : std::nullopt);
   txtPrice->SetAmount(line ? line->price : Money());
   line_.ClearDataChanged();
 }
 
 Job frmJobs::Typed() const {
   Job job = job_;
-  job.clientId = ComboKey(cmbClient);
+  job.client = ComboId<Client>(cmbClient);
   job.date = dtpDate->Date();
-  job.employeeId = ComboKey(cmbEmployee);
-  if (const auto status = ComboKey(cmbStatus))
-    job.statusPosition = static_cast<int>(*status);
-  else
-    job.statusPosition.reset();
+  job.employee = ComboId<Employee>(cmbEmployee);
+  const int status = cmbStatus->currentIndex();
+  job.status = status < 0 ? std::nullopt : std::optional(kJobStatuses[static_cast<size_t>(status)]);
   job.description = txtJobDescription->text();
   job.notes = txtNotes->toPlainText();
   return job;
@@ -143,11 +133,8 @@ bool frmJobs::SaveJob() {
 }
 
 void frmJobs::StoreLine(SaveLine as) {
-  const auto row = grdServices->SelectedRow();
-  JobServiceForm form;
-  if (row) form.diaryServiceId = grdServices->Key(*row);
-  form.serviceId = ComboKey(cmbService);
-  form.price = txtPrice->Amount();
+  const JobServiceForm form{grdServices->SelectedId<EntryLine>(), ComboId<Service>(cmbService),
+                            txtPrice->Amount()};
   const bool isNew = job_.IsNew();
   Job job = Typed();
   if (!IsAccepted(SaveService(business_, job, form, as))) return;
@@ -156,14 +143,13 @@ void frmJobs::StoreLine(SaveLine as) {
     state_.ClearDataChanged();
   }
   ShowServices();
-  if (as == SaveLine::Selected && row) grdServices->SelectKey(*form.diaryServiceId);
+  if (as == SaveLine::Selected) grdServices->SelectId(*form.line);
   cmbService->setFocus();
 }
 
 void frmJobs::RemoveLine() {
-  const auto row = grdServices->SelectedRow();
-  const auto lineId = row ? std::optional(grdServices->Key(*row)) : std::nullopt;
-  if (!IsAccepted(RemoveService(business_, job_.diaryId, lineId))) return;
+  const auto line = grdServices->SelectedId<EntryLine>();
+  if (!IsAccepted(RemoveService(business_, job_.entry, line))) return;
   ShowServices();
   grdServices->setFocus();
 }
@@ -171,17 +157,18 @@ void frmJobs::RemoveLine() {
 void frmJobs::Pay() {
   if (!SaveJob()) return;
   ShowStored();
-  if (job_.HasBeenPaid())
-    tools_.navigator.Open(ViewPayment{job_.paymentId});
-  else
+  const Id<Entry> entry = *job_.entry;
+  const auto payer = PayerOf(business_, entry);
+  if (job_.payment)
+    tools_.navigator.Open(ViewPayment{job_.payment->Number()});
+  else if (payer)
     // A job can have a price without a line.
-    tools_.navigator.Open(
-        PayForJob{BilledClientOf(business_, job_.diaryId), job_.diaryId, job_.totalPrice});
+    tools_.navigator.Open(PayForJob{payer->Number(), entry.Number(), job_.totalPrice});
   ShowStored();
 }
 
 void frmJobs::ShowStored() {
-  if (const auto stored = LoadJob(business_, job_.diaryId)) job_ = *stored;
+  if (const auto stored = LoadJob(business_, *job_.entry)) job_ = *stored;
   ShowJob();
 }
 

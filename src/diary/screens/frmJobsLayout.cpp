@@ -19,10 +19,10 @@ constexpr int kDescriptionWidth = 255;
 }  // namespace
 
 void frmJobs::MakeControls() {
-  cmbClient = Named(new ComboSearch, "cmbClient");
-  dtpDate = Named(new DateField(business_.Today()), "dtpDate");
-  cmbEmployee = Named(new ComboSearch, "cmbEmployee");
-  cmbStatus = Named(new QComboBox, "cmbStatus");
+  cmbClient = ForField("client", Named(new ComboSearch, "cmbClient"));
+  dtpDate = ForField("date", Named(new DateField(business_.Today()), "dtpDate"));
+  cmbEmployee = ForField("employee", Named(new ComboSearch, "cmbEmployee"));
+  cmbStatus = ForField("status", Named(new QComboBox, "cmbStatus"));
   txtJobDescription = Named(new QLineEdit, "txtJobDescription");
   LimitTo(txtJobDescription, kDescriptionWidth);
   cmdSetDescriptionBasedOnServices =
@@ -52,7 +52,7 @@ void frmJobs::MakeLineControls() {
                             tr("Choose a service and its price, and insert it."));
   grdServices->setMinimumHeight(112);
   lblServicesTotal = MakeLabel("lblServicesTotal", {}, LabelRole::Figure);
-  cmbService = Named(new ComboSearch, "cmbService");
+  cmbService = ForField("service", Named(new ComboSearch, "cmbService"));
   txtPrice = Named(new CurrencyField, "txtPrice");
   cmdRemoveService = MakeButton("cmdRemoveService", tr("Re&move"), ButtonKind::Danger);
   cmdExtraWork = MakeButton("cmdExtraWork", QStringLiteral("&Insert as new service"));

@@ -4,7 +4,6 @@
 #include "base/ports/requests/Documents.h"
 #include "base/ports/requests/Scheduling.h"
 #include "diary/DiaryCommands.h"
-#include "diary/DiaryDay.h"
 #include "diary/OpenEntry.h"
 #include "diary/screens/DiaryGrid.h"
 #include "kit/Combos.h"
@@ -43,22 +42,25 @@ std::vector<GridColumn> JobsListColumns() {
           {QObject::tr("Sequence"), ColumnKind::Number, 88, true}};
 }
 
-std::vector<GridChoice> StatusChoices() {
-  std::vector<GridChoice> choices;
-  for (const GridChoice& choice : DiaryStatusChoices())
-    if (choice.key.ToText().startsWith(u'J')) choices.push_back(choice);
-  return choices;
+/// Entries that are no jobs show the words of the diary's own list.
+QString StatusWords(const StoredEntryStatus& status) {
+  return KindOf(status) == EntryKind::Job ? FoldedWordsOf(status) : ListedWordsOf(status);
 }
 
 GridRow JobsListGridRow(const JobsListRow& job) {
-  const QString words =
-      job.isPaid ? QObject::tr("%1 · paid").arg(job.StatusWords()) : job.StatusWords();
+  const QString words = StatusWords(job.status);
   GridRow row;
   row.cells = {
-      job.scheduleDate, job.diaryId,    job.displayName, job.address.simplified(),
-      job.description,  job.totalPrice, job.totalGST,    GridCell(FoldedStatus(job.status), words),
+      job.scheduleDate,
+      job.entry,
+      job.displayName,
+      job.address.simplified(),
+      job.description,
+      job.totalPrice,
+      job.totalGST,
+      GridCell(Folded(job.status), job.isPaid ? QObject::tr("%1 · paid").arg(words) : words),
       job.sequence};
-  row.hue = HueOf(ColourOfEntry(job.status, job.isPaid));
+  row.hue = HueOf(job.status, job.isPaid);
   return row;
 }
 
@@ -84,7 +86,7 @@ void frmJobsList::MakeControls() {
   grdSchedule = new Grid(QStringLiteral("grdSchedule"));
   grdSchedule->setAccessibleName(tr("Jobs of the period"));
   grdSchedule->SetColumns(JobsListColumns());
-  grdSchedule->SetChoices(kListedStatus, StatusChoices());
+  grdSchedule->SetChoices(kListedStatus, DiaryStatusChoices(EntryKind::Job));
   grdSchedule->SetEmptyText(tr("There are no jobs for this choice."),
                             tr("Choose other dates, or another status."));
   grdSchedule->RememberIn(business_.World().settings);
@@ -162,8 +164,8 @@ void frmJobsList::ConnectControls() {
 
 void frmJobsList::ShowYourself() {
   const JobsListQuery query = JobsOfMonth(business_.Today());
-  dtFrom->SetDate(query.from);
-  dtTo->SetDate(query.to);
+  dtFrom->SetDate(query.days.from);
+  dtTo->SetDate(query.days.to);
   SelectComboItem(cboJobStatus, static_cast<int>(query.filter));
   LoadScheduleGrid();
   grdSchedule->setFocus();
@@ -172,18 +174,17 @@ void frmJobsList::ShowYourself() {
 void frmJobsList::LoadScheduleGrid() {
   tools_.runner.RunBusy(objectName(), QStringLiteral("LoadScheduleGrid"), [this] {
     const auto filter = static_cast<JobFilter>(ComboKey(cboJobStatus).value_or(0));
-    Show(LoadJobsList(business_, {dtFrom->Date(), dtTo->Date(), filter}));
+    Show(LoadJobsList(business_, {{dtFrom->Date(), dtTo->Date()}, filter}));
   });
 }
 
 void frmJobsList::Show(const JobsList& list) {
-  const auto selected = grdSchedule->SelectedRow();
-  const qint64 kept = selected ? grdSchedule->Key(*selected) : 0;
+  const auto kept = grdSchedule->SelectedId<Entry>();
   list_ = list;
   std::vector<GridRow> rows;
   for (const JobsListRow& job : list_.rows) rows.push_back(JobsListGridRow(job));
   grdSchedule->SetRows(std::move(rows));
-  if (!grdSchedule->SelectKey(kept)) grdSchedule->SelectFirst();
+  if (!kept || !grdSchedule->SelectId(*kept)) grdSchedule->SelectFirst();
   EnableViewJob();
   txtTotalNoOfJobs->setText(QString::number(list_.totalNoOfJobs));
   txtTotalAmountOfJobs->setText(list_.totalAmountOfJobs.ToCurrencyText());
@@ -198,40 +199,40 @@ void frmJobsList::EnableViewJob() {
 }
 
 void frmJobsList::AfterEdit(int row, int column, const Value& value) {
-  const qint64 diaryId = grdSchedule->Key(row);
+  const auto entry = grdSchedule->IdAt<Entry>(row);
   tools_.runner.Run(objectName(), QStringLiteral("grdSchedule_AfterEdit"), [&] {
     if (!Selected(JobsListCommand::EditCell)) return;
-    if (column == kListedStatus)
-      ChangeJobStatusAndBalance(business_, diaryId, value.ToText());
-    else if (column == kListedSequence)
-      ChangeSequence(business_, diaryId, static_cast<int>(value.ToLong()));
+    // What the list cannot choose is what the entry has already.
+    const auto status = EntryStatusFromCode(value.ToText());
+    if (column == kListedStatus && status) ChangeJobStatus(business_, entry, *status);
+    if (column == kListedSequence)
+      ChangeSequence(business_, entry, static_cast<int>(value.ToLong()));
   });
   LoadScheduleGrid();
 }
 
 const JobsListRow* frmJobsList::Selected(JobsListCommand command) {
   const auto row = grdSchedule->SelectedRow();
-  const auto diaryId = row ? std::optional(grdSchedule->Key(*row)) : std::nullopt;
-  if (!Accepted(business_.World().prompter, this, CheckJobSelected(command, diaryId)))
-    return nullptr;
+  const auto entry = grdSchedule->SelectedId<Entry>();
+  if (!Accepted(business_.World().prompter, this, CheckJobSelected(command, entry))) return nullptr;
   return &list_.rows[static_cast<size_t>(*row)];
 }
 
 void frmJobsList::ViewJob() {
   const JobsListRow* job = Selected(JobsListCommand::ViewJob);
   if (!job) return;
-  OpenEntry(tools_.navigator, job->status, job->diaryId);
+  OpenEntry(tools_.navigator, job->status, job->entry);
   LoadScheduleGrid();
 }
 
 void frmJobsList::OpenClientOfJob() {
   if (const JobsListRow* job = Selected(JobsListCommand::ClientDetails))
-    tools_.navigator.Open(OpenClient{job->clientId});
+    tools_.navigator.Open(OpenClient{job->client.Number()});
 }
 
 void frmJobsList::DeleteSelected() {
   const JobsListRow* job = Selected(JobsListCommand::Delete);
-  if (job && DeleteJobAfterAsking(business_, business_.World().prompter, job->diaryId))
+  if (job && DeleteJobAfterAsking(business_, business_.World().prompter, job->entry))
     LoadScheduleGrid();
 }
 

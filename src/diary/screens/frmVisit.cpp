@@ -36,7 +36,7 @@ frmVisit::frmVisit(Business& business, const ScreenTools& tools, const Visit& vi
 void frmVisit::MakeControls() {
   cmbClients = Named(new ComboSearch, "cmbClients");
   txtDate = Named(new DateField(business_.Today()), "txtDate");
-  cmbEmployee = Named(new ComboSearch, "cmbEmployee");
+  cmbEmployee = ForField("employee", Named(new ComboSearch, "cmbEmployee"));
   txtPurpose = Named(new QLineEdit, "txtPurpose");
   LimitTo(txtPurpose, kPurposeWidth);
   txtNotes = Named(new QPlainTextEdit, "txtNotes");
@@ -70,33 +70,30 @@ void frmVisit::LayOut() {
 }
 
 void frmVisit::ShowVisit() {
-  const auto pick = [](QComboBox* combo, const std::optional<qint64>& id) {
-    SelectComboItem(combo, id ? QVariant(*id) : QVariant());
-  };
   FillCombo(cmbClients, lists::ListClientChoices(business_));
   FillCombo(cmbEmployee, lists::ListEmployeeChoices(business_));
-  pick(cmbClients, visit_.clientId);
-  pick(cmbEmployee, visit_.employeeId);
+  SelectComboItem(cmbClients, visit_.client);
+  SelectComboItem(cmbEmployee, visit_.employee);
   txtDate->SetDate(visit_.date);
   txtPurpose->setText(visit_.purpose);
   txtNotes->setPlainText(visit_.notes);
-  optNotDone->setChecked(visit_.state == VisitState::NotDone);
-  optDone->setChecked(visit_.state == VisitState::Done);
-  optCancelled->setChecked(visit_.state == VisitState::Cancelled);
+  optNotDone->setChecked(visit_.status == EntryStatus::VisitOpen);
+  optDone->setChecked(visit_.status == EntryStatus::VisitDone);
+  optCancelled->setChecked(visit_.status == EntryStatus::VisitCancelled);
   state_.ClearDataChanged();
-  (visit_.clientId ? static_cast<QWidget*>(txtPurpose) : cmbClients)->setFocus();
+  (visit_.client ? static_cast<QWidget*>(txtPurpose) : cmbClients)->setFocus();
 }
 
 Visit frmVisit::Typed() const {
   Visit visit = visit_;
-  visit.clientId = ComboKey(cmbClients);
+  visit.client = ComboId<Client>(cmbClients);
   visit.date = txtDate->Date();
-  visit.employeeId = ComboKey(cmbEmployee);
+  visit.employee = ComboId<Employee>(cmbEmployee);
   visit.purpose = txtPurpose->text();
   visit.notes = txtNotes->toPlainText();
-  visit.state = optDone->isChecked()        ? VisitState::Done
-                : optCancelled->isChecked() ? VisitState::Cancelled
-                                            : VisitState::NotDone;
+  visit.status = optDone->isChecked()        ? EntryStatus::VisitDone
+                 : optCancelled->isChecked() ? EntryStatus::VisitCancelled
+                                             : EntryStatus::VisitOpen;
   return visit;
 }
 
@@ -109,7 +106,8 @@ bool frmVisit::SaveVisit() {
 }
 
 void frmVisit::Delete() {
-  if (DeleteVisit(business_, business_.World().prompter, visit_.diaryId)) Close(Accepted);
+  if (visit_.entry && DeleteVisit(business_, business_.World().prompter, *visit_.entry))
+    Close(Accepted);
 }
 
 }  // namespace quillary::diary

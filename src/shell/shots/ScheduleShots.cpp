@@ -1,5 +1,7 @@
 #include "base/ports/requests/Scheduling.h"
 #include "base/ports/requests/Setup.h"
+#include "domain/EntryStatus.h"
+#include "domain/JobType.h"
 #include "kit/Grid.h"
 #include "shell/shots/Shots.h"
 
@@ -33,15 +35,16 @@ void Shots::ScheduleLists() {
 
 void Shots::ScheduleDialogs() {
   Business& business = program_.OpenBusiness();
-  const auto first = [&](const char* statement) {
-    return business.FirstField(Sql(statement)).ToLong();
-  };
-  SaveRequest(EditJob{
-      first("SELECT TOP 1 Diary_ID FROM Diary WHERE Status = 'JD' AND Payment_ID IS NOT NULL")});
-  const qint64 client =
-      first("SELECT TOP 1 Client_ID FROM Client_Services WHERE Status = 'Regular'");
+  const auto first = [&](const Sql& statement) { return business.FirstField(statement).ToLong(); };
+  SaveRequest(
+      EditJob{Id<Entry>(first(Sql("SELECT TOP 1 Diary_ID FROM Diary WHERE Status = {} "
+                                  "AND Payment_ID IS NOT NULL",
+                                  EntryStatus::JobDone)))});
+  const Id<Client> client(first(
+      Sql("SELECT TOP 1 Client_ID FROM Client_Services WHERE Status = {}", JobType::Regular)));
   SaveRequest(AddJob{client});
-  SaveRequest(EditVisit{first("SELECT TOP 1 Diary_ID FROM Diary WHERE Status = 'V'")});
+  SaveRequest(EditVisit{Id<Entry>(
+      first(Sql("SELECT TOP 1 Diary_ID FROM Diary WHERE Status = {}", EntryStatus::VisitOpen)))});
   SaveRequest(OpenReschedule{});
   SaveRequest(RescheduleFutureJobs{client});
   SaveRequest(EditSuburbPositions{});

@@ -51,7 +51,7 @@ std::string ShapeOf(const std::string& text) {
   static const std::regex blanks(R"(\s+)");
   std::string shape = std::regex_replace(text, values, "$1?");
   shape = std::regex_replace(shape, blanks, " ");
-  shape = std::regex_replace(shape, lists, "(?)");
+  shape = std::regex_replace(shape, lists, "?");
   for (char& c : shape) c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
   const size_t first = shape.find_first_not_of(' ');
   const size_t last = shape.find_last_not_of(" ;");

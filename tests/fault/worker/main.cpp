@@ -1,4 +1,5 @@
 #include "data/access/ConvertAccessFile.h"
+#include "diary/DiaryCommands.h"
 #include "diary/JobServices.h"
 #include "maintenance/Salvage.h"
 #include "roll/ScheduleEngine.h"
@@ -83,17 +84,18 @@ void SaveMuch(Business& business) {
   const Recordset jobs =
       business.RunSQL(Sql("SELECT TOP 12 Diary_ID FROM Diary WHERE Status = 'J'"));
   for (const Record row : jobs) {
-    auto job = diary::LoadJob(business, row[size_t{0}].ToLong());
-    diary::SaveService(business, *job, {{}, 1, Money::FromUnits(125000)}, diary::SaveLine::AsNew);
-    job->statusPosition = diary::JobStatusPosition(QStringLiteral("JD"));
+    auto job = diary::LoadJob(business, Id<Entry>(row[size_t{0}].ToLong()));
+    diary::SaveService(business, *job, {{}, Id<Service>(1), Money::FromUnits(125000)},
+                       diary::SaveLine::AsNew);
+    job->status = EntryStatus::JobDone;
     diary::SaveJob(business, *job);
   }
   for (qint64 client = 1; client <= 6; ++client) {
     business.RunSQL(
         Sql("UPDATE Client_Services SET Price = Price + 1 WHERE Client_ID = {}", client));
-    roll::AdvanceScheduleForClient(business, client);
+    roll::AdvanceScheduleForClient(business, Id<Client>(client));
   }
-  diary::DeleteJob(business, jobs.Row(0)[size_t{0}].ToLong());
+  diary::DeleteEntry(business, Id<Entry>(jobs.Row(0)[size_t{0}].ToLong()));
 }
 
 /// Puts another file in the place of this one; the old one goes to Archive.

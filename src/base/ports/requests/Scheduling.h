@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QDate>
+#include "base/DateRange.h"
+#include "base/Id.h"
 
 #include <optional>
 
@@ -17,29 +18,29 @@ struct OpenListOfClientsWithSchedulingProblem {
 
 struct EditJob {
   using Result = bool;
-  qint64 diaryId = 0;
+  Id<Entry> entry;
 };
 /// A job that is not in the diary yet.
 struct AddJob {
   using Result = bool;
-  qint64 clientId = 0;
+  Id<Client> client;
 };
 /// A visit that is not in the diary yet.
 struct AddVisit {
   using Result = bool;
-  std::optional<qint64> clientId;  // nothing: to be chosen
+  std::optional<Id<Client>> client;  // nothing: to be chosen
 };
 struct EditVisit {
   using Result = bool;
-  qint64 diaryId = 0;
+  Id<Entry> entry;
 };
 struct EditQuoteVisit {
   using Result = bool;
-  qint64 diaryId = 0;
+  Id<Entry> entry;
 };
 struct RescheduleFutureJobs {
   using Result = bool;
-  qint64 clientId = 0;
+  Id<Client> client;
 };
 struct EditSuburbPositions {
   using Result = bool;
@@ -47,14 +48,12 @@ struct EditSuburbPositions {
 
 /// The work sheet of the diary, for the same days and employee as the screen shows.
 struct PrintWorkSheet {
-  QDate from;
-  QDate to;
-  std::optional<qint64> employeeId;  // nothing: all
+  DateRange days;
+  std::optional<Id<Employee>> employee;  // nothing: all
   bool bySuburbPosition = false;
 };
 struct PrintDailyTotals {
-  QDate from;
-  QDate to;
+  DateRange days;
 };
 
 }  // namespace quillary

@@ -2,6 +2,8 @@
 
 #include "base/Money.h"
 #include "data/Business.h"
+#include "domain/ClientStatus.h"
+#include "domain/EntryStatus.h"
 
 #include <QDate>
 #include <QString>
@@ -9,12 +11,12 @@
 #include <vector>
 
 /// What a balance is made of, side by side: for finding out why a client owes what it owes.
-namespace quillary::balances {
+namespace quillary::billing {
 
 struct CheckedClient {
-  qint64 clientId = 0;
+  Id<Client> client;
   QString displayName;
-  QString status;
+  StoredClientStatus status;
   QString billedClient;  // " (same as client) " for one who pays for itself
   Money amountOwing;     // the balance negated
   Money billedClientOwes;
@@ -22,31 +24,28 @@ struct CheckedClient {
 /// All clients, by display name, then by surname and first name.
 std::vector<CheckedClient> ListCheckedClients(Business& business);
 
-enum class CheckedJobColour { NotDone, Done, Paid };
-
 struct CheckedJob {
-  qint64 diaryId = 0;
-  qint64 clientId = 0;
+  Id<Entry> entry;
+  Id<Client> client;
   QString displayName;
   QDate scheduleDate;
   QString description;
   Money totalPrice;  // tax included
-  QString status;
+  StoredEntryStatus status;
   bool isPaid = false;  // on a payment
 
   QString StatusWords() const;
-  CheckedJobColour Colour() const;
 };
 struct CheckedJobs {
   std::vector<CheckedJob> rows;  // by client's name, the newest job first
   Money total;                   // rounded to cents after each job
 };
 /// The done jobs of the client and of all who are billed to it: those that count in a balance.
-CheckedJobs ListCheckedJobs(Business& business, qint64 clientId);
+CheckedJobs ListCheckedJobs(Business& business, Id<Client> client);
 
 struct CheckedPayment {
-  qint64 paymentId = 0;
-  qint64 clientId = 0;
+  Id<Payment> payment;
+  Id<Client> client;
   QString displayName;
   QDate paymentDate;
   Money amount;
@@ -57,14 +56,13 @@ struct CheckedPayments {
   std::vector<CheckedPayment> rows;  // the newest first
   Money total;
 };
-CheckedPayments ListPaymentsOfClient(Business& business, qint64 clientId);
+CheckedPayments ListPaymentsOfClient(Business& business, Id<Client> client);
 /// The payments recorded under the others who are billed to the client.
-CheckedPayments ListPaymentsOfAttachedClients(Business& business, qint64 clientId);
+CheckedPayments ListPaymentsOfAttachedClients(Business& business, Id<Client> client);
 
-/// Deletes the entry with its lines and recomputes the client's balance.
-void DeleteCheckedJob(Business& business, qint64 clientId, qint64 diaryId);
 /// Deletes the payment with its ledger entries, takes its jobs off it and recomputes the client's
-/// balance. A deposit that holds the payment keeps its totals.
-void DeleteCheckedPayment(Business& business, qint64 clientId, qint64 paymentId);
+/// balance. A deposit that holds the payment keeps its totals. Throws WriteFailed, with nothing
+/// deleted, when the payment has gone meanwhile.
+void RemovePayment(Business& business, std::optional<Id<Client>> client, Id<Payment> payment);
 
-}  // namespace quillary::balances
+}  // namespace quillary::billing

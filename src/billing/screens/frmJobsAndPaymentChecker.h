@@ -1,6 +1,6 @@
 #pragma once
 
-#include "balances/JobsAndPaymentChecker.h"
+#include "billing/payments/JobsAndPaymentChecker.h"
 #include "kit/Screen.h"
 
 #include <vector>
@@ -13,7 +13,7 @@ namespace quillary {
 class Grid;
 }  // namespace quillary
 
-namespace quillary::diary {
+namespace quillary::billing {
 
 /// What a client's balance is made of, side by side: its jobs, its payments, and the payments of
 /// those who are billed to it.
@@ -37,13 +37,14 @@ class frmJobsAndPaymentChecker : public Screen {
 
   void LoadClientsIntoGrid();
   void LoadMoneyOfClient();
-  void LoadPastJobs(qint64 clientId);
-  void LoadPayments(qint64 clientId);
-  std::optional<qint64> SelectedClient();
+  void ShowJobs(const CheckedJobs& jobs);
+  void ShowPayments(const CheckedPayments& own, const CheckedPayments& attached);
+  std::optional<Id<Client>> SelectedClient();
   /// The key of the selected row; without one the user is told `noneSelected`.
-  std::optional<qint64> Selected(const Grid* grid, const char* noneSelected);
+  template <NumberedRow Row>
+  std::optional<Id<Row>> Selected(const Grid* grid, const char* noneSelected);
   /// In whichever of the two lists it is.
-  std::optional<qint64> SelectedPayment();
+  std::optional<Id<Payment>> SelectedPayment();
 
   void EditSelectedJob();
   void DeleteSelectedJob();
@@ -75,4 +76,4 @@ class frmJobsAndPaymentChecker : public Screen {
   QPushButton* cmdClose;
 };
 
-}  // namespace quillary::diary
+}  // namespace quillary::billing

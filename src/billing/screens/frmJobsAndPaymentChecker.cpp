@@ -1,37 +1,26 @@
-#include "diary/screens/frmJobsAndPaymentChecker.h"
+#include "billing/screens/frmJobsAndPaymentChecker.h"
 
 #include "balances/ClientBalance.h"
 #include "base/ports/requests/Billing.h"
 #include "base/ports/requests/Clients.h"
 #include "base/ports/requests/Scheduling.h"
-#include "clients/ClientStatus.h"
+#include "diary/DiaryCommands.h"
 #include "kit/Controls.h"
 #include "kit/Grid.h"
 
 /// What the checker of jobs and payments loads, and its commands.
-namespace quillary::diary {
+namespace quillary::billing {
 
 namespace {
-
-Hue HueOfJob(balances::CheckedJobColour colour) {
-  switch (colour) {
-    case balances::CheckedJobColour::Done:
-      return Hue::Green;
-    case balances::CheckedJobColour::Paid:
-      return Hue::Blue;
-    default:
-      return Hue::Neutral;
-  }
-}
 
 QString CountOf(size_t count, const QString& one, const QString& many) {
   return QStringLiteral("%1 %2").arg(count).arg(count == 1 ? one : many);
 }
 
-std::vector<GridRow> RowsOf(const balances::CheckedPayments& payments) {
+std::vector<GridRow> RowsOf(const CheckedPayments& payments) {
   std::vector<GridRow> rows;
-  for (const balances::CheckedPayment& payment : payments.rows)
-    rows.push_back({{payment.displayName, payment.paymentId, payment.paymentDate, payment.amount,
+  for (const CheckedPayment& payment : payments.rows)
+    rows.push_back({{payment.displayName, payment.payment, payment.paymentDate, payment.amount,
                      payment.paymentMethod, payment.accounts}});
   return rows;
 }
@@ -59,7 +48,7 @@ void frmJobsAndPaymentChecker::ConnectControls() {
   on(cmdDeletePayment, &frmJobsAndPaymentChecker::DeleteSelectedPayment);
   on(cmdRecalculateAmountOwing, &frmJobsAndPaymentChecker::RecalculateAmountOwing);
   tools_.runner.OnClick(cmdViewClient, objectName(), [this] {
-    if (const auto client = SelectedClient()) tools_.navigator.Open(OpenClient{*client});
+    if (const auto client = SelectedClient()) tools_.navigator.Open(OpenClient{client->Number()});
   });
   connect(cmdRefreshList, &QPushButton::clicked, this, &frmJobsAndPaymentChecker::Reload);
   connect(cmdClose, &QPushButton::clicked, this, &Screen::closeRequested);
@@ -94,41 +83,39 @@ void frmJobsAndPaymentChecker::Reload() {
 }
 
 void frmJobsAndPaymentChecker::LoadClientsIntoGrid() {
-  const auto selected = grdClients->SelectedRow();
-  const qint64 kept = selected ? grdClients->Key(*selected) : 0;
+  const auto kept = grdClients->SelectedId<Client>();
   std::vector<GridRow> rows;
-  for (const balances::CheckedClient& client : balances::ListCheckedClients(business_)) {
+  for (const CheckedClient& client : ListCheckedClients(business_)) {
     GridRow row;
-    row.cells = {client.displayName, client.clientId,
+    row.cells = {client.displayName, client.client,
                  client.status,      client.billedClient.trimmed(),
                  client.amountOwing, client.billedClientOwes};
-    row.hue = HueOfColour(clients::ClientStatusColour(client.status));
+    row.hue = HueOf(client.status);
     rows.push_back(std::move(row));
   }
   {
     const QSignalBlocker once(grdClients);  // its money is loaded once, below
     grdClients->SetRows(std::move(rows));
-    if (!grdClients->SelectKey(kept)) grdClients->SelectFirst();
+    if (!kept || !grdClients->SelectId(*kept)) grdClients->SelectFirst();
   }
   LoadMoneyOfClient();
 }
 
 void frmJobsAndPaymentChecker::LoadMoneyOfClient() {
-  const auto row = grdClients->SelectedRow();
-  const qint64 clientId = row ? grdClients->Key(*row) : 0;
-  LoadPastJobs(clientId);
-  LoadPayments(clientId);
+  const auto client = grdClients->SelectedId<Client>();
+  ShowJobs(client ? ListCheckedJobs(business_, *client) : CheckedJobs());
+  ShowPayments(client ? ListPaymentsOfClient(business_, *client) : CheckedPayments(),
+               client ? ListPaymentsOfAttachedClients(business_, *client) : CheckedPayments());
 }
 
-void frmJobsAndPaymentChecker::LoadPastJobs(qint64 clientId) {
-  const balances::CheckedJobs jobs = balances::ListCheckedJobs(business_, clientId);
+void frmJobsAndPaymentChecker::ShowJobs(const CheckedJobs& jobs) {
   std::vector<GridRow> rows;
-  for (const balances::CheckedJob& job : jobs.rows) {
+  for (const CheckedJob& job : jobs.rows) {
     const QString words = job.isPaid ? tr("%1 · paid").arg(job.StatusWords()) : job.StatusWords();
     GridRow row;
-    row.cells = {job.displayName, job.diaryId,    job.scheduleDate,
+    row.cells = {job.displayName, job.entry,      job.scheduleDate,
                  job.description, job.totalPrice, GridCell(job.status, words)};
-    row.hue = HueOfJob(job.Colour());
+    row.hue = HueOf(job.status, job.isPaid);
     rows.push_back(std::move(row));
   }
   txtTotalNoOfJobs->setText(CountOf(rows.size(), tr("job"), tr("jobs")));
@@ -136,10 +123,8 @@ void frmJobsAndPaymentChecker::LoadPastJobs(qint64 clientId) {
   txtTotalJobAmount->setText(jobs.total.ToCurrencyText());
 }
 
-void frmJobsAndPaymentChecker::LoadPayments(qint64 clientId) {
-  const balances::CheckedPayments own = balances::ListPaymentsOfClient(business_, clientId);
-  const balances::CheckedPayments attached =
-      balances::ListPaymentsOfAttachedClients(business_, clientId);
+void frmJobsAndPaymentChecker::ShowPayments(const CheckedPayments& own,
+                                            const CheckedPayments& attached) {
   grdPayments->SetRows(RowsOf(own));
   grdPayments2->SetRows(RowsOf(attached));
   txtTotalNoOfPayments->setText(CountOf(own.rows.size(), tr("payment"), tr("payments")));
@@ -148,43 +133,45 @@ void frmJobsAndPaymentChecker::LoadPayments(qint64 clientId) {
   txtTotalPayments2->setText(attached.total.ToCurrencyText());
 }
 
-std::optional<qint64> frmJobsAndPaymentChecker::Selected(const Grid* grid,
-                                                         const char* noneSelected) {
-  if (const auto row = grid->SelectedRow()) return grid->Key(*row);
-  business_.World().prompter.Tell(Tone::Exclamation, QString::fromLatin1(noneSelected));
-  return std::nullopt;
+template <NumberedRow Row>
+std::optional<Id<Row>> frmJobsAndPaymentChecker::Selected(const Grid* grid,
+                                                          const char* noneSelected) {
+  const auto selected = grid->SelectedId<Row>();
+  if (!selected)
+    business_.World().prompter.Tell(Tone::Exclamation, QString::fromLatin1(noneSelected));
+  return selected;
 }
 
-std::optional<qint64> frmJobsAndPaymentChecker::SelectedClient() {
-  return Selected(grdClients, "Please select a client.");
+std::optional<Id<Client>> frmJobsAndPaymentChecker::SelectedClient() {
+  return Selected<Client>(grdClients, "Please select a client.");
 }
 
-std::optional<qint64> frmJobsAndPaymentChecker::SelectedPayment() {
+std::optional<Id<Payment>> frmJobsAndPaymentChecker::SelectedPayment() {
   const Grid* chosen = grdPayments2->SelectedRow() ? grdPayments2 : grdPayments;
-  return Selected(chosen, "Please select a payment.");
+  return Selected<Payment>(chosen, "Please select a payment.");
 }
 
 void frmJobsAndPaymentChecker::EditSelectedJob() {
-  const auto job = Selected(grdJobs, "Please select a job.");
+  const auto job = Selected<Entry>(grdJobs, "Please select a job.");
   if (!job) return;
   tools_.navigator.Open(EditJob{*job});
   Reload();
 }
 
 void frmJobsAndPaymentChecker::DeleteSelectedJob() {
-  const auto client = SelectedClient();
-  const auto job = client ? Selected(grdJobs, "Please select a job to delete.") : std::nullopt;
+  if (!SelectedClient()) return;
+  const auto job = Selected<Entry>(grdJobs, "Please select a job to delete.");
   if (!job || business_.World().prompter.AskBeforeLosing(
                   tr("Are you sure you want to delete this job?")) != Answer::Yes)
     return;
-  balances::DeleteCheckedJob(business_, *client, *job);
+  diary::DeleteEntry(business_, *job);
   Reload();
 }
 
 void frmJobsAndPaymentChecker::ViewSelectedPayment() {
   const auto payment = SelectedPayment();
   if (!payment) return;
-  tools_.navigator.Open(ViewPayment{*payment});
+  tools_.navigator.Open(ViewPayment{payment->Number()});
   Reload();
 }
 
@@ -194,7 +181,7 @@ void frmJobsAndPaymentChecker::DeleteSelectedPayment() {
   if (!payment || business_.World().prompter.AskBeforeLosing(
                       tr("Are you sure you want to delete this payment?")) != Answer::Yes)
     return;
-  balances::DeleteCheckedPayment(business_, *client, *payment);
+  RemovePayment(business_, client, *payment);
   Reload();
 }
 
@@ -202,4 +189,4 @@ void frmJobsAndPaymentChecker::RecalculateAmountOwing() {
   if (balances::RecomputeAmountOwingAfterAsking(business_, business_.World().prompter)) Reload();
 }
 
-}  // namespace quillary::diary
+}  // namespace quillary::billing

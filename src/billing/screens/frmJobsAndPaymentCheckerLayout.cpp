@@ -1,4 +1,4 @@
-#include "diary/screens/frmJobsAndPaymentChecker.h"
+#include "billing/screens/frmJobsAndPaymentChecker.h"
 #include "kit/FlowLayout.h"
 #include "kit/Grid.h"
 #include "kit/Layouts.h"
@@ -7,7 +7,7 @@
 #include <QSplitter>
 
 /// How the checker of jobs and payments looks.
-namespace quillary::diary {
+namespace quillary::billing {
 
 namespace {
 
@@ -143,4 +143,4 @@ QLayout* frmJobsAndPaymentChecker::CommandLine() {
   return line;
 }
 
-}  // namespace quillary::diary
+}  // namespace quillary::billing
