@@ -24,6 +24,7 @@ TEST(Text, PathsAreCutAtTheLastSeparatorOfEitherKind) {
   EXPECT_EQ(FileNameWithoutExtension("a.b.mdb"), "a.b");
   EXPECT_EQ(FileNameWithoutExtension("plain"), "plain");
   EXPECT_EQ(FileExtension("plain"), "");
+  EXPECT_EQ(FileExtension(".ini"), "ini");
 }
 
 TEST(DateTime, RefusesDaysThatDoNotExist) {

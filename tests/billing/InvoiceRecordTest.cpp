@@ -86,6 +86,17 @@ TEST_F(InvoiceRecordTest, ListsWhoIsBilled) {
   };
   EXPECT_EQ(names(BilledClients::Active), "Abbott,Strata");
   EXPECT_EQ(names(BilledClients::All), "Aaron,Abbott,Strata");
+  // What a client says of itself is what the list does with it.
+  AddClient("Zander", "billing address", "Monthly", 5);
+  AddClient("Zoe", "Active", "Monthly", 6);
+  Run(Sql("UPDATE Clients SET Is_Billed_To = False WHERE Display_Name = 'Zoe'"));
+  const QStringList active = names(BilledClients::Active).split(u',');
+  for (const Record client : Run(Sql("SELECT Client_ID, Display_Name FROM Clients"))) {
+    const auto billed = LoadBilledClient(business(), client[size_t{0}].ToLong());
+    ASSERT_TRUE(billed);
+    EXPECT_EQ(billed->isListedAsActive, active.contains(billed->displayName))
+        << billed->displayName.toStdString();
+  }
 }
 
 TEST_F(InvoiceRecordTest, OneDateGoesIntoAllThreeAndOptionsToTheClient) {

@@ -142,8 +142,10 @@ TEST_F(ClientScreenTest, AServiceThatFollowsTheMainOneKeepsItsOwnDates) {
   ClickOn(screen, "cmdRemoveService");
   EXPECT_TRUE(Told().startsWith("You cannot delete this service as other services are dependent"));
   grid->SelectKey(2);
+  const auto shown = grid->Rows().size();
   ClickOn(screen, "cmdRemoveService");
   EXPECT_EQ(Count("Client_Services"), 1);
+  EXPECT_EQ(grid->Rows().size(), shown - 1) << "what was removed is still listed";
 }
 
 TEST_F(ClientScreenTest, AnEmptyServiceNeedsAMainOneBeforeIt) {

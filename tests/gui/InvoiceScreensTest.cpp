@@ -254,6 +254,13 @@ TEST_F(InvoiceScreensTest, TheListPrintsItsTicksAndDeletesThem) {
   StoreInvoice(2);
   Screen& list = OpenTab(OpenInvoicesList{});
   EXPECT_EQ(RowsIn(&list, "fgInvoices"), 2);
+  auto* invoices = Find<Grid>(&list, "fgInvoices");
+  for (const qint64 kept : invoices->ShownKeys()) {
+    invoices->SelectKey(kept);
+    list.Reload();
+    EXPECT_EQ(invoices->Key(invoices->SelectedRow().value_or(-1)), kept)
+        << "loading again moves the selection";
+  }
   ClickOn(&list, "cmdPrintReminder");
   TickAll(&list);
   ClickOn(&list, "cmdPrintInvoices");

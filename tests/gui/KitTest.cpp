@@ -9,6 +9,8 @@
 #include "kit/Keys.h"
 #include "kit/Pause.h"
 #include "kit/Screen.h"
+#include "kit/Theme.h"
+#include "support/ScriptedOutside.h"
 
 #include <QHeaderView>
 
@@ -276,6 +278,33 @@ TEST_F(KitTest, DateFieldTakesWhatAnOwnerTypes) {
     EXPECT_EQ(field.Date(), c.date) << c.typed;
     EXPECT_EQ(field.text(), c.date.toString("ddd d MMM yyyy")) << c.typed;
   }
+}
+
+TEST_F(KitTest, DateFieldMovesByKeys) {
+  const std::pair<Qt::Key, QDate> cases[] = {{Qt::Key_Up, {2026, 12, 1}},
+                                             {Qt::Key_Down, {2026, 11, 29}},
+                                             {Qt::Key_PageUp, {2026, 12, 30}},
+                                             {Qt::Key_PageDown, {2026, 10, 30}}};
+  for (const auto& [key, date] : cases) {
+    DateField field(QDate(2026, 11, 2));
+    field.SetDate({2026, 11, 30});
+    QTest::keyClick(&field, key);
+    EXPECT_EQ(field.Date(), date) << key;
+  }
+}
+
+TEST_F(KitTest, TheThemeIsKeptUnlessTheEnvironmentForcesOne) {
+  const QByteArray forced = qgetenv("QUILLARY_THEME");
+  qunsetenv("QUILLARY_THEME");
+  MemorySettings settings;
+  EXPECT_EQ(ReadThemeChoice(settings), ThemeChoice::System);
+  for (const ThemeChoice choice : {ThemeChoice::Dark, ThemeChoice::Light, ThemeChoice::System}) {
+    WriteThemeChoice(settings, choice);
+    EXPECT_EQ(ReadThemeChoice(settings), choice);
+  }
+  qputenv("QUILLARY_THEME", "dark");
+  EXPECT_EQ(ReadThemeChoice(settings), ThemeChoice::Dark);
+  forced.isNull() ? qunsetenv("QUILLARY_THEME") : qputenv("QUILLARY_THEME", forced);
 }
 
 TEST_F(KitTest, CurrencyFieldFormatsOnLeaving) {

@@ -158,6 +158,8 @@ TEST_F(MeaningTest, OrdersPrecedence) {
       {"\\ ties as *", "SELECT 20 \\ 2 * 3, 10 Mod 2 * 3, 2 + 3 & 4", "3|4|54"},
       {"a comparison joins first", "SELECT Client_ID FROM Clients WHERE Name & 'x' = 'Adamsx'",
        "1"},
+      {"Mod ties tighter than minus, * as /", "SELECT 10 - 7 Mod 4, 8 / 2 * 4", "7|16"},
+      {"the end of a range stops at a comparison", "SELECT 5 BETWEEN 1 AND 3 = False", "True"},
       {"NOT IN", "SELECT Client_ID FROM Clients WHERE Client_ID NOT IN (1, 2)", "3"},
       {"NOT BETWEEN", "SELECT Client_ID FROM Clients WHERE Client_ID NOT BETWEEN 2 AND 3", "1"},
       {"XOR", "SELECT Client_ID FROM Clients WHERE Active XOR Client_ID = 1", "3"},
@@ -170,6 +172,16 @@ TEST_F(MeaningTest, CoercesByTheColumn) {
       {"a text against a number column", "SELECT Name FROM Clients WHERE Client_ID = '2'", "baker"},
       {"a fraction is rounded to match", "SELECT Name FROM Clients WHERE Client_ID = 1.4", ""},
       {"a date text against a date", "SELECT Name FROM Clients WHERE Since = '5/3/2019'", "Adams"},
+      {"a text column against a date",
+       "SELECT t.d, Name FROM (SELECT '5/3/2019' & '' AS d FROM Jobs WHERE Job_ID = 1) AS t, "
+       "Clients "
+       "WHERE t.d = Since OR (Since = t.d AND Since >= t.d)",
+       "5/3/2019|Adams"},
+      {"a text column against a number column",
+       "SELECT Job_ID FROM (SELECT '2' & '' AS d FROM Clients WHERE Client_ID = 1) AS t, Jobs "
+       "WHERE "
+       "t.d = Client_ID AND Client_ID = t.d",
+       "3"},
       {"a date without a time",
        "SELECT Job_ID FROM Jobs WHERE Day BETWEEN #2026/11/2# AND "
        "#2026/11/2 23:59:0#",
@@ -218,6 +230,15 @@ TEST_F(MeaningTest, JoinsTables) {
        "SELECT a.Name, Job_ID FROM Clients AS a INNER JOIN (Clients AS b LEFT JOIN "
        "Jobs ON b.Client_ID = Jobs.Client_ID) ON a.Client_ID = b.Client_ID WHERE IsNull(Job_ID)",
        "Clarke|NULL"},
+      {"inner join of a left join that has more rows",
+       "SELECT Name, b.Job_ID FROM Clients INNER JOIN (Jobs AS b LEFT JOIN Jobs AS c ON b.Job_ID = "
+       "c.Client_ID) ON Clients.Client_ID = b.Client_ID WHERE b.Job_ID > 2",
+       "baker|3"},
+      {"inner join of inner joins and a left join",
+       "SELECT Name, b.Job_ID FROM (Clients INNER JOIN Jobs AS a ON Clients.Client_ID = "
+       "a.Client_ID) INNER JOIN (Jobs AS b LEFT JOIN Jobs AS c ON b.Job_ID = c.Client_ID) ON "
+       "a.Job_ID = b.Job_ID AND b.Position = 2 ORDER BY b.Job_ID",
+       "Adams|1 / Adams|1 / baker|3"},
       {"inner joins inside",
        "SELECT Job_ID FROM (Clients INNER JOIN ((Clients AS Clients_1 INNER JOIN Jobs ON "
        "Clients_1.Client_ID = Jobs.Client_ID)) ON Clients.Client_ID = Clients_1.Billing_ID) ORDER "
@@ -290,6 +311,8 @@ TEST_F(MeaningTest, GroupsAndLimits) {
        "SELECT DISTINCTROW Name, Job_ID FROM Clients INNER JOIN Jobs ON Clients.Client_ID = "
        "Jobs.Client_ID",
        "Adams|1 / Adams|2 / baker|3"},
+      {"a row for each where no table is shown",
+       "SELECT DISTINCTROW 1 FROM Clients, Jobs WHERE Job_ID = 1", "1 / 1 / 1"},
       {"the rows that are shown are summed",
        "SELECT DISTINCTROW Sum(Balance) FROM Clients INNER JOIN Jobs ON Clients.Client_ID = "
        "Jobs.Client_ID",

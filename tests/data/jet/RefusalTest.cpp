@@ -85,6 +85,7 @@ TEST_F(RefusalTest, TellsThePlace) {
       {"SELECT Name FROM Clients -- all", 1, 26, "-"},
       {"SELECT Name FROM Clients WHERE Client_ID = ?", 1, 44, "?"},
       {"SELECT TOP 1.5 Name FROM Clients", 1, 12, "1.5"},
+      {"SELECT TOP 'ö' Name FROM Clients", 1, 12, "'ö'"},
   };
   for (const Refused& each : cases) {
     try {

@@ -90,6 +90,36 @@ INSERT INTO t (Amount) VALUES (8))");
   EXPECT_EQ(file_.FindTable(u"t"), nullptr);
 }
 
+TEST_F(SchemaTest, AlteredTableKeepsTheOrderOfItsRows) {
+  file_.RunAll(R"(CREATE TABLE t (a LONG)
+INSERT INTO t VALUES (2)
+INSERT INTO t VALUES (1)
+INSERT INTO t VALUES (3)
+ALTER TABLE t ALTER COLUMN a TEXT(5))");
+  EXPECT_EQ(Shown(file_.Run("SELECT a FROM t")), "2 / 1 / 3");
+}
+
+TEST_F(SchemaTest, ForeignDeclarationsAreTakenByTheirAffinity) {
+  const std::pair<const char*, ColumnType> cases[] = {
+      {"bigint", ColumnType::Long},
+      {"VARYING CHARACTER(9)", ColumnType::Text},
+      {"CLOB", ColumnType::Memo},
+      {"TINYTEXT", ColumnType::Memo},
+      {"double precision", ColumnType::Double},
+      {"real", ColumnType::Double},
+      {"TIMESTAMP", ColumnType::Date},
+      {"boolean", ColumnType::YesNo},
+      {"", ColumnType::Memo},
+      {"DECIMAL(10,2)", ColumnType::Double},
+      {"INTEGER PRIMARY KEY", ColumnType::Counter},
+  };
+  for (const auto& [declared, type] : cases) {
+    EXPECT_EQ(TypeOfDeclaration(QString(declared)), type) << declared;
+  }
+  EXPECT_EQ(WidthOfDeclaration(u"VARCHAR( 12 )"), 12);
+  EXPECT_EQ(WidthOfDeclaration(u"VARCHAR"), 0);
+}
+
 TEST_F(SchemaTest, IndexesHoldUnderTheirNames) {
   file_.RunAll(R"(CREATE TABLE t (a LONG NOT NULL, b TEXT(5), CONSTRAINT k PRIMARY KEY (a))
 CREATE UNIQUE INDEX Twice ON t (b);

@@ -38,7 +38,13 @@ TEST_F(WritingTest, InsertsConvertIntoTheColumns) {
       RowsAfter("INSERT INTO t (Amount, Name) SELECT TOP 1 '$5', 'x' FROM t ORDER BY Id DESC", all),
       "11|x|5|False|NULL|NULL|NULL|NULL");
   file_.Run("DELETE FROM t WHERE Id = 11");
-  EXPECT_EQ(RowsAfter("INSERT INTO t (Name) VALUES (null)", "SELECT MAX(Id) FROM t"), "12")
+  EXPECT_EQ(RowsAfter("INSERT INTO t (Done) SELECT b.Done FROM t AS a LEFT JOIN t AS b ON b.Id = "
+                      "a.Many WHERE a.Id = 9",
+                      all),
+            "12|NULL|NULL|False|NULL|NULL|NULL|NULL")
+      << "a missing row's yes or no is no";
+  file_.Run("DELETE FROM t WHERE Id = 12");
+  EXPECT_EQ(RowsAfter("INSERT INTO t (Name) VALUES (null)", "SELECT MAX(Id) FROM t"), "13")
       << "a counter value was handed out twice";
   for (const char* refused :
        {"INSERT INTO t (Amount) VALUES ('twelve')", "INSERT INTO t (Day) VALUES ('31/2/2019')",
@@ -114,12 +120,12 @@ TEST_F(JoinedWritingTest, DeleteRemovesRowsOfTheNamedTableOnly) {
 
 TEST_F(JoinedWritingTest, SelectIntoTellsTheTableToMake) {
   const CutStatement cut = CutLiterals(
-      "SELECT Entries.*, Payments.Day INTO Kept IN 'other.mdb' FROM Entries LEFT JOIN "
+      "SELECT Entries.*, Payments.Day INTO Kept IN 'ö.mdb' FROM Entries LEFT JOIN "
       "Payments ON Entries.Payment_ID = Payments.Payment_ID WHERE Entry_ID < 3");
   const Translation translation = Translate(cut, file_);
   ASSERT_TRUE(translation.into);
   EXPECT_EQ(translation.into->table, u"Kept");
-  EXPECT_EQ(translation.into->file, u"other.mdb");
+  EXPECT_EQ(translation.into->file, u"ö.mdb");
   EXPECT_FALSE(translation.givesRows || translation.mayBeCached || translation.sourceFile);
   ASSERT_EQ(translation.into->columns.size(), 6u);
   EXPECT_EQ(translation.into->columns[0].type, ColumnType::Long);

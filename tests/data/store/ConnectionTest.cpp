@@ -85,6 +85,8 @@ TEST_F(ConnectionTest, RefusedStatementsChangeNothing) {
       "INSERT INTO Jobs (Name) VALUES ('a'); DELETE FROM Jobs",
       "PRAGMA journal_mode = DELETE",
       "ATTACH 'other.db' AS other",
+      "SELECT * FROM sqlite_sequence",
+      "UPDATE sqlite_master SET sql = ''",
   };
   for (const char* statement : refused) {
     EXPECT_THROW(file.Run(statement), StatementRefused) << statement;
@@ -239,6 +241,35 @@ TEST_F(ConnectionTest, TheFileReadsInAnySQLiteTool) {
   EXPECT_EQ(select.Column(1, jet::ColumnType::Text), Value("2026-11-02 00:00:00"));
   select.Reset();
   sqlite3_close_v2(plain);
+}
+
+TEST_F(ConnectionTest, WhatFailsBelowAStatementIsToldApart) {
+  const std::pair<int, StorageFault> cases[] = {
+      {SQLITE_FULL, StorageFault::DiskFull},
+      {SQLITE_IOERR_FSYNC, StorageFault::InputOutput},
+      {SQLITE_CORRUPT_INDEX, StorageFault::Damaged},
+      {SQLITE_NOTADB, StorageFault::NotADatabase},
+      {SQLITE_BUSY, StorageFault::InUse},
+      {SQLITE_READONLY_DBMOVED, StorageFault::ReadOnly},
+      {SQLITE_PERM, StorageFault::ReadOnly},
+      {SQLITE_CANTOPEN_ISDIR, StorageFault::CannotOpen},
+      {SQLITE_NOMEM, StorageFault::OutOfMemory},
+  };
+  for (const auto& [code, fault] : cases) {
+    try {
+      ThrowFailure(nullptr, code);
+    } catch (const StorageFailure& failure) {
+      EXPECT_EQ(failure.Fault(), fault) << sqlite3_errstr(code);
+    }
+  }
+  EXPECT_THROW(ThrowFailure(nullptr, SQLITE_CONSTRAINT), StatementRefused);
+  Connection again(path);
+  try {
+    again.Open(OpenMode::Create);
+    FAIL() << "a file took the place of another";
+  } catch (const StorageFailure& failure) {
+    EXPECT_EQ(failure.Fault(), StorageFault::CannotOpen);
+  }
 }
 
 struct BadFile {
