@@ -99,6 +99,13 @@ void RecalculateClientBalance(Business& business, std::optional<Id<Client>> clie
   recalculation.Commit();
 }
 
+void RecalculateClientAndPayer(Business& business, std::optional<Id<Client>> client) {
+  if (!client) return;
+  RecalculateClientBalance(business, client);
+  const auto payer = PayerOf(business, *client);
+  if (payer != client) RecalculateClientBalance(business, payer);
+}
+
 void RefreshDebtorSince(Business& business, Id<Client> client) {
   const Recordset row = business.RunSQL(
       Sql("SELECT Account_Balance, Debtor_Since FROM Clients WHERE Client_ID = {}", client));

@@ -29,6 +29,10 @@ std::optional<ClientBillingInfo> GetClientBillingInfo(Business& business, Id<Cli
 /// Throws WriteFailed, with nothing changed.
 void RecalculateClientBalance(Business& business, std::optional<Id<Client>> client);
 
+/// RecalculateClientBalance() of a client and then of who pays for it, when that is another: for
+/// where the payer is to know since when it is a debtor, too.
+void RecalculateClientAndPayer(Business& business, std::optional<Id<Client>> client);
+
 /// Clients.Debtor_Since follows the stored balance: none without a debt, today for a new debt, and
 /// for a debt that has a date already the day of the group's oldest job that is done, not invoiced
 /// and on no payment. Without such a job the date stays.

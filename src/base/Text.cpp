@@ -48,6 +48,11 @@ QString RemoveIllegalFileCharacters(const QString& text) {
   return legal;
 }
 
+QString Counted(size_t count, const char* one, const char* many) {
+  const QString noun = count == 1 ? QString(one) : many ? QString(many) : QString(one) + u's';
+  return QStringLiteral("%1 %2").arg(count).arg(noun);
+}
+
 QString Base64Encode(const QByteArray& bytes) {
   return QString::fromLatin1(bytes.toBase64());
 }

@@ -23,6 +23,8 @@ QString FoldedForSearch(const QString& text);
 /// Whether some word of the text begins with `start`; both as FoldedForSearch() gives them. Words
 /// begin behind anything that is no letter or digit.
 bool BeginsAWord(const QString& text, const QString& start);
+/// "1 job", "3 jobs": a count with its noun, whose plural ends in s unless it is given.
+QString Counted(size_t count, const char* one, const char* many = nullptr);
 /// RFC 4648 section 4: standard alphabet, "=" padding, no line breaks.
 QString Base64Encode(const QByteArray& bytes);
 

@@ -5,9 +5,8 @@
 #include "cli/WorkingBusiness.h"
 #include "diary/JobServices.h"
 #include "diary/Jobs.h"
+#include "domain/Payer.h"
 #include "roll/ScheduleCheck.h"
-
-#include <limits>
 
 namespace quillary::cli {
 namespace {
@@ -21,18 +20,17 @@ ResultTable TableOf(const std::vector<balances::DebtorRow>& rows) {
   return table;
 }
 
-void RequireClient(Business& business, qint64 clientId) {
-  const Value found =
-      business.FirstField(Sql("SELECT Client_ID FROM Clients WHERE Client_ID = {}", clientId));
-  if (found.IsNull()) throw CommandFailure(QStringLiteral("there is no client %1").arg(clientId));
+void RequireClient(Business& business, Id<Client> client) {
+  if (!PayerOf(business, client))
+    throw CommandFailure(QStringLiteral("there is no client %1").arg(client.Number()));
 }
 
 void RunBalances(const Call& call) {
-  const auto client = call.arguments.Number("client", 1, std::numeric_limits<qint32>::max());
+  const auto client = call.arguments.Key<Client>("client");
   const auto business = OpenCurrentBusiness(call);
   if (client) {
     RequireClient(*business, *client);
-    balances::RecalculateClientBalance(*business, IdFrom<Client>(client));
+    balances::RecalculateClientBalance(*business, *client);
   } else {
     balances::RecalculateAmountOwingOfAllClients(*business);
   }
@@ -84,7 +82,7 @@ std::vector<std::pair<QString, Value>> FieldsOf(const Call& call, const diary::J
 }
 
 void RunJob(const Call& call) {
-  const Id<Entry> entry(ParseKey(call.arguments.positional.at(1)));
+  const auto entry = ParseId<Entry>(call.arguments.positional.at(1));
   const auto business = OpenCurrentBusiness(call);
   const auto job = diary::LoadJob(*business, entry);
   if (!job) throw CommandFailure(QStringLiteral("there is no entry %1").arg(entry.Number()));

@@ -27,7 +27,8 @@ QString KnownStatus(const QString& typed) {
 void RunClients(const Call& call) {
   clients::ClientListQuery query;
   if (call.arguments.Has("status"))
-    query.status = KnownStatus(call.arguments.options.value(QStringLiteral("status")));
+    query.status = clients::ClientListStatusOf(
+        KnownStatus(call.arguments.options.value(QStringLiteral("status"))));
   if (call.arguments.Has("regular")) query.kinds = clients::ClientKinds::RegularOnly;
   const auto business = OpenCurrentBusiness(call);
   const clients::ClientList list = clients::ClientList::Load(*business, query);
@@ -38,7 +39,7 @@ void RunClients(const Call& call) {
   const std::vector<size_t> found = list.Search(searched);
   for (const size_t at : found) {
     const clients::ClientListRow& row = list.Rows()[at];
-    table.AddRow({row.clientId, row.status, row.displayName, row.firstName, row.surname,
+    table.AddRow({row.client, row.status, row.displayName, row.firstName, row.surname,
                   row.streetNumber, row.street, row.suburb, row.postCode, row.phones, row.fax,
                   row.email});
   }
@@ -51,15 +52,10 @@ void RunClients(const Call& call) {
   call.out << clients::ListCountWords(found.size()) << '\n';
 }
 
-clients::ClientRecord ClientOf(Business& business, qint64 clientId) {
+clients::ClientRecord ClientOf(Business& business, Id<Client> clientId) {
   auto client = clients::LoadClientDetails(business, clientId);
-  if (!client) throw CommandFailure(QStringLiteral("there is no client %1").arg(clientId));
+  if (!client) throw CommandFailure(QStringLiteral("there is no client %1").arg(clientId.Number()));
   return *client;
-}
-
-Value FieldOf(const clients::ClientRecord& client, const clients::ClientColumn& column) {
-  if (const auto* text = std::get_if<TextMember>(&column.member)) return client.**text;
-  return client.*std::get<YesMember>(column.member);
 }
 
 Value DebtorSinceOf(const clients::ClientRecord& client) {
@@ -70,16 +66,16 @@ Value DebtorSinceOf(const clients::ClientRecord& client) {
 /// The record under the names of its columns, in the order in which it is stored.
 std::vector<std::pair<QString, Value>> FieldsOf(const clients::ClientRecord& client) {
   std::vector<std::pair<QString, Value>> fields = {{"Client_ID", client.clientId},
-                                                   {"Billing_Client_ID", client.billingClientId}};
+                                                   {"Billing_Client_ID", client.Payer()}};
   for (const clients::ClientColumn& column : clients::ClientColumns())
-    fields.emplace_back(QString::fromLatin1(column.column), FieldOf(client, column));
+    fields.emplace_back(QString::fromLatin1(column.column), column.Of(client));
   fields.emplace_back("Debtor_Since", DebtorSinceOf(client));
   fields.emplace_back("Account_Balance", client.accountBalance);
   return fields;
 }
 
 /// For people a day is a day; programs read every moment in one form.
-ResultTable ServicesOf(const Call& call, Business& business, qint64 clientId) {
+ResultTable ServicesOf(const Call& call, Business& business, Id<Client> clientId) {
   ResultTable table({"Client_Service_ID", "Service", "Price", "Notes", "Status", "Frequency",
                      "Employee_Name", "Next_Visit", "Other_Schedule_Client_Service_ID"});
   for (const clients::ClientServiceRecord& service :
@@ -92,10 +88,10 @@ ResultTable ServicesOf(const Call& call, Business& business, qint64 clientId) {
   return table;
 }
 
-ResultTable SitesOf(Business& business, qint64 clientId) {
+ResultTable SitesOf(Business& business, Id<Client> clientId) {
   ResultTable table({"Client_ID", "Display_Name", "First_Name", "Surname"});
   for (const clients::Site& site : clients::LoadSites(business, clientId))
-    table.AddRow({site.clientId, site.displayName, site.firstName, site.surname});
+    table.AddRow({site.client, site.displayName, site.firstName, site.surname});
   return table;
 }
 
@@ -103,7 +99,7 @@ ResultTable TableOf(const Call& call, const std::vector<clients::ClientJob>& job
   ResultTable table({"Diary_ID", "Schedule_Date", "Display_Name", "Description", "Total_Price",
                      "Status", "Status_Words"});
   for (const clients::ClientJob& job : jobs)
-    table.AddRow({job.diaryId, DayCell(call, job.scheduleDate), job.displayName, job.description,
+    table.AddRow({job.entry, DayCell(call, job.scheduleDate), job.displayName, job.description,
                   job.totalPrice, job.status, WordsOf(job.status)});
   return table;
 }
@@ -121,7 +117,7 @@ void PrintRecordJson(const Call& call, const clients::ClientRecord& client) {
 }
 
 void RunClient(const Call& call) {
-  const qint64 clientId = ParseKey(call.arguments.positional.at(1));
+  const auto clientId = ParseId<Client>(call.arguments.positional.at(1));
   const auto business = OpenCurrentBusiness(call);
   const clients::ClientRecord client = ClientOf(*business, clientId);
   const std::pair<const char*, ResultTable> parts[] = {
@@ -148,22 +144,23 @@ void RunClient(const Call& call) {
 }
 
 void RunClientSet(const Call& call) {
-  const qint64 clientId = ParseKey(call.arguments.positional.at(1));
+  const auto clientId = ParseId<Client>(call.arguments.positional.at(1));
   const QStringList changes = call.arguments.positional.mid(2);
   for (const QString& change : changes)
     if (change.indexOf(u'=') < 1)
       throw WrongUsage(QStringLiteral("%1 is not of the form COLUMN=VALUE").arg(change));
   const auto business = OpenCurrentBusiness(call);
   if (call.json) call.world.prompter.BeQuiet();
-  clients::ClientRecord client = ClientOf(*business, clientId);
+  const clients::ClientRecord loaded = ClientOf(*business, clientId);
+  clients::ClientRecord client = loaded;
   for (const QString& change : changes) {
     const qsizetype equals = change.indexOf(u'=');
     ThrowIf(
         clients::SetClientColumn(*business, client, change.left(equals), change.mid(equals + 1)));
   }
   Transaction all(*business);
-  ThrowIf(clients::SaveClientDetails(*business, client));
-  balances::RecalculateClientBalance(*business, Id<Client>(client.billingClientId));
+  ThrowIf(clients::SaveClientDetails(*business, client, loaded));
+  balances::RecalculateClientBalance(*business, *client.Payer());
   client = ClientOf(*business, clientId);
   all.Commit();
   business->CloseConnection();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/Id.h"
 #include "cli/Ports.h"
 
 #include <QHash>
@@ -7,6 +8,8 @@
 #include <QStringList>
 #include <QTextStream>
 
+#include <algorithm>
+#include <limits>
 #include <optional>
 #include <stdexcept>
 #include <vector>
@@ -38,10 +41,29 @@ struct Arguments {
   /// number in the range.
   std::optional<QDate> Date(const char* option) const;
   std::optional<qint64> Number(const char* option, qint64 least, qint64 most) const;
+  /// The number of a row; nothing without the option.
+  template <NumberedRow Row>
+  std::optional<Id<Row>> Key(const char* option) const {
+    return IdFrom<Row>(Number(option, 1, std::numeric_limits<qint32>::max()));
+  }
 };
 
 /// A whole number from 1 on, such as a key. Throws WrongUsage.
 qint64 ParseKey(const QString& text);
+template <NumberedRow Row>
+Id<Row> ParseId(const QString& text) {
+  return Id<Row>(ParseKey(text));
+}
+/// Several, each once, in their order.
+template <NumberedRow Row>
+std::vector<Id<Row>> ParseIds(const QStringList& words) {
+  std::vector<Id<Row>> ids;
+  for (const QString& word : words) {
+    const Id<Row> id = ParseId<Row>(word.trimmed());
+    if (std::find(ids.begin(), ids.end(), id) == ids.end()) ids.push_back(id);
+  }
+  return ids;
+}
 
 /// One use of a command.
 struct Call {

@@ -4,6 +4,7 @@
 #include "cli/Printing.h"
 #include "cli/WorkingBusiness.h"
 #include "diary/DiaryDay.h"
+#include "diary/Jobs.h"
 
 #include <algorithm>
 #include <limits>
@@ -66,37 +67,26 @@ void RunDiary(const Call& call) {
   if (list.someHaveNoEmployee) call.out << "Some jobs have no assigned employee.\n";
 }
 
-void RequireOpenJob(Business& business, qint64 diaryId) {
-  const Recordset entry =
-      business.RunSQL(Sql("SELECT Status FROM Diary WHERE Diary_ID = {}", diaryId));
-  if (entry.EndOfFile()) throw CommandFailure(QStringLiteral("there is no entry %1").arg(diaryId));
-  const StoredEntryStatus status(entry.Field(u"Status").ToText());
+void RequireOpenJob(Business& business, Id<Entry> entry) {
+  const auto job = diary::LoadJob(business, entry);
+  if (!job) throw CommandFailure(QStringLiteral("there is no entry %1").arg(entry.Number()));
+  const StoredEntryStatus& status = job->storedStatus;
   if (status.Is(EntryStatus::JobOpen)) return;
   throw CommandFailure(QStringLiteral("entry %1 is no job to be done: its status is %2")
-                           .arg(diaryId)
+                           .arg(entry.Number())
                            .arg(status.Text().isEmpty() ? QStringLiteral("empty") : status.Text()));
 }
 
-std::vector<qint64> JobsOf(const QStringList& words) {
-  std::vector<qint64> jobs;
-  for (const QString& word : words) {
-    const qint64 key = ParseKey(word);
-    if (std::find(jobs.begin(), jobs.end(), key) == jobs.end()) jobs.push_back(key);
-  }
-  return jobs;
-}
-
 void RunDone(const Call& call) {
-  const std::vector<qint64> jobs = JobsOf(call.arguments.positional.mid(1));
+  const auto jobs = ParseIds<Entry>(call.arguments.positional.mid(1));
   const auto business = OpenCurrentBusiness(call);
   Transaction all(*business);
-  for (const qint64 job : jobs) RequireOpenJob(*business, job);
-  for (const qint64 job : jobs)
-    diary::MarkDoneUnpaid(*business, call.world.prompter, Id<Entry>(job));
+  for (const Id<Entry> job : jobs) RequireOpenJob(*business, job);
+  for (const Id<Entry> job : jobs) diary::MarkDoneUnpaid(*business, call.world.prompter, job);
   all.Commit();
   business->CloseConnection();
   ResultTable table({"Diary_ID", "Status"});
-  for (const qint64 job : jobs) table.AddRow({job, EntryStatus::JobDone});
+  for (const Id<Entry> job : jobs) table.AddRow({job, EntryStatus::JobDone});
   if (call.json) {
     table.PrintJson(call.out);
     call.out << '\n';

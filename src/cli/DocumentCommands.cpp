@@ -1,4 +1,5 @@
 #include "billing/invoices/InvoicePrint.h"
+#include "billing/invoices/InvoiceRecord.h"
 #include "cli/Command.h"
 #include "cli/Printing.h"
 #include "cli/WorkingBusiness.h"
@@ -14,7 +15,7 @@ namespace quillary::cli {
 namespace {
 
 struct DocumentCall {
-  std::vector<qint64> invoices;
+  std::vector<Id<Invoice>> invoices;
   documents::BillingPlaces places;
   documents::TaxMode mode = documents::TaxMode::Included;
   bool forWord = false;
@@ -27,24 +28,18 @@ const QString& OptionOf(const Call& call, const char* option) {
   return at == call.arguments.options.end() ? none : *at;
 }
 
-std::vector<qint64> ParseInvoices(const QString& list) {
-  std::vector<qint64> invoices;
-  for (const QString& word : list.split(u',', Qt::SkipEmptyParts)) {
-    const qint64 key = ParseKey(word.trimmed());
-    if (std::find(invoices.begin(), invoices.end(), key) == invoices.end()) invoices.push_back(key);
-  }
+std::vector<Id<Invoice>> ParseInvoices(const QString& list) {
+  const auto invoices = ParseIds<Invoice>(list.split(u',', Qt::SkipEmptyParts));
   if (invoices.empty())
     throw WrongUsage(QStringLiteral("--invoices needs the numbers of the invoices"));
   return invoices;
 }
 
-void RequireInvoices(Business& business, const std::vector<qint64>& invoices) {
+void RequireInvoices(Business& business, const std::vector<Id<Invoice>>& invoices) {
   QStringList unknown;
-  for (const qint64 invoice : invoices) {
-    const Value found =
-        business.FirstField(Sql("SELECT Invoice_ID FROM Invoices WHERE Invoice_ID = {}", invoice));
-    if (found.IsNull()) unknown += QString::number(invoice);
-  }
+  for (const Id<Invoice> invoice : invoices)
+    if (!billing::LoadInvoiceDetails(business, invoice))
+      unknown += QString::number(invoice.Number());
   if (unknown.isEmpty()) return;
   throw CommandFailure((unknown.size() == 1 ? QStringLiteral("there is no invoice ")
                                             : QStringLiteral("there are no invoices ")) +
@@ -68,12 +63,6 @@ documents::StatementDays DaysOf(const Call& call, Business& business) {
   return days;
 }
 
-QString MadeOutTo(Business& business, qint64 invoiceId) {
-  return business
-      .FirstField(Sql("SELECT Made_Out_To FROM Invoices WHERE Invoice_ID = {}", invoiceId))
-      .ToText();
-}
-
 documents::ReportDocument Print(Business& business, const QString& kind,
                                 const DocumentCall& document) {
   const auto& [invoices, places, mode, forWord, days] = document;
@@ -85,7 +74,7 @@ documents::ReportDocument Print(Business& business, const QString& kind,
     return forWord ? documents::PrintRemindersForInvoices(business, places, mode)
                    : documents::PrintRemindersForInvoicesPDF(business, places, mode);
   }
-  const QString name = MadeOutTo(business, invoices.front());
+  const QString name = billing::LoadInvoiceDetails(business, invoices.front())->madeOutTo;
   return forWord ? documents::PrintInvoice(business, places, name, mode)
                  : documents::PrintInvoicePDF(business, places, name, mode);
 }

@@ -10,61 +10,49 @@
 #include "diary/JobPicker.h"
 
 #include <algorithm>
-#include <limits>
 
 namespace quillary::cli {
 namespace {
-
-constexpr qint64 kHighestKey = std::numeric_limits<qint32>::max();
 
 QDate Needed(const Call& call, const char* option) {
   if (const auto day = call.arguments.Date(option)) return *day;
   throw WrongUsage(QStringLiteral("--%1 is missing").arg(QLatin1String(option)));
 }
 
-struct Days {
-  QDate from;
-  QDate to;
-};
-
-Days DaysOf(const Call& call) {
-  const Days days{Needed(call, "from"), Needed(call, "to")};
+DateRange DaysOf(const Call& call) {
+  const DateRange days{Needed(call, "from"), Needed(call, "to")};
   if (days.from > days.to) throw CommandFailure(QString::fromLatin1(diary::kInvalidDateRange));
   return days;
 }
 
 /// The jobs named, each of which the list of the screen would offer for this client.
-std::vector<qint64> JobsFor(Business& business, qint64 clientId, const QString& listed) {
+std::vector<Id<Entry>> JobsFor(Business& business, Id<Client> client, const QString& listed) {
   const DateRange always{QDate(1900, 1, 1), QDate(9999, 12, 31)};
-  const auto offered = diary::ListPickableJobs(business, Id<Client>(clientId), always);
-  std::vector<qint64> jobs;
-  for (const QString& word : listed.split(u',')) {
-    const qint64 key = ParseKey(word.trimmed());
-    const bool isOffered =
-        std::any_of(offered.begin(), offered.end(),
-                    [&](const diary::PickableJob& job) { return job.entry.Number() == key; });
-    if (!isOffered)
-      throw CommandFailure(
-          QStringLiteral("entry %1 is no job that client %2 is billed for").arg(key).arg(clientId));
-    if (std::find(jobs.begin(), jobs.end(), key) == jobs.end()) jobs.push_back(key);
+  const auto offered = diary::ListPickableJobs(business, client, always);
+  const auto jobs = ParseIds<Entry>(listed.split(u','));
+  for (const Id<Entry> asked : jobs) {
+    const auto isAsked = [&](const diary::PickableJob& job) { return job.entry == asked; };
+    if (std::ranges::none_of(offered, isAsked))
+      throw CommandFailure(QStringLiteral("entry %1 is no job that client %2 is billed for")
+                               .arg(asked.Number())
+                               .arg(client.Number()));
   }
   return jobs;
 }
 
-void RequireJobToInvoice(Business& business, qint64 diaryId) {
-  const QString status =
-      business.FirstField(Sql("SELECT Status FROM Diary WHERE Diary_ID = {}", diaryId)).ToText();
-  if (!status.startsWith(u'J', Qt::CaseInsensitive))
-    throw CommandFailure(QStringLiteral("entry %1 is no job").arg(diaryId));
-  const auto job = billing::LoadJobToInvoice(business, diaryId);
-  if (job && job->invoiceId)
-    throw CommandFailure(
-        QStringLiteral("entry %1 stands on invoice %2").arg(diaryId).arg(*job->invoiceId));
+void RequireJobToInvoice(Business& business, Id<Entry> entry) {
+  const auto job = billing::LoadJobToInvoice(business, entry);
+  if (!job || KindOf(job->status) != EntryKind::Job)
+    throw CommandFailure(QStringLiteral("entry %1 is no job").arg(entry.Number()));
+  if (job->invoiceId)
+    throw CommandFailure(QStringLiteral("entry %1 stands on invoice %2")
+                             .arg(entry.Number())
+                             .arg(job->invoiceId->Number()));
 }
 
 billing::InvoiceForm AskedFor(const Call& call, Business& business) {
-  const auto job = call.arguments.Number("job", 1, kHighestKey);
-  const auto client = call.arguments.Number("client", 1, kHighestKey);
+  const auto job = call.arguments.Key<Entry>("job");
+  const auto client = call.arguments.Key<Client>("client");
   if (job.has_value() == client.has_value())
     throw WrongUsage(QStringLiteral("invoice needs either --job or --client with --jobs"));
   if (client && !call.arguments.Has("jobs"))
@@ -110,12 +98,12 @@ void RunInvoiceRun(const Call& call) {
     throw WrongUsage(QStringLiteral("invoice-run is either monthly or with-job"));
   if (!monthly && call.arguments.Has("generated"))
     throw WrongUsage(QStringLiteral("--generated goes with monthly"));
-  const Days days = DaysOf(call);
+  const DateRange days = DaysOf(call);
   const auto business = OpenCurrentBusiness(call);
   const QDate generated = call.arguments.Date("generated").value_or(business->Today());
   const billing::InvoiceRunCount count =
-      monthly ? billing::GenerateMonthlyInvoices(*business, {days.from, days.to, generated})
-              : billing::GenerateWithJobInvoices(*business, days.from, days.to);
+      monthly ? billing::GenerateMonthlyInvoices(*business, {days, generated})
+              : billing::GenerateWithJobInvoices(*business, days);
   business->CloseConnection();
   if (call.json) {
     call.out << "{\"Invoices_Made\": " << count.invoicesMade
@@ -129,10 +117,9 @@ void RunInvoiceRun(const Call& call) {
 }
 
 void RunInvoices(const Call& call) {
-  const Days days = DaysOf(call);
+  const DateRange days = DaysOf(call);
   const auto business = OpenCurrentBusiness(call);
-  const auto invoices =
-      billing::LoadInvoicesList(*business, {days.from, days.to, call.arguments.Has("monthly")});
+  const auto invoices = billing::LoadInvoicesList(*business, {days, call.arguments.Has("monthly")});
   business->CloseConnection();
   ResultTable table({"Invoice_ID", "Client_ID", "Display_Name", "Generation_Date",
                      "Invoice_Description", "Total_Amount", "Invoice_Number", "Statement_Type",
@@ -145,12 +132,10 @@ void RunInvoices(const Call& call) {
 }
 
 void RunInvoiceDelete(const Call& call) {
-  const qint64 invoiceId = ParseKey(call.arguments.positional.at(1));
+  const auto invoiceId = ParseId<Invoice>(call.arguments.positional.at(1));
   const auto business = OpenCurrentBusiness(call);
-  const Recordset invoice =
-      business->RunSQL(Sql("SELECT Client_ID FROM Invoices WHERE Invoice_ID = {}", invoiceId));
-  if (invoice.EndOfFile())
-    throw CommandFailure(QStringLiteral("there is no invoice %1").arg(invoiceId));
+  if (!billing::LoadInvoiceDetails(*business, invoiceId))
+    throw CommandFailure(QStringLiteral("there is no invoice %1").arg(invoiceId.Number()));
   call.world.prompter.BeQuiet();
   call.world.prompter.AnswerYes();
   if (call.arguments.Has("from-client"))

@@ -17,22 +17,15 @@ namespace {
 Money AmountOf(const QString& text) {
   const auto amount = Money::Parse(text);
   if (!amount) throw WrongUsage(QStringLiteral("\"%1\" is no amount").arg(text));
+  if (*amount != amount->Rounded(2))
+    throw WrongUsage(QStringLiteral("\"%1\" is no amount in whole cents").arg(text));
   return *amount;
 }
 
-qint64 ClientOf(const Arguments& arguments) {
-  const auto client = arguments.Number("client", 1, std::numeric_limits<qint32>::max());
+Id<Client> ClientOf(const Arguments& arguments) {
+  const auto client = arguments.Key<Client>("client");
   if (!client) throw WrongUsage(QStringLiteral("--client is missing"));
   return *client;
-}
-
-std::vector<qint64> JobsOf(const Arguments& arguments) {
-  std::vector<qint64> jobs;
-  for (const QString& word : arguments.All("job")) {
-    const qint64 key = ParseKey(word);
-    if (std::ranges::find(jobs, key) == jobs.end()) jobs.push_back(key);
-  }
-  return jobs;
 }
 
 std::vector<billing::RevenueLineForm> LinesOf(const Arguments& arguments) {
@@ -40,35 +33,29 @@ std::vector<billing::RevenueLineForm> LinesOf(const Arguments& arguments) {
   for (const QString& word : arguments.All("revenue")) {
     if (!word.contains(u'='))
       throw WrongUsage(QStringLiteral("--revenue takes ACCOUNT_ID=AMOUNT, not \"%1\"").arg(word));
-    lines.push_back({.glAccountId = ParseKey(word.section(u'=', 0, 0)),
+    lines.push_back({.glAccountId = ParseId<Account>(word.section(u'=', 0, 0)),
                      .amount = AmountOf(word.section(u'=', 1))});
   }
   return lines;
 }
 
 /// The screen offers only the jobs of those who are billed to the payer, and only revenue accounts.
-void RequirePayable(Business& business, qint64 payerId, qint64 diaryId) {
-  const Value found = business.FirstField(
-      Sql("SELECT Diary.Diary_ID FROM Diary INNER JOIN Clients "
-          "ON Diary.Client_ID = Clients.Client_ID WHERE Diary.Diary_ID = {} "
-          "AND Clients.Billing_Client_ID = {} AND Diary.Status IN ('J', 'JP', 'JU', 'JD', 'JI')",
-          diaryId, payerId));
-  if (found.IsNull())
+void RequirePayable(Business& business, Id<Client> payer, Id<Entry> entry) {
+  if (!billing::IsPayable(business, payer, entry))
     throw CommandFailure(QStringLiteral("entry %1 is no job that client %2 is billed for")
-                             .arg(diaryId)
-                             .arg(payerId));
+                             .arg(entry.Number())
+                             .arg(payer.Number()));
 }
 
-void RequireRevenueAccount(Business& business, qint64 accountId) {
+void RequireRevenueAccount(Business& business, Id<Account> account) {
   const auto accounts = lists::ListRevenueAccountChoices(business);
-  if (std::ranges::none_of(accounts, [&](const lists::Choice<Account>& one) {
-        return one.id.Number() == accountId;
-      }))
-    throw CommandFailure(QStringLiteral("there is no revenue account %1").arg(accountId));
+  const auto isAccount = [&](const lists::Choice<Account>& one) { return one.id == account; };
+  if (std::ranges::none_of(accounts, isAccount))
+    throw CommandFailure(QStringLiteral("there is no revenue account %1").arg(account.Number()));
 }
 
 billing::PaymentForm AskedFor(Business& business, const Arguments& arguments, Money amount,
-                              const std::vector<qint64>& jobs) {
+                              const std::vector<Id<Entry>>& jobs) {
   billing::PaymentForm form =
       billing::NewPayment(business, ClientOf(arguments), amount,
                           jobs.size() == 1 ? std::optional(jobs.front()) : std::nullopt);
@@ -85,7 +72,7 @@ void StoreLines(Business& business, billing::PaymentForm& form,
     RequireRevenueAccount(business, *line.glAccountId);
     line.gst = billing::TaxWithin(business, line.amount, form.taxExempt);
     if (form.IsNew()) ThrowIf(billing::SavePaymentDetails(business, form));
-    ThrowIf(billing::SaveAccount(business, form.paymentId, line, billing::SaveRevenueLine::AsNew));
+    ThrowIf(billing::SaveAccount(business, *form.paymentId, line, billing::SaveRevenueLine::AsNew));
   }
   if (!lines.empty()) ThrowIf(billing::SavePaymentDetails(business, form));
 }
@@ -93,17 +80,17 @@ void StoreLines(Business& business, billing::PaymentForm& form,
 void RunPay(const Call& call) {
   if (!call.arguments.Has("amount")) throw WrongUsage(QStringLiteral("--amount is missing"));
   const Money amount = AmountOf(call.arguments.options.value(QStringLiteral("amount")));
-  const std::vector<qint64> jobs = JobsOf(call.arguments);
+  const auto jobs = ParseIds<Entry>(call.arguments.All("job"));
   const std::vector<billing::RevenueLineForm> lines = LinesOf(call.arguments);
   const auto business = OpenCurrentBusiness(call);
   Transaction all(*business);
   billing::PaymentForm form = AskedFor(*business, call.arguments, amount, jobs);
   ThrowIf(billing::CheckPayment(form));
-  for (const qint64 job : jobs) RequirePayable(*business, *form.clientId, job);
+  for (const Id<Entry> job : jobs) RequirePayable(*business, *form.clientId, job);
   ThrowIf(billing::SavePaymentDetails(*business, form));
   StoreLines(*business, form, lines);
   if (!form.forJob)
-    for (const qint64 job : jobs) billing::TickJob(*business, form.paymentId, job, true);
+    for (const Id<Entry> job : jobs) billing::TickJob(*business, *form.paymentId, job, true);
   all.Commit();
   business->CloseConnection();
   ResultTable table({"Payment_ID", "Client_ID", "Payment_Date", "Amount", "GST_Included",
@@ -124,7 +111,7 @@ void RunPayments(const Call& call) {
   if (!from || !to) throw WrongUsage(QStringLiteral("payments needs --from and --to"));
   if (*from > *to) throw CommandFailure(QString::fromLatin1(diary::kInvalidDateRange));
   const auto business = OpenCurrentBusiness(call);
-  const billing::PaymentsList list = billing::LoadPaymentsList(*business, *from, *to);
+  const billing::PaymentsList list = billing::LoadPaymentsList(*business, {*from, *to});
   business->CloseConnection();
   ResultTable table({"Payment_ID", "Display_Name", "Payment_Date", "Amount", "Payment_Method",
                      "Client_ID", "Accounts", "GL_Amount", "Matches"});
@@ -148,16 +135,17 @@ void RunPayments(const Call& call) {
 }
 
 void RunPaymentDelete(const Call& call) {
-  const qint64 paymentId = ParseKey(call.arguments.positional.at(1));
+  const auto paymentId = ParseId<Payment>(call.arguments.positional.at(1));
   const auto business = OpenCurrentBusiness(call);
   const auto payment = billing::LoadPayment(*business, paymentId);
-  if (!payment) throw CommandFailure(QStringLiteral("there is no payment %1").arg(paymentId));
-  billing::RemovePayment(*business, IdFrom<Client>(payment->clientId), Id<Payment>(paymentId));
+  if (!payment)
+    throw CommandFailure(QStringLiteral("there is no payment %1").arg(paymentId.Number()));
+  billing::RemovePayment(*business, payment->clientId, paymentId);
   business->CloseConnection();
   if (call.json)
-    call.out << "{\"deleted\": " << paymentId << "}\n";
+    call.out << "{\"deleted\": " << paymentId.Number() << "}\n";
   else
-    call.out << "payment " << paymentId << " deleted\n";
+    call.out << "payment " << paymentId.Number() << " deleted\n";
 }
 
 void RunRecalculate(const Call& call) {

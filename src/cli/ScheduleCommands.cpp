@@ -2,11 +2,10 @@
 #include "cli/Printing.h"
 #include "cli/WorkingBusiness.h"
 #include "data/settings/LocalSettings.h"
+#include "domain/Payer.h"
 #include "roll/ScheduleEngine.h"
 #include "session/ProgramFolder.h"
 #include "session/StartUp.h"
-
-#include <limits>
 
 namespace quillary::cli {
 namespace {
@@ -73,17 +72,14 @@ void RunStart(const Call& call) {
   }
 }
 
-roll::RollCount RollClient(Business& business, const QString& file, qint64 clientId) {
-  const Value found =
-      business.FirstField(Sql("SELECT Client_ID FROM Clients WHERE Client_ID = {}", clientId));
-  if (found.IsNull()) {
-    throw CommandFailure(QStringLiteral("%1 has no client %2").arg(file).arg(clientId));
-  }
-  return roll::AdvanceScheduleForClient(business, Id<Client>(clientId));
+roll::RollCount RollClient(Business& business, const QString& file, Id<Client> client) {
+  if (!PayerOf(business, client))
+    throw CommandFailure(QStringLiteral("%1 has no client %2").arg(file).arg(client.Number()));
+  return roll::AdvanceScheduleForClient(business, client);
 }
 
 void RunRoll(const Call& call) {
-  const auto client = call.arguments.Number("client", 1, std::numeric_limits<qint32>::max());
+  const auto client = call.arguments.Key<Client>("client");
   const auto business = OpenCurrentBusiness(call);
   const roll::RollCount count = client ? RollClient(*business, call.File(), *client)
                                        : roll::AdvanceScheduleGlobally(*business);

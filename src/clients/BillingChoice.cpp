@@ -3,10 +3,10 @@
 namespace quillary::clients {
 namespace {
 
-bool HasPayments(Business& business, qint64 clientId) {
+bool HasPayments(Business& business, std::optional<Id<Client>> client) {
   return business
       .RunSQL(Sql("SELECT TOP 1 Payment_ID FROM Payments WHERE Client_ID = {} ORDER BY Payment_ID",
-                  clientId))
+                  client))
       .HasRows();
 }
 
@@ -22,12 +22,12 @@ BillingChoice BillingChoiceOf(const ClientRecord& client) {
 }
 
 void BillSameAddress(ClientRecord& client) {
-  client.billingClientId = client.clientId;
+  client.otherPayer.reset();
 }
 
 void BillExistingAddress(Business& business, Prompter& prompter, ClientRecord& client,
-                         qint64 billingClientId) {
-  client.billingClientId = billingClientId;
+                         Id<Client> payer) {
+  client.otherPayer = payer;
   if (!HasPayments(business, client.clientId)) return;
   prompter.Tell(Tone::Information,
                 QStringLiteral("Please note that you might need to manually transfer the existing "
@@ -36,12 +36,11 @@ void BillExistingAddress(Business& business, Prompter& prompter, ClientRecord& c
 }
 
 void TakeNewBillingAddress(Business& business, Prompter& prompter, ClientRecord& client,
-                           std::optional<qint64> madeClientId) {
-  if (madeClientId) {
-    BillExistingAddress(business, prompter, client, *madeClientId);
-  } else {
+                           std::optional<Id<Client>> made) {
+  if (made)
+    BillExistingAddress(business, prompter, client, *made);
+  else
     BillSameAddress(client);
-  }
 }
 
 QString SampleBillingAddress(const ClientRecord& client) {

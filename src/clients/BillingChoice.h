@@ -17,11 +17,11 @@ void BillSameAddress(ClientRecord& client);
 /// Another client pays. Tells the user when the client has payments of its own, since they do not
 /// move with it.
 void BillExistingAddress(Business& business, Prompter& prompter, ClientRecord& client,
-                         qint64 billingClientId);
+                         Id<Client> payer);
 /// What follows the screen for a new billing address: its client pays; nothing made, and the client
 /// pays for itself.
 void TakeNewBillingAddress(Business& business, Prompter& prompter, ClientRecord& client,
-                           std::optional<qint64> madeClientId);
+                           std::optional<Id<Client>> made);
 
 /// The address as an invoice shows it, in three lines.
 QString SampleBillingAddress(const ClientRecord& client);

@@ -1,16 +1,18 @@
 #include "clients/ClientChoices.h"
 
+#include "domain/Payer.h"
+
 namespace quillary::clients {
 
-std::vector<lists::Choice<Client>> ListBillableOthers(Business& business, qint64 clientId) {
+std::vector<lists::Choice<Client>> ListBillableOthers(Business& business,
+                                                      std::optional<Id<Client>> client) {
   std::vector<lists::Choice<Client>> others;
   const Recordset rows = business.RunSQL(
       Sql("SELECT Client_ID, Display_Name FROM Clients WHERE Is_Billed_To = Yes "
           "AND (Client_ID <> {}) AND (Client_ID = Billing_Client_ID) ORDER BY Display_Name; ",
-          clientId));
-  for (const Record row : rows) {
+          NumberOrZero(client)));
+  for (const Record row : rows)
     others.push_back({Id<Client>(row[u"Client_ID"].ToLong()), row[u"Display_Name"].ToText()});
-  }
   return others;
 }
 
@@ -58,16 +60,14 @@ SuburbChoices ListSuburbChoices(Business& business) {
   return choices;
 }
 
-std::vector<Site> LoadSites(Business& business, qint64 clientId) {
+std::vector<Site> LoadSites(Business& business, Id<Client> payer) {
   std::vector<Site> sites;
-  const Recordset rows =
-      business.RunSQL(Sql("SELECT Client_ID, Display_Name, First_Name, Surname FROM Clients "
-                          "WHERE Billing_Client_ID = {}",
-                          clientId));
-  for (const Record row : rows) {
-    sites.push_back({row[u"Client_ID"].ToLong(), row[u"Display_Name"].ToText(),
+  const Recordset rows = business.RunSQL(
+      Sql("SELECT Client_ID, Display_Name, First_Name, Surname FROM Clients WHERE {}",
+          IsPaidBy("Clients", payer)));
+  for (const Record row : rows)
+    sites.push_back({Id<Client>(row[u"Client_ID"].ToLong()), row[u"Display_Name"].ToText(),
                      row[u"First_Name"].ToText(), row[u"Surname"].ToText()});
-  }
   return sites;
 }
 

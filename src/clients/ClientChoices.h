@@ -6,14 +6,17 @@
 #include <QHash>
 #include <QStringList>
 
+#include <optional>
 #include <vector>
 
 /// The lists behind the combos of the client screens. Clients, services and employees are those of
-/// scheduling/Choices.h.
+/// lists/Choices.h.
 namespace quillary::clients {
 
-/// The bill-to parties that could pay for the client, by name; never the client itself.
-std::vector<lists::Choice<Client>> ListBillableOthers(Business& business, qint64 clientId);
+/// The bill-to parties that could pay for the client, by name; never the client itself. All of them
+/// for one that is not stored yet.
+std::vector<lists::Choice<Client>> ListBillableOthers(Business& business,
+                                                      std::optional<Id<Client>> client);
 /// The numbers of days between visits, as a combo shows them.
 QStringList ListFrequencyDays(Business& business);
 /// The labels in use for the work cover number.
@@ -33,11 +36,11 @@ SuburbChoices ListSuburbChoices(Business& business);
 /// A client whose bills go to another, as the other lists it. One who pays for itself is among its
 /// own sites.
 struct Site {
-  qint64 clientId = 0;
+  Id<Client> client;
   QString displayName;
   QString firstName;
   QString surname;
 };
-std::vector<Site> LoadSites(Business& business, qint64 clientId);
+std::vector<Site> LoadSites(Business& business, Id<Client> payer);
 
 }  // namespace quillary::clients

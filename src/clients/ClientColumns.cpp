@@ -17,31 +17,26 @@ std::optional<bool> YesOrNo(const QString& typed) {
   return std::nullopt;
 }
 
-std::optional<Refusal> SetText(Business& business, const ClientColumn& column, QString& text,
+std::optional<Refusal> SetText(Business& business, const ClientColumn& column, ClientRecord& client,
                                const QString& value) {
-  const auto width = ColumnWidth(business, QStringLiteral("Clients"), column.column);
-  if (width && value.size() > *width) {
-    return Refusal{
-        QStringLiteral("%1 holds at most %2 characters.").arg(QString(column.column)).arg(*width),
-        column.field};
-  }
-  text = value;
+  const auto width = ColumnWidth(business, QStringLiteral("Clients"), column.Name());
+  if (width && value.size() > *width)
+    return Refusal{QStringLiteral("%1 holds at most %2 characters.").arg(column.Name()).arg(*width),
+                   column.field};
+  column.Put(client, value);
   return std::nullopt;
 }
 
 std::optional<Refusal> SetPayer(Business& business, ClientRecord& client, const QString& value) {
   bool isKey = false;
-  const qint64 payer = value.trimmed().toLongLong(&isKey);
+  const Id<Client> payer(value.trimmed().toLongLong(&isKey));
   if (isKey && payer == client.clientId) {
     BillSameAddress(client);
     return std::nullopt;
   }
   const auto others = ListBillableOthers(business, client.clientId);
-  if (!isKey || std::ranges::none_of(others, [&](const lists::Choice<Client>& at) {
-        return at.id.Number() == payer;
-      }))
-    return Refusal{QStringLiteral("%1 is no client who can be billed.").arg(value),
-                   QStringLiteral("cmbOtherAddressToBill")};
+  if (!isKey || std::ranges::none_of(others, [&](const auto& other) { return other.id == payer; }))
+    return Refusal{QStringLiteral("%1 is no client who can be billed.").arg(value), "payer"};
   BillExistingAddress(business, business.World().prompter, client, payer);
   return std::nullopt;
 }
@@ -50,7 +45,7 @@ std::optional<Refusal> SetDebtorSince(Business& business, ClientRecord& client,
                                       const QString& value) {
   const auto since = ParseTypedDate(value, business.Today());
   if (!since && !value.trimmed().isEmpty())
-    return Refusal{QStringLiteral("%1 is no date.").arg(value), QStringLiteral("dtDebtorSince")};
+    return Refusal{QStringLiteral("%1 is no date.").arg(value), "debtorSince"};
   client.debtorSince = since;
   return std::nullopt;
 }
@@ -61,33 +56,51 @@ bool IsColumn(const QString& typed, const char* column) {
 
 }  // namespace
 
+Value ClientColumn::Of(const ClientRecord& client) const {
+  return std::visit([&](auto part) { return Value(client.*part); }, member);
+}
+
+void ClientColumn::Put(ClientRecord& client, const Value& value) const {
+  std::visit(
+      [&](auto part) {
+        auto& held = client.*part;
+        using Held = std::remove_reference_t<decltype(held)>;
+        if constexpr (std::is_same_v<Held, bool>)
+          held = value.ToBool();
+        else
+          held = Held(value.ToText());
+      },
+      member);
+}
+
 const std::vector<ClientColumn>& ClientColumns() {
   using Client = ClientRecord;
   static const std::vector<ClientColumn> columns = {
-      {"Display_Name", "txtDisplayName", &Client::displayName},
-      {"First_Name", "txtFirstname", &Client::firstName},
-      {"Surname", "txtSurname", &Client::surname},
-      {"Status", "cmbStatus", &Client::status},
-      {"Street_Number", "txtStreetNumber", &Client::streetNumber},
-      {"Street", "txtStreet", &Client::street},
-      {"Suburb", "cmbSuburb", &Client::suburb},
-      {"Post_Code", "cmbPostcode", &Client::postCode},
-      {"Map", "txtMap", &Client::map},
-      {"Phone_1", "txtPhone1", &Client::phone1},
-      {"Phone_2", "txtPhone2", &Client::phone2},
-      {"Fax", "txtFax", &Client::fax},
-      {"Email", "txtEmail", &Client::email},
-      {"Notes", "txtGeneralNotes", &Client::notes},
-      {"Requires_Statement", "chkMonthlyStatement", &Client::requiresStatement},
-      {"Statement_Type", "cmbInvoiceType", &Client::statementType},
-      {"Work_Cover_Number", "txtClaimNumber", &Client::workCoverNumber},
-      {"InvoiceWithOutstanding", "chkShowOutstanding", &Client::invoiceWithOutstanding},
-      {"InvoiceWithNextJob", "chkShowNextJobdate", &Client::invoiceWithNextJob},
-      {"InvoiceWithUnpaidPastJobs", "chkInvoiceWithPastJobs", &Client::invoiceWithUnpaidPastJobs},
-      {"InvoiceWithTelNo", "chkInvoiceWithTelNo", &Client::invoiceWithTelNo},
-      {"StatementWithPayments", "chkStatementWithPayments", &Client::statementWithPayments},
-      {"WorkCoverLabel", "cmbWorkCoverLabel", &Client::workCoverLabel},
-      {"Private_Notes", "txtPrivateNotes", &Client::privateNotes},
+      {"Display_Name", "displayName", &Client::displayName},
+      {"First_Name", "firstName", &Client::firstName},
+      {"Surname", "surname", &Client::surname},
+      {"Status", "status", &Client::status},
+      {"Street_Number", "streetNumber", &Client::streetNumber},
+      {"Street", "street", &Client::street},
+      {"Suburb", "suburb", &Client::suburb},
+      {"Post_Code", "postCode", &Client::postCode},
+      {"Map", "map", &Client::map},
+      {"Phone_1", "phone1", &Client::phone1},
+      {"Phone_2", "phone2", &Client::phone2},
+      {"Fax", "fax", &Client::fax},
+      {"Email", "email", &Client::email},
+      {"Notes", "notes", &Client::notes},
+      {"Requires_Statement", "requiresStatement", &Client::requiresStatement},
+      {"Statement_Type", "statementType", &Client::statementType},
+      {"Work_Cover_Number", "workCoverNumber", &Client::workCoverNumber},
+      {"InvoiceWithOutstanding", "invoiceWithOutstanding", &Client::invoiceWithOutstanding},
+      {"InvoiceWithNextJob", "invoiceWithNextJob", &Client::invoiceWithNextJob},
+      {"InvoiceWithUnpaidPastJobs", "invoiceWithUnpaidPastJobs",
+       &Client::invoiceWithUnpaidPastJobs},
+      {"InvoiceWithTelNo", "invoiceWithTelNo", &Client::invoiceWithTelNo},
+      {"StatementWithPayments", "statementWithPayments", &Client::statementWithPayments},
+      {"WorkCoverLabel", "workCoverLabel", &Client::workCoverLabel},
+      {"Private_Notes", "privateNotes", &Client::privateNotes},
   };
   return columns;
 }
@@ -98,12 +111,10 @@ std::optional<Refusal> SetClientColumn(Business& business, ClientRecord& client,
   if (IsColumn(column, "Debtor_Since")) return SetDebtorSince(business, client, value);
   for (const ClientColumn& known : ClientColumns()) {
     if (!IsColumn(column, known.column)) continue;
-    if (const auto* text = std::get_if<QString ClientRecord::*>(&known.member)) {
-      return SetText(business, known, client.*(*text), value);
-    }
+    if (!known.IsYesNo()) return SetText(business, known, client, value);
     const auto yes = YesOrNo(value);
     if (!yes) return Refusal{QStringLiteral("%1 is yes or no.").arg(column), known.field};
-    client.*std::get<bool ClientRecord::*>(known.member) = *yes;
+    known.Put(client, *yes);
     return std::nullopt;
   }
   return Refusal{QStringLiteral("A client has no column %1 to be set.").arg(column), {}};

@@ -13,8 +13,16 @@ namespace quillary::clients {
 
 struct ClientColumn {
   const char* column;
-  const char* field;  // the control that edits it
-  std::variant<QString ClientRecord::*, bool ClientRecord::*> member;
+  const char* field;  // of a form
+  std::variant<QString ClientRecord::*, StoredClientStatus ClientRecord::*,
+               StoredStatementType ClientRecord::*, bool ClientRecord::*>
+      member;
+
+  QString Name() const { return QString::fromLatin1(column); }
+  bool IsYesNo() const { return std::holds_alternative<bool ClientRecord::*>(member); }
+  /// Yes/no, or text.
+  Value Of(const ClientRecord& client) const;
+  void Put(ClientRecord& client, const Value& value) const;
 };
 /// The text and yes/no columns that a user may write, in the order of the save.
 const std::vector<ClientColumn>& ClientColumns();

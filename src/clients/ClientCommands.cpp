@@ -1,14 +1,31 @@
 #include "clients/ClientCommands.h"
 
-#include "balances/ClientBalance.h"
-
 namespace quillary::clients {
 namespace {
 
-std::optional<Refusal> SaveRecordAndServices(Business& business, ClientRecord& client,
-                                             ClientServiceArray& services) {
-  if (auto refusal = SaveClientDetails(business, client)) return refusal;
-  SaveClientServicesArrayToDB(business, client.clientId, services);
+std::optional<Refusal> SaveRecord(Business& business, ClientEdit& edit) {
+  if (auto refusal = SaveClientDetails(business, edit.client, edit.loaded)) return refusal;
+  edit.loaded = edit.client;
+  return std::nullopt;
+}
+
+void SaveServices(Business& business, ClientEdit& edit) {
+  SaveClientServicesArrayToDB(business, *edit.client.clientId, edit.services, edit.loadedServices);
+  edit.services = LoadClientServicesIntoArray(business, *edit.client.clientId);
+  edit.loadedServices = edit.services;
+}
+
+enum class AfterSaving { ShowBalance, Leave };
+
+std::optional<Refusal> Save(Business& business, ClientEdit& edit, AfterSaving after) {
+  ClientEdit saved = edit;  // the screen gets a new key only once the row is there to stay
+  Transaction save(business);
+  if (auto refusal = SaveRecord(business, saved)) return refusal;
+  SaveServices(business, saved);
+  if (after == AfterSaving::ShowBalance) RefreshBillingDetails(business, saved.client);
+  saved.loaded = saved.client;
+  save.Commit();
+  edit = std::move(saved);
   return std::nullopt;
 }
 
@@ -24,51 +41,76 @@ QString UpdateScheduleQuestion(SaveServiceAs as) {
 
 }  // namespace
 
-std::optional<Refusal> SaveClient(Business& business, ClientRecord& client,
-                                  ClientServiceArray& services) {
-  ClientRecord saved = client;  // the screen gets a new key only once the row is there to stay
-  ClientServiceArray savedServices = services;
-  Transaction save(business);
-  if (auto refusal = SaveRecordAndServices(business, saved, savedServices)) return refusal;
-  LoadBillingDetails(business, saved);
-  save.Commit();
-  client = std::move(saved);
-  services = std::move(savedServices);
+ClientEdit NewClientEdit() {
+  return {.client = NewClientRecord(), .loaded = NewClientRecord()};
+}
+
+std::optional<ClientEdit> LoadClientEdit(Business& business, Id<Client> client) {
+  const auto record = LoadClientDetails(business, client);
+  if (!record) return std::nullopt;
+  const ClientServiceArray services = LoadClientServicesIntoArray(business, client);
+  return ClientEdit{*record, *record, services, services};
+}
+
+std::optional<Refusal> SaveClient(Business& business, ClientEdit& edit) {
+  return Save(business, edit, AfterSaving::ShowBalance);
+}
+
+std::optional<Refusal> SaveClientAndLeave(Business& business, ClientEdit& edit) {
+  return Save(business, edit, AfterSaving::Leave);
+}
+
+std::optional<Refusal> CreateScheduleOfClient(Business& business, ClientEdit& edit) {
+  if (auto refusal = Save(business, edit, AfterSaving::Leave)) return refusal;
+  roll::AdvanceScheduleForClient(business, *edit.client.clientId);
+  // The roll moves the next visits on.
+  edit.services = LoadClientServicesIntoArray(business, *edit.client.clientId);
+  edit.loadedServices = edit.services;
   return std::nullopt;
 }
 
-std::optional<Refusal> CreateScheduleOfClient(Business& business, ClientRecord& client,
-                                              ClientServiceArray& services) {
-  ClientRecord saved = client;
-  ClientServiceArray savedServices = services;
+ServiceSaved SaveServiceAndAsk(Business& business, Prompter& prompter, ClientEdit& edit,
+                               const ClientServiceForm& form, SaveServiceAs as, size_t element) {
+  const Id<Client> client = *edit.client.clientId;
+  ClientServiceArray services = edit.services;
+  if (as == SaveServiceAs::New) element = services.size() - 1;
   Transaction save(business);
-  if (auto refusal = SaveRecordAndServices(business, saved, savedServices)) return refusal;
+  if (auto refusal =
+          SaveClientServiceToDB(business, client, services, edit.loadedServices, form, element))
+    return {.service = std::nullopt, .refusal = refusal};
+  SaveClientServicesArrayToDB(business, client, services, edit.loadedServices);
   save.Commit();
-  client = std::move(saved);
-  services = std::move(savedServices);
-  roll::AdvanceScheduleForClient(business, Id<Client>(client.clientId));
-  return std::nullopt;
+  const auto stored = services[element].clientServiceId;
+  edit.services = LoadClientServicesIntoArray(business, client);
+  edit.loadedServices = edit.services;
+  if (prompter.Ask(UpdateScheduleQuestion(as)) != Answer::Yes)
+    return {.service = stored, .refusal = std::nullopt};
+  return {.service = stored, .refusal = CreateScheduleOfClient(business, edit)};
 }
 
-std::optional<Refusal> SaveServiceAndAsk(Business& business, Prompter& prompter,
-                                         ClientRecord& client, ClientServiceArray& services,
-                                         ClientServiceForm& form, SaveServiceAs as) {
-  if (auto refusal = SaveClientServiceToDB(business, client.clientId, services, form, as)) {
+std::optional<Refusal> AddService(Business& business, ClientEdit& edit) {
+  if (auto refusal = AddEmptyClientService(business, *edit.client.clientId, edit.services,
+                                           edit.loadedServices))
     return refusal;
-  }
-  services = LoadClientServicesIntoArray(business, client.clientId);
-  if (prompter.Ask(UpdateScheduleQuestion(as)) != Answer::Yes) return std::nullopt;
-  return CreateScheduleOfClient(business, client, services);
+  edit.loadedServices = edit.services;
+  return std::nullopt;
 }
 
-MayGoOn SaveBeforeAddingJob(Business& business, Prompter& prompter, ClientRecord& client,
-                            const ClientRecord& stored) {
-  if (client == stored) return {true, std::nullopt};
+std::optional<Refusal> RemoveService(Business& business, ClientEdit& edit, size_t element) {
+  if (auto refusal = RemoveClientService(business, *edit.client.clientId, edit.services,
+                                         edit.loadedServices, element))
+    return refusal;
+  edit.loadedServices = edit.services;
+  return std::nullopt;
+}
+
+MayGoOn SaveBeforeAddingJob(Business& business, Prompter& prompter, ClientEdit& edit) {
+  if (edit.client == edit.loaded) return {true, std::nullopt};
   const Answer answer = prompter.Ask(
       QStringLiteral("Personal information has changed. The details need to be saved first. "
                      "Continue?"));
   if (answer != Answer::Yes) return {};
-  auto refusal = SaveClientDetails(business, client);
+  auto refusal = SaveRecord(business, edit);
   return {!refusal, refusal};
 }
 

@@ -5,12 +5,12 @@
 namespace quillary::clients {
 
 struct FoundClient {
-  qint64 clientId = 0;
+  Id<Client> client;
   QString name;
   QString address;  // empty when none is stored
 };
 struct FoundJob {
-  qint64 diaryId = 0;
+  Id<Entry> entry;
   QString words;  // "Job on 3 Nov 2026: LM, $55.00"
 };
 
@@ -23,7 +23,7 @@ class ClientFinder {
   /// Every word occurs in name, street, suburb or phone; names that begin so come first.
   std::vector<FoundClient> Clients(const QString& typed, size_t most) const;
   /// The next open job of the client and the last one that was done.
-  std::vector<FoundJob> Jobs(qint64 clientId) const;
+  std::vector<FoundJob> Jobs(Id<Client> client) const;
 
  private:
   Business& business_;

@@ -1,35 +1,33 @@
 #include "clients/ClientJobs.h"
 
 #include "diary/DiaryCommands.h"
+#include "domain/Payer.h"
 
 namespace quillary::clients {
 namespace {
 
 Sql JobsOf(const ClientRecord& client) {
-  if (client.IsBilledTo()) {
-    return Sql(
-        "SELECT Clients_1.Display_Name AS Display_Name, Diary.Diary_ID, Schedule_Date, "
-        "Description, Total_Price, Diary.Status, Payment_ID, Invoice_ID "
-        "FROM (Clients INNER JOIN Clients AS Clients_1 "
-        "ON Clients.Client_ID = Clients_1.Billing_Client_ID) "
-        "INNER JOIN Diary ON Clients_1.Client_ID = Diary.Client_ID "
-        "WHERE Clients.Client_ID = {} ",
-        client.clientId);
-  }
+  constexpr char kColumns[] =
+      "Diary.Diary_ID, Schedule_Date, Description, Total_Price, Diary.Status, Payment_ID ";
+  if (!client.IsBilledTo())
+    return Sql("SELECT 'Name' AS Display_Name, {} FROM Diary WHERE Diary.Client_ID = {} ",
+               Sql(kColumns), client.clientId);
   return Sql(
-      "SELECT 'Name' AS Display_Name, Diary.Diary_ID, Schedule_Date, Description, "
-      "Total_Price, Diary.Status, Payment_ID, Invoice_ID "
-      "FROM Diary WHERE Diary.Client_ID = {} ",
-      client.clientId);
+      "SELECT Clients.Display_Name AS Display_Name, {} FROM Clients "
+      "INNER JOIN Diary ON Clients.Client_ID = Diary.Client_ID WHERE {} ",
+      Sql(kColumns), IsPaidBy("Clients", *client.clientId));
 }
 
 std::vector<ClientJob> ListJobs(Business& business, const Sql& statement) {
   std::vector<ClientJob> jobs;
   for (const Record row : business.RunSQL(statement)) {
-    jobs.push_back({row[u"Diary_ID"].ToLong(), row[u"Display_Name"].ToText(),
-                    row[u"Schedule_Date"].ToDate(), row[u"Description"].ToText(),
-                    row[u"Total_Price"].ToMoney(), StoredEntryStatus(row[u"Status"].ToText()),
-                    row[u"Payment_ID"].ToLong(-1), row[u"Invoice_ID"].ToLong(-1)});
+    jobs.push_back({.entry = Id<Entry>(row[u"Diary_ID"].ToLong()),
+                    .displayName = row[u"Display_Name"].ToText(),
+                    .scheduleDate = row[u"Schedule_Date"].ToDate(),
+                    .description = row[u"Description"].ToText(),
+                    .totalPrice = row[u"Total_Price"].ToMoney(),
+                    .status = StoredEntryStatus(row[u"Status"].ToText()),
+                    .isPaid = row[u"Payment_ID"].ToId<Payment>().has_value()});
   }
   return jobs;
 }
@@ -37,6 +35,7 @@ std::vector<ClientJob> ListJobs(Business& business, const Sql& statement) {
 }  // namespace
 
 std::vector<ClientJob> LoadFutureJobs(Business& business, const ClientRecord& client) {
+  if (client.IsNew()) return {};
   return ListJobs(business,
                   JobsOf(client) + Sql(" AND Diary.Status NOT IN {} "
                                        "AND Schedule_Date >= {} ORDER BY Diary.Schedule_Date; ",
@@ -44,6 +43,7 @@ std::vector<ClientJob> LoadFutureJobs(Business& business, const ClientRecord& cl
 }
 
 std::vector<ClientJob> LoadPastJobs(Business& business, const ClientRecord& client) {
+  if (client.IsNew()) return {};
   return ListJobs(business, JobsOf(client) + Sql(" AND (Schedule_Date < {} OR Diary.Status IN {}) "
                                                  "ORDER BY Diary.Schedule_Date DESC; ",
                                                  business.Today(), CodesOf(EntryGroup::WorkDone)));

@@ -10,16 +10,13 @@
 namespace quillary::clients {
 
 struct ClientJob {
-  qint64 diaryId = 0;
+  Id<Entry> entry;
   QString displayName;
   QDate scheduleDate;
   QString description;
   Money totalPrice;  // tax included
   StoredEntryStatus status;
-  qint64 paymentId = -1;  // -1 for none
-  qint64 invoiceId = -1;  // -1 for none
-
-  bool IsPaid() const { return paymentId != -1; }
+  bool isPaid = false;  // on a payment
 };
 
 /// What is not finished and lies today or later, the next first. A job done early is past.
@@ -27,8 +24,7 @@ std::vector<ClientJob> LoadFutureJobs(Business& business, const ClientRecord& cl
 /// What lies before today or is done, the newest first.
 std::vector<ClientJob> LoadPastJobs(Business& business, const ClientRecord& client);
 
-/// Asks, then deletes the entry as diary::DeleteEntry() does.
-/// Refuses when no job is selected.
+/// Asks, then deletes the entry as diary::DeleteEntry() does. Refuses when no job is selected.
 std::optional<Refusal> DeleteClientJob(Business& business, Prompter& prompter,
                                        std::optional<Id<Entry>> job);
 

@@ -1,6 +1,7 @@
 #include "clients/ClientList.h"
 
 #include "base/Text.h"
+#include "domain/JobType.h"
 
 #include <algorithm>
 
@@ -33,8 +34,8 @@ QStringList WordsOf(const QString& typed) {
 
 ClientListRow RowOf(const Record& record) {
   const auto text = [&](const char16_t* column) { return record[column].ToText(); };
-  return {record[u"Client_ID"].ToLong(),
-          text(u"Status"),
+  return {Id<Client>(record[u"Client_ID"].ToLong()),
+          StoredClientStatus(text(u"Status")),
           text(u"Display_Name"),
           text(u"First_Name"),
           text(u"Surname"),
@@ -62,39 +63,24 @@ Sql ListStatement(const ClientListQuery& query) {
       "Clients.Surname, Clients.Street_Number, Clients.Street, Clients.Suburb, "
       "Clients.Post_Code, Clients.Phone_1, Clients.Phone_2, Clients.Fax, Clients.Email "
       "FROM (Clients) ");
-  statement = statement + (query.status.compare(u"All", Qt::CaseInsensitive) == 0
-                               ? Sql("WHERE LEFT(Clients.Status, 1) <> 'Q'")
-                               : Sql("WHERE UCASE(Clients.Status) = {}", query.status.toUpper()));
-  if (query.kinds == ClientKinds::RegularOnly) {
+  statement = statement + (query.status ? Sql("WHERE UCASE(Clients.Status) = {}",
+                                              TextOf(*query.status).toUpper())
+                                        : Sql("WHERE LEFT(Clients.Status, 1) <> 'Q'"));
+  if (query.kinds == ClientKinds::RegularOnly)
     statement = statement + Sql(" AND Clients.Client_ID IN "
-                                "(SELECT Client_ID FROM Client_Services WHERE Status = 'Regular')");
-  }
+                                "(SELECT Client_ID FROM Client_Services WHERE Status = {})",
+                                JobType::Regular);
   return statement + Sql(" ORDER BY Clients.Display_Name, Clients.Surname, Clients.First_Name;");
-}
-
-void DeleteLinesOfClient(Business& business, qint64 clientId) {
-  const Recordset entries =
-      business.RunSQL(Sql("SELECT Diary_ID FROM Diary WHERE Client_ID = {}; ", clientId));
-  for (const Record entry : entries) {
-    business.Write(Sql("DELETE FROM Diary_Services WHERE Diary_ID = {}", entry[u"Diary_ID"]));
-  }
-}
-
-void DeleteLedgerEntriesOfClient(Business& business, qint64 clientId) {
-  const Recordset payments =
-      business.RunSQL(Sql("SELECT Payment_ID FROM Payments WHERE Client_ID = {}; ", clientId));
-  for (const Record payment : payments) {
-    business.Write(
-        Sql("DELETE FROM General_Ledger_Entries WHERE Payment_ID = {}", payment[u"Payment_ID"]));
-  }
 }
 
 }  // namespace
 
 QStringList ClientListStatuses() {
-  return {QStringLiteral("All"),        QStringLiteral("Active"),
-          QStringLiteral("Bad debtor"), QStringLiteral("Billing address"),
-          QStringLiteral("Cancelled"),  QStringLiteral("Transferred")};
+  return QStringList("All") + WordsIn<ClientStatus>(ClientGroup::OfferedByHand);
+}
+
+std::optional<ClientStatus> ClientListStatusOf(const QString& word) {
+  return FromText<ClientStatus>(word);
 }
 
 ClientList ClientList::Load(Business& business, const ClientListQuery& query) {
@@ -127,30 +113,12 @@ QString ListCountWords(size_t count) {
 }
 
 std::optional<Refusal> CheckClientSelected(ClientListCommand command,
-                                           std::optional<qint64> clientId) {
-  if (clientId) return std::nullopt;
+                                           std::optional<Id<Client>> client) {
+  if (client) return std::nullopt;
   return Refusal{command == ClientListCommand::View
                      ? QStringLiteral("Please select a client to view/edit.")
                      : QStringLiteral("Please select a record to delete."),
                  {}};
-}
-
-bool DeleteClientAfterAsking(Business& business, Prompter& prompter, qint64 clientId) {
-  const QString name =
-      business.FirstField(Sql("SELECT Display_Name FROM Clients WHERE Client_ID = {}", clientId))
-          .ToText();
-  const Answer answer = prompter.AskBeforeLosing(
-      QStringLiteral("Are you really sure you want to delete ") + name +
-      QStringLiteral("?\n\n There will be absolutely no record of this client afterwards and may "
-                     "affect your GST/Profit and Loss report!"));
-  if (answer != Answer::Yes) return false;
-  Transaction deletion(business);
-  business.Write(Sql("DELETE FROM Clients WHERE Client_ID = {};", clientId), Rows::Exactly(1));
-  business.Write(Sql("DELETE FROM Client_Services WHERE Client_ID = {};", clientId));
-  DeleteLinesOfClient(business, clientId);
-  DeleteLedgerEntriesOfClient(business, clientId);
-  deletion.Commit();
-  return true;
 }
 
 }  // namespace quillary::clients

@@ -2,6 +2,7 @@
 
 #include "base/Refusal.h"
 #include "data/Business.h"
+#include "domain/ClientStatus.h"
 
 #include <QString>
 #include <QStringList>
@@ -9,21 +10,24 @@
 #include <optional>
 #include <vector>
 
-/// The door to the clients: the list, its search, and the deletion of a client.
+/// The door to the clients: the list and its search.
 namespace quillary::clients {
 
 enum class ClientKinds { All, RegularOnly };  // regular: with a service that repeats
 
 struct ClientListQuery {
-  QString status = QStringLiteral("All");  // one of ClientListStatuses()
+  std::optional<ClientStatus> status =
+      {};  // nothing: all but prospects, whose status begins with Q
   ClientKinds kinds = ClientKinds::All;
 };
-/// "All" first. All leaves out prospects, whose status begins with Q.
+/// The words to choose from: "All" first, then the statuses that clients are given by hand.
 QStringList ClientListStatuses();
+/// What a query asks for by one of these words.
+std::optional<ClientStatus> ClientListStatusOf(const QString& word);
 
 struct ClientListRow {
-  qint64 clientId = 0;
-  QString status;
+  Id<Client> client;
+  StoredClientStatus status;
   QString displayName;
   QString firstName;
   QString surname;
@@ -59,11 +63,6 @@ QString ListCountWords(size_t count);
 enum class ClientListCommand { View, Delete };
 /// What the list says when a command has no client to work on.
 std::optional<Refusal> CheckClientSelected(ClientListCommand command,
-                                           std::optional<qint64> clientId);
-
-/// Asks by the client's name, then deletes its row, its services, the lines of its diary entries
-/// and the ledger entries of its payments. Its diary entries, payments and invoices stay, and its
-/// sites go on pointing at it. One transaction. False when the user declined.
-bool DeleteClientAfterAsking(Business& business, Prompter& prompter, qint64 clientId);
+                                           std::optional<Id<Client>> client);
 
 }  // namespace quillary::clients

@@ -1,8 +1,9 @@
 #include "clients/ClientRecord.h"
 
 #include "balances/ClientBalance.h"
-#include "clients/ClientStatus.h"
+#include "clients/ClientColumns.h"
 #include "domain/EntryStatus.h"
+#include "domain/Payer.h"
 
 namespace quillary::clients {
 namespace {
@@ -14,48 +15,22 @@ std::optional<QDate> DebtorSinceOf(const Value& value) {
   return since->date;
 }
 
-ClientRecord RecordOf(const Record& row) {
-  const auto text = [&](const char16_t* column) { return row[column].ToText(); };
-  const auto yes = [&](const char16_t* column) { return row[column].ToBool(); };
+ClientRecord RecordOf(Id<Client> id, const Record& row) {
   ClientRecord client;
-  client.clientId = row[u"Client_ID"].ToLong();
-  const qint64 billed = row[u"Billing_Client_ID"].ToLong();
-  client.billingClientId = billed == 0 ? client.clientId : billed;
-  client.displayName = text(u"Display_Name");
-  client.firstName = text(u"First_Name");
-  client.surname = text(u"Surname");
-  client.status = text(u"Status");
-  client.streetNumber = text(u"Street_Number");
-  client.street = text(u"Street");
-  client.suburb = text(u"Suburb");
-  client.postCode = text(u"Post_Code");
-  client.map = text(u"Map");
-  client.phone1 = text(u"Phone_1");
-  client.phone2 = text(u"Phone_2");
-  client.fax = text(u"Fax");
-  client.email = text(u"Email");
-  client.notes = text(u"Notes");
-  client.privateNotes = text(u"Private_Notes");
-  client.requiresStatement = yes(u"Requires_Statement");
-  client.statementType = text(u"Statement_Type");
-  client.workCoverNumber = text(u"Work_Cover_Number");
-  client.workCoverLabel = text(u"WorkCoverLabel");
-  client.invoiceWithOutstanding = yes(u"InvoiceWithOutstanding");
-  client.invoiceWithNextJob = yes(u"InvoiceWithNextJob");
-  client.invoiceWithUnpaidPastJobs = yes(u"InvoiceWithUnpaidPastJobs");
-  client.invoiceWithTelNo = yes(u"InvoiceWithTelNo");
-  client.statementWithPayments = yes(u"StatementWithPayments");
+  client.clientId = id;
+  const Id<Client> payer = PayerFrom(id, row[u"Billing_Client_ID"]);
+  if (payer != id) client.otherPayer = payer;
+  for (const ClientColumn& column : ClientColumns()) column.Put(client, row[column.Name()]);
   client.debtorSince = DebtorSinceOf(row[u"Debtor_Since"]);
   client.accountBalance = row[u"Account_Balance"].ToMoney();
   return client;
 }
 
 /// The blank before the name puts a client whose save failed half way at the top of every list.
-qint64 InsertClient(Business& business) {
-  return business
-      .InsertReturningKey<Client>(Sql("INSERT INTO Clients (Display_Name, First_Name, Surname) "
-                                      "VALUES (' New client', ' New client', ' New client');"))
-      .Number();
+Id<Client> InsertClient(Business& business) {
+  return business.InsertReturningKey<Client>(
+      Sql("INSERT INTO Clients (Display_Name, First_Name, Surname) "
+          "VALUES (' New client', ' New client', ' New client');"));
 }
 
 void UpdateClient(Business& business, const ClientRecord& client) {
@@ -71,96 +46,129 @@ void UpdateClient(Business& business, const ClientRecord& client) {
               "InvoiceWithNextJob = {}, InvoiceWithUnpaidPastJobs = {}, InvoiceWithTelNo = {}, "
               "StatementWithPayments = {}, WorkCoverLabel = {}, Private_Notes = {}, "
               "Debtor_Since = {} WHERE Client_ID = {}; ",
-              client.IsBilledTo(), client.billingClientId, client.requiresStatement,
-              client.statementType, client.workCoverNumber, client.invoiceWithOutstanding,
-              client.invoiceWithNextJob, client.invoiceWithUnpaidPastJobs, client.invoiceWithTelNo,
+              client.IsBilledTo(), client.Payer(), client.requiresStatement, client.statementType,
+              client.workCoverNumber, client.invoiceWithOutstanding, client.invoiceWithNextJob,
+              client.invoiceWithUnpaidPastJobs, client.invoiceWithTelNo,
               client.statementWithPayments, client.workCoverLabel, client.privateNotes,
               client.debtorSince, client.clientId),
       Rows::Exactly(1));
 }
 
+/// A word typed in other letters is stored as the table spells it.
+template <Vocabulary Word>
+void SpellAsListed(Stored<Word>& word) {
+  if (word.Known()) word = Stored<Word>(*word.Known());
+}
+
+/// What the user changed, on top of what stands in the file now.
+ClientRecord WithChanges(ClientRecord inFile, const ClientRecord& client,
+                         const ClientRecord& loaded) {
+  for (const ClientColumn& column : ClientColumns()) {
+    const Value value = column.Of(client);
+    if (!(value == column.Of(loaded))) column.Put(inFile, value);
+  }
+  if (client.otherPayer != loaded.otherPayer) inFile.otherPayer = client.otherPayer;
+  if (client.debtorSince != loaded.debtorSince) inFile.debtorSince = client.debtorSince;
+  inFile.suburb = inFile.suburb.trimmed().toUpper();
+  SpellAsListed(inFile.status);
+  SpellAsListed(inFile.statementType);
+  return inFile;
+}
+
+/// The client comes first, since its own figure becomes 0 when another pays.
+void RecalculateAfterMove(Business& business, const ClientRecord& before,
+                          const ClientRecord& after) {
+  balances::RecalculateClientBalance(business, after.clientId);
+  for (const auto& payer : {before.otherPayer, after.otherPayer})
+    balances::RecalculateClientBalance(business, payer);
+}
+
+bool WeighsOtherwise(const ClientRecord& before, const ClientRecord& after) {
+  return before.otherPayer != after.otherPayer || before.status.Is(ClientStatus::BillingAddress) !=
+                                                      after.status.Is(ClientStatus::BillingAddress);
+}
+
 }  // namespace
+
+QStringList InvoiceTypes() {
+  return {TextOf(StatementType::WithJob), TextOf(StatementType::None),
+          TextOf(StatementType::Monthly)};
+}
 
 ClientRecord NewClientRecord() {
   ClientRecord client;
-  client.statementType = InvoiceTypes().first();
+  client.statementType = StatementType::WithJob;
   client.invoiceWithOutstanding = true;
   client.invoiceWithNextJob = true;
   return client;
 }
 
-std::optional<ClientRecord> LoadClientDetails(Business& business, qint64 clientId) {
-  const Recordset rows =
-      business.RunSQL(Sql("SELECT * FROM Clients WHERE Client_ID = {}", clientId));
-  if (!rows.HasRows()) return std::nullopt;
-  return RecordOf(rows.Row(0));
+std::optional<ClientRecord> LoadClientDetails(Business& business, Id<Client> client) {
+  const Recordset rows = business.RunSQL(Sql("SELECT * FROM Clients WHERE Client_ID = {}", client));
+  if (rows.EndOfFile()) return std::nullopt;
+  return RecordOf(client, rows.Row(0));
 }
 
 void LoadBillingDetails(Business& business, ClientRecord& client) {
-  if (client.IsNew()) return;
-  balances::RecalculateClientBalance(business, Id<Client>(client.billingClientId));
-  const Recordset rows = business.RunSQL(Sql(
+  const Recordset row = business.RunSQL(Sql(
       "SELECT Account_Balance, Debtor_Since FROM Clients WHERE Client_ID = {}", client.clientId));
-  if (!rows.HasRows()) return;
-  client.debtorSince = DebtorSinceOf(rows.Field(u"Debtor_Since"));
-  client.accountBalance = rows.Field(u"Account_Balance").ToMoney();
+  if (row.EndOfFile()) return;
+  client.debtorSince = DebtorSinceOf(row.Field(u"Debtor_Since"));
+  client.accountBalance = row.Field(u"Account_Balance").ToMoney();
 }
 
-namespace {
-
-/// The list's own spelling of a word that was typed in other letters.
-QString AsListed(const QStringList& list, const QString& word) {
-  for (const QString& listed : list) {
-    if (listed.compare(word, Qt::CaseInsensitive) == 0) return listed;
-  }
-  return word;
+void RefreshBillingDetails(Business& business, ClientRecord& client) {
+  if (client.IsNew()) return;
+  balances::RecalculateClientBalance(business, client.Payer());
+  LoadBillingDetails(business, client);
 }
 
-}  // namespace
-
-std::optional<Refusal> CheckClientDetails(const ClientRecord& client) {
-  if (!OfferedClientStatuses().contains(client.status, Qt::CaseInsensitive)) {
-    return Refusal{QStringLiteral("Please select a client status."), QStringLiteral("cmbStatus")};
-  }
-  if (client.displayName.trimmed().isEmpty()) {
-    return Refusal{QStringLiteral("Please enter the Billing name/Display name."),
-                   QStringLiteral("txtDisplayName")};
-  }
-  if (!InvoiceTypes().contains(client.statementType, Qt::CaseInsensitive)) {
-    return Refusal{QStringLiteral("Please select the invoicing type."),
-                   QStringLiteral("cmbInvoiceType")};
-  }
-  return std::nullopt;
-}
-
-std::optional<Refusal> CheckClientIsThere(Business& business, qint64 clientId) {
-  if (clientId == kNewClient ||
-      business.RunSQL(Sql("SELECT Client_ID FROM Clients WHERE Client_ID = {}", clientId))
-          .HasRows())
+std::optional<Refusal> CheckClientIsThere(Business& business, Id<Client> client) {
+  if (business.RunSQL(Sql("SELECT Client_ID FROM Clients WHERE Client_ID = {}", client)).HasRows())
     return std::nullopt;
   return Refusal{QStringLiteral("This client was deleted in the meantime. Nothing was saved."), {}};
 }
 
-std::optional<Refusal> SaveClientDetails(Business& business, ClientRecord& client) {
+std::optional<Refusal> CheckClientDetails(const ClientRecord& client) {
+  if (!client.status.IsIn(ClientGroup::OfferedByHand))
+    return Refusal{"Please select a client status.", "status"};
+  if (client.displayName.trimmed().isEmpty())
+    return Refusal{"Please enter the Billing name/Display name.", "displayName"};
+  if (!client.statementType.IsIn(StatementGroup::OfClients))
+    return Refusal{"Please select the invoicing type.", "statementType"};
+  return std::nullopt;
+}
+
+std::optional<Refusal> SaveClientDetails(Business& business, ClientRecord& client,
+                                         const ClientRecord& loaded) {
   if (auto refusal = CheckClientDetails(client)) return refusal;
-  if (auto refusal = CheckClientIsThere(business, client.clientId)) return refusal;
+  if (!client.IsNew())
+    if (auto refusal = CheckClientIsThere(business, *client.clientId)) return refusal;
   Transaction save(business);
-  ClientRecord saved = client;
-  saved.suburb = client.suburb.trimmed().toUpper();
-  saved.status = AsListed(OfferedClientStatuses(), client.status);
-  saved.statementType = AsListed(InvoiceTypes(), client.statementType);
-  if (saved.IsNew()) {
-    saved.clientId = InsertClient(business);
-    if (client.IsBilledTo()) saved.billingClientId = saved.clientId;
-  }
+  const Id<Client> id = client.IsNew() ? InsertClient(business) : *client.clientId;
+  ClientRecord inFile = client.IsNew() ? loaded : *LoadClientDetails(business, id);
+  inFile.clientId = id;
+  ClientRecord saved = WithChanges(inFile, client, loaded);
   UpdateClient(business, saved);
-  if (saved.status.toUpper() == u"CANCELLED") {
+  if (saved.status.Is(ClientStatus::Cancelled))
     business.Write(Sql("UPDATE Diary SET Status = {} WHERE Client_ID = {} AND Status = {};",
-                       EntryStatus::JobCancelled, saved.clientId, EntryStatus::JobOpen));
+                       EntryStatus::JobCancelled, id, EntryStatus::JobOpen));
+  if (!client.IsNew() && WeighsOtherwise(inFile, saved)) {
+    RecalculateAfterMove(business, inFile, saved);
+    LoadBillingDetails(business, saved);
   }
   save.Commit();
   client = saved;
   return std::nullopt;
+}
+
+ClientParts PartsOf(const ClientRecord& client) {
+  ClientParts parts;
+  parts.otherTabs = !client.IsNew();
+  parts.schedule = !client.status.Is(ClientStatus::BillingAddress);
+  parts.paymentNote = client.status.Is(ClientStatus::Active) && !client.IsBilledTo();
+  parts.invoicesAndPayments = !parts.paymentNote;
+  return parts;
 }
 
 }  // namespace quillary::clients

@@ -1,5 +1,6 @@
 #include "clients/MonthlyPrices.h"
 
+#include "balances/ClientBalance.h"
 #include "domain/EntryStatus.h"
 #include "domain/TaxRate.h"
 
@@ -17,20 +18,20 @@ Money ShareOf(Money amount, qint64 parts) {
 }
 
 /// False when the job has no lines to spread its share over.
-bool SetPriceOfJob(Business& business, qint64 diaryId, Money share) {
+bool SetPriceOfJob(Business& business, Id<Entry> entry, Money share) {
   const TaxRate rate = TaxRate::Of(business);
   business.Write(Sql("UPDATE Diary SET Total_Price = {}, Total_GST = {} WHERE Diary_ID = {}; ",
-                     share, rate.CalculateGSTComponent(share), diaryId),
+                     share, rate.CalculateGSTComponent(share), entry),
                  Rows::Exactly(1));
   const qint64 lines =
       business
-          .FirstField(Sql("SELECT Count(Diary_Service_ID) FROM Diary_Services WHERE Diary_ID = {}",
-                          diaryId))
+          .FirstField(
+              Sql("SELECT Count(Diary_Service_ID) FROM Diary_Services WHERE Diary_ID = {}", entry))
           .ToLong();
   if (lines == 0) return false;
   const Money price = ShareOf(share, lines);
   business.Write(Sql("UPDATE Diary_Services Set Price = {}, GST = {} WHERE Diary_ID = {};", price,
-                     rate.CalculateGSTComponent(price), diaryId));
+                     rate.CalculateGSTComponent(price), entry));
   return true;
 }
 
@@ -43,45 +44,39 @@ void ReportJobWithoutLines(Business& business) {
 
 }  // namespace
 
-MonthRange MonthOf(QDate today) {
-  const QDate first(today.year(), today.month(), 1);
-  return {first, first.addMonths(1).addDays(-1)};
-}
-
-std::vector<MonthlyJob> LoadJobsForThisClient(Business& business, qint64 clientId,
-                                              const MonthRange& days) {
+std::vector<MonthlyJob> LoadJobsForThisClient(Business& business, Id<Client> client,
+                                              const DateRange& days) {
   std::vector<MonthlyJob> jobs;
   const Recordset rows = business.RunSQL(
-      Sql("SELECT * FROM Diary WHERE Left(Status,1) = 'J' AND Schedule_Date BETWEEN {} AND {} "
+      Sql("SELECT * FROM Diary WHERE {} AND Schedule_Date BETWEEN {} AND {} "
           "AND Client_ID = {} ORDER BY Schedule_Date DESC;",
-          days.from, EndOfDay(days.to), clientId));
+          IsOfKind("Status", EntryKind::Job), days.from, EndOfDay(days.to), client));
   for (const Record row : rows) {
-    jobs.push_back({row[u"Diary_ID"].ToLong(), row[u"Schedule_Date"].ToDate(),
+    jobs.push_back({Id<Entry>(row[u"Diary_ID"].ToLong()), row[u"Schedule_Date"].ToDate(),
                     row[u"Description"].ToText(), row[u"Total_Price"].ToMoney(),
                     StatusWords(row[u"Status"].ToText())});
   }
   return jobs;
 }
 
-std::optional<Refusal> CheckMonthlyPrices(Money amount, const std::vector<qint64>& ticked) {
-  if (amount < Money::FromWhole(1)) {
-    return Refusal{"Please enter an amount greater than 0.", "txtAmount"};
-  }
-  if (ticked.empty()) return Refusal{"You did not select any job.", "fgJobs"};
+std::optional<Refusal> CheckMonthlyPrices(Money amount, const std::vector<Id<Entry>>& ticked) {
+  if (amount < Money::FromWhole(1))
+    return Refusal{"Please enter an amount greater than 0.", "amount"};
+  if (ticked.empty()) return Refusal{"You did not select any job.", "jobs"};
   return std::nullopt;
 }
 
-std::optional<Refusal> SetJobPricesForMonthly(Business& business, Money amount,
-                                              const std::vector<qint64>& ticked) {
+std::optional<Refusal> SetJobPricesForMonthly(Business& business, Id<Client> client, Money amount,
+                                              const std::vector<Id<Entry>>& ticked) {
   if (auto refusal = CheckMonthlyPrices(amount, ticked)) return refusal;
   int withoutLines = 0;
   {
     const BusyWhile busy(business.World().busy);
     const Money share = ShareOf(amount, static_cast<qint64>(ticked.size()));
     Transaction spread(business);
-    for (const qint64 diaryId : ticked) {
-      if (!SetPriceOfJob(business, diaryId, share)) ++withoutLines;
-    }
+    for (const Id<Entry> entry : ticked)
+      if (!SetPriceOfJob(business, entry, share)) ++withoutLines;
+    balances::RecalculateClientAndPayer(business, client);
     spread.Commit();
   }
   for (; withoutLines > 0; --withoutLines) ReportJobWithoutLines(business);

@@ -6,7 +6,7 @@
 namespace quillary::clients {
 namespace {
 
-qint64 InsertAddress(Business& business, const BillingAddress& address) {
+Id<Client> InsertAddress(Business& business, const BillingAddress& address) {
   const Id<Client> client = business.InsertReturningKey<Client>(
       Sql("INSERT INTO Clients (Display_Name, Status, First_Name, Surname, Street_Number, Street, "
           "Suburb, Post_Code, Phone_1, Phone_2, Email, Fax, Notes, Statement_Type) "
@@ -19,7 +19,7 @@ qint64 InsertAddress(Business& business, const BillingAddress& address) {
                      "WHERE Client_ID = {}",
                      client),
                  Rows::Exactly(1));
-  return client.Number();
+  return client;
 }
 
 void UpdateAddress(Business& business, const BillingAddress& address) {
@@ -36,25 +36,31 @@ void UpdateAddress(Business& business, const BillingAddress& address) {
 
 }  // namespace
 
-std::optional<BillingAddress> LoadBillingAddress(Business& business, qint64 clientId) {
-  const Recordset rows =
-      business.RunSQL(Sql("SELECT * FROM Clients WHERE Client_ID = {}", clientId));
-  if (!rows.HasRows()) return std::nullopt;
+std::optional<BillingAddress> LoadBillingAddress(Business& business, Id<Client> client) {
+  const Recordset rows = business.RunSQL(Sql("SELECT * FROM Clients WHERE Client_ID = {}", client));
+  if (rows.EndOfFile()) return std::nullopt;
   const auto text = [&](const char16_t* column) { return rows.Field(column).ToText(); };
-  return BillingAddress{clientId,         text(u"Display_Name"),  text(u"First_Name"),
-                        text(u"Surname"), text(u"Street_Number"), text(u"Street"),
-                        text(u"Suburb"),  text(u"Post_Code"),     text(u"Phone_1"),
-                        text(u"Phone_2"), text(u"Email"),         text(u"Fax"),
-                        text(u"Notes"),   text(u"Statement_Type")};
+  return BillingAddress{.clientId = client,
+                        .billingName = text(u"Display_Name"),
+                        .firstName = text(u"First_Name"),
+                        .surname = text(u"Surname"),
+                        .streetNumber = text(u"Street_Number"),
+                        .street = text(u"Street"),
+                        .suburb = text(u"Suburb"),
+                        .postCode = text(u"Post_Code"),
+                        .phone1 = text(u"Phone_1"),
+                        .phone2 = text(u"Phone_2"),
+                        .email = text(u"Email"),
+                        .fax = text(u"Fax"),
+                        .notes = text(u"Notes"),
+                        .statementType = StoredStatementType(text(u"Statement_Type"))};
 }
 
 std::optional<Refusal> CheckBillingAddress(const BillingAddress& address) {
-  if (address.billingName.trimmed().isEmpty()) {
-    return Refusal{"Please enter the billing name.", "txtBillingName"};
-  }
-  if (!Lists().statementTypes.contains(address.statementType, Qt::CaseInsensitive)) {
-    return Refusal{"Please select the statement type.", "cmbStatementType"};
-  }
+  if (address.billingName.trimmed().isEmpty())
+    return Refusal{"Please enter the billing name.", "billingName"};
+  if (!Lists().statementTypes.contains(address.statementType.Text(), Qt::CaseInsensitive))
+    return Refusal{"Please select the statement type.", "statementType"};
   return std::nullopt;
 }
 

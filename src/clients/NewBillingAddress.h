@@ -2,6 +2,7 @@
 
 #include "base/Refusal.h"
 #include "data/Business.h"
+#include "domain/BillingWords.h"
 
 #include <QString>
 
@@ -11,7 +12,7 @@
 namespace quillary::clients {
 
 struct BillingAddress {
-  std::optional<qint64> clientId;  // nothing while it is not stored
+  std::optional<Id<Client>> clientId;  // nothing while it is not stored
   QString billingName;
   QString firstName;
   QString surname;
@@ -24,17 +25,18 @@ struct BillingAddress {
   QString email;
   QString fax;
   QString notes;
-  QString statementType;  // one of Lists().statementTypes
+  StoredStatementType statementType;
 
   bool operator==(const BillingAddress&) const = default;
 };
 
 /// Nothing when there is no such client.
-std::optional<BillingAddress> LoadBillingAddress(Business& business, qint64 clientId);
+std::optional<BillingAddress> LoadBillingAddress(Business& business, Id<Client> client);
 /// Refuses an empty billing name, then a missing statement type.
 std::optional<Refusal> CheckBillingAddress(const BillingAddress& address);
 /// Writes the address to Clients. A new one gets the status "Billing address" and its key, and
-/// bills itself. Writes nothing when CheckBillingAddress() refuses.
+/// bills itself. Writes nothing when CheckBillingAddress() refuses. Throws WriteFailed, with
+/// nothing written, when a stored one has gone meanwhile.
 std::optional<Refusal> SaveBillingAddress(Business& business, BillingAddress& address);
 
 }  // namespace quillary::clients

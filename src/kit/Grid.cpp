@@ -155,11 +155,12 @@ void Grid::SelectLoaded(int row) {
   int column = currentIndex().isValid() ? currentIndex().column() : lastColumn_;
   if (column >= model_->columnCount() || isColumnHidden(column)) column = 0;
   while (isColumnHidden(column) && column + 1 < model_->columnCount()) ++column;
-  const QModelIndex at = view_->mapFromSource(model_->index(row, column));
+  // Who hears of the selection may load other rows.
+  const QPersistentModelIndex at = view_->mapFromSource(model_->index(row, column));
   if (!at.isValid()) return;
   selectionModel()->setCurrentIndex(
       at, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
-  scrollTo(at);
+  if (at.isValid()) scrollTo(at);
 }
 
 int Grid::LoadedRow(const QModelIndex& shown) const {

@@ -30,7 +30,18 @@ bool RowTicks::IsTicked(int row) const {
   return grid_->Rows()[static_cast<size_t>(row)].cells[static_cast<size_t>(column_)].value.ToBool();
 }
 
+bool RowTicks::IsShown(int row) const {
+  return !grid_->RowRect(row).isEmpty();
+}
+
 std::vector<qint64> RowTicks::TickedKeys() const {
+  std::vector<qint64> keys;
+  for (int row = 0; row < static_cast<int>(grid_->Rows().size()); ++row)
+    if (IsTicked(row) && IsShown(row)) keys.push_back(grid_->Key(row));
+  return keys;
+}
+
+std::vector<qint64> RowTicks::AllTickedKeys() const {
   std::vector<qint64> keys;
   for (int row = 0; row < static_cast<int>(grid_->Rows().size()); ++row)
     if (IsTicked(row)) keys.push_back(grid_->Key(row));
@@ -40,7 +51,7 @@ std::vector<qint64> RowTicks::TickedKeys() const {
 void RowTicks::TickAll(bool on) {
   std::set<int> shown;
   for (int row = 0; row < static_cast<int>(grid_->Rows().size()); ++row)
-    if (!grid_->RowRect(row).isEmpty()) shown.insert(row);
+    if (IsShown(row)) shown.insert(row);
   Write(shown, on);
 }
 
@@ -70,7 +81,7 @@ void RowTicks::ShowAll() {
   const QSignalBlocker quiet(tickAll_);
   const size_t rows = grid_->Rows().size();
   tickAll_->setEnabled(rows > 0);
-  tickAll_->setChecked(rows > 0 && TickedKeys().size() == rows);
+  tickAll_->setChecked(rows > 0 && AllTickedKeys().size() == rows);
 }
 
 bool RowTicks::eventFilter(QObject* watched, QEvent* event) {

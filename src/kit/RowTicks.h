@@ -31,8 +31,10 @@ class RowTicks : public QObject {
 
   /// Starts from the ticks with which the rows were loaded.
   void TakeRows();
-  /// In the order of the rows.
+  /// Of the rows that show, in their order: no command may reach what a filter hides.
   std::vector<qint64> TickedKeys() const;
+  /// Of all rows, hidden or not: for ticks that stand for what is stored.
+  std::vector<qint64> AllTickedKeys() const;
   template <NumberedRow Row>
   std::vector<Id<Row>> TickedIds() const {
     return IdsFrom<Row>(TickedKeys());
@@ -48,6 +50,7 @@ class RowTicks : public QObject {
  private:
   void Toggle(int row);
   bool IsTicked(int row) const;
+  bool IsShown(int row) const;
   /// Writes ticks into rows and shows them where they were.
   void Write(const std::set<int>& rows, bool on);
   void ShowAll();

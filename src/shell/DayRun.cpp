@@ -109,8 +109,8 @@ std::optional<qint64> MarkFirstJobDone(QWidget* window, const FailingErrors& err
 }
 
 /// An invoice for the job.
-billing::InvoiceForm BillJob(Business& business, qint64 diaryId) {
-  billing::InvoiceForm form = billing::NewInvoice(business, std::nullopt, diaryId);
+billing::InvoiceForm BillJob(Business& business, Id<Entry> job) {
+  billing::InvoiceForm form = billing::NewInvoice(business, std::nullopt, job);
   if (form.statementType.isEmpty()) form.statementType = billing::TypesOfInvoice().first();
   if (const auto refusal = billing::SaveInvoices(business, form)) Fail(refusal->message);
   Say(QStringLiteral("Billed it by invoice %1 over %2.")
@@ -120,13 +120,13 @@ billing::InvoiceForm BillJob(Business& business, qint64 diaryId) {
 
 billing::InvoiceForm NewestInvoice(Business& business) {
   const Value newest = business.FirstField(Sql("SELECT MAX(Invoice_ID) FROM Invoices"));
-  const auto form = billing::LoadInvoiceDetails(business, newest.ToLong());
+  const auto form = billing::LoadInvoiceDetails(business, Id<Invoice>(newest.ToLong()));
   if (!form) Fail(QStringLiteral("There is no invoice to print"));
   return *form;
 }
 
 void PrintInBothForms(Business& business, const billing::InvoiceForm& invoice) {
-  billing::PrepareInvoicePrint(business, {invoice.invoiceId});
+  billing::PrepareInvoicePrint(business, {*invoice.invoiceId});
   const documents::BillingPlaces places{.report =
                                             documents::ReportPlacesUnder(session::ProgramFolder())};
   QStringList told;  // both forms miss the same picture
@@ -173,7 +173,7 @@ void Run(const QString& commandLine, const QString& file, const QString& folder)
   const auto job = MarkFirstJobDone(window, errors);
   const QString picture = TakePicture(window, folder);
   Business& business = program.OpenBusiness();
-  PrintInBothForms(business, job ? BillJob(business, *job) : NewestInvoice(business));
+  PrintInBothForms(business, job ? BillJob(business, Id<Entry>(*job)) : NewestInvoice(business));
   window->close();
   if (!errors.failure.isEmpty()) Fail(errors.failure);
   Say(QStringLiteral("Picture of the main window: %1").arg(picture));

@@ -101,11 +101,11 @@ void MainSearch::OfferClients(const QString& typed) {
   for (const clients::FoundClient& client : clients) {
     Add(client.address.isEmpty() ? client.name
                                  : client.name + QStringLiteral("  –  ") + client.address,
-        [this, id = client.clientId] { navigator_.Open(OpenClient{id}); });
+        [this, id = client.client] { navigator_.Open(OpenClient{id}); });
     if (clients.size() > kClientsWithJobs) continue;
-    for (const clients::FoundJob& job : finder_->Jobs(client.clientId))
+    for (const clients::FoundJob& job : finder_->Jobs(client.client))
       Add(client.name + QStringLiteral("  –  ") + job.words,
-          [this, id = Id<Entry>(job.diaryId)] { navigator_.Open(EditJob{id}); });
+          [this, id = job.entry] { navigator_.Open(EditJob{id}); });
   }
 }
 

@@ -17,21 +17,21 @@ using InvoiceRecordTest = InvoiceTest;
 TEST_F(InvoiceRecordTest, ChecksSpeakInTheOrderOfTheScreen) {
   struct Case {
     const char* fault;
-    std::optional<qint64> client;
+    std::optional<Id<Client>> client;
     const char* number;
     const char* type;
     const char* message;
     const char* field;
   };
   const Case cases[] = {
-      {"all wrong", {}, "", "", "Please select the billed client.", "cmdBilledClient"},
-      {"blank number", 1, "  ", "", "Please enter the invoice number.", "txtInvoiceNumber"},
-      {"number 0", 1, "0", "With job", "Please enter the invoice number.", "txtInvoiceNumber"},
-      {"letters before digits", 1, "A12", "With job", "Please enter the invoice number.",
-       "txtInvoiceNumber"},
-      {"no type", 1, "12", "", "Please select the type of this invoice.", "cmbType"},
-      {"old type of statements", 1, "12", "Statement", "Please select the type of this invoice.",
-       "cmbType"},
+      {"all wrong", {}, "", "", "Please select the billed client.", "client"},
+      {"blank number", 1_client, "  ", "", "Please enter the invoice number.", "number"},
+      {"number 0", 1_client, "0", "With job", "Please enter the invoice number.", "number"},
+      {"letters before digits", 1_client, "A12", "With job", "Please enter the invoice number.",
+       "number"},
+      {"no type", 1_client, "12", "", "Please select the type of this invoice.", "type"},
+      {"old type of statements", 1_client, "12", "Statement",
+       "Please select the type of this invoice.", "type"},
   };
   for (const Case& c : cases) {
     InvoiceForm form = NewInvoice(business(), std::nullopt, std::nullopt);
@@ -47,32 +47,32 @@ TEST_F(InvoiceRecordTest, ChecksSpeakInTheOrderOfTheScreen) {
 }
 
 TEST_F(InvoiceRecordTest, NumbersAreBurntTypedAndRepeated) {
-  NewInvoice(business(), 1, std::nullopt);  // and cancelled
+  NewInvoice(business(), 1_client, std::nullopt);  // and cancelled
   EXPECT_EQ(Count("Invoices"), 0);
   EXPECT_EQ(Number(Sql("SELECT Invoice_Number FROM infSystem")), 1001);
-  InvoiceForm first = AddInvoice(1);
+  InvoiceForm first = AddInvoice(1_client);
   EXPECT_EQ(first.number, "1002");
   first.number = "12A";
-  InvoiceForm second = AddInvoice(1);
+  InvoiceForm second = AddInvoice(1_client);
   second.number = "12A";
   EXPECT_FALSE(SaveInvoices(business(), first));
   EXPECT_FALSE(SaveInvoices(business(), second));
   EXPECT_EQ(Rows(Sql("SELECT Invoice_Number FROM Invoices")), "12A,12A");
-  EXPECT_EQ(LoadInvoiceDetails(business(), second.invoiceId)->number, "12");
+  EXPECT_EQ(LoadInvoiceDetails(business(), *second.invoiceId)->number, "12");
   EXPECT_EQ(Number(Sql("SELECT Invoice_Number FROM infSystem")), 1003);
 }
 
 TEST_F(InvoiceRecordTest, WhoPaysIsBilledUnderItsAddress) {
-  const qint64 job = AddJob(3, "J", kDay);
-  EXPECT_EQ(NewInvoice(business(), 3, std::nullopt).clientId, 2);
-  EXPECT_EQ(NewInvoice(business(), std::nullopt, job).clientId, 2);
+  const Id<Entry> job = AddJob(3, "J", kDay);
+  EXPECT_EQ(NewInvoice(business(), 3_client, std::nullopt).clientId, 2_client);
+  EXPECT_EQ(NewInvoice(business(), std::nullopt, job).clientId, 2_client);
   EXPECT_FALSE(NewInvoice(business(), std::nullopt, std::nullopt).clientId);
   Run(Sql("UPDATE Clients SET Account_Balance = -55.5 WHERE Client_ID = 1"));
   InvoiceForm form;
   form.madeOutTo = "typed before";
-  const BilledClient client = ChooseBilledClient(business(), form, 1);
+  const auto client = ChooseBilledClient(business(), form, 1_client);
   EXPECT_EQ(form.madeOutTo, "Abbott\n18 High St\nKEW 3101");
-  EXPECT_EQ(client.OutstandingWords(), "Current outstanding amount is $55.50");
+  EXPECT_EQ(client->OutstandingWords(), "Current outstanding amount is $55.50");
   EXPECT_EQ(form.options, (InvoiceOptions{false, true, false}));
 }
 
@@ -92,7 +92,7 @@ TEST_F(InvoiceRecordTest, ListsWhoIsBilled) {
   Run(Sql("UPDATE Clients SET Is_Billed_To = False WHERE Display_Name = 'Zoe'"));
   const QStringList active = names(BilledClients::Active).split(u',');
   for (const Record client : Run(Sql("SELECT Client_ID, Display_Name FROM Clients"))) {
-    const auto billed = LoadBilledClient(business(), client[size_t{0}].ToLong());
+    const auto billed = LoadBilledClient(business(), Id<Client>(client[size_t{0}].ToLong()));
     ASSERT_TRUE(billed);
     EXPECT_EQ(billed->isListedAsActive, active.contains(billed->displayName))
         << billed->displayName.toStdString();
@@ -100,7 +100,7 @@ TEST_F(InvoiceRecordTest, ListsWhoIsBilled) {
 }
 
 TEST_F(InvoiceRecordTest, OneDateGoesIntoAllThreeAndOptionsToTheClient) {
-  InvoiceForm form = NewInvoice(business(), 1, std::nullopt);
+  InvoiceForm form = NewInvoice(business(), 1_client, std::nullopt);
   form.date = {2026, 9, 1};
   form.madeOutTo = "it's\nmine";
   form.notes = "  note ";
@@ -117,21 +117,21 @@ TEST_F(InvoiceRecordTest, OneDateGoesIntoAllThreeAndOptionsToTheClient) {
   EXPECT_EQ(Rows(Sql("SELECT InvoiceWithOutstanding, InvoiceWithNextJob, "
                      "InvoiceWithUnpaidPastJobs FROM Clients WHERE Client_ID = 1")),
             "True False True");
-  const auto loaded = LoadInvoiceDetails(business(), form.invoiceId);
+  const auto loaded = LoadInvoiceDetails(business(), *form.invoiceId);
   EXPECT_EQ(loaded->madeOutTo, "it's\nmine");
   EXPECT_EQ(loaded->notes, "note");
   EXPECT_EQ(loaded->statementType, "Monthly");
   EXPECT_TRUE(loaded->isPaid);
   Run(Sql("UPDATE Invoices SET Statement_Type = 'With Job', Generation_Date = NULL"));
-  EXPECT_EQ(LoadInvoiceDetails(business(), form.invoiceId)->statementType, "With job");
-  EXPECT_EQ(LoadInvoiceDetails(business(), form.invoiceId)->date, business().Today());
-  EXPECT_FALSE(LoadInvoiceDetails(business(), 99));
+  EXPECT_EQ(LoadInvoiceDetails(business(), *form.invoiceId)->statementType, "With job");
+  EXPECT_EQ(LoadInvoiceDetails(business(), *form.invoiceId)->date, business().Today());
+  EXPECT_FALSE(LoadInvoiceDetails(business(), 99_invoice));
 }
 
 TEST_F(InvoiceRecordTest, OnlyTheJobAnInvoiceIsMadeForBecomesInvoiced) {
-  const qint64 made = AddJob(1, "JD", kDay);
-  const qint64 also = AddJob(1, "J", kDay);
-  InvoiceForm form = NewInvoice(business(), 1, made);
+  const Id<Entry> made = AddJob(1, "JD", kDay);
+  const Id<Entry> also = AddJob(1, "J", kDay);
+  InvoiceForm form = NewInvoice(business(), 1_client, made);
   EXPECT_EQ(form.totalAmount, Money::FromWhole(110)) << "the job's amounts, before it is attached";
   form.jobsToAttach = {also};
   EXPECT_FALSE(SaveInvoices(business(), form));
@@ -144,50 +144,50 @@ TEST_F(InvoiceRecordTest, OnlyTheJobAnInvoiceIsMadeForBecomesInvoiced) {
 TEST_F(InvoiceRecordTest, StatusAndInvoiceOfAJobMoveIndependently) {
   struct Case {
     const char* fault;
-    std::function<void(InvoiceForm&, qint64)> act;
+    std::function<void(InvoiceForm&, Id<Entry>)> act;
     const char* state;
   };
   const Case cases[] = {
       {"removing changed the status",
-       [&](InvoiceForm& form, qint64 job) { EXPECT_FALSE(RemoveJob(business(), form, job)); },
+       [&](InvoiceForm& form, Id<Entry> job) { EXPECT_FALSE(RemoveJob(business(), form, job)); },
        "JI -"},
       {"deleting from the list changed the status",
-       [&](InvoiceForm& form, qint64) {
+       [&](InvoiceForm& form, Id<Entry>) {
          outside.prompter.Expect("Are you sure you want to delete ticked invoices ", Answer::Yes);
-         DeleteTickedInvoices(business(), outside.prompter, {form.invoiceId});
+         DeleteTickedInvoices(business(), outside.prompter, {*form.invoiceId});
        },
        "JI -"},
       {"deleting from the client left the status",
-       [&](InvoiceForm& form, qint64) {
+       [&](InvoiceForm& form, Id<Entry>) {
          outside.prompter.Expect("Are you sure you want to delete this invoice?", Answer::Yes);
          clients::DeleteClientInvoice(business(), outside.prompter, form.invoiceId);
        },
        "JD -"},
   };
   for (const Case& c : cases) {
-    const qint64 job = AddJob(1, "JU", kDay);
-    InvoiceForm form = NewInvoice(business(), 1, job);
+    const Id<Entry> job = AddJob(1, "JU", kDay);
+    InvoiceForm form = NewInvoice(business(), 1_client, job);
     EXPECT_FALSE(SaveInvoices(business(), form));
-    EXPECT_EQ(StateOf(job), QStringLiteral("JI %1").arg(form.invoiceId));
+    EXPECT_EQ(StateOf(job), QStringLiteral("JI %1").arg(form.invoiceId->Number()));
     c.act(form, job);
     EXPECT_EQ(StateOf(job), c.state) << c.fault;
   }
-  InvoiceForm form = AddInvoice(1);
+  InvoiceForm form = AddInvoice(1_client);
   EXPECT_EQ(RemoveJob(business(), form, std::nullopt)->message, "Please select a job to remove.");
 }
 
 TEST_F(InvoiceRecordTest, AttachingMovesAJobAndLeavesOldTotalsStale) {
-  const qint64 job = AddJob(3, "J", kDay);
-  InvoiceForm first = NewInvoice(business(), 2, std::nullopt);
+  const Id<Entry> job = AddJob(3, "J", kDay);
+  InvoiceForm first = NewInvoice(business(), 2_client, std::nullopt);
   first.jobsToAttach = {job};
   AttachedJobs jobs = LoadAttachedJobs(business(), first);
   first.totalAmount = jobs.totalAmount;
   EXPECT_FALSE(SaveInvoices(business(), first));
-  const InvoiceForm second = AddInvoice(2);
-  AttachJobs(business(), second.invoiceId, {job});
+  const InvoiceForm second = AddInvoice(2_client);
+  AttachJobs(business(), *second.invoiceId, {job});
   EXPECT_EQ(StateOf(job), "J 2");
   EXPECT_TRUE(LoadAttachedJobs(business(), first).rows.empty());
-  EXPECT_EQ(LoadInvoiceDetails(business(), first.invoiceId)->totalAmount, Money::FromWhole(110));
+  EXPECT_EQ(LoadInvoiceDetails(business(), *first.invoiceId)->totalAmount, Money::FromWhole(110));
   Run(Sql("UPDATE Diary SET Total_Price = 220, Total_GST = NULL"));
   jobs = LoadAttachedJobs(business(), second);
   ASSERT_EQ(jobs.rows.size(), 1U);
@@ -198,11 +198,11 @@ TEST_F(InvoiceRecordTest, AttachingMovesAJobAndLeavesOldTotalsStale) {
 
 TEST_F(InvoiceRecordTest, InvoicesMoveNoBalance) {
   Run(Sql("UPDATE Clients SET Account_Balance = -42"));
-  const qint64 job = AddJob(1, "JD", kDay);
-  InvoiceForm form = NewInvoice(business(), 1, job);
+  const Id<Entry> job = AddJob(1, "JD", kDay);
+  InvoiceForm form = NewInvoice(business(), 1_client, job);
   EXPECT_FALSE(SaveInvoices(business(), form));
   EXPECT_FALSE(RemoveJob(business(), form, job));
-  DeleteInvoices(business(), {form.invoiceId});
+  DeleteInvoices(business(), {*form.invoiceId});
   EXPECT_EQ(Rows(Sql("SELECT Account_Balance FROM Clients")), "-42,-42,-42");
 }
 
@@ -222,8 +222,8 @@ struct RateCase {
 };
 
 TEST_F(InvoiceRecordTest, TaxOfAnEntryCountsWholePercents) {
-  const qint64 job = AddJob(1, "J", kDay, 100, 99);
-  const qint64 bare = AddJob(1, "J", kDay, 100, 99);
+  const Id<Entry> job = AddJob(1, "J", kDay, 100, 99);
+  const Id<Entry> bare = AddJob(1, "J", kDay, 100, 99);
   for (const double price : {55.0, 44.44})
     Run(Sql("INSERT INTO Diary_Services (Diary_ID, Service_ID, Price) VALUES ({}, 1, {})", job,
             price));
@@ -235,13 +235,13 @@ TEST_F(InvoiceRecordTest, TaxOfAnEntryCountsWholePercents) {
   };
   for (const RateCase& c : cases) {
     Run(Sql("UPDATE infOptions SET GST_Percentage = {}", c.rate));
-    roll::RecalculateDiaryEntryGST(business(), Id<Entry>(job));
+    roll::RecalculateDiaryEntryGST(business(), job);
     EXPECT_EQ(Rows(Sql("SELECT GST FROM Diary_Services ORDER BY Diary_Service_ID")), c.lines)
         << c.fault;
     EXPECT_EQ(Rows(Sql("SELECT Total_GST FROM Diary WHERE Diary_ID = {}", job)), c.total)
         << c.fault;
   }
-  roll::RecalculateDiaryEntryGST(business(), Id<Entry>(bare));
+  roll::RecalculateDiaryEntryGST(business(), bare);
   EXPECT_EQ(Rows(Sql("SELECT Total_GST FROM Diary WHERE Diary_ID = {}", bare)), "99");
 }
 
@@ -271,14 +271,14 @@ TEST_F(InvoiceRecordTest, ListShowsThePeriodAndTheMonthlyOnes) {
 }
 
 TEST_F(InvoiceRecordTest, TickedInvoicesGoAfterOneQuestion) {
-  const InvoiceForm one = AddInvoice(1, {AddJob(1, "J", kDay)});
-  const InvoiceForm two = AddInvoice(1, {AddJob(1, "JI", kDay)});
-  const InvoiceForm kept = AddInvoice(1, {AddJob(1, "JP", kDay)});
+  const InvoiceForm one = AddInvoice(1_client, {AddJob(1, "J", kDay)});
+  const InvoiceForm two = AddInvoice(1_client, {AddJob(1, "JI", kDay)});
+  const InvoiceForm kept = AddInvoice(1_client, {AddJob(1, "JP", kDay)});
   Run(Sql("INSERT INTO Invoice_Items (Invoice_ID) VALUES ({})", one.invoiceId));
   Run(Sql("INSERT INTO Invoice_Items (Invoice_ID) VALUES ({})", kept.invoiceId));
   for (const Answer answer : {Answer::No, Answer::Yes}) {
     outside.prompter.Expect("Are you sure you want to delete ticked invoices ", answer);
-    EXPECT_EQ(DeleteTickedInvoices(business(), outside.prompter, {one.invoiceId, two.invoiceId}),
+    EXPECT_EQ(DeleteTickedInvoices(business(), outside.prompter, {*one.invoiceId, *two.invoiceId}),
               answer == Answer::Yes);
     EXPECT_EQ(Count("Invoices"), answer == Answer::Yes ? 1 : 3);
   }
@@ -289,13 +289,13 @@ TEST_F(InvoiceRecordTest, TickedInvoicesGoAfterOneQuestion) {
 TEST_F(InvoiceRecordTest, PrintingSelectsAnewAndRecomputesWhereAsked) {
   AddJob(1, "JD", kDay);
   outside.headOffice.sessionKey = "S";
-  SelectInvoicesToPrint(business(), {7, 8});
-  PrepareInvoicePrint(business(), {5});
+  SelectInvoicesToPrint(business(), {7_invoice, 8_invoice});
+  PrepareInvoicePrint(business(), {5_invoice});
   EXPECT_EQ(Rows(Sql("SELECT Invoice_ID FROM lstInvoicesToPrint")), "5");
   EXPECT_EQ(Rows(Sql("SELECT Account_Balance FROM Clients WHERE Client_ID = 1")), "0");
   EXPECT_TRUE(outside.headOffice.activities.isEmpty());
   business().values.recalculateClientAmtsOwingOnPrint = true;
-  PrepareInvoicePrint(business(), {6});
+  PrepareInvoicePrint(business(), {6_invoice});
   EXPECT_EQ(Rows(Sql("SELECT Account_Balance FROM Clients WHERE Client_ID = 1")), "-110");
   EXPECT_EQ(
       outside.headOffice.activities,

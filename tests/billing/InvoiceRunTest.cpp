@@ -7,7 +7,7 @@
 namespace quillary::billing {
 namespace {
 
-const MonthlyPeriod kOctober{QDate(2026, 10, 1), QDate(2026, 10, 31), QDate(2026, 11, 2)};
+const MonthlyPeriod kOctober{{QDate(2026, 10, 1), QDate(2026, 10, 31)}, QDate(2026, 11, 2)};
 
 class InvoiceRunTest : public InvoiceTest {
  protected:
@@ -31,7 +31,7 @@ TEST_F(InvoiceRunTest, DescriptionNamesAMonthOrItsDates) {
       {QDate(2026, 3, 1), QDate(2026, 4, 30), "TAX INVOICE FOR 01-MAR-2026 TO 30-APR-2026"},
       {QDate(2025, 3, 1), QDate(2026, 3, 31), "TAX INVOICE FOR 01-MAR-2025 TO 31-MAR-2026"},
   };
-  for (const auto& [from, to, words] : cases) EXPECT_EQ(MonthlyDescription(from, to), words);
+  for (const auto& [from, to, words] : cases) EXPECT_EQ(MonthlyDescription({from, to}), words);
 }
 
 TEST_F(InvoiceRunTest, AGroupGetsOneInvoiceOfItsDoneJobs) {
@@ -95,9 +95,8 @@ TEST_F(InvoiceRunTest, WhoIsNotToBeBilledIsSkipped) {
     AddJob(3, "JD", QDate(2026, 10, 5));
     EXPECT_EQ(GenerateMonthlyInvoices(business(), kOctober).invoicesMade, c.monthly ? 1 : 0)
         << c.status << ' ' << c.billed;
-    EXPECT_EQ(
-        GenerateWithJobInvoices(business(), QDate(2026, 10, 5), QDate(2026, 10, 5)).invoicesMade,
-        c.withJob ? 1 : 0)
+    EXPECT_EQ(GenerateWithJobInvoices(business(), DateRange::Of({2026, 10, 5})).invoicesMade,
+              c.withJob ? 1 : 0)
         << c.status << ' ' << c.billed;
     Run(Sql("DELETE FROM Diary"));
   }
@@ -106,13 +105,12 @@ TEST_F(InvoiceRunTest, WhoIsNotToBeBilledIsSkipped) {
 TEST_F(InvoiceRunTest, WithJobRunBillsEachJobOnceWhateverItsStatus) {
   Run(Sql("UPDATE Clients SET Statement_Type = 'With Job' WHERE Client_ID = 2"));
   AddJob(1, "JD", QDate(2026, 11, 2), 44, 4);
-  const InvoiceForm before = AddInvoice(1, {1});
+  const InvoiceForm before = AddInvoice(1_client, {1_entry});
   AddJob(1, "J", QDate(2026, 11, 2));
   AddJob(3, "JC", QDate(2026, 11, 2), Value(), Value());
   AddJob(1, "J", QDate(2026, 11, 3));
   Run(Sql("INSERT INTO lstInvoicesToPrint (Invoice_ID) VALUES (77)"));
-  const InvoiceRunCount count =
-      GenerateWithJobInvoices(business(), QDate(2026, 11, 2), QDate(2026, 11, 2));
+  const InvoiceRunCount count = GenerateWithJobInvoices(business(), DateRange::Of({2026, 11, 2}));
   EXPECT_EQ(count.invoicesMade, 2);
   EXPECT_EQ(count.totalAmount, Money::FromWhole(110));
   EXPECT_EQ(JobStates(), "JD 1,J 2,JC 3,J -");
@@ -127,8 +125,7 @@ TEST_F(InvoiceRunTest, WithJobRunBillsEachJobOnceWhateverItsStatus) {
                 .Field(u"Made_Out_To")
                 .ToText(),
             "Abbott\n18 High St\nKEW 3101\n");
-  EXPECT_EQ(
-      GenerateWithJobInvoices(business(), QDate(2026, 11, 2), QDate(2026, 11, 2)).invoicesMade, 0);
+  EXPECT_EQ(GenerateWithJobInvoices(business(), DateRange::Of({2026, 11, 2})).invoicesMade, 0);
   EXPECT_EQ(Count("lstInvoicesToPrint"), 3);
 }
 

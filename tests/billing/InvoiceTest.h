@@ -31,17 +31,17 @@ class InvoiceTest : public BusinessTest {
             name, status, billed, billedTo, ++clients_ == billedTo));
     return clients_;
   }
-  qint64 AddJob(qint64 clientId, const char* status, QDate day, const Value& price = 110,
-                const Value& gst = 10) {
+  Id<Entry> AddJob(const Value& client, const char* status, QDate day, const Value& price = 110,
+                   const Value& gst = 10) {
     Run(
         Sql("INSERT INTO Diary (Client_ID, Employee_ID, Status, Schedule_Date, Description, "
             "Total_Price, Total_GST) VALUES ({}, 1, {}, {}, 'LM', {}, {})",
-            clientId, status, day, price, gst));
-    return Number(Sql("SELECT MAX(Diary_ID) FROM Diary"));
+            client, status, day, price, gst));
+    return Id<Entry>(Number(Sql("SELECT MAX(Diary_ID) FROM Diary")));
   }
   /// A saved invoice of the client with these jobs.
-  billing::InvoiceForm AddInvoice(qint64 clientId, const std::vector<qint64>& jobs = {}) {
-    billing::InvoiceForm form = billing::NewInvoice(business(), clientId, std::nullopt);
+  billing::InvoiceForm AddInvoice(Id<Client> client, const std::vector<Id<Entry>>& jobs = {}) {
+    billing::InvoiceForm form = billing::NewInvoice(business(), client, std::nullopt);
     form.jobsToAttach = jobs;
     EXPECT_FALSE(billing::SaveInvoices(business(), form));
     return form;
@@ -63,7 +63,7 @@ class InvoiceTest : public BusinessTest {
     return rows.join(u',');
   }
   /// "JD 1": status and invoice of a job.
-  QString StateOf(qint64 diaryId) {
+  QString StateOf(Id<Entry> diaryId) {
     return Rows(Sql("SELECT Status, Invoice_ID FROM Diary WHERE Diary_ID = {}", diaryId));
   }
   QString JobStates() {

@@ -5,7 +5,7 @@
 namespace quillary::billing {
 namespace {
 
-const MonthlyPeriod kFaultyOctober{{2026, 10, 1}, {2026, 10, 31}, {2026, 11, 2}};
+const MonthlyPeriod kFaultyOctober{{{2026, 10, 1}, {2026, 10, 31}}, {2026, 11, 2}};
 
 /// Counts the writes to a file and spoils one of them.
 struct Fault {

@@ -14,7 +14,7 @@ TEST_F(PaymentsTest, EveryFieldSurvivesSaveAndLoad) {
   form.bankAccountName = "Smith & Co";
   form.description = "For \"both\" lawns";
   ASSERT_FALSE(SavePaymentDetails(business(), form));
-  const auto loaded = LoadPayment(business(), form.paymentId);
+  const auto loaded = LoadPayment(business(), *form.paymentId);
   ASSERT_TRUE(loaded);
   EXPECT_EQ(loaded->gst, form.gst) << "a typed tax is stored as typed";
   EXPECT_EQ(loaded->paymentDate, form.paymentDate);
@@ -22,7 +22,7 @@ TEST_F(PaymentsTest, EveryFieldSurvivesSaveAndLoad) {
       loaded->chequeNumber + loaded->bank + loaded->bankBranch + loaded->bankAccountName +
           loaded->description,
       form.chequeNumber + form.bank + form.bankBranch + form.bankAccountName + form.description);
-  EXPECT_EQ(LoadPayment(business(), 99), std::nullopt);
+  EXPECT_EQ(LoadPayment(business(), 99_payment), std::nullopt);
 
   form.taxExempt = true;
   form.gst = TaxWithin(business(), form.amount, true);
@@ -31,32 +31,32 @@ TEST_F(PaymentsTest, EveryFieldSurvivesSaveAndLoad) {
   EXPECT_EQ(Rows(Sql("SELECT Tax_Exempt, GST_Included, Bank FROM Payments")), "True 0 -");
 
   Run(Sql("UPDATE Payments SET Payment_Method = NULL"));
-  EXPECT_EQ(LoadPayment(business(), form.paymentId)->paymentMethod, "CASH");
+  EXPECT_EQ(LoadPayment(business(), *form.paymentId)->paymentMethod, "CASH");
   Run(Sql("UPDATE Payments SET Payment_Method = 'barter'"));
-  EXPECT_EQ(LoadPayment(business(), form.paymentId)->paymentMethod, "BARTER");
+  EXPECT_EQ(LoadPayment(business(), *form.paymentId)->paymentMethod, "BARTER");
 }
 
 TEST_F(PaymentsTest, APaymentThatIsNotCompleteIsNotSaved) {
   struct Case {
     const char* fault;
-    std::optional<qint64> clientId;
+    std::optional<Id<Client>> clientId;
     int amount;
     const char* method;
     const char* message;
     const char* field;
   };
   const Case cases[] = {
-      {"nobody's", std::nullopt, 10, "Cash", "Please select a client.", "cmbClient"},
-      {"the client comes first", std::nullopt, 0, "", "Please select a client.", "cmbClient"},
-      {"nothing received", 1, 0, "Cash", "Please enter the payment amount.", "txtAmount"},
-      {"paid out", 1, -5, "EFT", "Please enter the payment amount.", "txtAmount"},
-      {"the amount comes before the method", 1, 0, "", "Please enter the payment amount.",
-       "txtAmount"},
-      {"an adjustment in other letters", 1, -5, "Adjustment", "Please enter the payment amount.",
-       "txtAmount"},
-      {"no adjustment but like one", 1, 0, "Adjustment 2", "Please enter the payment amount.",
-       "txtAmount"},
-      {"no method", 1, 10, "", "Please select the payment method.", "cmbPaymentMethod"},
+      {"nobody's", std::nullopt, 10, "Cash", "Please select a client.", "client"},
+      {"the client comes first", std::nullopt, 0, "", "Please select a client.", "client"},
+      {"nothing received", 1_client, 0, "Cash", "Please enter the payment amount.", "amount"},
+      {"paid out", 1_client, -5, "EFT", "Please enter the payment amount.", "amount"},
+      {"the amount comes before the method", 1_client, 0, "", "Please enter the payment amount.",
+       "amount"},
+      {"an adjustment in other letters", 1_client, -5, "Adjustment",
+       "Please enter the payment amount.", "amount"},
+      {"no adjustment but like one", 1_client, 0, "Adjustment 2",
+       "Please enter the payment amount.", "amount"},
+      {"no method", 1_client, 10, "", "Please select the payment method.", "paymentMethod"},
   };
   for (const Case& c : cases) {
     PaymentForm form = Form(1, Whole(c.amount), c.method);
@@ -94,8 +94,8 @@ TEST_F(PaymentsTest, TaxFollowsAmountRateAndExemption) {
 }
 
 TEST_F(PaymentsTest, ANewPaymentIsThePayersInItsHabits) {
-  const PaymentForm first = NewPayment(business(), 2, Whole(110));
-  EXPECT_EQ(first.clientId, 1) << "money for a site is the payer's";
+  const PaymentForm first = NewPayment(business(), 2_client, Whole(110));
+  EXPECT_EQ(first.clientId, 1_client) << "money for a site is the payer's";
   EXPECT_EQ(first.gst, Whole(10));
   EXPECT_EQ(first.paymentMethod, "CASH");
   EXPECT_EQ(first.paymentDate, business().Today());
@@ -111,14 +111,15 @@ TEST_F(PaymentsTest, ANewPaymentIsThePayersInItsHabits) {
   older.paymentDate = Day("2026-07-01");
   Store(older);
   Store(Form(1, Money(), "ADJUSTMENT"));  // the newest, but of nothing
-  const PaymentHabits habits = HabitsOf(business(), 1);
+  const PaymentHabits habits = HabitsOf(business(), 1_client);
   EXPECT_EQ(habits, (PaymentHabits{"CHEQUE", "Westbank", "Kew", "A Smith"}));
-  EXPECT_EQ(HabitsOf(business(), 3), PaymentHabits{});
-  EXPECT_EQ(NewPayment(business(), 2, {}).bankBranch, "Kew");
-  EXPECT_EQ(NewPayment(business(), 2, {}).chequeNumber, "") << "every cheque has its own number";
+  EXPECT_EQ(HabitsOf(business(), 3_client), PaymentHabits{});
+  EXPECT_EQ(NewPayment(business(), 2_client, {}).bankBranch, "Kew");
+  EXPECT_EQ(NewPayment(business(), 2_client, {}).chequeNumber, "")
+      << "every cheque has its own number";
 
   Run(Sql("UPDATE Clients SET Status = 'Deleted' WHERE Client_ID = 1"));
-  EXPECT_EQ(NewPayment(business(), 2, {}).clientId, std::nullopt);
+  EXPECT_EQ(NewPayment(business(), 2_client, {}).clientId, std::nullopt);
 }
 
 TEST_F(PaymentsTest, FormerClientsCanStillPay) {
@@ -134,28 +135,28 @@ TEST_F(PaymentsTest, FormerClientsCanStillPay) {
 }
 
 TEST_F(PaymentsTest, APaymentForAJobTakesItBackToDone) {
-  const qint64 job = AddPricedJob(2, "JI", Whole(55));
-  const qint64 other = AddPricedJob(2, "JI", Whole(44));
+  const Id<Entry> job = AddPricedJob(2, "JI", Whole(55));
+  const Id<Entry> other = AddPricedJob(2, "JI", Whole(44));
   Run(Sql("UPDATE Diary SET Invoice_ID = Diary_ID + 6"));
   for (const int invoice : {7, 8, 9})
     Run(Sql("INSERT INTO Invoices (Invoice_ID, IsPaid) VALUES ({}, 0)", invoice));
-  PaymentForm form = NewPayment(business(), 2, Whole(55), job);
+  PaymentForm form = NewPayment(business(), 2_client, Whole(55), job);
   form.markInvoicesAsPaid = true;
-  const qint64 payment = Store(form);
-  EXPECT_EQ(Link(job), QStringLiteral("JD %1").arg(payment));
+  const Id<Payment> payment = Store(form);
+  EXPECT_EQ(Link(job), QStringLiteral("JD %1").arg(payment.Number()));
   EXPECT_EQ(Link(other), "JI -");
   EXPECT_EQ(Rows(Sql("SELECT Invoice_ID FROM Invoices WHERE IsPaid = True")),
-            QString::number(job + 6));
+            QString::number(job.Number() + 6));
   EXPECT_EQ(Balance(1), Whole(-44)) << "jobs of the site, payments of the payer";
 }
 
 TEST_F(PaymentsTest, BalanceAndLedgerFollowASave) {
-  const qint64 payment = Store(1, Whole(30));
+  const Id<Payment> payment = Store(1, Whole(30));
   Run(Sql("INSERT INTO General_Ledger_Entries (Payment_ID, GL_Amount) VALUES ({}, 5)", payment));
   Run(Sql("INSERT INTO General_Ledger_Entries (Payment_ID, GL_Amount) VALUES (99, 5)"));
   EXPECT_EQ(Balance(1), Whole(30));
   PaymentForm form = *LoadPayment(business(), payment);
-  form.clientId = 3;
+  form.clientId = 3_client;
   form.description = "Deposit";
   form.paymentDate = Day("2026-10-05");
   Store(form);

@@ -12,20 +12,20 @@ TEST_F(PaymentsTest, TheListSetsPaymentsAgainstTheirJobs) {
     return Store(form);
   };
   pay(1, 5, "2026-09-30");
-  const qint64 exact = pay(1, 42.5, "2026-10-31");
-  const qint64 mismatch = pay(1, 30.01, "2026-10-01");
-  const qint64 loose = pay(3, 20, "2026-10-05");
+  const Id<Payment> exact = pay(1, 42.5, "2026-10-31");
+  const Id<Payment> mismatch = pay(1, 30.01, "2026-10-01");
+  const Id<Payment> loose = pay(3, 20, "2026-10-05");
   pay(3, 7, "2026-11-01");
   Run(Sql("UPDATE Payments SET Payment_Date = {} WHERE Payment_ID = {}",
           DateTime(Day("2026-10-31"), QTime(17, 30)), exact));
-  const qint64 job = AddPricedJob(2, "JD", Whole(30));
+  const Id<Entry> job = AddPricedJob(2, "JD", Whole(30));
   Run(Sql("INSERT INTO Diary_Services (Diary_ID, Service_ID, Price) VALUES ({}, 2, 6.25)", job));
   Run(Sql("INSERT INTO Diary_Services (Diary_ID, Service_ID, Price) VALUES ({}, 1, 6.25)", job));
   Run(Sql("UPDATE Diary SET Payment_ID = {} WHERE Diary_ID = {}", exact, job));
   Run(Sql("UPDATE Diary SET Payment_ID = {} WHERE Diary_ID = {}", mismatch,
           AddPricedJob(1, "JD", Whole(30))));
 
-  const PaymentsList list = LoadPaymentsList(business(), Day("2026-10-01"), Day("2026-10-31"));
+  const PaymentsList list = LoadPaymentsList(business(), {Day("2026-10-01"), Day("2026-10-31")});
   QStringList rows;
   for (const PaymentRow& row : list.rows)
     rows += QStringLiteral("%1 %2 [%3] %4%5")
@@ -39,19 +39,19 @@ TEST_F(PaymentsTest, TheListSetsPaymentsAgainstTheirJobs) {
   EXPECT_EQ(list.totalWithoutAccount.ToText(), "20");
   Run(Sql("UPDATE Payments SET Amount = 30.0049 WHERE Payment_ID = {}", mismatch));
   EXPECT_FALSE(
-      LoadPaymentsList(business(), Day("2026-10-01"), Day("2026-10-02")).rows[0].IsMismatch())
+      LoadPaymentsList(business(), {Day("2026-10-01"), Day("2026-10-02")}).rows[0].IsMismatch())
       << "parts of a cent are no difference";
 }
 
 TEST_F(PaymentsTest, ADeletedPaymentLeavesItsJobsUnpaid) {
-  const qint64 job = AddPricedJob(2, "JI", Whole(30));
-  const qint64 payment = Store(NewPayment(business(), 1, Whole(30)));
+  const Id<Entry> job = AddPricedJob(2, "JI", Whole(30));
+  const Id<Payment> payment = Store(NewPayment(business(), 1_client, Whole(30)));
   TickJob(business(), payment, job, true);
   Run(Sql("INSERT INTO Bankings (Total_Banked) VALUES (30)"));
   Run(Sql("UPDATE Payments SET Banking_ID = 1"));
-  for (const qint64 of : {payment, payment + 1})
+  for (const qint64 of : {payment.Number(), payment.Number() + 1})
     Run(Sql("INSERT INTO General_Ledger_Entries (Payment_ID) VALUES ({})", of));
-  PaymentsList list = LoadPaymentsByAClient(business(), 1);
+  PaymentsList list = LoadPaymentsByAClient(business(), 1_client);
   ASSERT_EQ(list.TotalCount(), 1);
 
   EXPECT_EQ(DeletePayment(business(), outside.prompter, nullptr)->message,

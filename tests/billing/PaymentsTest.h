@@ -12,7 +12,7 @@ class PaymentsTest : public ClientsTest {
   void SetUp() override {
     ClientsTest::SetUp();
     AddClient("Smith");
-    AddClient("Unit 2", "Active", 1);
+    AddClient("Unit 2", "Active", 1_client);
     AddClient("Brown");
     for (const char* word : {"Cash", "CHEQUE", "EFT", "ADJUSTMENT", "CREDIT V", "Adjustment 2"})
       Run(Sql("INSERT INTO lstPayment_Methods (Payment_Method) VALUES ({})", word));
@@ -23,30 +23,30 @@ class PaymentsTest : public ClientsTest {
   }
 
   /// A job with one lawn service of that price.
-  qint64 AddPricedJob(qint64 clientId, const char* status, Money price,
-                      const char* day = "2026-10-20") {
-    const qint64 job = AddJob(clientId, status, day, price);
+  Id<Entry> AddPricedJob(const Value& client, const char* status, Money price,
+                         const char* day = "2026-10-20") {
+    const Id<Entry> job = AddJob(client, status, day, price);
     Run(Sql("UPDATE Diary_Services SET Price = {} WHERE Diary_ID = {}", price, job));
     return job;
   }
-  billing::PaymentForm Form(qint64 clientId, Money amount, const char* method = "Cash") {
+  billing::PaymentForm Form(const Value& client, Money amount, const char* method = "Cash") {
     billing::PaymentForm form = billing::BlankPayment(business());
-    form.clientId = clientId;
+    form.clientId = client.ToId<Client>();
     form.amount = amount;
     form.gst = billing::TaxWithin(business(), amount, false);
     form.paymentMethod = method;
     return form;
   }
   /// Stores a payment through the record and returns its key.
-  qint64 Store(billing::PaymentForm form) {
+  Id<Payment> Store(billing::PaymentForm form) {
     const auto refusal = billing::SavePaymentDetails(business(), form);
     EXPECT_FALSE(refusal) << refusal->message.toStdString();
-    return form.paymentId;
+    return *form.paymentId;
   }
-  qint64 Store(qint64 clientId, Money amount) { return Store(Form(clientId, amount)); }
+  Id<Payment> Store(const Value& client, Money amount) { return Store(Form(client, amount)); }
 
   /// "JD 7": status and payment of a job.
-  QString Link(qint64 diaryId) {
+  QString Link(Id<Entry> diaryId) {
     return Rows(Sql("SELECT Status, Payment_ID FROM Diary WHERE Diary_ID = {}", diaryId));
   }
   Money Balance(qint64 clientId) {

@@ -7,13 +7,13 @@ namespace {
 TEST_F(PaymentsTest, ALineNeedsAnAccountAndAnUpdateALine) {
   PaymentForm payment = Form(1, Whole(50));
   ASSERT_FALSE(SavePaymentDetails(business(), payment));
-  const RevenueLineForm line{.glAccountId = 1, .amount = Whole(22), .gst = Whole(2)};
-  EXPECT_EQ(SaveAccount(business(), payment.paymentId, {}, SaveRevenueLine::AsNew)->message,
+  const RevenueLineForm line{.glAccountId = 1_account, .amount = Whole(22), .gst = Whole(2)};
+  EXPECT_EQ(SaveAccount(business(), *payment.paymentId, {}, SaveRevenueLine::AsNew)->message,
             "Please select a revenue account.");
-  EXPECT_EQ(SaveAccount(business(), payment.paymentId, line, SaveRevenueLine::Picked)->message,
+  EXPECT_EQ(SaveAccount(business(), *payment.paymentId, line, SaveRevenueLine::Picked)->message,
             "Please select a record to update.");
   EXPECT_EQ(Count("General_Ledger_Entries"), 0);
-  ASSERT_FALSE(SaveAccount(business(), payment.paymentId, line, SaveRevenueLine::AsNew));
+  ASSERT_FALSE(SaveAccount(business(), *payment.paymentId, line, SaveRevenueLine::AsNew));
   EXPECT_EQ(Rows(Sql("SELECT Entry_Date FROM General_Ledger_Entries")), "-")
       << "a line is dated by the next save of its payment";
 }
@@ -22,17 +22,18 @@ TEST_F(PaymentsTest, LinesNeedNotAddUpToThePayment) {
   PaymentForm payment = Form(1, Whole(50));
   ASSERT_FALSE(SavePaymentDetails(business(), payment));
   for (const int amount : {11, 22})
-    ASSERT_FALSE(SaveAccount(business(), payment.paymentId,
-                             {.glAccountId = 1, .amount = Whole(amount), .gst = Whole(amount / 11)},
-                             SaveRevenueLine::AsNew));
+    ASSERT_FALSE(
+        SaveAccount(business(), *payment.paymentId,
+                    {.glAccountId = 1_account, .amount = Whole(amount), .gst = Whole(amount / 11)},
+                    SaveRevenueLine::AsNew));
   Run(Sql("INSERT INTO General_Ledger_Entries (Payment_ID, GL_Amount) VALUES (99, 5)"));
-  RevenueLines lines = LoadAccounts(business(), payment.paymentId);
+  RevenueLines lines = LoadAccounts(business(), *payment.paymentId);
   ASSERT_EQ(lines.rows.size(), 2U);
   EXPECT_EQ(lines.TotalWords(), "Total = $33.00");
   EXPECT_EQ(lines.totalGST, Whole(3));
-  ASSERT_FALSE(SaveAccount(business(), payment.paymentId,
+  ASSERT_FALSE(SaveAccount(business(), *payment.paymentId,
                            {.glEntryId = lines.rows[1].glEntryId,
-                            .glAccountId = 1,
+                            .glAccountId = 1_account,
                             .amount = Whole(200),
                             .gst = Whole(7)},
                            SaveRevenueLine::Picked));
@@ -42,7 +43,7 @@ TEST_F(PaymentsTest, LinesNeedNotAddUpToThePayment) {
             "Please select an account to remove.");
   EXPECT_FALSE(RemoveAccount(business(), lines.rows[0].glEntryId));
   Run(Sql("DELETE FROM General_Ledger_Accounts"));
-  lines = LoadAccounts(business(), payment.paymentId);
+  lines = LoadAccounts(business(), *payment.paymentId);
   ASSERT_EQ(lines.rows.size(), 1U) << "a line outlives its account";
   EXPECT_EQ(lines.rows[0].amount, Whole(200));
 }

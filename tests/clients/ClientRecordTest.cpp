@@ -1,11 +1,9 @@
-#include "balances/ClientBalance.h"
 #include "clients/BillingChoice.h"
 #include "clients/ClientChoices.h"
 #include "clients/ClientColumns.h"
 #include "clients/ClientCommands.h"
 #include "clients/ClientJobs.h"
 #include "clients/ClientMoney.h"
-#include "clients/ClientStatus.h"
 #include "clients/ClientsTest.h"
 #include "clients/NewBillingAddress.h"
 
@@ -19,60 +17,62 @@ TEST_F(ClientsTest, EveryFieldSurvivesSaveAndLoad) {
     if (const auto* text = std::get_if<QString ClientRecord::*>(&column.member)) {
       client.*(*text) = QStringLiteral("O'%1").arg(QString(column.column));
     } else {
-      client.*std::get<bool ClientRecord::*>(column.member) = (yes = !yes);
+      if (column.IsYesNo()) client.*std::get<bool ClientRecord::*>(column.member) = (yes = !yes);
     }
   }
-  client.status = "Bad debtor";
-  client.statementType = "Monthly";
+  client.status = ClientStatus::BadDebtor;
+  client.statementType = StatementType::Monthly;
   client.suburb = " kew ";
   client.debtorSince = Day("2026-09-01");
-  ASSERT_FALSE(SaveClientDetails(business(), client));
+  ASSERT_FALSE(SaveClientDetails(business(), client, NewClientRecord()));
   EXPECT_EQ(client.suburb, "KEW");
-  EXPECT_EQ(client.billingClientId, client.clientId) << "a new client pays for itself";
-  EXPECT_EQ(LoadClientDetails(business(), client.clientId), client);
+  EXPECT_EQ(client.Payer(), client.clientId) << "a new client pays for itself";
+  EXPECT_EQ(LoadClientDetails(business(), *client.clientId), client);
 
-  client.billingClientId = AddClient("Payer").clientId;
+  const ClientRecord loaded = client;
+  client.otherPayer = AddClient("Payer").clientId;
   client.phone1.clear();
   client.debtorSince.reset();
-  ASSERT_FALSE(SaveClientDetails(business(), client));
-  EXPECT_EQ(LoadClientDetails(business(), client.clientId), client);
+  ASSERT_FALSE(SaveClientDetails(business(), client, loaded));
+  EXPECT_EQ(LoadClientDetails(business(), *client.clientId), client);
   EXPECT_EQ(Rows(Sql("SELECT Is_Billed_To, Phone_1, Debtor_Since FROM Clients WHERE Client_ID = {}",
                      client.clientId)),
             "False - -");
-  EXPECT_EQ(LoadClientDetails(business(), 99), std::nullopt);
+  EXPECT_EQ(LoadClientDetails(business(), 99_client), std::nullopt);
 }
 
 TEST_F(ClientsTest, ARecordThatIsNotCompleteIsNotSaved) {
   ClientRecord good = NewClientRecord();
   good.displayName = "Smith";
-  good.status = "Active";
-  struct {
+  good.status = ClientStatus::Active;
+  const struct {
     const char* fault;
-    QString ClientRecord::*member;
-    const char* value;
+    std::function<void(ClientRecord&)> spoil;
     const char* message;
     const char* field;
-  } const cases[] = {
-      {"client without status", &ClientRecord::status, "", "Please select a client status.",
-       "cmbStatus"},
-      {"prospect made a client by saving", &ClientRecord::status, "Quote only",
-       "Please select a client status.", "cmbStatus"},
-      {"client without a name in any list", &ClientRecord::displayName, " ",
-       "Please enter the Billing name/Display name.", "txtDisplayName"},
-      {"client who gets no bill of any kind", &ClientRecord::statementType, "",
-       "Please select the invoicing type.", "cmbInvoiceType"},
+  } cases[] = {
+      {"client without status", [](ClientRecord& client) { client.status = {}; },
+       "Please select a client status.", "status"},
+      {"prospect made a client by saving",
+       [](ClientRecord& client) { client.status = ClientStatus::QuoteOnly; },
+       "Please select a client status.", "status"},
+      {"client without a name in any list", [](ClientRecord& client) { client.displayName = " "; },
+       "Please enter the Billing name/Display name.", "displayName"},
+      {"client who gets no bill of any kind",
+       [](ClientRecord& client) { client.statementType = {}; }, "Please select the invoicing type.",
+       "statementType"},
   };
-  for (const auto& [fault, member, value, message, field] : cases) {
+  for (const auto& [fault, spoil, message, field] : cases) {
     ClientRecord client = good;
-    client.*member = value;
-    const auto refusal = SaveClientDetails(business(), client);
+    spoil(client);
+    const auto refusal = SaveClientDetails(business(), client, NewClientRecord());
     ASSERT_TRUE(refusal) << fault;
     EXPECT_EQ(refusal->message, message) << fault;
     EXPECT_EQ(refusal->field, field) << fault;
     EXPECT_TRUE(client.IsNew()) << fault;
   }
   ClientRecord empty;
-  EXPECT_EQ(SaveClientDetails(business(), empty)->field, "cmbStatus") << "the first check wins";
+  EXPECT_EQ(SaveClientDetails(business(), empty, {})->field, "status") << "the first check wins";
   EXPECT_EQ(Count("Clients"), 0);
 }
 
@@ -82,19 +82,19 @@ TEST_F(ClientsTest, CancellingTakesOpenJobsAlone) {
     AddJob(client.clientId, status, "2026-12-01");
   }
   AddJob(AddClient("Jones").clientId, "J", "2026-12-01");
-  client.status = "Transferred";
-  ASSERT_FALSE(SaveClientDetails(business(), client));
+  client.status = ClientStatus::Transferred;
+  ASSERT_FALSE(SaveClientDetails(business(), client, *LoadClientDetails(business(), 1_client)));
   EXPECT_EQ(Rows(Sql("SELECT Status FROM Diary ORDER BY Diary_ID")), "J,JD,JI,V,Q,J");
-  client.status = "cancelled";
-  ASSERT_FALSE(SaveClientDetails(business(), client));
-  EXPECT_EQ(client.status, "Cancelled") << "a word typed in other letters is the list's";
+  client.status = StoredClientStatus("cancelled");
+  ASSERT_FALSE(SaveClientDetails(business(), client, *LoadClientDetails(business(), 1_client)));
+  EXPECT_EQ(client.status.Text(), "Cancelled") << "a word typed in other letters is the list's";
   EXPECT_EQ(Rows(Sql("SELECT Status FROM Diary ORDER BY Diary_ID")), "JC,JD,JI,V,Q,J");
 }
 
 TEST_F(ClientsTest, AnOldRowWithoutBillingClientPaysForItself) {
   Run(Sql("INSERT INTO Clients (Display_Name, Debtor_Since) VALUES ('Old', {})",
           Day("1899-12-30")));
-  const auto client = LoadClientDetails(business(), 1);
+  const auto client = LoadClientDetails(business(), 1_client);
   ASSERT_TRUE(client);
   EXPECT_TRUE(client->IsBilledTo());
   EXPECT_FALSE(client->debtorSince) << "midnight is no date";
@@ -102,12 +102,12 @@ TEST_F(ClientsTest, AnOldRowWithoutBillingClientPaysForItself) {
 
 TEST_F(ClientsTest, SavingRecomputesWhoIsBilled) {
   const ClientRecord payer = AddClient("Payer");
-  ClientRecord site = AddClient("Site", "Active", payer.clientId);
+  const ClientRecord site = AddClient("Site", "Active", payer.clientId);
   AddJob(site.clientId, "JD", "2026-10-01");
-  ClientServiceArray services = LoadClientServicesIntoArray(business(), site.clientId);
-  ASSERT_FALSE(SaveClient(business(), site, services));
+  ClientEdit edit = *LoadClientEdit(business(), *site.clientId);
+  ASSERT_FALSE(SaveClient(business(), edit));
   EXPECT_EQ(Rows(Sql("SELECT Account_Balance FROM Clients")), "-10,-");
-  ClientRecord shown = *LoadClientDetails(business(), payer.clientId);
+  ClientRecord shown = *LoadClientDetails(business(), *payer.clientId);
   EXPECT_EQ(shown.CurrentlyOwing().ToText(), "10");
   EXPECT_EQ(shown.debtorSince, Day("2026-11-02"));
 }
@@ -115,10 +115,11 @@ TEST_F(ClientsTest, SavingRecomputesWhoIsBilled) {
 TEST_F(ClientsTest, ChoosingWhoPays) {
   const ClientRecord payer = AddClient("Payer");
   ClientRecord client = AddClient("Smith");
-  BillExistingAddress(business(), outside.prompter, client, payer.clientId);
+  BillExistingAddress(business(), outside.prompter, client, *payer.clientId);
   EXPECT_EQ(BillingChoiceOf(client), BillingChoice::ExistingAddress);
   EXPECT_TRUE(outside.prompter.TakeTold().isEmpty());
-  ASSERT_FALSE(SaveClientDetails(business(), client));
+  ASSERT_FALSE(
+      SaveClientDetails(business(), client, *LoadClientDetails(business(), *client.clientId)));
   const ClientParts parts = PartsOf(client);
   EXPECT_TRUE(parts.paymentNote && !parts.invoicesAndPayments && parts.schedule);
 
@@ -128,9 +129,9 @@ TEST_F(ClientsTest, ChoosingWhoPays) {
 
   Pay(client.clientId, 10);
   TakeNewBillingAddress(business(), outside.prompter, client, payer.clientId);
-  EXPECT_EQ(client.billingClientId, payer.clientId);
+  EXPECT_EQ(client.Payer(), payer.clientId);
   EXPECT_TRUE(outside.prompter.TakeTold().join(QString()).contains("manually transfer"));
-  client.status = "Billing address";
+  client.status = ClientStatus::BillingAddress;
   EXPECT_FALSE(PartsOf(client).schedule);
   EXPECT_TRUE(PartsOf(client).invoicesAndPayments) << "only an active client loses them";
 }
@@ -142,14 +143,14 @@ TEST_F(ClientsTest, ANewBillingAddressBillsItselfAndCanBeChosen) {
   address.billingName = "Head & Co's";
   EXPECT_EQ(SaveBillingAddress(business(), address)->message, "Please select the statement type.");
   EXPECT_EQ(Count("Clients"), 1);
-  address.statementType = "Monthly";
+  address.statementType = StatementType::Monthly;
   address.suburb = "kew";
   ASSERT_FALSE(SaveBillingAddress(business(), address));
   EXPECT_EQ(Rows(Sql("SELECT Status, Billing_Client_ID, Is_Billed_To FROM Clients "
                      "WHERE Client_ID = {}",
                      *address.clientId)),
-            QStringLiteral("Billing address %1 True").arg(*address.clientId));
-  const auto others = ListBillableOthers(business(), client.clientId);
+            QStringLiteral("Billing address %1 True").arg(address.clientId->Number()));
+  const auto others = ListBillableOthers(business(), *client.clientId);
   ASSERT_EQ(others.size(), 1u);
   EXPECT_EQ(others[0].words, "Head & Co's");
 
@@ -201,15 +202,16 @@ TEST_F(ClientsTest, JobsAreFutureOrPastByDayOrByBeingDone) {
                     {"JC", "2026-11-09"}, {"JC", "2026-10-01"}, {"V", "2026-11-03"},
                     {"VD", "2026-11-03"}};
   for (const auto& [status, day] : jobs) AddJob(site.clientId, status, day);
-  const qint64 own = AddJob(payer.clientId, "J", "2026-11-20");
+  const Id<Entry> own = AddJob(payer.clientId, "J", "2026-11-20");
   const auto shown = [](const std::vector<ClientJob>& list) {
     QStringList ids;
     for (const ClientJob& job : list) {
-      ids += QStringLiteral("%1%2").arg(job.displayName.left(1)).arg(job.diaryId);
+      ids += QStringLiteral("%1%2").arg(job.displayName.left(1)).arg(job.entry.Number());
     }
     return ids.join(u' ');
   };
-  EXPECT_EQ(shown(LoadFutureJobs(business(), payer)), QStringLiteral("S1 S6 P%1").arg(own));
+  EXPECT_EQ(shown(LoadFutureJobs(business(), payer)),
+            QStringLiteral("S1 S6 P%1").arg(own.Number()));
   EXPECT_EQ(shown(LoadPastJobs(business(), payer)), "S3 S2 S5");
   EXPECT_EQ(shown(LoadFutureJobs(business(), site)), "N1 N6") << "named Name when billed elsewhere";
   EXPECT_EQ(WordsOf(LoadPastJobs(business(), site)[0].status), "Job DONE");
@@ -219,31 +221,32 @@ TEST_F(ClientsTest, DeletingAJobTakesItsLinesAndItsPrice) {
   const ClientRecord payer = AddClient("Payer");
   const ClientRecord site = AddClient("Site", "Active", payer.clientId);
   AddJob(site.clientId, "JD", "2026-10-01", 10);
-  const qint64 wrong = AddJob(site.clientId, "JD", "2026-10-08", 30);
+  const Id<Entry> wrong = AddJob(site.clientId, "JD", "2026-10-08", 30);
   EXPECT_EQ(DeleteClientJob(business(), outside.prompter, std::nullopt)->message,
             "Please select a job to delete.");
   outside.prompter.Expect("delete this job", Answer::No);
-  EXPECT_FALSE(DeleteClientJob(business(), outside.prompter, Id<Entry>(wrong)));
+  EXPECT_FALSE(DeleteClientJob(business(), outside.prompter, wrong));
   EXPECT_EQ(Count("Diary"), 2);
   outside.prompter.Expect("delete this job", Answer::Yes);
-  EXPECT_FALSE(DeleteClientJob(business(), outside.prompter, Id<Entry>(wrong)));
+  EXPECT_FALSE(DeleteClientJob(business(), outside.prompter, wrong));
   EXPECT_EQ(Count("Diary_Services"), 1);
-  EXPECT_EQ(LoadClientDetails(business(), payer.clientId)->accountBalance.ToText(), "-10");
+  EXPECT_EQ(LoadClientDetails(business(), *payer.clientId)->accountBalance.ToText(), "-10");
 }
 
-TEST_F(ClientsTest, TransferredPaymentsLeaveBalancesToTheNextRecalculation) {
+TEST_F(ClientsTest, TransferredPaymentsMoveBothBalances) {
   const ClientRecord from = AddClient("From");
   const ClientRecord to = AddClient("To's");
   Pay(from.clientId, 10);
   Pay(to.clientId, 5);
-  const std::vector<qint64> payments = {
-      LoadClientPayments(business(), from.clientId).front().paymentId};
-  EXPECT_EQ(TransferPayments(business(), outside.prompter, payments, std::nullopt)->message,
+  const auto payments = LoadClientPayments(business(), *from.clientId);
+  EXPECT_EQ(TransferPayments(business(), outside.prompter, *from.clientId, payments, std::nullopt)
+                ->message,
             "Please select a client first.");
-  outside.prompter.Expect("the payments listed above to To's?", Answer::Yes);
-  EXPECT_FALSE(TransferPayments(business(), outside.prompter, payments, to.clientId));
-  EXPECT_EQ(LoadClientPayments(business(), to.clientId).size(), 2u);
-  EXPECT_EQ(Rows(Sql("SELECT Account_Balance FROM Clients")), "-,-");
+  outside.prompter.Expect("the payments listed above to To's?\n\n1 payment, $10.00", Answer::Yes);
+  EXPECT_FALSE(
+      TransferPayments(business(), outside.prompter, *from.clientId, payments, to.clientId));
+  EXPECT_EQ(LoadClientPayments(business(), *to.clientId).size(), 2u);
+  EXPECT_EQ(Rows(Sql("SELECT Account_Balance FROM Clients")), "0,15");
 }
 
 TEST_F(ClientsTest, AnInvoiceDeletedHereLeavesItsJobsDone) {
@@ -255,17 +258,19 @@ TEST_F(ClientsTest, AnInvoiceDeletedHereLeavesItsJobsDone) {
   EXPECT_EQ(DeleteClientInvoice(business(), outside.prompter, std::nullopt)->message,
             "Please select an invoice record to delete.");
   outside.prompter.Expect("delete this invoice?", Answer::Yes);
-  EXPECT_FALSE(DeleteClientInvoice(business(), outside.prompter, 1));
+  EXPECT_FALSE(DeleteClientInvoice(business(), outside.prompter, 1_invoice));
   EXPECT_EQ(Rows(Sql("SELECT Status, Invoice_ID FROM Diary")), "JD -");
   EXPECT_EQ(Count("Invoices") + Count("Invoice_Items"), 0);
-  EXPECT_EQ(Rows(Sql("SELECT Account_Balance FROM Clients")), "-") << "no invoice moves a balance";
+  EXPECT_EQ(Rows(Sql("SELECT Account_Balance FROM Clients")), "-10")
+      << "its job counts as done now";
 }
 
 TEST_F(ClientsTest, ColumnsAreSetByNameWithinTheirWidth) {
   ClientRecord client = AddClient("Smith");
-  const QString payer = QString::number(AddClient("Strata").clientId);
-  const ClientRecord billedElsewhere = AddClient("Site", "Active", payer.toLongLong());
-  const QString site = QString::number(billedElsewhere.clientId);
+  const ClientRecord strata = AddClient("Strata");
+  const QString payer = QString::number(strata.clientId->Number());
+  const QString site =
+      QString::number(AddClient("Site", "Active", strata.clientId).clientId->Number());
   struct {
     const char* column;
     QString value;
@@ -273,17 +278,17 @@ TEST_F(ClientsTest, ColumnsAreSetByNameWithinTheirWidth) {
   } const cases[] = {
       {"phone_1", "9876 5432", nullptr},
       {"InvoiceWithTelNo", "Yes", nullptr},
-      {"InvoiceWithTelNo", "maybe", "chkInvoiceWithTelNo"},
-      {"Display_Name", QString(101, u'x'), "txtDisplayName"},
+      {"InvoiceWithTelNo", "maybe", "invoiceWithTelNo"},
+      {"Display_Name", QString(101, u'x'), "displayName"},
       {"Notes", QString(5000, u'x'), nullptr},
       {"Account_Balance", "0", ""},
       {"Status", "aCTIVE", nullptr},
       {"debtor_since", "3/10/2026", nullptr},
-      {"Debtor_Since", "31/2/2026", "dtDebtorSince"},
+      {"Debtor_Since", "31/2/2026", "debtorSince"},
       {"Billing_Client_ID", payer, nullptr},
-      {"Billing_Client_ID", site, "cmbOtherAddressToBill"},
-      {"Billing_Client_ID", "99", "cmbOtherAddressToBill"},
-      {"Billing_Client_ID", "Strata", "cmbOtherAddressToBill"},
+      {"Billing_Client_ID", site, "payer"},
+      {"Billing_Client_ID", "99", "payer"},
+      {"Billing_Client_ID", "Strata", "payer"},
       {"Client_ID", "7", ""},
   };
   for (const auto& [column, value, field] : cases) {
@@ -295,13 +300,14 @@ TEST_F(ClientsTest, ColumnsAreSetByNameWithinTheirWidth) {
   EXPECT_TRUE(client.invoiceWithTelNo);
   EXPECT_EQ(client.displayName, "Smith");
   EXPECT_EQ(client.debtorSince, QDate(2026, 10, 3));
-  EXPECT_EQ(client.billingClientId, payer.toLongLong());
-  EXPECT_FALSE(
-      SetClientColumn(business(), client, "Billing_Client_ID", QString::number(client.clientId)));
+  EXPECT_EQ(client.otherPayer, strata.clientId);
+  EXPECT_FALSE(SetClientColumn(business(), client, "Billing_Client_ID",
+                               QString::number(client.clientId->Number())));
   EXPECT_TRUE(client.IsBilledTo()) << "the own key bills the client itself";
   EXPECT_FALSE(SetClientColumn(business(), client, "Debtor_Since", ""));
   EXPECT_FALSE(client.debtorSince);
-  EXPECT_FALSE(SaveClientDetails(business(), client));
+  EXPECT_FALSE(
+      SaveClientDetails(business(), client, *LoadClientDetails(business(), *client.clientId)));
   EXPECT_EQ(Rows(Sql("SELECT Status FROM Clients WHERE Client_ID = {}", client.clientId)), "Active")
       << "in the spelling of the list";
   EXPECT_EQ(ColumnWidth(business(), "clients", "display_name"), 100);
@@ -309,24 +315,28 @@ TEST_F(ClientsTest, ColumnsAreSetByNameWithinTheirWidth) {
 }
 
 TEST_F(ClientsTest, NothingIsSavedForAClientThatIsGone) {
-  ClientRecord client = AddClient("Smith");
-  ClientServiceArray services(2);
-  services.front().serviceId = 1;
+  const ClientRecord client = AddClient("Smith");
+  ClientEdit edit = *LoadClientEdit(business(), *client.clientId);
+  edit.services = ClientServiceArray(2);
+  edit.services.front().serviceId = 1_service;
   ClientServiceForm form = ClearedServiceForm(business());
-  form.serviceId = 1;
-  form.jobType = "Casual";
+  form.serviceId = 1_service;
+  form.jobType = JobType::Casual;
   Run(Sql("DELETE FROM Clients"));
   const std::pair<const char*, std::function<std::optional<Refusal>()>> saves[] = {
-      {"the record", [&] { return SaveClientDetails(business(), client); }},
-      {"all", [&] { return SaveClient(business(), client, services); }},
-      {"the schedule", [&] { return CreateScheduleOfClient(business(), client, services); }},
+      {"the record",
+       [&] {
+         ClientRecord record = client;
+         return SaveClientDetails(business(), record, client);
+       }},
+      {"all", [&] { return SaveClient(business(), edit); }},
+      {"the schedule", [&] { return CreateScheduleOfClient(business(), edit); }},
       {"a service",
        [&] {
-         return SaveClientServiceToDB(business(), client.clientId, services, form,
-                                      SaveServiceAs::New);
+         return SaveServiceAndAsk(business(), outside.prompter, edit, form, SaveServiceAs::New, 0)
+             .refusal;
        }},
-      {"an empty service",
-       [&] { return AddEmptyClientService(business(), client.clientId, services); }},
+      {"an empty service", [&] { return AddService(business(), edit); }},
   };
   for (const auto& [what, save] : saves) {
     const auto refusal = save();
@@ -338,16 +348,15 @@ TEST_F(ClientsTest, NothingIsSavedForAClientThatIsGone) {
 }
 
 TEST_F(ClientsTest, AJobIsAddedToASavedRecordOnly) {
-  const ClientRecord stored = AddClient("Smith");
-  ClientRecord client = stored;
-  EXPECT_TRUE(SaveBeforeAddingJob(business(), outside.prompter, client, stored).yes);
-  client.displayName.clear();
+  ClientEdit edit = *LoadClientEdit(business(), *AddClient("Smith").clientId);
+  EXPECT_TRUE(SaveBeforeAddingJob(business(), outside.prompter, edit).yes);
+  edit.client.displayName.clear();
   outside.prompter.Expect("Personal information has changed.", Answer::No);
-  EXPECT_FALSE(SaveBeforeAddingJob(business(), outside.prompter, client, stored).yes);
+  EXPECT_FALSE(SaveBeforeAddingJob(business(), outside.prompter, edit).yes);
   outside.prompter.Expect("Personal information has changed.", Answer::Yes);
-  const MayGoOn refused = SaveBeforeAddingJob(business(), outside.prompter, client, stored);
+  const MayGoOn refused = SaveBeforeAddingJob(business(), outside.prompter, edit);
   EXPECT_FALSE(refused.yes);
-  EXPECT_EQ(refused.refusal->field, "txtDisplayName");
+  EXPECT_EQ(refused.refusal->field, "displayName");
 }
 
 }  // namespace

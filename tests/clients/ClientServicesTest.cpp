@@ -1,5 +1,4 @@
 #include "clients/ClientCommands.h"
-#include "clients/ClientServices.h"
 #include "clients/ClientsTest.h"
 
 #include <functional>
@@ -18,19 +17,24 @@ class ClientServicesTest : public ClientsTest {
   /// The fields of a weekly mowing from 9 November by Ann.
   static ClientServiceForm Mowing() {
     ClientServiceForm form;
-    form.serviceId = 1;
-    form.jobType = "Regular";
+    form.serviceId = 1_service;
+    form.jobType = JobType::Regular;
     form.nextVisit = Day("2026-11-09");
     form.frequency = "7";
-    form.employeeId = 1;
+    form.employeeId = Id<Employee>(1);
     form.price = "$55.00";
     return form;
   }
-  void Store(ClientServiceForm form) {
-    EXPECT_FALSE(
-        SaveClientServiceToDB(business(), client.clientId, Load(), form, SaveServiceAs::New));
+  std::optional<Refusal> SaveAsNew(const ClientServiceForm& form) {
+    ClientServiceArray services = Load();
+    return SaveClientServiceToDB(business(), *client.clientId, services, services, form,
+                                 services.size() - 1);
   }
-  ClientServiceArray Load() { return LoadClientServicesIntoArray(business(), client.clientId); }
+  std::optional<Refusal> SaveAs(const ClientServiceForm& form, size_t element) {
+    ClientServiceArray services = Load();
+    return SaveClientServiceToDB(business(), *client.clientId, services, services, form, element);
+  }
+  ClientServiceArray Load() { return LoadClientServicesIntoArray(business(), *client.clientId); }
   QString Stored() {
     return Rows(
         Sql("SELECT Service_ID, Price, Status, Frequency, Next_Visit, "
@@ -51,32 +55,32 @@ TEST_F(ClientServicesTest, EachFieldIsCheckedInTurn) {
   } const cases[] = {
       {"today is refused", [](Form& form) { form.nextVisit = Day("2026-11-02"); }, nullptr, ""},
       {"visit of no service", [](Form& form) { form = Form(); }, "Please select a service first.",
-       "cmbService"},
-      {"service that the roll passes over", [](Form& form) { form.jobType.clear(); },
-       "Please select the job type.", "cmbJobType"},
+       "service"},
+      {"service that the roll passes over", [](Form& form) { form.jobType = {}; },
+       "Please select the job type.", "jobType"},
       {"text taken for a date", [](Form& form) { form.nextVisit.reset(); },
-       "Please enter a valid date.", "dtpServiceNextVisit"},
+       "Please enter a valid date.", "nextVisit"},
       {"visit on a holiday", [](Form& form) { form.nextVisit = Day("2026-12-25"); },
-       "This date is a holiday. No job will be scheduled on this date.", "dtpServiceNextVisit"},
+       "This date is a holiday. No job will be scheduled on this date.", "nextVisit"},
       {"past holiday told as past", [](Form& form) { form.nextVisit = Day("2025-12-25"); },
-       "This date is a holiday.", "dtpServiceNextVisit"},
+       "This date is a holiday.", "nextVisit"},
       {"visit yesterday", [](Form& form) { form.nextVisit = Day("2026-11-01"); },
        "Start date should be the same or later than the date today.\nIf this is a Regular job",
-       "dtpServiceNextVisit"},
+       "nextVisit"},
       {"regular service that never repeats", [](Form& form) { form.frequency = "0"; },
-       "Please enter a valid frequency value (in no. of days).", "cmbFrequency"},
+       "Please enter a valid frequency value (in no. of days).", "frequency"},
       {"words after the number are refused", [](Form& form) { form.frequency = "14 days"; },
        nullptr, ""},
       {"casual service needs a frequency",
        [](Form& form) {
-         form.jobType = "Casual";
+         form.jobType = JobType::Casual;
          form.frequency = "0";
        },
        nullptr, ""},
       {"job of nobody", [](Form& form) { form.employeeId.reset(); }, "Please select an employee.",
-       "cmbEmployee"},
+       "employee"},
       {"price that is no number", [](Form& form) { form.price = "free"; },
-       "Please enter a valid price.", "txtPrice"},
+       "Please enter a valid price.", "price"},
   };
   for (const auto& [fault, spoil, message, field] : cases) {
     Form form = Mowing();
@@ -86,9 +90,7 @@ TEST_F(ClientServicesTest, EachFieldIsCheckedInTurn) {
     if (!refusal) continue;
     EXPECT_TRUE(refusal->message.startsWith(message)) << fault;
     EXPECT_EQ(refusal->field, field) << fault;
-    EXPECT_TRUE(
-        SaveClientServiceToDB(business(), client.clientId, Load(), form, SaveServiceAs::New))
-        << fault;
+    EXPECT_TRUE(SaveAsNew(form)) << fault;
   }
   EXPECT_EQ(Count("Client_Services"), 0);
 }
@@ -109,76 +111,75 @@ TEST(ClientServiceFrequency, IsCheckedWhenItsFieldIsLeft) {
 }
 
 TEST_F(ClientServicesTest, AFollowerPointsAtTheMainServiceAndKeepsItsOwnSchedule) {
-  Store(Mowing());
+  EXPECT_FALSE(SaveAsNew(Mowing()));
   ClientServiceForm hedge = Mowing();
-  hedge.serviceId = 2;
+  hedge.serviceId = 2_service;
   hedge.frequency = "28";
-  Store(hedge);
+  EXPECT_FALSE(SaveAsNew(hedge));
   ClientServiceForm fields = WithScheduleOfMain(ServiceFormOf(Load()[1]), Load());
   EXPECT_EQ(fields.frequency, "7");
   fields.sameScheduleAsMain = true;
   fields.price = "60.005";
-  ASSERT_FALSE(
-      SaveClientServiceToDB(business(), client.clientId, Load(), fields, SaveServiceAs::Selected));
+  ASSERT_FALSE(SaveAs(fields, 1));
   EXPECT_EQ(Stored(), "1 55 Regular 7 2026-11-09 0,2 60 Regular 28 2026-11-09 1");
 
   ClientServiceForm main = ServiceFormOf(Load()[0]);
   main.sameScheduleAsMain = true;
-  ASSERT_FALSE(
-      SaveClientServiceToDB(business(), client.clientId, Load(), main, SaveServiceAs::Selected));
-  EXPECT_EQ(Load()[0].otherScheduleClientServiceId, 0) << "the main service follows nobody";
+  ASSERT_FALSE(SaveAs(main, 0));
+  EXPECT_FALSE(Load()[0].otherScheduleClientServiceId) << "the main service follows nobody";
 
   ClientServiceArray services = Load();
-  EXPECT_TRUE(RemoveClientService(business(), client.clientId, services, 1)
+  EXPECT_TRUE(RemoveClientService(business(), *client.clientId, services, Load(), 0)
                   ->message.startsWith("You cannot delete this service as other services"));
-  EXPECT_FALSE(RemoveClientService(business(), client.clientId, services, 2));
-  EXPECT_FALSE(RemoveClientService(business(), client.clientId, services, 1));
+  EXPECT_FALSE(RemoveClientService(business(), *client.clientId, services, Load(), 1));
+  EXPECT_FALSE(RemoveClientService(business(), *client.clientId, services, Load(), 0));
   EXPECT_EQ(Count("Client_Services"), 0);
 }
 
 TEST_F(ClientServicesTest, TheArrayEndsInAnEmptyElementThatIsNeverStored) {
   ClientServiceArray services = Load();
   ASSERT_EQ(services.size(), 1u);
-  EXPECT_EQ(AddEmptyClientService(business(), client.clientId, services)->message,
+  EXPECT_EQ(AddEmptyClientService(business(), *client.clientId, services, Load())->message,
             "Please enter the main service first before adding a new one.");
   SaveClientServiceToArray(Mowing(), services, 0);
   ASSERT_EQ(services.size(), 2u);
-  SaveClientServicesArrayToDB(business(), client.clientId, services);
-  SaveClientServicesArrayToDB(business(), client.clientId, services);
+  SaveClientServicesArrayToDB(business(), *client.clientId, services, Load());
+  SaveClientServicesArrayToDB(business(), *client.clientId, services, Load());
   EXPECT_EQ(Stored(), "1 55 Regular 7 2026-11-09 0");
 
-  ASSERT_FALSE(AddEmptyClientService(business(), client.clientId, services));
+  ASSERT_FALSE(AddEmptyClientService(business(), *client.clientId, services, Load()));
   EXPECT_EQ(services.size(), 3u);
   EXPECT_EQ(services[1].nextVisit, business().Today()) << "without a next visit it shows today";
   EXPECT_EQ(Count("Client_Services"), 2);
 }
 
 TEST_F(ClientServicesTest, TheDiaryFollowsASavedServiceOnlyOnYes) {
-  ClientServiceArray services = Load();
+  ClientEdit edit = *LoadClientEdit(business(), *client.clientId);
   ClientServiceForm form = Mowing();
   outside.prompter.Expect("clicking on the \"Re-create schedule of this client...\" button.",
                           Answer::No);
   EXPECT_FALSE(
-      SaveServiceAndAsk(business(), outside.prompter, client, services, form, SaveServiceAs::New));
+      SaveServiceAndAsk(business(), outside.prompter, edit, form, SaveServiceAs::New, 0).refusal);
   EXPECT_EQ(Count("Diary"), 0);
   form.price = "60";
   outside.prompter.Expect("clicking on the 'Re-create schedule of this client' button.",
                           Answer::Yes);
-  EXPECT_FALSE(SaveServiceAndAsk(business(), outside.prompter, client, services, form,
-                                 SaveServiceAs::Selected));
+  EXPECT_FALSE(
+      SaveServiceAndAsk(business(), outside.prompter, edit, form, SaveServiceAs::Selected, 0)
+          .refusal);
   EXPECT_EQ(Rows(Sql("SELECT Schedule_Date, Status, Total_Price FROM Diary")),
             "2026-11-09 J 60,2026-11-16 J 60");
   EXPECT_EQ(Count("Client_Services"), 1);
 }
 
 TEST_F(ClientServicesTest, ARefusedRecordStopsTheWholeSave) {
-  ClientServiceArray services = Load();
-  SaveClientServiceToArray(Mowing(), services, 0);
-  client.displayName.clear();
-  EXPECT_TRUE(SaveClient(business(), client, services));
-  EXPECT_TRUE(CreateScheduleOfClient(business(), client, services));
+  ClientEdit edit = *LoadClientEdit(business(), *client.clientId);
+  SaveClientServiceToArray(Mowing(), edit.services, 0);
+  edit.client.displayName.clear();
+  EXPECT_TRUE(SaveClient(business(), edit));
+  EXPECT_TRUE(CreateScheduleOfClient(business(), edit));
   EXPECT_EQ(Count("Client_Services") + Count("Diary"), 0);
-  EXPECT_EQ(services[0].clientServiceId, 0);
+  EXPECT_FALSE(edit.services[0].clientServiceId);
 }
 
 }  // namespace

@@ -21,32 +21,33 @@ class ClientsTest : public BusinessTest {
     Run(Sql("INSERT INTO Employees (Employee_Name) VALUES ('Ann')"));
   }
 
-  /// A client saved through the record, billed to `billingClientId` unless that is 0.
+  /// A client saved through the record.
   clients::ClientRecord AddClient(const char* name, const char* status = "Active",
-                                  qint64 billingClientId = 0) {
+                                  std::optional<Id<Client>> payer = {}) {
     clients::ClientRecord client = clients::NewClientRecord();
     client.displayName = name;
-    client.status = status;
-    if (billingClientId != 0) client.billingClientId = billingClientId;
-    EXPECT_FALSE(clients::SaveClientDetails(business(), client)) << name;
+    client.status = StoredClientStatus(status);
+    client.otherPayer = payer;
+    EXPECT_FALSE(clients::SaveClientDetails(business(), client, clients::NewClientRecord()))
+        << name;
     return client;
   }
 
-  qint64 AddJob(qint64 clientId, const char* status, const char* day, const Value& price = 10,
-                int lines = 1) {
+  Id<Entry> AddJob(const Value& client, const char* status, const char* day,
+                   const Value& price = 10, int lines = 1) {
     Run(
         Sql("INSERT INTO Diary (Client_ID, Employee_ID, Status, Schedule_Date, Total_Price) "
             "VALUES ({}, 1, {}, {}, {})",
-            clientId, status, Day(day), price));
-    const qint64 entry = business().FirstField(Sql("SELECT MAX(Diary_ID) FROM Diary")).ToLong();
+            client, status, Day(day), price));
+    const Id<Entry> entry(business().FirstField(Sql("SELECT MAX(Diary_ID) FROM Diary")).ToLong());
     for (int line = 0; line < lines; ++line) {
       Run(Sql("INSERT INTO Diary_Services (Diary_ID, Service_ID, Price) VALUES ({}, 1, 0)", entry));
     }
     return entry;
   }
 
-  void Pay(qint64 clientId, const Value& amount) {
-    Run(Sql("INSERT INTO Payments (Client_ID, Amount, Payment_Date) VALUES ({}, {}, {})", clientId,
+  void Pay(const Value& client, const Value& amount) {
+    Run(Sql("INSERT INTO Payments (Client_ID, Amount, Payment_Date) VALUES ({}, {}, {})", client,
             amount, Day("2026-10-15")));
   }
 

@@ -60,7 +60,7 @@ TEST_F(ClientDayTest, AMorningAtTheDesk) {
   EXPECT_EQ(On<QLabel>("lblOwing")->text(), "$0.00");
   MarkDoneInTheDiary();
 
-  navigator.Open(OpenClient{Number()});
+  navigator.Open(OpenClient{Id<Client>(Number())});
   EXPECT_TRUE(client->isVisible()) << "an open client is brought to the front, not opened twice";
   EXPECT_EQ(On<QLabel>("lblOwing")->text(), "$95.00");
   EXPECT_EQ(On<QLabel>("lblOwingSince")->text(), "since 2 Nov 2026");

@@ -68,7 +68,7 @@ class ClientFixture : public BusinessTest {
 
   Screen* OpenOf(qint64 clientId) {
     host.shown.reset();
-    navigator.Open(OpenClient{clientId});
+    navigator.Open(OpenClient{Id<Client>(clientId)});
     return host.shown.get();
   }
   Screen* OpenNew() {

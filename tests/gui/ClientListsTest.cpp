@@ -84,7 +84,7 @@ TEST_F(ClientListsTest, AMonthlyAmountIsSpreadOverTheTickedJobs) {
   for (const int day : {2, 9, 16}) AddJob(1, "J", QDate(2026, 11, day), 55);
   for (const int job : {1, 2, 3})
     Run(Sql("INSERT INTO Diary_Services (Diary_ID, Service_ID, Price) VALUES ({}, 1, 55)", job));
-  clients::frmSetJobPricesForMonthly dialog(business(), {navigator, host, runner}, 1);
+  clients::frmSetJobPricesForMonthly dialog(business(), {navigator, host, runner}, 1_client);
   dialog.show();
   EXPECT_EQ(Find<QLabel>(&dialog, "lblClientName")->text(), "Abbott, Anna");
   ClickOn(&dialog, "cdmStart");
@@ -140,9 +140,9 @@ TEST_F(ClientListsTest, ReportCriteriaWaitForTheirReport) {
   });
   const auto chosen = navigator.Open(PickDatesWithClients{});
   ASSERT_TRUE(chosen);
-  EXPECT_EQ(chosen->clientIds.size(), 3U);
-  EXPECT_EQ(chosen->from, QDate(2026, 11, 1));
-  EXPECT_EQ(chosen->to, QDate(2026, 11, 30));
+  EXPECT_EQ(chosen->clients.size(), 3U);
+  EXPECT_EQ(chosen->days.from, QDate(2026, 11, 1));
+  EXPECT_EQ(chosen->days.to, QDate(2026, 11, 30));
 }
 
 }  // namespace

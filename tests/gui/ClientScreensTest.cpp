@@ -127,7 +127,7 @@ TEST_F(ClientScreenTest, AServiceThatFollowsTheMainOneKeepsItsOwnDates) {
   auto* follow = Find<QCheckBox>(screen, "chkSameScheduleAsMain");
   EXPECT_EQ(Cell(grid, 0, 1), "Lawn mowing - Main service");
   EXPECT_FALSE(follow->isEnabled()) << "the main service follows nobody";
-  grid->SelectKey(2);
+  grid->SelectKey(1);
   Click(follow);
   EXPECT_EQ(Find<QComboBox>(screen, "cmbFrequency")->currentText(), "14");
   EXPECT_FALSE(Find<QWidget>(screen, "fraDiffSchedule")->isEnabled());
@@ -138,10 +138,10 @@ TEST_F(ClientScreenTest, AServiceThatFollowsTheMainOneKeepsItsOwnDates) {
   EXPECT_EQ(row.Field(u"Other_Schedule_Client_Service_ID").ToLong(), 1);
   EXPECT_EQ(row.Field(u"Frequency").ToLong(), 28);
 
-  grid->SelectKey(1);
+  grid->SelectKey(0);
   ClickOn(screen, "cmdRemoveService");
   EXPECT_TRUE(Told().startsWith("You cannot delete this service as other services are dependent"));
-  grid->SelectKey(2);
+  grid->SelectKey(1);
   const auto shown = grid->Rows().size();
   ClickOn(screen, "cmdRemoveService");
   EXPECT_EQ(Count("Client_Services"), 1);
@@ -389,7 +389,7 @@ TEST_F(ClientScreenTest, ASiteOpensFromTheClientThatPays) {
 }
 
 TEST_F(ClientScreenTest, AClientThatIsGoneIsToldAndNotShown) {
-  navigator.Open(OpenClient{99});
+  navigator.Open(OpenClient{99_client});
   EXPECT_EQ(Told(), "This client is no longer in the file.");
   EXPECT_EQ(host.shown, nullptr);
 }

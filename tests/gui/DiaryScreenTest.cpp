@@ -340,7 +340,8 @@ TEST_F(DiaryScreenTest, ReordersByDragAndByKeys) {
 
 TEST_F(DiaryScreenTest, CommandsOfOtherScreensFollowTheNavigator) {
   qint64 opened = 0;
-  navigator.Register<OpenClient>([&](const OpenClient& request) { opened = request.clientId; });
+  navigator.Register<OpenClient>(
+      [&](const OpenClient& request) { opened = request.client.Number(); });
   Open();
   EXPECT_FALSE(Find<QPushButton>(screen, "cmdDonePaid")->isEnabled());
   EXPECT_FALSE(Find<QPushButton>(screen, "cmdCreateInvoice")->isEnabled());

@@ -51,19 +51,19 @@ class InvoiceScreensTest : public ScreenFixture {
     printed += words + QStringLiteral(" of ") + selected.join(u',');
     return true;
   }
-  qint64 AddJob(qint64 client, const char* status, double price = 110) {
+  Id<Entry> AddJob(qint64 client, const char* status, double price = 110) {
     Run(
         Sql("INSERT INTO Diary (Client_ID, Employee_ID, Status, Schedule_Date, Description, "
             "Total_Price, Total_GST) VALUES ({}, 1, {}, {}, 'MO', {}, {})",
             client, status, business().Today(), price, price / 11));
-    return Number(Sql("SELECT MAX(Diary_ID) FROM Diary"));
+    return Id<Entry>(Number(Sql("SELECT MAX(Diary_ID) FROM Diary")));
   }
-  qint64 StoreInvoice(qint64 client, std::optional<qint64> job = {}) {
+  Id<Invoice> StoreInvoice(Id<Client> client, std::optional<Id<Entry>> job = {}) {
     billing::InvoiceForm form = billing::NewInvoice(business(), client, job);
     EXPECT_FALSE(billing::SaveInvoices(business(), form));
-    return form.invoiceId;
+    return *form.invoiceId;
   }
-  QString JobState(qint64 job) {
+  QString JobState(Id<Entry> job) {
     const Recordset row = Run(Sql("SELECT Status, Invoice_ID FROM Diary WHERE Diary_ID = {}", job));
     return row.Field(u"Status").ToText() + u' ' + row.Field(u"Invoice_ID").ToText("-");
   }
@@ -132,7 +132,7 @@ TEST_F(InvoiceScreensTest, RefusalsComeInOrderAtTheirField) {
 }
 
 TEST_F(InvoiceScreensTest, EachPressSpendsANumber) {
-  EXPECT_TRUE(UseDialog(AddInvoice{1, {}}, [&](Dialog& invoice) {
+  EXPECT_TRUE(UseDialog(AddInvoice{1_client, {}}, [&](Dialog& invoice) {
     EXPECT_EQ(TextOf(&invoice, "txtInvoiceNumber"), "1001");
     ClickOn(&invoice, "cmdGetLastNumber");
     ClickOn(&invoice, "cmdGetLastNumber");
@@ -142,15 +142,15 @@ TEST_F(InvoiceScreensTest, EachPressSpendsANumber) {
     EXPECT_FALSE(invoice.isVisible()) << "no question about jobs here";
   }));
   EXPECT_EQ(Word(Sql("SELECT Invoice_Number FROM Invoices")), "12A");
-  UseDialog(EditInvoice{1}, [&](Dialog& invoice) {
+  UseDialog(EditInvoice{1_invoice}, [&](Dialog& invoice) {
     EXPECT_EQ(TextOf(&invoice, "txtInvoiceNumber"), "12");
     EXPECT_EQ(TextOf(&invoice, "txtInvoiceAmount"), "$0.00");
   });
 }
 
 TEST_F(InvoiceScreensTest, AnInvoiceOfAJobHasNothingToChoose) {
-  const qint64 job = AddJob(1, "JD");
-  EXPECT_TRUE(UseDialog(AddInvoice{1, job}, [&](Dialog& invoice) {
+  const Id<Entry> job = AddJob(1, "JD");
+  EXPECT_TRUE(UseDialog(AddInvoice{1_client, job}, [&](Dialog& invoice) {
     EXPECT_FALSE(Find<QWidget>(&invoice, "fraLstOfAttachedJobs")->isVisible());
     EXPECT_EQ(TextOf(&invoice, "txtInvoiceAmount"), "$110.00");
     EXPECT_EQ(TextOf(&invoice, "txtGSTIncluded"), "$10.00");
@@ -161,15 +161,15 @@ TEST_F(InvoiceScreensTest, AnInvoiceOfAJobHasNothingToChoose) {
 }
 
 TEST_F(InvoiceScreensTest, JobsOfANewInvoiceAreAttachedWithItsFirstSave) {
-  const qint64 one = AddJob(1, "JD");
-  const qint64 two = AddJob(1, "J", 55);
-  EXPECT_TRUE(UseDialog(AddInvoice{1, {}}, [&](Dialog& invoice) {
+  const Id<Entry> one = AddJob(1, "JD");
+  const Id<Entry> two = AddJob(1, "J", 55);
+  EXPECT_TRUE(UseDialog(AddInvoice{1_client, {}}, [&](Dialog& invoice) {
     outside.prompter.Expect("You did not attach a job to this invoice.\n\n", Answer::Yes);
     Then([&](Dialog& list) {
       EXPECT_EQ(RowsIn(&list, "fgJobs"), 2);
       auto* grid = Find<Grid>(&list, "fgJobs");
       EXPECT_EQ(Find<QLabel>(&list, "lblTickedTotal")->text(), "0 jobs ticked = $0.00");
-      grid->SelectKey(two);
+      grid->SelectId(two);
       QTest::keyClick(grid, Qt::Key_Space);
       EXPECT_EQ(Find<QLabel>(&list, "lblTickedTotal")->text(), "1 job ticked = $55.00");
       TickAll(&list);
@@ -180,7 +180,7 @@ TEST_F(InvoiceScreensTest, JobsOfANewInvoiceAreAttachedWithItsFirstSave) {
     EXPECT_TRUE(invoice.isVisible()) << "the screen stays";
     EXPECT_EQ(TextOf(&invoice, "txtInvoiceAmount"), "$165.00");
     EXPECT_EQ(JobState(one), "JD 1") << "its first save had made the invoice";
-    Find<Grid>(&invoice, "fgJobs")->SelectKey(one);
+    Find<Grid>(&invoice, "fgJobs")->SelectId(one);
     ClickOn(&invoice, "cmdRemoveJob");
     EXPECT_EQ(TextOf(&invoice, "txtInvoiceAmount"), "$55.00");
     ClickOn(&invoice, "cmdSaveAndClose");
@@ -188,7 +188,7 @@ TEST_F(InvoiceScreensTest, JobsOfANewInvoiceAreAttachedWithItsFirstSave) {
   EXPECT_EQ(JobState(one) + u',' + JobState(two), "JD -,J 1");
   EXPECT_EQ(Number(Sql("SELECT Total_Amount FROM Invoices")), 55);
 
-  UseDialog(AddInvoice{1, {}}, [&](Dialog& invoice) {
+  UseDialog(AddInvoice{1_client, {}}, [&](Dialog& invoice) {
     Then([&](Dialog& list) {
       TickAll(&list);
       ClickOn(&list, "cmdAttachJobsToInvoice");
@@ -202,14 +202,14 @@ TEST_F(InvoiceScreensTest, JobsOfANewInvoiceAreAttachedWithItsFirstSave) {
 }
 
 TEST_F(InvoiceScreensTest, PrintingSavesFirstAndThenMayMail) {
-  StoreInvoice(1);
-  UseDialog(EditInvoice{1}, [&](Dialog& invoice) {
+  StoreInvoice(1_client);
+  UseDialog(EditInvoice{1_invoice}, [&](Dialog& invoice) {
     EXPECT_FALSE(Find<QPushButton>(&invoice, "cmdPrintInvoice")->isEnabled())
         << "nothing can print yet";
   });
   NotePrinting();
   AddJob(1, "JD");
-  UseDialog(EditInvoice{1}, [&](Dialog& invoice) {
+  UseDialog(EditInvoice{1_invoice}, [&](Dialog& invoice) {
     EXPECT_FALSE(Find<QPushButton>(&invoice, "cmdEmailInvoice")->isEnabled());
     Then([&](Dialog& list) {
       EXPECT_EQ(Told(), "Please select jobs to included on the invoice.");
@@ -228,9 +228,9 @@ TEST_F(InvoiceScreensTest, PrintingSavesFirstAndThenMayMail) {
 }
 
 TEST_F(InvoiceScreensTest, ANoteOfAnEarlierInvoiceReplacesTheText) {
-  StoreInvoice(1);
+  StoreInvoice(1_client);
   Run(Sql("UPDATE Invoices SET Invoice_Notes = 'Gate is locked'"));
-  UseDialog(AddInvoice{1, {}}, [&](Dialog& invoice) {
+  UseDialog(AddInvoice{1_client, {}}, [&](Dialog& invoice) {
     auto* notes = Find<QPlainTextEdit>(&invoice, "txtInvoiceNotes");
     notes->setPlainText("typed");
     Then([&](Dialog& list) {
@@ -249,9 +249,9 @@ TEST_F(InvoiceScreensTest, ANoteOfAnEarlierInvoiceReplacesTheText) {
 
 TEST_F(InvoiceScreensTest, TheListPrintsItsTicksAndDeletesThem) {
   NotePrinting();
-  const qint64 job = AddJob(1, "JD");
-  StoreInvoice(1, job);
-  StoreInvoice(2);
+  const Id<Entry> job = AddJob(1, "JD");
+  StoreInvoice(1_client, job);
+  StoreInvoice(2_client);
   Screen& list = OpenTab(OpenInvoicesList{});
   EXPECT_EQ(RowsIn(&list, "fgInvoices"), 2);
   auto* invoices = Find<Grid>(&list, "fgInvoices");
@@ -280,7 +280,7 @@ TEST_F(InvoiceScreensTest, TheListPrintsItsTicksAndDeletesThem) {
 }
 
 TEST_F(InvoiceScreensTest, TheMonthlyRunAsksForADateAndFillsTheList) {
-  const qint64 job = AddJob(2, "JD");
+  const Id<Entry> job = AddJob(2, "JD");
   Screen& list = OpenTab(OpenInvoicesList{true});
   EXPECT_TRUE(Find<QCheckBox>(&list, "chkShowMonthly")->isChecked());
   const auto run = [&](bool confirm) {
@@ -299,7 +299,7 @@ TEST_F(InvoiceScreensTest, TheMonthlyRunAsksForADateAndFillsTheList) {
 }
 
 TEST_F(InvoiceScreensTest, PickingAMonthOnlyMovesTheDates) {
-  StoreInvoice(1);
+  StoreInvoice(1_client);
   Screen& list = OpenTab(OpenInvoicesList{});
   auto* month = Find<QComboBox>(&list, "cboMonth");
   EXPECT_EQ(month->currentText(), "November 2026");
@@ -313,10 +313,10 @@ TEST_F(InvoiceScreensTest, PickingAMonthOnlyMovesTheDates) {
 }
 
 TEST_F(InvoiceScreensTest, AJobOfTheDiaryIsInvoicedAloneOrWithItsDay) {
-  const qint64 job = AddJob(1, "JD");
-  const qint64 other = AddJob(1, "J", 22);
+  const Id<Entry> job = AddJob(1, "JD");
+  const Id<Entry> other = AddJob(1, "J", 22);
   const QDate day = business().Today();
-  const ChooseInvoiceFor request{1, job, day, day};
+  const ChooseInvoiceFor request{1_client, job, DateRange::Of(day)};
   UseDialog(request, [&](Dialog& options) {
     EXPECT_FALSE(Find<QPushButton>(&options, "cmdCreateNonMonthlyInvoice")->isEnabled());
     Then([&](Dialog& invoice) { ClickOn(&invoice, "cmdClose"); });
@@ -370,13 +370,13 @@ TEST_F(InvoiceScreensTest, CriteriaOfTheInvoiceList) {
   });
   picked = navigator.Open(PickInvoiceList{});
   ASSERT_TRUE(picked);
-  EXPECT_EQ(picked->from, QDate(2026, 11, 1));
-  EXPECT_EQ(picked->to, QDate(2026, 11, 30));
+  EXPECT_EQ(picked->days.from, QDate(2026, 11, 1));
+  EXPECT_EQ(picked->days.to, QDate(2026, 11, 30));
   EXPECT_EQ(picked->order, InvoiceListCriteria::Order::Date);
 }
 
 TEST_F(InvoiceScreensTest, NoLetterStandsForTwoControls) {
-  const qint64 id = StoreInvoice(1);
+  const Id<Invoice> id = StoreInvoice(1_client);
   EXPECT_EQ(Doubled(OpenTab(OpenInvoicesList{}), "DACQFRNSHE"), "");
   const auto check = [](Dialog& dialog) {
     EXPECT_EQ(Doubled(dialog, {}), "") << dialog.objectName().toStdString();
@@ -384,8 +384,7 @@ TEST_F(InvoiceScreensTest, NoLetterStandsForTwoControls) {
     EXPECT_LE(dialog.width(), 1248) << dialog.objectName().toStdString();
   };
   UseDialog(EditInvoice{id}, check);
-  UseDialog(AttachJobsToInvoice{id, 1}, check);
-  UseDialog(ChooseInvoiceFor{1, AddJob(1, "J"), business().Today(), business().Today()}, check);
+  UseDialog(ChooseInvoiceFor{1_client, AddJob(1, "J"), DateRange::Of(business().Today())}, check);
 }
 
 class MonthlyReminderTest : public ProgramTest {};

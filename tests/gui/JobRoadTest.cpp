@@ -23,7 +23,7 @@ class JobRoadTest : public DeskTest {
   QString Payment() { return LatestKey(Sql("SELECT MAX(Payment_ID) FROM Payments")); }
   /// What the client's screen says is owed.
   QString Owing() {
-    navigator.Open(OpenClient{Number()});
+    navigator.Open(OpenClient{Id<Client>(Number())});
     return On<QLabel>("lblOwing")->text();
   }
   Screen* Front(const char* command, const char* screen) {

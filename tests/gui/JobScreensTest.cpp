@@ -143,13 +143,13 @@ TEST_F(JobScreensTest, PaymentOfAJobFollowsItsPayment) {
   UseDialog(EditJob{Id<Entry>(id)},
             [&](Dialog& job) { EXPECT_EQ(caption(job), "Add payment (off)"); });
   navigator.Register<PayForJob>([&](const PayForJob& request) {
-    EXPECT_EQ(request.billingClientId, 1);
+    EXPECT_EQ(request.payer, 1_client);
     EXPECT_EQ(request.price, Money::FromWhole(50)) << "what it costs, though it has no lines";
-    Run(Sql("UPDATE Diary SET Payment_ID = 9 WHERE Diary_ID = {}", request.diaryId));
+    Run(Sql("UPDATE Diary SET Payment_ID = 9 WHERE Diary_ID = {}", request.entry));
     return true;
   });
   navigator.Register<ViewPayment>([&](const ViewPayment& request) {
-    paid.push_back(request.paymentId);
+    paid.push_back(request.payment.Number());
     return true;
   });
   UseDialog(EditJob{Id<Entry>(id)}, [&](Dialog& job) {

@@ -107,7 +107,7 @@ TEST_F(PaymentScreensTest, EntersAPaymentByKeyboard) {
 }
 
 TEST_F(PaymentScreensTest, AMnemonicTakesWhatWasTypedLast) {
-  UseDialog(quillary::AddPayment{1, Money::FromWhole(20)}, [&](Dialog& payment) {
+  UseDialog(quillary::AddPayment{1_client, Money::FromWhole(20)}, [&](Dialog& payment) {
     auto* amount = Find<QLineEdit>(&payment, "txtAmount");
     amount->setFocus();
     amount->selectAll();
@@ -120,7 +120,7 @@ TEST_F(PaymentScreensTest, AMnemonicTakesWhatWasTypedLast) {
 
 TEST_F(PaymentScreensTest, APaymentForAJobPaysIt) {
   const qint64 job = AddJob("JI", 55);
-  UseDialog(PayForJob{1, job, Money::FromWhole(55)}, [&](Dialog& options) {
+  UseDialog(PayForJob{1_client, Id<Entry>(job), Money::FromWhole(55)}, [&](Dialog& options) {
     OnTop([&](QDialog& payment) {
       EXPECT_FALSE(Find<QWidget>(&payment, "fraJobsBeingPaidFor")->isVisible());
       EXPECT_EQ(Text(&payment, "txtAmount"), "$55.00");
@@ -137,7 +137,7 @@ TEST_F(PaymentScreensTest, AnExistingPaymentIsTied) {
   const qint64 job = AddJob("JI", 55);
   AddPayment(60, "CASH", 2);
   const qint64 payment = AddPayment(60);
-  UseDialog(PayForJob{1, job, Money::FromWhole(55)}, [&](Dialog& options) {
+  UseDialog(PayForJob{1_client, Id<Entry>(job), Money::FromWhole(55)}, [&](Dialog& options) {
     OnTop([&](QDialog& list) {
       auto* grid = Find<Grid>(&list, "grdPayments");
       ASSERT_EQ(grid->model()->rowCount(), 1) << "those of this client alone";
@@ -156,7 +156,7 @@ TEST_F(PaymentScreensTest, TicksTakeEffectAtOnceAndShowWhatTheyComeTo) {
   const qint64 second = AddJob("J", 44);
   AddJob("JD", 10, 2);
   const qint64 payment = AddPayment(60);
-  UseDialog(AllocatePayment{payment}, [&](Dialog& dialog) {
+  UseDialog(AllocatePayment{Id<Payment>(payment)}, [&](Dialog& dialog) {
     auto* grid = Find<Grid>(&dialog, "grdJobs");
     ASSERT_EQ(grid->model()->rowCount(), 2);
     EXPECT_EQ(Find<QLabel>(&dialog, "txtDifference")->text(), "$60.00");
@@ -178,7 +178,7 @@ TEST_F(PaymentScreensTest, TicksTakeEffectAtOnceAndShowWhatTheyComeTo) {
 
 TEST_F(PaymentScreensTest, JobsThatWaitHoldThePaymentBack) {
   const qint64 job = AddJob("JD", 55);
-  UseDialog(quillary::AddPayment{1, Money::FromWhole(55)}, [&](Dialog& payment) {
+  UseDialog(quillary::AddPayment{1_client, Money::FromWhole(55)}, [&](Dialog& payment) {
     int opened = 0;
     OnTop([&](QDialog& jobs) { opened += jobs.objectName() == "dlgPaymentJobs"; });
     ClickOn(&payment, "cmdSave");
@@ -201,14 +201,14 @@ TEST_F(PaymentScreensTest, JobsThatWaitHoldThePaymentBack) {
   EXPECT_EQ(LinkOf(job), "JD 1") << "and nothing touched the status";
 
   AddJob("JD", 10);
-  UseDialog(quillary::AddPayment{1, Money::FromWhole(10)},
+  UseDialog(quillary::AddPayment{1_client, Money::FromWhole(10)},
             [&](Dialog& payment) { ClickOn(&payment, "cmdSaveOnly"); });
   EXPECT_EQ(Count("Payments"), 2) << "saving alone asks for no jobs";
 }
 
 TEST_F(PaymentScreensTest, SplitsAPaymentOverAccounts) {
   outside.prompter.Expect("Close without saving changes?", Answer::Yes);
-  UseDialog(quillary::AddPayment{1}, [&](Dialog& payment) {
+  UseDialog(quillary::AddPayment{1_client}, [&](Dialog& payment) {
     const auto* grid = Find<Grid>(&payment, "grdRevAccounts");
     ClickOn(&payment, "cmdAddRevenueAccount");
     EXPECT_EQ(Told(), "Please select a revenue account.");
@@ -246,7 +246,7 @@ TEST_F(PaymentScreensTest, SplitsAPaymentOverAccounts) {
 }
 
 TEST_F(PaymentScreensTest, APaymentThatIsGoneIsSaidToBe) {
-  UseDialog(ViewPayment{99}, [&](Dialog& payment) {
+  UseDialog(ViewPayment{99_payment}, [&](Dialog& payment) {
     EXPECT_EQ(Find<QLabel>(&payment, "lblCaption")->text(), "PAYMENT RECORD DOESN'T EXIST!");
     EXPECT_TRUE(Find<QLabel>(&payment, "lblCaption")->isVisible());
     for (const char* field : {"cmbClient", "txtAmount", "cmdSave", "cmdSaveOnly"})
@@ -294,7 +294,7 @@ TEST_F(PaymentScreensTest, MethodsAreKeptInATabAndOverAPayment) {
   EXPECT_EQ(Number(Sql("SELECT COUNT(*) FROM lstPayment_Methods "
                        "WHERE Payment_Method = 'DIRECT DEBIT'")),
             1);
-  UseDialog(quillary::AddPayment{1}, [&](Dialog& payment) {
+  UseDialog(quillary::AddPayment{1_client}, [&](Dialog& payment) {
     OnTop([&](QDialog& methods) {
       EXPECT_EQ(methods.objectName(), "frmPaymentMethodsDialog");
       TypeOver(&methods, "txtPaymentMethod", "barter");
@@ -310,7 +310,7 @@ TEST_F(PaymentScreensTest, MethodsAreKeptInATabAndOverAPayment) {
 
 TEST_F(PaymentScreensTest, AClientsPaymentWithoutAJobIsWarnedOf) {
   clients::RegisterClientScreens(business(), {navigator, host, runner});
-  Screen& client = OpenTab(OpenClient{1});
+  Screen& client = OpenTab(OpenClient{1_client});
   const QString warning =
       "You are adding a payment that is not going to be attached to a job and hence will not "
       "reflect correctly in your P&L report. \nIf is advised you first create a invoice for the "

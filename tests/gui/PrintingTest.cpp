@@ -90,7 +90,7 @@ TEST_F(PrintingTest, AnInvoiceIsStoredAndPrintedFromItsScreen) {
     Keys("SPRING CLEAN");
     PressAlt(&screen, Qt::Key_I);
   });
-  navigator.Open(EditInvoice{invoice.Field(u"Invoice_ID").ToLong()});
+  navigator.Open(EditInvoice{Id<Invoice>(invoice.Field(u"Invoice_ID").ToLong())});
   EXPECT_EQ(Run(Sql("SELECT Invoice_Description FROM Invoices WHERE Invoice_ID = {}",
                     invoice.Field(u"Invoice_ID")))
                 .Field(size_t{0})

@@ -98,7 +98,8 @@ TEST_F(ScheduleScreensTest, ProblemListShowsItselfAtStartUpOnlyWithReason) {
 TEST_F(ScheduleScreensTest, ProblemListLeadsToTheClientAndToPaper) {
   qint64 opened = 0;
   PrintList printed;
-  navigator.Register<OpenClient>([&](const OpenClient& request) { opened = request.clientId; });
+  navigator.Register<OpenClient>(
+      [&](const OpenClient& request) { opened = request.client.Number(); });
   navigator.Register<PrintList>([&](const PrintList& list) { printed = list; });
   Screen& problems = OpenTab(OpenListOfClientsWithSchedulingProblem{});
   QTest::keyClick(Find<Grid>(&problems, "grdClients"), Qt::Key_Return);

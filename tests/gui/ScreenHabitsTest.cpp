@@ -115,8 +115,8 @@ TEST_F(ScreenHabitsTest, Dialogs) {
   UseDialog(EditSuburbPositions{}, check);
   billing::RegisterPaymentScreens(business(), {navigator, host, runner});
   UseDialog(AddPayment{}, check);
-  UseDialog(PayForJob{}, check);
-  UseDialog(AllocatePayment{}, check);
+  UseDialog(PayForJob{1_client, 1_entry, {}}, check);
+  UseDialog(AllocatePayment{1_payment}, check);
 }
 
 /// What the main window owes to the screens in its tabs.

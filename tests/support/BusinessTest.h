@@ -1,6 +1,7 @@
 #pragma once
 
 #include "data/Business.h"
+#include "support/Literals.h"
 #include "support/ScriptedOutside.h"
 
 #include <QTemporaryDir>

@@ -222,8 +222,7 @@ void frmDebtors::Reload() {
 }
 
 void frmDebtors::OpenClientOf(const Grid* grid) {
-  if (const auto client = grid->SelectedId<Client>())
-    tools_.navigator.Open(OpenClient{client->Number()});
+  if (const auto client = grid->SelectedId<Client>()) tools_.navigator.Open(OpenClient{*client});
 }
 
 void frmDebtors::Recalculate() {

@@ -13,8 +13,10 @@
 namespace quillary::billing {
 
 enum class BilledClients { Active, All };  // active ones include plain billing addresses
-/// The clients who are billed themselves, by name.
-std::vector<lists::Choice<Client>> ListBilledClients(Business& business, BilledClients which);
+/// The clients who are billed themselves, by name, and among them in any case `also`: an old
+/// invoice stays its client's when another pays for that client by now.
+std::vector<lists::Choice<Client>> ListBilledClients(Business& business, BilledClients which,
+                                                     std::optional<Id<Client>> also = {});
 
 /// What a client wants on its invoices. It stands for all later ones.
 struct InvoiceOptions {
@@ -25,7 +27,7 @@ struct InvoiceOptions {
 };
 
 struct BilledClient {
-  qint64 clientId = 0;
+  Id<Client> client;
   QString displayName;
   Money accountBalance;  // negative is a debt
   QString addressBlock;
@@ -37,7 +39,7 @@ struct BilledClient {
   QString OutstandingWords() const;
 };
 /// Nothing when there is no such client.
-std::optional<BilledClient> LoadBilledClient(Business& business, qint64 clientId);
+std::optional<BilledClient> LoadBilledClient(Business& business, Id<Client> client);
 
 /// Name, street and suburb on three lines.
 QString AddressBlock(const QString& displayName, const QString& streetNumber, const QString& street,

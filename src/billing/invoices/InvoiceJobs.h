@@ -1,6 +1,7 @@
 #pragma once
 
 #include "billing/invoices/InvoiceRecord.h"
+#include "domain/EntryStatus.h"
 
 #include <vector>
 
@@ -9,13 +10,13 @@
 namespace quillary::billing {
 
 struct AttachedJob {
-  qint64 diaryId = 0;
+  Id<Entry> diaryId;
   QString displayName;  // of the client at whose site it is done
   QString description;
   QDate scheduleDate;
   Money totalPrice;  // tax included
   Money totalGST;
-  QString status;
+  StoredEntryStatus status;
 };
 
 struct AttachedJobs {
@@ -28,24 +29,25 @@ AttachedJobs LoadAttachedJobs(Business& business, const InvoiceForm& form);
 
 /// Points the jobs at the invoice, away from any other they stood on. Their status stays, and so do
 /// the stored totals of both invoices until they are saved again.
-void AttachJobs(Business& business, qint64 invoiceId, const std::vector<qint64>& diaryIds);
+void AttachJobs(Business& business, Id<Invoice> invoiceId, const std::vector<Id<Entry>>& diaryIds);
 
 /// Takes a job off its invoice, or out of those that a new one will attach. The status stays: an
 /// invoiced job goes on counting as invoiced. Refuses when no job is selected.
 std::optional<Refusal> RemoveJob(Business& business, InvoiceForm& form,
-                                 std::optional<qint64> diaryId);
+                                 std::optional<Id<Entry>> diaryId);
 
 /// A job of the diary that is to be invoiced.
 struct JobToInvoice {
-  qint64 diaryId = 0;
+  Id<Entry> diaryId;
   QString displayName;  // of the client at whose site it is done
   QString billedName;   // of who pays
   QString description;
   QDate scheduleDate;
-  Money totalPrice;                 // tax included
-  std::optional<qint64> invoiceId;  // the invoice it stands on, when that exists
+  Money totalPrice;  // tax included
+  StoredEntryStatus status;
+  std::optional<Id<Invoice>> invoiceId;  // the invoice it stands on, when that exists
 };
 /// Nothing when there is no such entry.
-std::optional<JobToInvoice> LoadJobToInvoice(Business& business, qint64 diaryId);
+std::optional<JobToInvoice> LoadJobToInvoice(Business& business, Id<Entry> diaryId);
 
 }  // namespace quillary::billing

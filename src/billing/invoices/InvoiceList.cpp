@@ -4,16 +4,9 @@
 namespace quillary::billing {
 namespace {
 
-QDate FirstOfMonth(QDate day) {
-  return {day.year(), day.month(), 1};
-}
-
-QDate LastOfMonth(QDate day) {
-  return FirstOfMonth(day).addMonths(1).addDays(-1);
-}
-
 Sql Selection(const InvoiceListQuery& query) {
-  const Sql days("AND Generation_Date BETWEEN {} AND {} ", query.from, EndOfDay(query.to));
+  const Sql days("AND Generation_Date BETWEEN {} AND {} ", query.days.from,
+                 EndOfDay(query.days.to));
   const Sql rows(
       "SELECT Clients.Display_Name, Invoices.* FROM Invoices INNER JOIN Clients "
       "ON Invoices.Client_ID = Clients.Client_ID ");
@@ -29,7 +22,7 @@ Sql Selection(const InvoiceListQuery& query) {
 }  // namespace
 
 InvoiceListQuery InvoicesOfMonth(QDate today, bool monthlyOnly) {
-  return {.from = FirstOfMonth(today), .to = LastOfMonth(today), .monthlyOnly = monthlyOnly};
+  return {.days = DateRange::MonthOf(today), .monthlyOnly = monthlyOnly};
 }
 
 QString InvoiceListRow::IsPaidWord() const {
@@ -39,8 +32,8 @@ QString InvoiceListRow::IsPaidWord() const {
 std::vector<InvoiceListRow> LoadInvoicesList(Business& business, const InvoiceListQuery& query) {
   std::vector<InvoiceListRow> invoices;
   for (const Record row : business.RunSQL(Selection(query))) {
-    invoices.push_back({.invoiceId = row[u"Invoice_ID"].ToLong(),
-                        .clientId = row[u"Client_ID"].ToLong(),
+    invoices.push_back({.invoiceId = Id<Invoice>(row[u"Invoice_ID"].ToLong()),
+                        .clientId = Id<Client>(row[u"Client_ID"].ToLong()),
                         .displayName = row[u"Display_Name"].ToText(),
                         .generationDate = row[u"Generation_Date"].ToDate(),
                         .description = row[u"Invoice_Description"].ToText(),
@@ -52,14 +45,14 @@ std::vector<InvoiceListRow> LoadInvoicesList(Business& business, const InvoiceLi
   return invoices;
 }
 
-std::optional<Refusal> CheckInvoiceSelected(const std::optional<qint64>& invoiceId) {
+std::optional<Refusal> CheckInvoiceSelected(std::optional<Id<Invoice>> invoiceId) {
   if (invoiceId) return std::nullopt;
-  return Refusal{"Please select an invoice.", "fgInvoices"};
+  return Refusal{"Please select an invoice.", "invoices"};
 }
 
-void DeleteInvoices(Business& business, const std::vector<qint64>& invoiceIds) {
+void DeleteInvoices(Business& business, const std::vector<Id<Invoice>>& invoiceIds) {
   Transaction deletion(business);
-  for (const qint64 invoiceId : invoiceIds) {
+  for (const Id<Invoice> invoiceId : invoiceIds) {
     business.Write(Sql("DELETE FROM Invoices WHERE Invoice_ID = {}", invoiceId), Rows::Exactly(1));
     business.Write(Sql("DELETE FROM Invoice_Items WHERE Invoice_ID = {}", invoiceId));
     business.Write(Sql("UPDATE Diary SET Invoice_ID = NULL WHERE Invoice_ID = {}", invoiceId));
@@ -68,7 +61,7 @@ void DeleteInvoices(Business& business, const std::vector<qint64>& invoiceIds) {
 }
 
 bool DeleteTickedInvoices(Business& business, Prompter& prompter,
-                          const std::vector<qint64>& invoiceIds) {
+                          const std::vector<Id<Invoice>>& invoiceIds) {
   const Answer answer =
       prompter.AskBeforeLosing(QStringLiteral("Are you sure you want to delete ticked invoices "));
   if (answer != Answer::Yes) return false;
@@ -77,7 +70,7 @@ bool DeleteTickedInvoices(Business& business, Prompter& prompter,
 }
 
 InvoiceListCriteria InvoiceListOfMonth(QDate today) {
-  return {.from = FirstOfMonth(today), .to = LastOfMonth(today)};
+  return {.days = DateRange::MonthOf(today)};
 }
 
 }  // namespace quillary::billing

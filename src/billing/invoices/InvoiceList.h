@@ -15,16 +15,15 @@
 namespace quillary::billing {
 
 struct InvoiceListQuery {
-  QDate from;
-  QDate to;  // with its whole day
+  DateRange days;  // the last one whole
   bool monthlyOnly = false;
 };
 /// The month of `today`, all invoices or the monthly ones.
 InvoiceListQuery InvoicesOfMonth(QDate today, bool monthlyOnly);
 
 struct InvoiceListRow {
-  qint64 invoiceId = 0;
-  qint64 clientId = 0;
+  Id<Invoice> invoiceId;
+  Id<Client> clientId;
   QString displayName;  // of the client who is billed
   QDate generationDate;
   QString description;
@@ -41,14 +40,14 @@ struct InvoiceListRow {
 std::vector<InvoiceListRow> LoadInvoicesList(Business& business, const InvoiceListQuery& query);
 
 /// Refuses when no invoice is selected for viewing.
-std::optional<Refusal> CheckInvoiceSelected(const std::optional<qint64>& invoiceId);
+std::optional<Refusal> CheckInvoiceSelected(std::optional<Id<Invoice>> invoiceId);
 
 /// Deletes the invoices with their items and takes them off their jobs, whose status stays: a job
 /// that was invoiced goes on counting as invoiced. Whole or not at all.
-void DeleteInvoices(Business& business, const std::vector<qint64>& invoiceIds);
+void DeleteInvoices(Business& business, const std::vector<Id<Invoice>>& invoiceIds);
 /// Asks once, and deletes. False when the user declined.
 bool DeleteTickedInvoices(Business& business, Prompter& prompter,
-                          const std::vector<qint64>& invoiceIds);
+                          const std::vector<Id<Invoice>>& invoiceIds);
 
 /// This month, by name.
 InvoiceListCriteria InvoiceListOfMonth(QDate today);

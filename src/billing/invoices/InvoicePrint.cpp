@@ -13,20 +13,20 @@ void LogStep(Business& business, const QString& step) {
 
 }  // namespace
 
-void SelectInvoicesToPrint(Business& business, const std::vector<qint64>& invoiceIds) {
+void SelectInvoicesToPrint(Business& business, const std::vector<Id<Invoice>>& invoiceIds) {
   Transaction selecting(business);
   business.Write(Sql("DELETE FROM lstInvoicesToPrint;"));
-  for (const qint64 invoiceId : invoiceIds)
+  for (const Id<Invoice> invoiceId : invoiceIds)
     business.Write(Sql("INSERT INTO lstInvoicesToPrint (Invoice_ID) VALUES ({});", invoiceId));
   selecting.Commit();
 }
 
 std::optional<Refusal> CheckInvoicePrint(size_t attachedJobs) {
   if (attachedJobs > 0) return std::nullopt;
-  return Refusal{"Please select jobs to included on the invoice.", "cmdShowListOfJobs"};
+  return Refusal{"Please select jobs to included on the invoice.", "jobList"};
 }
 
-void PrepareInvoicePrint(Business& business, const std::vector<qint64>& invoiceIds) {
+void PrepareInvoicePrint(Business& business, const std::vector<Id<Invoice>>& invoiceIds) {
   SelectInvoicesToPrint(business, invoiceIds);
   if (!business.values.recalculateClientAmtsOwingOnPrint) return;
   LogStep(business, QStringLiteral("RecalculateAmountOwingOfAllClients"));

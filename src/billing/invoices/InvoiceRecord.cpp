@@ -10,15 +10,13 @@ namespace quillary::billing {
 namespace {
 
 /// A new row has a date and nothing else until the update that follows.
-qint64 InsertInvoice(Business& business) {
-  return business
-      .InsertReturningKey<Invoice>(
-          Sql("INSERT INTO Invoices (Generation_Date) VALUES ({})", business.Today()))
-      .Number();
+Id<Invoice> InsertInvoice(Business& business) {
+  return business.InsertReturningKey<Invoice>(
+      Sql("INSERT INTO Invoices (Generation_Date) VALUES ({})", business.Today()));
 }
 
 void TakeJobsOfNewInvoice(Business& business, const InvoiceForm& form) {
-  AttachJobs(business, form.invoiceId, form.jobsToAttach);
+  AttachJobs(business, *form.invoiceId, form.jobsToAttach);
   if (!form.forJob) return;
   business.Write(Sql("UPDATE Diary SET Invoice_ID = {}, Status = {} WHERE Diary_ID = {}",
                      form.invoiceId, EntryStatus::JobInvoiced, *form.forJob),
@@ -57,30 +55,31 @@ QString InvoiceTypeOf(const QString& stored) {
   return {};
 }
 
-BilledClient ChooseBilledClient(Business& business, InvoiceForm& form, qint64 clientId) {
+std::optional<BilledClient> ChooseBilledClient(Business& business, InvoiceForm& form,
+                                               Id<Client> clientId) {
   const auto client = LoadBilledClient(business, clientId);
-  if (!client) return {};
+  if (!client) return std::nullopt;
   form.clientId = clientId;
   form.madeOutTo = client->addressBlock;
   form.options = client->options;
-  return *client;
+  return client;
 }
 
-InvoiceForm NewInvoice(Business& business, std::optional<qint64> clientId,
-                       std::optional<qint64> diaryId) {
+InvoiceForm NewInvoice(Business& business, std::optional<Id<Client>> clientId,
+                       std::optional<Id<Entry>> diaryId) {
   InvoiceForm form;
   form.forJob = diaryId;
   form.date = business.Today();
   form.statementType = TypesOfInvoice().front();
   form.description = QStringLiteral("TAX INVOICE");
-  if (diaryId) roll::RecalculateDiaryEntryGST(business, Id<Entry>(*diaryId));
+  if (diaryId) roll::RecalculateDiaryEntryGST(business, *diaryId);
   std::optional<Id<Client>> payer;
   if (clientId)
-    payer = PayerOf(business, Id<Client>(*clientId));
+    payer = PayerOf(business, *clientId);
   else if (diaryId)
-    payer = PayerOf(business, Id<Entry>(*diaryId));
-  const auto client = payer ? LoadBilledClient(business, payer->Number()) : std::nullopt;
-  if (client && client->isBilledTo) ChooseBilledClient(business, form, payer->Number());
+    payer = PayerOf(business, *diaryId);
+  const auto client = payer ? LoadBilledClient(business, *payer) : std::nullopt;
+  if (client && client->isBilledTo) ChooseBilledClient(business, form, *payer);
   form.number = GetNextInvoiceNumber(business);
   const AttachedJobs jobs = LoadAttachedJobs(business, form);
   form.totalAmount = jobs.totalAmount;
@@ -88,14 +87,14 @@ InvoiceForm NewInvoice(Business& business, std::optional<qint64> clientId,
   return form;
 }
 
-std::optional<InvoiceForm> LoadInvoiceDetails(Business& business, qint64 invoiceId) {
+std::optional<InvoiceForm> LoadInvoiceDetails(Business& business, Id<Invoice> invoiceId) {
   const Recordset row =
       business.RunSQL(Sql("SELECT * FROM Invoices WHERE Invoice_ID = {}", invoiceId));
   if (row.EndOfFile()) return std::nullopt;
   InvoiceForm form;
   form.invoiceId = invoiceId;
-  const Value& client = row.Field(u"Client_ID");
-  if (!client.IsNull()) ChooseBilledClient(business, form, client.ToLong());
+  if (const auto client = row.Field(u"Client_ID").ToId<Client>())
+    ChooseBilledClient(business, form, *client);
   form.date = row.Field(u"Generation_Date").ToDate(business.Today());
   form.number = ShownInvoiceNumber(row.Field(u"Invoice_Number"));
   form.description = row.Field(u"Invoice_Description").ToText();
@@ -109,11 +108,11 @@ std::optional<InvoiceForm> LoadInvoiceDetails(Business& business, qint64 invoice
 }
 
 std::optional<Refusal> CheckInvoice(const InvoiceForm& form) {
-  if (!form.clientId) return Refusal{"Please select the billed client.", "cmdBilledClient"};
+  if (!form.clientId) return Refusal{"Please select the billed client.", "client"};
   if (ShownInvoiceNumber(form.number) == u"0")
-    return Refusal{"Please enter the invoice number.", "txtInvoiceNumber"};
+    return Refusal{"Please enter the invoice number.", "number"};
   if (InvoiceTypeOf(form.statementType).isEmpty())
-    return Refusal{"Please select the type of this invoice.", "cmbType"};
+    return Refusal{"Please select the type of this invoice.", "type"};
   return std::nullopt;
 }
 

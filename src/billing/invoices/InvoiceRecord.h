@@ -16,19 +16,17 @@
 /// and payments alone, so nothing here moves a balance.
 namespace quillary::billing {
 
-/// The key of an invoice that is not stored yet.
-inline constexpr qint64 kNewInvoice = -1;
-
 // The widths of the columns, which the fields of the screen keep to.
 inline constexpr int kInvoiceNumberWidth = 50;
 inline constexpr int kInvoiceDescriptionWidth = 100;
 inline constexpr int kMadeOutToWidth = 255;
 
 struct InvoiceForm {
-  qint64 invoiceId = kNewInvoice;
-  std::optional<qint64> forJob;      // a new invoice made for this job, which counts as invoiced
-  std::vector<qint64> jobsToAttach;  // of a new invoice: its first save attaches them as they are
-  std::optional<qint64> clientId;    // who is billed
+  std::optional<Id<Invoice>> invoiceId;  // nothing until it is stored
+  std::optional<Id<Entry>> forJob;  // a new invoice made for this job, which counts as invoiced
+  std::vector<Id<Entry>>
+      jobsToAttach;                    // of a new invoice: its first save attaches them as they are
+  std::optional<Id<Client>> clientId;  // who is billed
   QDate date;
   QString number;  // text, read as a number: "12A" is 12
   QString description;
@@ -40,7 +38,7 @@ struct InvoiceForm {
   Money totalGST;
   InvoiceOptions options;  // kept with the client who is billed
 
-  bool IsNew() const { return invoiceId == kNewInvoice; }
+  bool IsNew() const { return !invoiceId; }
 };
 
 /// "With job" and "Monthly".
@@ -52,15 +50,16 @@ QString InvoiceTypeOf(const QString& stored);
 /// An invoice that is not stored yet: dated today, with a number that is spent from here on even if
 /// it is never saved. Billed is who pays for the client. A job given is recomputed at the present
 /// tax rate first; without a client its payer is billed.
-InvoiceForm NewInvoice(Business& business, std::optional<qint64> clientId,
-                       std::optional<qint64> diaryId);
+InvoiceForm NewInvoice(Business& business, std::optional<Id<Client>> clientId,
+                       std::optional<Id<Entry>> diaryId);
 /// Nothing when there is no such invoice. A missing date reads as today, the number as its leading
 /// digits; the options are those of the client now.
-std::optional<InvoiceForm> LoadInvoiceDetails(Business& business, qint64 invoiceId);
+std::optional<InvoiceForm> LoadInvoiceDetails(Business& business, Id<Invoice> invoiceId);
 
 /// Takes over the client who is billed, as a choice in the list does: its address block, whatever
-/// stood there, and its options. Returns what is known of the client, empty when there is none.
-BilledClient ChooseBilledClient(Business& business, InvoiceForm& form, qint64 clientId);
+/// stood there, and its options. Returns what is known of the client, nothing when there is none.
+std::optional<BilledClient> ChooseBilledClient(Business& business, InvoiceForm& form,
+                                               Id<Client> clientId);
 
 /// Refuses, in this order, a missing client, a number that is blank or 0, and a missing type. The
 /// same number twice is allowed.

@@ -21,7 +21,7 @@ QStringList ListInvoiceNotes(Business& business) {
 
 std::optional<Refusal> CheckNoteSelected(bool isSelected) {
   if (isSelected) return std::nullopt;
-  return Refusal{"Please select a note from the list", "fgNotes"};
+  return Refusal{"Please select a note from the list", "notes"};
 }
 
 QString LoadTermsOfTrade(Business& business) {

@@ -1,9 +1,10 @@
 #include "billing/payments/PaymentJobs.h"
 
-#include "domain/EntryStatus.h"
+#include "domain/Payer.h"
+
 namespace quillary::billing {
 
-PaidServices LoadPaidServices(Business& business, qint64 paymentId) {
+PaidServices LoadPaidServices(Business& business, Id<Payment> paymentId) {
   PaidServices services;
   for (const Record row : business.RunSQL(
            Sql("SELECT Diary.Diary_ID, Services.Service, Diary.Schedule_Date, "
@@ -17,9 +18,9 @@ PaidServices LoadPaidServices(Business& business, qint64 paymentId) {
                "LEFT JOIN Invoices ON Diary.Invoice_ID = Invoices.Invoice_ID "
                "WHERE Diary.Payment_ID = {} ORDER BY Diary.Diary_ID, Services.Service; ",
                paymentId))) {
-    services.rows.push_back({row[u"Diary_ID"].ToLong(), row[u"Service"].ToText(),
+    services.rows.push_back({Id<Entry>(row[u"Diary_ID"].ToLong()), row[u"Service"].ToText(),
                              row[u"Schedule_Date"].ToDate(), row[u"Price"].ToMoney(),
-                             row[u"GL_Account_Name"].ToText(), row[u"Invoice_ID"].ToLong(),
+                             row[u"GL_Account_Name"].ToText(), row[u"Invoice_ID"].ToId<Invoice>(),
                              row[u"Invoice_Number"].ToText()});
     services.total += services.rows.back().price;
   }
@@ -28,9 +29,8 @@ PaidServices LoadPaidServices(Business& business, qint64 paymentId) {
 
 QString PayableJob::StatusWords() const {
   // What is offered here is a live job, and a code that nobody knows counts as done.
-  const StoredEntryStatus stored(status);
-  const bool isKnown = stored.Is(EntryStatus::JobOpen) || stored.Is(EntryStatus::JobInvoiced);
-  return WordsOf(isKnown ? stored : StoredEntryStatus(EntryStatus::JobDone));
+  const bool isKnown = status.Is(EntryStatus::JobOpen) || status.Is(EntryStatus::JobInvoiced);
+  return WordsOf(isKnown ? status : StoredEntryStatus(EntryStatus::JobDone));
 }
 
 AllocationSums Allocation::Sums() const {
@@ -44,64 +44,76 @@ AllocationSums Allocation::Sums() const {
   return sums;
 }
 
-Allocation LoadAllocation(Business& business, qint64 paymentId) {
+Allocation LoadAllocation(Business& business, Id<Payment> paymentId) {
   Allocation allocation;
-  allocation.paymentAmount =
-      business.FirstField(Sql("SELECT Amount FROM Payments WHERE Payment_ID = {}", paymentId))
-          .ToMoney();
+  const Recordset payment = business.RunSQL(
+      Sql("SELECT Amount, Client_ID FROM Payments WHERE Payment_ID = {}", paymentId));
+  if (payment.EndOfFile()) return allocation;
+  allocation.paymentAmount = payment.Field(u"Amount").ToMoney();
+  const auto payer = payment.Field(u"Client_ID").ToId<Client>();
+  if (!payer) return allocation;
   for (const Record row : business.RunSQL(
            Sql("SELECT Diary.Diary_ID, Invoices.Invoice_Number, Clients.Display_Name, "
                "Diary.Description, Diary.Total_Price, Diary.Schedule_Date, Diary.Status, "
                "Diary.Payment_ID AS Paid_By "
-               "FROM ((Payments "
-               "INNER JOIN Clients ON Clients.Billing_Client_ID = Payments.Client_ID) "
-               "INNER JOIN Diary ON Clients.Client_ID = Diary.Client_ID) "
-               "LEFT JOIN Invoices ON Diary.Invoice_ID = Invoices.Invoice_ID "
-               "WHERE Payments.Payment_ID = {} "
-               "AND Diary.Status IN ",
-               paymentId) +
+               "FROM (Clients INNER JOIN Diary ON Clients.Client_ID = Diary.Client_ID) "
+               "LEFT JOIN Invoices ON Diary.Invoice_ID = Invoices.Invoice_ID WHERE ") +
+           IsPaidBy("Clients", *payer) + Sql(" AND Diary.Status IN ") +
            CodesOf(EntryGroup::LiveJobs) +
            Sql(" ORDER BY IIf(Diary.Payment_ID <> {} OR Diary.Payment_ID IS NULL, 0, 1) DESC, "
                "Diary.Schedule_Date DESC; ",
                paymentId))) {
     const Value& paidBy = row[u"Paid_By"];
-    allocation.jobs.push_back({.diaryId = row[u"Diary_ID"].ToLong(),
+    allocation.jobs.push_back({.diaryId = Id<Entry>(row[u"Diary_ID"].ToLong()),
                                .invoiceNumber = row[u"Invoice_Number"].ToText().trimmed(),
                                .displayName = row[u"Display_Name"].ToText(),
                                .description = row[u"Description"].ToText(),
                                .totalPrice = row[u"Total_Price"].ToMoney(),
                                .scheduleDate = row[u"Schedule_Date"].ToDate(),
-                               .status = row[u"Status"].ToText(),
-                               .isTicked = paidBy.ToLong() == paymentId,
+                               .status = StoredEntryStatus(row[u"Status"].ToText()),
+                               .isTicked = paidBy.ToId<Payment>() == paymentId,
                                .isPaid = !paidBy.IsNull()});
   }
   return allocation;
 }
 
-void TickJob(Business& business, qint64 paymentId, qint64 diaryId, bool on) {
+bool IsPayable(Business& business, Id<Client> payer, Id<Entry> diaryId) {
+  return !business
+              .FirstField(
+                  Sql("SELECT Diary.Diary_ID FROM Diary INNER JOIN Clients "
+                      "ON Diary.Client_ID = Clients.Client_ID WHERE Diary.Diary_ID = {} AND ",
+                      diaryId) +
+                  IsPaidBy("Clients", payer) + Sql(" AND Diary.Status IN ") +
+                  CodesOf(EntryGroup::LiveJobs))
+              .IsNull();
+}
+
+void TickJob(Business& business, Id<Payment> paymentId, Id<Entry> diaryId, bool on) {
   business.Write(Sql("UPDATE Diary SET Payment_ID = {} WHERE Diary_ID = {}",
                      on ? std::optional(paymentId) : std::nullopt, diaryId),
                  Rows::Exactly(1));
 }
 
-std::optional<Refusal> AttachJob(Business& business, std::optional<qint64> paymentId,
-                                 qint64 diaryId) {
+std::optional<Refusal> AttachJob(Business& business, std::optional<Id<Payment>> paymentId,
+                                 Id<Entry> diaryId) {
   if (!paymentId) return Refusal{QStringLiteral("Please select a payment record first."), {}};
   TickJob(business, *paymentId, diaryId, true);
   return std::nullopt;
 }
 
-bool RequiresJobs(Business& business, qint64 paymentId) {
+bool RequiresJobs(Business& business, Id<Payment> paymentId) {
   const auto covered =
       business.FirstField(Sql("SELECT COUNT(*) FROM Diary WHERE Payment_ID = {}", paymentId));
   if (covered.ToLong() > 0) return false;
+  const auto payer =
+      business.FirstField(Sql("SELECT Client_ID FROM Payments WHERE Payment_ID = {}", paymentId))
+          .ToId<Client>();
+  if (!payer) return false;
   const auto waiting = business.FirstField(
-      Sql("SELECT COUNT(*) FROM (Payments "
-          "INNER JOIN Clients ON Clients.Billing_Client_ID = Payments.Client_ID) "
-          "INNER JOIN Diary ON Clients.Client_ID = Diary.Client_ID "
-          "WHERE Payments.Payment_ID = {} AND Diary.Status IN ",
-          paymentId) +
-      CodesOf(EntryGroup::WorkDone) + Sql(" AND Diary.Payment_ID IS NULL; "));
+      Sql("SELECT COUNT(*) FROM Clients INNER JOIN Diary ON Clients.Client_ID = Diary.Client_ID "
+          "WHERE ") +
+      IsPaidBy("Clients", *payer) + Sql(" AND Diary.Status IN ") + CodesOf(EntryGroup::WorkDone) +
+      Sql(" AND Diary.Payment_ID IS NULL; "));
   return waiting.ToLong() > 0;
 }
 

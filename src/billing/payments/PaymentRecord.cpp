@@ -33,10 +33,9 @@ bool TakesAnyAmount(const QString& paymentMethod) {
       kAnyAmountMethods, [&](const char* word) { return paymentMethod == QLatin1String(word); });
 }
 
-qint64 InsertEmptyPayment(Business& business, qint64 clientId) {
-  return business
-      .InsertReturningKey<Payment>(Sql("INSERT INTO Payments (Client_ID) VALUES ({});", clientId))
-      .Number();
+Id<Payment> InsertEmptyPayment(Business& business, Id<Client> clientId) {
+  return business.InsertReturningKey<Payment>(
+      Sql("INSERT INTO Payments (Client_ID) VALUES ({});", clientId));
 }
 
 void WriteFields(Business& business, const PaymentForm& form) {
@@ -50,11 +49,11 @@ void WriteFields(Business& business, const PaymentForm& form) {
       Rows::Exactly(1));
 }
 
-void MarkInvoicesAsPaid(Business& business, qint64 paymentId) {
-  std::set<qint64> invoices;
+void MarkInvoicesAsPaid(Business& business, Id<Payment> paymentId) {
+  std::set<Id<Invoice>> invoices;
   for (const PaidService& service : LoadPaidServices(business, paymentId).rows)
-    if (service.invoiceId != 0) invoices.insert(service.invoiceId);
-  for (const qint64 invoice : invoices)
+    if (service.invoiceId) invoices.insert(*service.invoiceId);
+  for (const Id<Invoice> invoice : invoices)
     business.Write(Sql("UPDATE Invoices SET IsPaid = 1 WHERE Invoice_ID = {}", invoice),
                    Rows::Exactly(1));
 }
@@ -68,13 +67,21 @@ void PaymentForm::TakeHabits(const PaymentHabits& habits) {
   bankAccountName = habits.bankAccountName;
 }
 
-std::vector<lists::Choice<Client>> ListPayerChoices(Business& business) {
+std::vector<lists::Choice<Client>> ListPayerChoices(Business& business,
+                                                    std::optional<Id<Client>> also) {
   std::vector<lists::Choice<Client>> payers;
   for (const Record row : business.RunSQL(Sql("SELECT Client_ID, Display_Name FROM Clients "
                                               "WHERE Status IN ") +
                                           StatusesOf(ClientGroup::MayPay) +
                                           Sql(" AND Is_Billed_To = True ORDER BY Display_Name; ")))
     payers.push_back({Id<Client>(row[u"Client_ID"].ToLong()), row[u"Display_Name"].ToText()});
+  const auto isAlso = [also](const lists::Choice<Client>& choice) { return choice.id == also; };
+  if (also && std::ranges::none_of(payers, isAlso))
+    payers.push_back({*also, business
+                                 .FirstField(Sql("SELECT Display_Name FROM Clients "
+                                                 "WHERE Client_ID = {}",
+                                                 *also))
+                                 .ToText()});
   return payers;
 }
 
@@ -102,7 +109,7 @@ Money TaxWithin(Business& business, Money amount, bool taxExempt) {
   return TaxRate::Of(business).CalculateGSTComponent(amount);
 }
 
-PaymentHabits HabitsOf(Business& business, qint64 clientId) {
+PaymentHabits HabitsOf(Business& business, Id<Client> clientId) {
   const Recordset latest =
       business.RunSQL(Sql("SELECT TOP 1 * FROM Payments WHERE Client_ID = {} AND Amount <> 0 "
                           "ORDER BY Payment_Date DESC, Payment_ID DESC;",
@@ -119,28 +126,27 @@ PaymentForm BlankPayment(Business& business) {
   return form;
 }
 
-PaymentForm NewPayment(Business& business, qint64 clientId, Money amount,
-                       std::optional<qint64> forJob) {
+PaymentForm NewPayment(Business& business, Id<Client> clientId, Money amount,
+                       std::optional<Id<Entry>> forJob) {
   PaymentForm form = BlankPayment(business);
   form.amount = amount;
   form.gst = TaxWithin(business, amount, false);
   form.forJob = forJob;
-  const auto payer = PayerOf(business, Id<Client>(clientId));
+  const auto payer = PayerOf(business, clientId);
   const auto isPayer = [payer](const lists::Choice<Client>& choice) { return choice.id == payer; };
   if (!std::ranges::any_of(ListPayerChoices(business), isPayer)) return form;
-  form.clientId = payer->Number();
-  form.TakeHabits(HabitsOf(business, payer->Number()));
+  form.clientId = payer;
+  form.TakeHabits(HabitsOf(business, *payer));
   return form;
 }
 
-std::optional<PaymentForm> LoadPayment(Business& business, qint64 paymentId) {
+std::optional<PaymentForm> LoadPayment(Business& business, Id<Payment> paymentId) {
   const Recordset stored =
       business.RunSQL(Sql("SELECT * FROM Payments WHERE Payment_ID = {}", paymentId));
   if (stored.EndOfFile()) return std::nullopt;
-  const qint64 clientId = stored.Field(u"Client_ID").ToLong();
   PaymentForm form;
   form.paymentId = paymentId;
-  if (clientId != 0) form.clientId = clientId;
+  form.clientId = stored.Field(u"Client_ID").ToId<Client>();
   form.amount = stored.Field(u"Amount").ToMoney();
   form.gst = stored.Field(u"GST_Included").ToMoney();
   form.taxExempt = stored.Field(u"Tax_Exempt").ToBool();
@@ -158,13 +164,13 @@ std::optional<Refusal> CheckPayment(const PaymentForm& form) {
   const auto refuse = [](const char* message, const char* field) {
     return Refusal{QString(message), QString(field)};
   };
-  if (!form.clientId) return refuse("Please select a client.", "cmbClient");
+  if (!form.clientId) return refuse("Please select a client.", "client");
   // The two words are matched to the letter: a method that the owner spelled otherwise is the
   // owner's own, and does not let a refund through by accident.
   if (!TakesAnyAmount(form.paymentMethod) && form.amount <= Money())
-    return refuse("Please enter the payment amount.", "txtAmount");
+    return refuse("Please enter the payment amount.", "amount");
   if (form.paymentMethod.isEmpty())
-    return refuse("Please select the payment method.", "cmbPaymentMethod");
+    return refuse("Please select the payment method.", "paymentMethod");
   return std::nullopt;
 }
 
@@ -172,24 +178,24 @@ std::optional<Refusal> SavePaymentDetails(Business& business, PaymentForm& form)
   if (std::optional<Refusal> refusal = CheckPayment(form)) return refusal;
   Transaction save(business);
   PaymentForm stored = form;
-  qint64 clientBefore = *form.clientId;
+  std::optional<Id<Client>> clientBefore;
   if (form.IsNew())
     stored.paymentId = InsertEmptyPayment(business, *form.clientId);
   else
     clientBefore =
         business
             .FirstField(Sql("SELECT Client_ID FROM Payments WHERE Payment_ID = {}", form.paymentId))
-            .ToLong();
+            .ToId<Client>();
   WriteFields(business, stored);
   if (form.forJob) {
     business.Write(Sql("UPDATE Diary SET Payment_ID = {}, Status = {} WHERE Diary_ID = {}",
                        stored.paymentId, EntryStatus::JobDone, *form.forJob),
                    Rows::Exactly(1));
   }
-  if (form.markInvoicesAsPaid) MarkInvoicesAsPaid(business, stored.paymentId);
-  balances::RecalculateClientBalance(business, Id<Client>(*form.clientId));
-  if (clientBefore != *form.clientId)
-    balances::RecalculateClientBalance(business, Id<Client>(clientBefore));
+  if (form.markInvoicesAsPaid) MarkInvoicesAsPaid(business, *stored.paymentId);
+  balances::RecalculateClientBalance(business, *form.clientId);
+  if (clientBefore && clientBefore != form.clientId)
+    balances::RecalculateClientBalance(business, *clientBefore);
   business.Write(
       Sql("UPDATE General_Ledger_Entries SET GL_Entry_Description = {}, Entry_Date = {} "
           "WHERE Payment_ID = {}",

@@ -14,9 +14,6 @@
 /// covers is told in PaymentJobs.h, which revenue it is booked to in RevenueLines.h.
 namespace quillary::billing {
 
-/// The key of a payment that is not stored yet.
-inline constexpr qint64 kNewPayment = -1;
-
 /// How a client is used to paying.
 struct PaymentHabits {
   QString paymentMethod = QStringLiteral("CASH");
@@ -29,10 +26,10 @@ struct PaymentHabits {
 
 /// What the payment screen holds. A choice that is not made is empty.
 struct PaymentForm {
-  qint64 paymentId = kNewPayment;
-  std::optional<qint64> clientId;  // who pays, never a site
-  Money amount = {};               // tax included
-  Money gst = {};                  // the tax within it, as computed or as typed over
+  std::optional<Id<Payment>> paymentId;  // nothing until it is stored
+  std::optional<Id<Client>> clientId;    // who pays, never a site
+  Money amount = {};                     // tax included
+  Money gst = {};                        // the tax within it, as computed or as typed over
   bool taxExempt = false;
   QDate paymentDate = {};
   QString paymentMethod = {};  // a word of the list
@@ -41,15 +38,18 @@ struct PaymentForm {
   QString bankBranch = {};
   QString bankAccountName = {};
   QString description = {};
-  std::optional<qint64> forJob = {};  // the entry of the diary that it was opened for; never loaded
-  bool markInvoicesAsPaid = false;    // never loaded
+  std::optional<Id<Entry>> forJob =
+      {};                           // the entry of the diary that it was opened for; never loaded
+  bool markInvoicesAsPaid = false;  // never loaded
 
-  bool IsNew() const { return paymentId == kNewPayment; }
+  bool IsNew() const { return !paymentId; }
   void TakeHabits(const PaymentHabits& habits);
 };
 
-/// Whom money can come from: the clients who are billed, former ones too, by name.
-std::vector<lists::Choice<Client>> ListPayerChoices(Business& business);
+/// Whom money can come from: the clients who are billed, former ones too, by name; and last
+/// `also`: who paid once may be billed to another by now, and the payment is still its own.
+std::vector<lists::Choice<Client>> ListPayerChoices(Business& business,
+                                                    std::optional<Id<Client>> also = {});
 /// The words that a payment can be made by, by name, as the list spells them.
 QStringList ListPaymentMethodWords(Business& business);
 /// The list's spelling of a method, whatever its case; empty when the list does not hold it.
@@ -64,17 +64,17 @@ bool IsPaidByCheque(const QString& paymentMethod);
 Money TaxWithin(Business& business, Money amount, bool taxExempt);
 
 /// From the latest payment of the client that was not 0; cash without one.
-PaymentHabits HabitsOf(Business& business, qint64 clientId);
+PaymentHabits HabitsOf(Business& business, Id<Client> clientId);
 
 /// A payment of today that is not stored yet: in cash and nobody's.
 PaymentForm BlankPayment(Business& business);
 /// The same under whom the client's bills go to, with that payer's habits and the tax within
 /// `amount`. Nobody is chosen when the payer is not among the choices.
-PaymentForm NewPayment(Business& business, qint64 clientId, Money amount,
-                       std::optional<qint64> forJob = std::nullopt);
+PaymentForm NewPayment(Business& business, Id<Client> clientId, Money amount,
+                       std::optional<Id<Entry>> forJob = std::nullopt);
 /// Nothing when there is no such payment. A stored payment without a method shows as cash, and
 /// every other method in upper case.
-std::optional<PaymentForm> LoadPayment(Business& business, qint64 paymentId);
+std::optional<PaymentForm> LoadPayment(Business& business, Id<Payment> paymentId);
 
 /// Refuses, in this order, a payment without client, one that is not above 0 and no adjustment,
 /// and one without method.

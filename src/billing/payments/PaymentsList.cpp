@@ -15,8 +15,8 @@ struct JobsOfPayment {
 
 /// One pass over the services of all payments listed: a statement for each payment would read the
 /// diary as often as there are rows.
-QHash<qint64, JobsOfPayment> LoadJobs(Business& business, const Sql& which) {
-  QHash<qint64, JobsOfPayment> jobs;
+QHash<Id<Payment>, JobsOfPayment> LoadJobs(Business& business, const Sql& which) {
+  QHash<Id<Payment>, JobsOfPayment> jobs;
   for (const Record row : business.RunSQL(
            Sql("SELECT Diary.Payment_ID, Diary_Services.Price, "
                "General_Ledger_Accounts.GL_Account_Name "
@@ -27,7 +27,7 @@ QHash<qint64, JobsOfPayment> LoadJobs(Business& business, const Sql& which) {
                "ON Services.Default_GL_Account_ID = General_Ledger_Accounts.GL_Account_ID "
                "WHERE ") +
            which + Sql(" ORDER BY Diary.Diary_ID, Services.Service"))) {
-    JobsOfPayment& of = jobs[row[u"Payment_ID"].ToLong()];
+    JobsOfPayment& of = jobs[Id<Payment>(row[u"Payment_ID"].ToLong())];
     of.total += row[u"Price"].ToMoney();
     const QString account = row[u"GL_Account_Name"].ToText();
     if (!account.isEmpty() && !of.accounts.contains(account)) of.accounts += account;
@@ -36,16 +36,16 @@ QHash<qint64, JobsOfPayment> LoadJobs(Business& business, const Sql& which) {
 }
 
 PaymentsList LoadPayments(Business& business, const Sql& which, const Sql& order) {
-  const QHash<qint64, JobsOfPayment> jobs = LoadJobs(business, which);
+  const QHash<Id<Payment>, JobsOfPayment> jobs = LoadJobs(business, which);
   PaymentsList list;
   for (const Record row : business.RunSQL(
            Sql("SELECT Payments.Payment_ID, Clients.Display_Name, Payments.Payment_Date, "
                "Payments.Amount, Payments.Payment_Method, Payments.Client_ID "
                "FROM Payments LEFT JOIN Clients ON Payments.Client_ID = Clients.Client_ID WHERE ") +
            which + order)) {
-    const qint64 paymentId = row[u"Payment_ID"].ToLong();
+    const Id<Payment> paymentId(row[u"Payment_ID"].ToLong());
     const JobsOfPayment paidFor = jobs.value(paymentId);
-    list.rows.push_back({paymentId, row[u"Client_ID"].ToLong(), row[u"Display_Name"].ToText(),
+    list.rows.push_back({paymentId, row[u"Client_ID"].ToId<Client>(), row[u"Display_Name"].ToText(),
                          row[u"Payment_Date"].ToDate(), row[u"Amount"].ToMoney(),
                          row[u"Payment_Method"].ToText(),
                          paidFor.accounts.join(QStringLiteral(", ")), paidFor.total});
@@ -59,12 +59,13 @@ PaymentsList LoadPayments(Business& business, const Sql& which, const Sql& order
 
 }  // namespace
 
-PaymentsList LoadPaymentsList(Business& business, QDate from, QDate to) {
-  return LoadPayments(business, Sql("Payments.Payment_Date BETWEEN {} AND {}", from, EndOfDay(to)),
+PaymentsList LoadPaymentsList(Business& business, const DateRange& days) {
+  return LoadPayments(business,
+                      Sql("Payments.Payment_Date BETWEEN {} AND {}", days.from, EndOfDay(days.to)),
                       Sql(" ORDER BY Display_Name, Payment_Date DESC, Payments.Payment_ID DESC;"));
 }
 
-PaymentsList LoadPaymentsByAClient(Business& business, qint64 clientId) {
+PaymentsList LoadPaymentsByAClient(Business& business, Id<Client> clientId) {
   return LoadPayments(business, Sql("Payments.Client_ID = {}", clientId),
                       Sql(" ORDER BY Payment_Date DESC, Payments.Payment_ID DESC;"));
 }
@@ -75,8 +76,7 @@ std::optional<Refusal> DeletePayment(Business& business, Prompter& prompter,
   const Answer answer = prompter.AskBeforeLosing(
       QStringLiteral("Are you sure you want to delete this payment made by ") +
       payment->displayName + u'?');
-  if (answer == Answer::Yes)
-    RemovePayment(business, IdFrom<Client>(payment->clientId), Id<Payment>(payment->paymentId));
+  if (answer == Answer::Yes) RemovePayment(business, payment->clientId, payment->paymentId);
   return std::nullopt;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/DateRange.h"
 #include "base/Refusal.h"
 #include "data/Business.h"
 
@@ -13,8 +14,8 @@
 namespace quillary::billing {
 
 struct PaymentRow {
-  qint64 paymentId = 0;
-  qint64 clientId = 0;
+  Id<Payment> paymentId;
+  std::optional<Id<Client>> clientId;
   QString displayName;
   QDate paymentDate;
   Money amount;
@@ -36,10 +37,10 @@ struct PaymentsList {
   int TotalCount() const { return static_cast<int>(rows.size()); }
 };
 
-/// By name, a client's newest first; `to` with its whole day.
-PaymentsList LoadPaymentsList(Business& business, QDate from, QDate to);
+/// By name, a client's newest first; the last day whole.
+PaymentsList LoadPaymentsList(Business& business, const DateRange& days);
 /// Those recorded under the client itself, the newest first.
-PaymentsList LoadPaymentsByAClient(Business& business, qint64 clientId);
+PaymentsList LoadPaymentsByAClient(Business& business, Id<Client> clientId);
 
 /// Asks by the client's name, then deletes the payment with its ledger entries, takes its jobs off
 /// it and recomputes the balance of its client. The jobs keep their status, and a deposit that

@@ -3,11 +3,9 @@
 namespace quillary::billing {
 namespace {
 
-qint64 InsertEmptyLine(Business& business, qint64 paymentId) {
-  return business
-      .InsertReturningKey<LedgerEntry>(
-          Sql("INSERT INTO General_Ledger_Entries (Payment_ID) VALUES ({})", paymentId))
-      .Number();
+Id<LedgerEntry> InsertEmptyLine(Business& business, Id<Payment> paymentId) {
+  return business.InsertReturningKey<LedgerEntry>(
+      Sql("INSERT INTO General_Ledger_Entries (Payment_ID) VALUES ({})", paymentId));
 }
 
 }  // namespace
@@ -16,7 +14,7 @@ QString RevenueLines::TotalWords() const {
   return QStringLiteral("Total = ") + totalAmount.ToCurrencyText();
 }
 
-RevenueLines LoadAccounts(Business& business, qint64 paymentId) {
+RevenueLines LoadAccounts(Business& business, Id<Payment> paymentId) {
   RevenueLines lines;
   for (const Record row : business.RunSQL(
            Sql("SELECT General_Ledger_Entries.GL_Entry_ID, General_Ledger_Entries.GL_Account_ID, "
@@ -27,9 +25,9 @@ RevenueLines LoadAccounts(Business& business, qint64 paymentId) {
                "WHERE General_Ledger_Entries.Payment_ID = {} "
                "ORDER BY General_Ledger_Entries.GL_Entry_ID;",
                paymentId))) {
-    lines.rows.push_back({row[u"GL_Entry_ID"].ToLong(), row[u"GL_Account_ID"].ToLong(),
-                          row[u"GL_Account_Name"].ToText(), row[u"GL_Amount"].ToMoney(),
-                          row[u"GST_Included"].ToMoney()});
+    lines.rows.push_back({Id<LedgerEntry>(row[u"GL_Entry_ID"].ToLong()),
+                          row[u"GL_Account_ID"].ToId<Account>(), row[u"GL_Account_Name"].ToText(),
+                          row[u"GL_Amount"].ToMoney(), row[u"GST_Included"].ToMoney()});
     lines.totalAmount += lines.rows.back().amount;
     lines.totalGST += lines.rows.back().gst;
   }
@@ -39,16 +37,16 @@ RevenueLines LoadAccounts(Business& business, qint64 paymentId) {
 std::optional<Refusal> CheckRevenueAccount(const RevenueLineForm& line) {
   if (line.glAccountId) return std::nullopt;
   return Refusal{QStringLiteral("Please select a revenue account."),
-                 QStringLiteral("cmbRevenueAccount")};
+                 QStringLiteral("revenueAccount")};
 }
 
-std::optional<Refusal> SaveAccount(Business& business, qint64 paymentId,
+std::optional<Refusal> SaveAccount(Business& business, Id<Payment> paymentId,
                                    const RevenueLineForm& line, SaveRevenueLine as) {
   if (const auto refusal = CheckRevenueAccount(line)) return refusal;
   if (as == SaveRevenueLine::Picked && !line.glEntryId)
     return Refusal{QStringLiteral("Please select a record to update."), {}};
   Transaction save(business);
-  const qint64 glEntryId =
+  const Id<LedgerEntry> glEntryId =
       as == SaveRevenueLine::AsNew ? InsertEmptyLine(business, paymentId) : *line.glEntryId;
   business.Write(Sql("UPDATE General_Ledger_Entries SET GL_Account_ID = {}, GL_Amount = {}, "
                      "GST_Included = {} WHERE GL_Entry_ID = {}",
@@ -58,7 +56,7 @@ std::optional<Refusal> SaveAccount(Business& business, qint64 paymentId,
   return std::nullopt;
 }
 
-std::optional<Refusal> RemoveAccount(Business& business, std::optional<qint64> glEntryId) {
+std::optional<Refusal> RemoveAccount(Business& business, std::optional<Id<LedgerEntry>> glEntryId) {
   if (!glEntryId) return Refusal{QStringLiteral("Please select an account to remove."), {}};
   business.Write(Sql("DELETE FROM General_Ledger_Entries WHERE GL_Entry_ID = {}", glEntryId),
                  Rows::Exactly(1));

@@ -7,8 +7,8 @@
 namespace quillary::billing {
 
 struct RevenueLine {
-  qint64 glEntryId = 0;
-  qint64 glAccountId = 0;
+  Id<LedgerEntry> glEntryId;
+  std::optional<Id<Account>> glAccountId;
   QString accountName;
   Money amount;  // tax included
   Money gst;
@@ -20,11 +20,11 @@ struct RevenueLines {
   /// "Total = $120.00"
   QString TotalWords() const;
 };
-RevenueLines LoadAccounts(Business& business, qint64 paymentId);
+RevenueLines LoadAccounts(Business& business, Id<Payment> paymentId);
 
 struct RevenueLineForm {
-  std::optional<qint64> glEntryId = {};  // of the line that was picked
-  std::optional<qint64> glAccountId = {};
+  std::optional<Id<LedgerEntry>> glEntryId = {};  // of the line that was picked
+  std::optional<Id<Account>> glAccountId = {};
   Money amount = {};
   Money gst = {};
 };
@@ -39,10 +39,10 @@ std::optional<Refusal> CheckRevenueAccount(const RevenueLineForm& line);
 
 /// Stores a line of a stored payment. Refuses a line without account, and an update without a line
 /// picked. A line gets date and note from the next save of its payment.
-std::optional<Refusal> SaveAccount(Business& business, qint64 paymentId,
+std::optional<Refusal> SaveAccount(Business& business, Id<Payment> paymentId,
                                    const RevenueLineForm& line, SaveRevenueLine as);
 
 /// Refuses when no line is picked.
-std::optional<Refusal> RemoveAccount(Business& business, std::optional<qint64> glEntryId);
+std::optional<Refusal> RemoveAccount(Business& business, std::optional<Id<LedgerEntry>> glEntryId);
 
 }  // namespace quillary::billing

@@ -6,17 +6,15 @@
 
 namespace quillary::billing {
 
-qint64 InsertGeneratedInvoice(Business& business, const GeneratedInvoice& invoice) {
-  return business
-      .InsertReturningKey<Invoice>(Sql(
-          "INSERT INTO Invoices (Client_ID, Made_Out_To, Done_For, From_Date, To_Date, "
+Id<Invoice> InsertGeneratedInvoice(Business& business, const GeneratedInvoice& invoice) {
+  return business.InsertReturningKey<Invoice>(
+      Sql("INSERT INTO Invoices (Client_ID, Made_Out_To, Done_For, From_Date, To_Date, "
           "Generation_Date, Invoice_Description, Total_Amount, Total_GST, Balance_Carried_Across, "
           "Statement_Type, Invoice_Number) "
           "VALUES ({}, {}, NULL, {}, {}, {}, {}, {}, {}, 0, {}, {});",
-          invoice.clientId, invoice.madeOutTo, invoice.from, invoice.to, invoice.generated,
-          invoice.description, invoice.totalAmount, invoice.totalGST, invoice.statementType,
-          GetNextInvoiceNumber(business)))
-      .Number();
+          invoice.clientId, invoice.madeOutTo, invoice.days.from, invoice.days.to,
+          invoice.generated, invoice.description, invoice.totalAmount, invoice.totalGST,
+          invoice.statementType, GetNextInvoiceNumber(business)));
 }
 
 QString GeneratedMadeOutTo(const Record& client) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/DateRange.h"
 #include "base/Money.h"
 #include "billing/invoices/InvoiceClients.h"
 #include "data/Business.h"
@@ -25,10 +26,9 @@ using RunProgress = std::function<void(int done, int total)>;
 
 /// One invoice that a run makes.
 struct GeneratedInvoice {
-  qint64 clientId = 0;  // who is billed
+  Id<Client> clientId;  // who is billed
   QString madeOutTo;
-  QDate from;
-  QDate to;
+  DateRange days;
   DateTime generated;
   QString description;
   QString statementType;
@@ -36,7 +36,7 @@ struct GeneratedInvoice {
   Value totalGST;
 };
 /// Inserts the invoice under the next number and returns its key. Throws WriteFailed.
-qint64 InsertGeneratedInvoice(Business& business, const GeneratedInvoice& invoice);
+Id<Invoice> InsertGeneratedInvoice(Business& business, const GeneratedInvoice& invoice);
 
 /// The address block as runs write it: it ends with a line of its own.
 QString GeneratedMadeOutTo(const Record& client);

@@ -12,15 +12,15 @@ namespace quillary::billing {
 namespace {
 
 struct MonthlyJobs {
-  std::vector<qint64> diaryIds;
+  std::vector<Id<Entry>> diaryIds;
   Money totalAmount;
   Money totalGST;
 };
 
 /// Read at once for all: a job belongs to one group, so what is invoiced for one client cannot
 /// change what is left for another.
-QHash<qint64, MonthlyJobs> LoadJobsOfGroups(Business& business, const MonthlyPeriod& period) {
-  enum Place : size_t { Client, DiaryId, Price, GST };
+QHash<Id<Client>, MonthlyJobs> LoadJobsOfGroups(Business& business, const MonthlyPeriod& period) {
+  enum Place : size_t { Payer, DiaryId, Price, GST };
   const Recordset rows = business.RunSQL(
       Sql("SELECT Clients.Client_ID, Diary.Diary_ID, Diary.Total_Price, Diary.Total_GST "
           "FROM (Clients INNER JOIN Clients AS Clients_1 "
@@ -29,12 +29,12 @@ QHash<qint64, MonthlyJobs> LoadJobsOfGroups(Business& business, const MonthlyPer
           "WHERE Isnull(Diary.Invoice_ID) AND Clients.Is_Billed_To = Yes "
           "AND Clients.Statement_Type = 'Monthly' "
           "AND Schedule_Date BETWEEN {} AND {} AND Diary.Status IN ",
-          period.from, EndOfDay(period.to)) +
+          period.days.from, EndOfDay(period.days.to)) +
       CodesOf(EntryGroup::NotYetBilled) + Sql(" ORDER BY Diary.Diary_ID"));
-  QHash<qint64, MonthlyJobs> groups;
+  QHash<Id<Client>, MonthlyJobs> groups;
   for (const Record row : rows) {
-    MonthlyJobs& jobs = groups[row[Client].ToLong()];
-    jobs.diaryIds.push_back(row[DiaryId].ToLong());
+    MonthlyJobs& jobs = groups[Id<Client>(row[Payer].ToLong())];
+    jobs.diaryIds.emplace_back(row[DiaryId].ToLong());
     jobs.totalAmount += row[Price].ToMoney();
     jobs.totalGST += row[GST].ToMoney();
   }
@@ -42,8 +42,8 @@ QHash<qint64, MonthlyJobs> LoadJobsOfGroups(Business& business, const MonthlyPer
 }
 
 void InvoiceJobs(Business& business, const GeneratedInvoice& invoice, const MonthlyJobs& jobs) {
-  const qint64 invoiceId = InsertGeneratedInvoice(business, invoice);
-  for (const qint64 diaryId : jobs.diaryIds)
+  const Id<Invoice> invoiceId = InsertGeneratedInvoice(business, invoice);
+  for (const Id<Entry> diaryId : jobs.diaryIds)
     business.Write(Sql("UPDATE Diary SET Invoice_ID = {} WHERE Diary_ID = {}", invoiceId, diaryId),
                    Rows::Exactly(1));
   if (jobs.totalAmount == Money())
@@ -52,7 +52,8 @@ void InvoiceJobs(Business& business, const GeneratedInvoice& invoice, const Mont
 
 }  // namespace
 
-QString MonthlyDescription(QDate from, QDate to) {
+QString MonthlyDescription(const DateRange& days) {
+  const auto [from, to] = days;
   const bool isWholeMonth = from.day() == 1 && to.addDays(1).day() == 1 &&
                             from.month() == to.month() && from.year() == to.year();
   const QString words =
@@ -77,20 +78,19 @@ InvoiceRunCount GenerateMonthlyInvoices(Business& business, const MonthlyPeriod&
           "FROM Clients WHERE Status in ") +
       StatusesOf(ClientGroup::Billed) +
       Sql(" AND Is_Billed_To = Yes and (Statement_Type = 'Monthly') ORDER BY Display_Name; "));
-  const QHash<qint64, MonthlyJobs> groups = LoadJobsOfGroups(business, period);
-  GeneratedInvoice invoice{.clientId = 0,
+  const QHash<Id<Client>, MonthlyJobs> groups = LoadJobsOfGroups(business, period);
+  GeneratedInvoice invoice{.clientId = Id<Client>(0),
                            .madeOutTo = {},
-                           .from = period.from,
-                           .to = period.to,
+                           .days = period.days,
                            .generated = period.generated,
-                           .description = MonthlyDescription(period.from, period.to),
+                           .description = MonthlyDescription(period.days),
                            .statementType = QStringLiteral("Monthly"),
                            .totalAmount = {},
                            .totalGST = {}};
   InvoiceRunCount count;
   int done = 0;
   for (const Record client : clients) {
-    invoice.clientId = client[u"Client_ID"].ToLong();
+    invoice.clientId = Id<Client>(client[u"Client_ID"].ToLong());
     const auto jobs = groups.constFind(invoice.clientId);
     if (jobs != groups.cend()) {
       invoice.madeOutTo = GeneratedMadeOutTo(client);
@@ -108,7 +108,7 @@ InvoiceRunCount GenerateMonthlyInvoices(Business& business, const MonthlyPeriod&
     }
     if (progress) progress(++done, static_cast<int>(clients.RowCount()));
   }
-  business.Write(Sql("UPDATE infSystem SET Last_Monthly_Invoice_Ending = {}", period.to),
+  business.Write(Sql("UPDATE infSystem SET Last_Monthly_Invoice_Ending = {}", period.days.to),
                  Rows::AtLeast(1));
   run.Commit();
   return count;

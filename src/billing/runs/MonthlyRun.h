@@ -11,14 +11,13 @@
 namespace quillary::billing {
 
 struct MonthlyPeriod {
-  QDate from;
-  QDate to;         // with its whole day
+  DateRange days;   // the last one whole
   QDate generated;  // the date on the invoices
 };
 
 /// "TAX INVOICE FOR MARCH" for a whole month, else "TAX INVOICE FOR 01-MAR-2026 TO 30-MAR-2026".
 /// A longer period names its dates even when it consists of whole months.
-QString MonthlyDescription(QDate from, QDate to);
+QString MonthlyDescription(const DateRange& days);
 
 /// Asks whether to run at all.
 bool ConfirmMonthlyRun(Prompter& prompter);

@@ -4,7 +4,7 @@
 namespace quillary::billing {
 namespace {
 
-Recordset LoadEntries(Business& business, QDate from, QDate to) {
+Recordset LoadEntries(Business& business, const DateRange& days) {
   return business.RunSQL(
       Sql("SELECT Diary.Diary_ID, Diary.Invoice_ID, Diary.Schedule_Date, Diary.Total_Price, "
           "Diary.Total_GST, Clients_1.* "
@@ -15,21 +15,20 @@ Recordset LoadEntries(Business& business, QDate from, QDate to) {
       Sql(" AND Clients_1.Is_Billed_To = Yes AND Clients_1.Statement_Type = 'With Job' "
           "AND (Diary.Schedule_Date BETWEEN {} AND {}) "
           "ORDER BY Clients_1.Display_Name, Diary.Schedule_Date, Diary.Diary_ID;",
-          from, EndOfDay(to)));
+          days.from, EndOfDay(days.to)));
 }
 
-qint64 InvoiceEntry(Business& business, const Record& entry, QDate from, QDate to) {
-  const GeneratedInvoice invoice{.clientId = entry[u"Client_ID"].ToLong(),
+Id<Invoice> InvoiceEntry(Business& business, const Record& entry, const DateRange& days) {
+  const GeneratedInvoice invoice{.clientId = Id<Client>(entry[u"Client_ID"].ToLong()),
                                  .madeOutTo = GeneratedMadeOutTo(entry),
-                                 .from = from,
-                                 .to = to,
+                                 .days = days,
                                  .generated = business.Now(),
                                  .description = QStringLiteral("TAX INVOICE FOR ") +
                                                 UpperCasedDate(entry[u"Schedule_Date"].ToDate()),
                                  .statementType = QStringLiteral("With Job"),
                                  .totalAmount = entry[u"Total_Price"],
                                  .totalGST = entry[u"Total_GST"]};
-  const qint64 invoiceId = InsertGeneratedInvoice(business, invoice);
+  const Id<Invoice> invoiceId = InsertGeneratedInvoice(business, invoice);
   business.Write(Sql("UPDATE Diary SET Invoice_ID = {} WHERE Diary_ID = {}", invoiceId,
                      entry[u"Diary_ID"].ToLong()),
                  Rows::Exactly(1));
@@ -38,12 +37,12 @@ qint64 InvoiceEntry(Business& business, const Record& entry, QDate from, QDate t
 
 }  // namespace
 
-InvoiceRunCount GenerateWithJobInvoices(Business& business, QDate from, QDate to,
+InvoiceRunCount GenerateWithJobInvoices(Business& business, const DateRange& days,
                                         const RunProgress& progress) {
   const BusyWhile busy(business.World().busy);
   Transaction run(business);
   business.Write(Sql("DELETE FROM lstInvoicesToPrint;"));
-  const Recordset entries = LoadEntries(business, from, to);
+  const Recordset entries = LoadEntries(business, days);
   InvoiceRunCount count;
   int done = 0;
   for (const Record entry : entries) {
@@ -51,8 +50,8 @@ InvoiceRunCount GenerateWithJobInvoices(Business& business, QDate from, QDate to
     const bool isDone = GuardRunStep(
         business, QStringLiteral("dlgInvoiceOptions"),
         QStringLiteral("cmdCreateNonMonthlyInvoice_Click"), [&] {
-          const qint64 invoiceId =
-              before.IsNull() ? InvoiceEntry(business, entry, from, to) : before.ToLong();
+          const Id<Invoice> invoiceId =
+              before.IsNull() ? InvoiceEntry(business, entry, days) : Id<Invoice>(before.ToLong());
           business.Write(Sql("INSERT INTO lstInvoicesToPrint (Invoice_ID) VALUES({})", invoiceId));
         });
     if (!isDone) {

@@ -6,7 +6,6 @@
 #include "billing/screens/dlgInvoiceOptions.h"
 #include "billing/screens/frmInvoice.h"
 #include "billing/screens/frmInvoicesList.h"
-#include "billing/screens/frmListOfJobs.h"
 
 namespace quillary::billing {
 
@@ -41,19 +40,15 @@ void RegisterInvoices(Business& business, const ScreenTools& tools) {
     return dlgInvoiceOptions(business, tools, request).exec() == QDialog::Accepted;
   });
   navigator.Register<AddInvoice>([&business, tools](const AddInvoice& request) {
-    return Edit(business, tools, NewInvoice(business, request.clientId, request.diaryId));
+    return Edit(business, tools, NewInvoice(business, request.client, request.entry));
   });
   navigator.Register<EditInvoice>([&business, tools](const EditInvoice& request) {
-    if (const auto form = LoadInvoiceDetails(business, request.invoiceId))
+    if (const auto form = LoadInvoiceDetails(business, request.invoice))
       return Edit(business, tools, *form);
     business.World().prompter.Tell(
         Tone::Exclamation,
         QObject::tr("This invoice is no longer there. Please refresh the list."));
     return false;
-  });
-  navigator.Register<AttachJobsToInvoice>([&business, tools](const AttachJobsToInvoice& request) {
-    return frmListOfJobs(business, tools, request.invoiceId, request.clientId).exec() ==
-           QDialog::Accepted;
   });
 }
 

@@ -17,12 +17,11 @@ bool Run(Dialog&& dialog) {
 }
 
 PaymentForm FormOf(Business& business, const AddPayment& request) {
-  if (request.clientId)
-    return NewPayment(business, *request.clientId, request.amount, request.diaryId);
+  if (request.client) return NewPayment(business, *request.client, request.amount, request.entry);
   PaymentForm form = BlankPayment(business);
   form.amount = request.amount;
   form.gst = TaxWithin(business, form.amount, form.taxExempt);
-  form.forJob = request.diaryId;
+  form.forJob = request.entry;
   return form;
 }
 
@@ -48,13 +47,13 @@ void RegisterPaymentScreens(Business& business, const ScreenTools& tools) {
     return Run(frmPayments(business, tools, FormOf(business, request)));
   });
   navigator.Register<ViewPayment>([&business, tools](const ViewPayment& request) {
-    return Run(frmPayments(business, tools, LoadPayment(business, request.paymentId)));
+    return Run(frmPayments(business, tools, LoadPayment(business, request.payment)));
   });
   navigator.Register<PayForJob>([&business, tools](const PayForJob& request) {
     return Run(dlgPaymentOptions(business, tools, request));
   });
   navigator.Register<AllocatePayment>([&business, tools](const AllocatePayment& request) {
-    return Run(dlgPaymentJobs(business, tools, request.paymentId));
+    return Run(dlgPaymentJobs(business, tools, request.payment));
   });
 }
 

@@ -13,9 +13,9 @@ dlgInvoiceList::dlgInvoiceList(Business& business, const ScreenTools&)
     : Dialog("dlgInvoiceList", tr("Invoice list"), business.World().prompter) {
   const InvoiceListCriteria month = InvoiceListOfMonth(business.Today());
   dtStartDate = Named(new DateField(business.Today()), "dtStartDate");
-  dtStartDate->SetDate(month.from);
+  dtStartDate->SetDate(month.days.from);
   dtEndDate = Named(new DateField(business.Today()), "dtEndDate");
-  dtEndDate->SetDate(month.to);
+  dtEndDate->SetDate(month.days.to);
   for (DateField* field : {dtStartDate, dtEndDate}) field->setFixedWidth(184);
   const auto option = [](const char* name, const QString& caption) {
     return Named(new QRadioButton(caption), name, PlainCaption(caption));
@@ -50,7 +50,7 @@ InvoiceListCriteria dlgInvoiceList::Criteria() const {
   const Order order = optInvoiceNo->isChecked() ? Order::Number
                       : optByDate->isChecked()  ? Order::Date
                                                 : Order::Name;
-  return {.from = dtStartDate->Date(), .to = dtEndDate->Date(), .order = order};
+  return {.days = {dtStartDate->Date(), dtEndDate->Date()}, .order = order};
 }
 
 }  // namespace quillary::billing

@@ -15,7 +15,7 @@ dlgInvoiceOptions::dlgInvoiceOptions(Business& business, const ScreenTools& tool
       business_(business),
       tools_(tools),
       request_(request),
-      job_(LoadJobToInvoice(business, request.diaryId)) {
+      job_(LoadJobToInvoice(business, request.entry)) {
   MakeControls();
   LayOut();
   connect(cmdClose, &QPushButton::clicked, this, &Dialog::reject);
@@ -40,9 +40,9 @@ void dlgInvoiceOptions::MakeControls() {
 }
 
 QString dlgInvoiceOptions::DaysWords() const {
-  const QString from = ToShortDateText(request_.from);
-  if (request_.from == request_.to) return from;
-  return tr("%1 to %2").arg(from, ToShortDateText(request_.to));
+  const QString from = ToShortDateText(request_.days.from);
+  if (request_.days.IsOneDay()) return from;
+  return tr("%1 to %2").arg(from, ToShortDateText(request_.days.to));
 }
 
 void dlgInvoiceOptions::LayOut() {
@@ -79,21 +79,17 @@ void dlgInvoiceOptions::LayOut() {
 }
 
 void dlgInvoiceOptions::CreateNewInvoice() {
-  const bool saved =
-      job_->invoiceId ? tools_.navigator.Open(EditInvoice{*job_->invoiceId})
-                      : tools_.navigator.Open(AddInvoice{
-                            request_.billingClientId > 0 ? std::optional(request_.billingClientId)
-                                                         : std::nullopt,
-                            request_.diaryId});
+  const bool saved = job_->invoiceId
+                         ? tools_.navigator.Open(EditInvoice{*job_->invoiceId})
+                         : tools_.navigator.Open(AddInvoice{request_.payer, request_.entry});
   if (saved) Close(Accepted);
 }
 
 void dlgInvoiceOptions::CreateNonMonthlyInvoices() {
   setEnabled(false);  // nothing may be clicked while the run shows how far it has come
-  const bool done =
-      tools_.runner.Run(objectName(), QStringLiteral("cmdCreateNonMonthlyInvoice_Click"), [this] {
-        GenerateWithJobInvoices(business_, request_.from, request_.to, prgRun->Listener());
-      });
+  const bool done = tools_.runner.Run(
+      objectName(), QStringLiteral("cmdCreateNonMonthlyInvoice_Click"),
+      [this] { GenerateWithJobInvoices(business_, request_.days, prgRun->Listener()); });
   setEnabled(true);
   prgRun->hide();
   if (!done) return;

@@ -37,13 +37,15 @@ GridRow RowOf(const PayableJob& job) {
                job.invoiceNumber,
                GridCell(job.status, words),
                job.totalPrice};
-  row.hue = job.isPaid ? Hue::Blue : job.status.toUpper() == u"J" ? Hue::Neutral : Hue::Green;
+  row.hue = job.isPaid                            ? Hue::Blue
+            : job.status.Is(EntryStatus::JobOpen) ? Hue::Neutral
+                                                  : Hue::Green;
   return row;
 }
 
 }  // namespace
 
-dlgPaymentJobs::dlgPaymentJobs(Business& business, const ScreenTools& tools, qint64 paymentId)
+dlgPaymentJobs::dlgPaymentJobs(Business& business, const ScreenTools& tools, Id<Payment> paymentId)
     : Dialog("dlgPaymentJobs", tr("Jobs of this payment"), business.World().prompter),
       business_(business),
       tools_(tools),
@@ -148,7 +150,7 @@ void dlgPaymentJobs::ShowSums() {
 
 void dlgPaymentJobs::TakeTicks() {
   const bool done = tools_.runner.Run(objectName(), QStringLiteral("grdJobs_AfterEdit"), [this] {
-    const std::vector<qint64> ticked = ticks_->TickedKeys();
+    const auto ticked = ticks_->TickedIds<Entry>();
     for (PayableJob& job : allocation_.jobs) {
       const bool on = std::ranges::find(ticked, job.diaryId) != ticked.end();
       if (on == job.isTicked) continue;

@@ -21,7 +21,7 @@ class dlgPaymentJobs : public Dialog {
   Q_OBJECT
 
  public:
-  dlgPaymentJobs(Business& business, const ScreenTools& tools, qint64 paymentId);
+  dlgPaymentJobs(Business& business, const ScreenTools& tools, Id<Payment> paymentId);
 
  private:
   void MakeControls();
@@ -35,7 +35,7 @@ class dlgPaymentJobs : public Dialog {
 
   Business& business_;
   ScreenTools tools_;
-  qint64 paymentId_;
+  Id<Payment> paymentId_;
   Allocation allocation_;
   QLineEdit* txtFilter;
   Grid* grdJobs;

@@ -35,13 +35,12 @@ dlgPaymentOptions::dlgPaymentOptions(Business& business, const ScreenTools& tool
 }
 
 void dlgPaymentOptions::CreateNewPayment() {
-  const AddPayment request{job_.billingClientId, job_.price, job_.diaryId};
+  const AddPayment request{job_.payer, job_.price, job_.entry};
   if (tools_.navigator.Open(request)) Close(Accepted);
 }
 
 void dlgPaymentOptions::SelectAnExisting() {
-  if (frmPaymentsByAClient(business_, tools_, job_.billingClientId, job_.diaryId).exec() ==
-      QDialog::Accepted)
+  if (frmPaymentsByAClient(business_, tools_, job_.payer, job_.entry).exec() == QDialog::Accepted)
     Close(Accepted);
 }
 

@@ -61,11 +61,12 @@ void frmInvoice::ConnectControls() {
 }
 
 void frmInvoice::LoadClientsIntoCombo() {
-  const auto chosen = ComboKey(cmdBilledClient);
-  FillCombo(cmdBilledClient,
-            ListBilledClients(business_, chkActiveClients->isChecked() ? BilledClients::Active
-                                                                       : BilledClients::All));
-  cmdBilledClient->SelectComboItem(chosen ? QVariant(*chosen) : QVariant());
+  const auto chosen = ComboId<Client>(cmdBilledClient);
+  FillCombo(cmdBilledClient, ListBilledClients(business_,
+                                               chkActiveClients->isChecked() ? BilledClients::Active
+                                                                             : BilledClients::All,
+                                               form_.clientId));
+  cmdBilledClient->SelectComboItem(chosen ? QVariant(chosen->Number()) : QVariant());
   if (!ComboKey(cmdBilledClient)) cmdBilledClient->clearEditText();
 }
 
@@ -78,7 +79,8 @@ void frmInvoice::ShowInvoice() {
     chkActiveClients->setChecked(!client || client->isListedAsActive);
   }
   LoadClientsIntoCombo();
-  cmdBilledClient->SelectComboItem(form_.clientId ? QVariant(*form_.clientId) : QVariant());
+  cmdBilledClient->SelectComboItem(form_.clientId ? QVariant(form_.clientId->Number())
+                                                  : QVariant());
   lblOutstanding->setText(client ? client->OutstandingWords() : QString());
   ShowOptions();
   dtInvoiceDate->SetDate(form_.date);
@@ -99,14 +101,14 @@ void frmInvoice::ShowOptions() {
 }
 
 void frmInvoice::ClientChosen() {
-  const auto clientId = ComboKey(cmdBilledClient);
+  const auto clientId = ComboId<Client>(cmdBilledClient);
   if (!clientId) {
     lblOutstanding->clear();
     return;
   }
-  const BilledClient client = ChooseBilledClient(business_, form_, *clientId);
+  const auto client = ChooseBilledClient(business_, form_, *clientId);
   txtMadeOutTo->setPlainText(form_.madeOutTo);
-  lblOutstanding->setText(client.OutstandingWords());
+  lblOutstanding->setText(client ? client->OutstandingWords() : QString());
   ShowOptions();
 }
 
@@ -116,7 +118,7 @@ void frmInvoice::LoadAttachedJobs() {
   for (const AttachedJob& job : jobs_.rows)
     rows.push_back(
         {{job.displayName, job.diaryId, job.description, job.scheduleDate, job.totalPrice,
-          job.totalGST, GridCell(job.status, ListedWordsOf(StoredEntryStatus(job.status)))}});
+          job.totalGST, GridCell(job.status, ListedWordsOf(job.status))}});
   fgJobs->SetRows(std::move(rows));
   txtInvoiceAmount->SetAmount(jobs_.totalAmount);
   txtGSTIncluded->SetAmount(jobs_.totalGST);
@@ -124,7 +126,7 @@ void frmInvoice::LoadAttachedJobs() {
 
 InvoiceForm frmInvoice::Typed() const {
   InvoiceForm form = form_;
-  form.clientId = ComboKey(cmdBilledClient);
+  form.clientId = ComboId<Client>(cmdBilledClient);
   form.date = dtInvoiceDate->Date();
   form.number = txtInvoiceNumber->text();
   form.description = txtInvoiceDescription->text();
@@ -165,9 +167,9 @@ void frmInvoice::SaveAndClose() {
 }
 
 void frmInvoice::ShowListOfJobs() {
-  const auto clientId = ComboKey(cmdBilledClient);
+  const auto clientId = ComboId<Client>(cmdBilledClient);
   if (!clientId) {
-    IsAccepted(Refusal{"Please select a client first.", "cmdBilledClient"});
+    IsAccepted(Refusal{"Please select a client first.", "client"});
     return;
   }
   frmListOfJobs list(business_, tools_, form_.invoiceId, *clientId, form_.jobsToAttach);
@@ -178,9 +180,7 @@ void frmInvoice::ShowListOfJobs() {
 }
 
 void frmInvoice::RemoveSelectedJob() {
-  const auto row = fgJobs->SelectedRow();
-  const auto diaryId = row ? std::optional(fgJobs->Key(*row)) : std::nullopt;
-  if (!IsAccepted(RemoveJob(business_, form_, diaryId))) return;
+  if (!IsAccepted(RemoveJob(business_, form_, fgJobs->SelectedId<Entry>()))) return;
   LoadAttachedJobs();
   fgJobs->setFocus();
 }
@@ -199,7 +199,7 @@ void frmInvoice::Print() {
   if (!Save()) return;
   {
     const BusyWhile busy(business_.World().busy);
-    PrepareInvoicePrint(business_, {form_.invoiceId});
+    PrepareInvoicePrint(business_, {*form_.invoiceId});
   }
   tools_.navigator.Open(PrintInvoices{.fileNamePart = txtMadeOutTo->toPlainText(),
                                       .priceIncludesGST = !chkPriceExcludesGST->isChecked()});

@@ -3,6 +3,7 @@
 #include "kit/ComboSearch.h"
 #include "kit/CurrencyField.h"
 #include "kit/DateField.h"
+#include "kit/Form.h"
 #include "kit/Grid.h"
 #include "kit/Keys.h"
 #include "kit/Layouts.h"
@@ -45,16 +46,16 @@ void frmInvoice::MakeControls() {
 }
 
 void frmInvoice::MakeFields() {
-  cmdBilledClient = Named(new ComboSearch, "cmdBilledClient");
+  cmdBilledClient = ForField("client", Named(new ComboSearch, "cmdBilledClient"));
   chkActiveClients = Tick("chkActiveClients", tr("Acti&ve clients only"));
   chkActiveClients->setMinimumHeight(kFieldHeight);
   dtInvoiceDate = Named(new DateField(business_.Today()), "dtInvoiceDate");
   dtInvoiceDate->setFixedWidth(168);
-  cmbType = Named(new QComboBox, "cmbType");
+  cmbType = ForField("type", Named(new QComboBox, "cmbType"));
   cmbType->setFixedWidth(136);
   txtInvoiceDescription = Named(new QLineEdit, "txtInvoiceDescription");
   LimitTo(txtInvoiceDescription, kInvoiceDescriptionWidth);
-  txtInvoiceNumber = Named(new QLineEdit, "txtInvoiceNumber");
+  txtInvoiceNumber = ForField("number", Named(new QLineEdit, "txtInvoiceNumber"));
   LimitTo(txtInvoiceNumber, kInvoiceNumberWidth);
   txtInvoiceNumber->setFixedWidth(136);
   cmdGetLastNumber =
@@ -91,7 +92,7 @@ void frmInvoice::MakeOptions() {
 
 void frmInvoice::MakeJobs() {
   fraLstOfAttachedJobs = Named(new QWidget, "fraLstOfAttachedJobs");
-  fgJobs = new Grid(QStringLiteral("fgJobs"));
+  fgJobs = ForField("jobs", new Grid(QStringLiteral("fgJobs")));
   fgJobs->setAccessibleName(tr("Jobs on this invoice"));
   fgJobs->SetColumns({{tr("Client"), ColumnKind::StrongText, 176},
                       {{}, ColumnKind::HiddenId},
@@ -102,8 +103,9 @@ void frmInvoice::MakeJobs() {
                       {tr("Status"), ColumnKind::Chip, 144}});
   fgJobs->SetEmptyText(tr("No job is on this invoice yet."), tr("Press Attach a job."));
   fgJobs->setMinimumHeight(112);
-  cmdShowListOfJobs = MakeButton("cmdShowListOfJobs", QStringLiteral("&Attach a job"),
-                                 ButtonKind::Plain, "list-add");
+  cmdShowListOfJobs =
+      ForField("jobList", MakeButton("cmdShowListOfJobs", QStringLiteral("&Attach a job"),
+                                     ButtonKind::Plain, "list-add"));
   cmdRemoveJob = MakeButton("cmdRemoveJob", QStringLiteral("Remove &job"), ButtonKind::Danger);
 }
 

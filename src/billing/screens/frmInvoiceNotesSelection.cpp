@@ -1,6 +1,7 @@
 #include "billing/screens/frmInvoiceNotesSelection.h"
 
 #include "billing/invoices/InvoiceTexts.h"
+#include "kit/Form.h"
 #include "kit/Grid.h"
 #include "kit/Layouts.h"
 
@@ -9,7 +10,7 @@ namespace quillary::billing {
 frmInvoiceNotesSelection::frmInvoiceNotesSelection(Business& business, const ScreenTools& tools)
     : Dialog("frmInvoiceNotesSelection", tr("Existing invoice notes"), business.World().prompter) {
   txtFilter = MakeFilterBox(this);
-  fgNotes = new Grid(QStringLiteral("fgNotes"));
+  fgNotes = ForField("notes", new Grid(QStringLiteral("fgNotes")));
   fgNotes->setAccessibleName(tr("Notes of earlier invoices"));
   fgNotes->SetColumns({{tr("Note"), ColumnKind::Text, 480}, {{}, ColumnKind::HiddenId}});
   fgNotes->SetEmptyText(tr("No invoice has notes yet."), tr("Type them on the invoice."));

@@ -87,8 +87,8 @@ void frmInvoicesList::ConnectPrintCommands() {
 void frmInvoicesList::ShowYourself(bool monthly) {
   const InvoiceListQuery query = InvoicesOfMonth(business_.Today(), monthly);
   FillWithMonths(cboMonth, business_.Today());
-  dtFrom->SetDate(query.from);
-  dtTo->SetDate(query.to);
+  dtFrom->SetDate(query.days.from);
+  dtTo->SetDate(query.days.to);
   {
     const QSignalBlocker quiet(chkShowMonthly);
     chkShowMonthly->setChecked(monthly);
@@ -112,7 +112,7 @@ void frmInvoicesList::LoadInvoicesIntoGrid() {
   tools_.runner.RunBusy(objectName(), QStringLiteral("LoadInvoicesIntoGrid"), [this] {
     const auto kept = SelectedInvoice();
     invoices_ =
-        LoadInvoicesList(business_, {dtFrom->Date(), dtTo->Date(), chkShowMonthly->isChecked()});
+        LoadInvoicesList(business_, {{dtFrom->Date(), dtTo->Date()}, chkShowMonthly->isChecked()});
     std::vector<GridRow> rows;
     for (const InvoiceListRow& invoice : invoices_) {
       GridRow row;
@@ -130,7 +130,7 @@ void frmInvoicesList::LoadInvoicesIntoGrid() {
     }
     fgInvoices->SetRows(std::move(rows));
     ticks_->TakeRows();
-    if (!kept || !fgInvoices->SelectKey(*kept)) fgInvoices->SelectFirst();
+    if (!kept || !fgInvoices->SelectId(*kept)) fgInvoices->SelectFirst();
     ShowTotals();
   });
 }
@@ -146,10 +146,8 @@ void frmInvoicesList::ShowTotals() {
   lblTotals->setText(ticked == 0 ? words : tr("%1 · %2 ticked").arg(words).arg(ticked));
 }
 
-std::optional<qint64> frmInvoicesList::SelectedInvoice() const {
-  const auto row = fgInvoices->SelectedRow();
-  if (!row) return std::nullopt;
-  return fgInvoices->Key(*row);
+std::optional<Id<Invoice>> frmInvoicesList::SelectedInvoice() const {
+  return fgInvoices->SelectedId<Invoice>();
 }
 
 void frmInvoicesList::View() {
@@ -160,7 +158,7 @@ void frmInvoicesList::View() {
 }
 
 void frmInvoicesList::DeleteTicked() {
-  if (DeleteTickedInvoices(business_, business_.World().prompter, ticks_->TickedKeys()))
+  if (DeleteTickedInvoices(business_, business_.World().prompter, ticks_->TickedIds<Invoice>()))
     LoadInvoicesIntoGrid();
 }
 
@@ -171,7 +169,7 @@ void frmInvoicesList::GenerateMonthly() {
   setEnabled(false);  // nothing may be clicked while the run shows how far it has come
   const bool done =
       tools_.runner.Run(objectName(), QStringLiteral("cmdGenerateInvoiceAutomatically_Click"), [&] {
-        GenerateMonthlyInvoices(business_, {dtFrom->Date(), dtTo->Date(), *generated},
+        GenerateMonthlyInvoices(business_, {{dtFrom->Date(), dtTo->Date()}, *generated},
                                 prgRun->Listener());
       });
   setEnabled(true);
@@ -181,7 +179,7 @@ void frmInvoicesList::GenerateMonthly() {
 }
 
 void frmInvoicesList::SelectTicked() {
-  SelectInvoicesToPrint(business_, ticks_->TickedKeys());
+  SelectInvoicesToPrint(business_, ticks_->TickedIds<Invoice>());
 }
 
 }  // namespace quillary::billing

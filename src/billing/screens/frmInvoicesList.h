@@ -49,7 +49,7 @@ class frmInvoicesList : public Screen {
   void ConnectPrintCommands();
   void TakeMonth(int month);
   void ShowTotals();
-  std::optional<qint64> SelectedInvoice() const;
+  std::optional<Id<Invoice>> SelectedInvoice() const;
   void View();
   void DeleteTicked();
   void GenerateMonthly();

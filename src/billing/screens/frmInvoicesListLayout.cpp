@@ -4,6 +4,7 @@
 #include "billing/screens/frmInvoicesList.h"
 #include "kit/DateField.h"
 #include "kit/FlowLayout.h"
+#include "kit/Form.h"
 #include "kit/Grid.h"
 #include "kit/Layouts.h"
 #include "kit/RowTicks.h"
@@ -32,7 +33,7 @@ void frmInvoicesList::MakeList() {
   txtFilter = MakeFilterBox(this);
   chkTickUntickAll = MakeTickAllBox();
   chkTickUntickAll->setText(QStringLiteral("Tic&k/Untick all"));  // Alt+T prints statements
-  fgInvoices = new Grid(QStringLiteral("fgInvoices"));
+  fgInvoices = ForField("invoices", new Grid(QStringLiteral("fgInvoices")));
   fgInvoices->setAccessibleName(tr("Invoices"));
   fgInvoices->SetColumns({{{}, ColumnKind::Tick, 40},
                           {{}, ColumnKind::HiddenId},

@@ -48,7 +48,7 @@ void frmJobsAndPaymentChecker::ConnectControls() {
   on(cmdDeletePayment, &frmJobsAndPaymentChecker::DeleteSelectedPayment);
   on(cmdRecalculateAmountOwing, &frmJobsAndPaymentChecker::RecalculateAmountOwing);
   tools_.runner.OnClick(cmdViewClient, objectName(), [this] {
-    if (const auto client = SelectedClient()) tools_.navigator.Open(OpenClient{client->Number()});
+    if (const auto client = SelectedClient()) tools_.navigator.Open(OpenClient{*client});
   });
   connect(cmdRefreshList, &QPushButton::clicked, this, &frmJobsAndPaymentChecker::Reload);
   connect(cmdClose, &QPushButton::clicked, this, &Screen::closeRequested);
@@ -171,7 +171,7 @@ void frmJobsAndPaymentChecker::DeleteSelectedJob() {
 void frmJobsAndPaymentChecker::ViewSelectedPayment() {
   const auto payment = SelectedPayment();
   if (!payment) return;
-  tools_.navigator.Open(ViewPayment{payment->Number()});
+  tools_.navigator.Open(ViewPayment{*payment});
   Reload();
 }
 

@@ -18,8 +18,9 @@
 
 namespace quillary::billing {
 
-frmListOfJobs::frmListOfJobs(Business& business, const ScreenTools& tools, qint64 invoiceId,
-                             qint64 clientId, const std::vector<qint64>& chosenBefore)
+frmListOfJobs::frmListOfJobs(Business& business, const ScreenTools& tools,
+                             std::optional<Id<Invoice>> invoiceId, Id<Client> clientId,
+                             const std::vector<Id<Entry>>& chosenBefore)
     : Dialog("frmListOfJobs", tr("Attach jobs to the invoice"), business.World().prompter),
       business_(business),
       tools_(tools),
@@ -127,11 +128,10 @@ void frmListOfJobs::TakeMonth(int month) {
 }
 
 void frmListOfJobs::ListJobs() {
-  jobs_ = diary::ListPickableJobs(business_, Id<Client>(clientId_),
-                                  {dtStartDate->Date(), dtEndDate->Date()});
+  jobs_ = diary::ListPickableJobs(business_, clientId_, {dtStartDate->Date(), dtEndDate->Date()});
   std::vector<GridRow> rows;
   for (const diary::PickableJob& job : jobs_) {
-    const bool ticked = job.IsOn(Id<Invoice>(invoiceId_)) || chosen_.contains(job.entry.Number());
+    const bool ticked = job.IsOn(invoiceId_) || chosen_.contains(job.entry);
     GridRow row;
     row.cells = {ticked,
                  job.entry,
@@ -152,19 +152,19 @@ void frmListOfJobs::ListJobs() {
 }
 
 void frmListOfJobs::ShowTotals() {
-  const std::vector<qint64> ticked = ticks_->TickedKeys();
-  const std::set<qint64> keys(ticked.begin(), ticked.end());
+  const auto ticked = ticks_->TickedIds<Entry>();
+  const std::set<Id<Entry>> keys(ticked.begin(), ticked.end());
   Money total;
   for (const diary::PickableJob& job : jobs_)
-    if (keys.contains(job.entry.Number())) total += job.totalPrice;
+    if (keys.contains(job.entry)) total += job.totalPrice;
   lblTickedTotal->setText(
       keys.size() == 1 ? tr("1 job ticked = %1").arg(total.ToCurrencyText())
                        : tr("%1 jobs ticked = %2").arg(keys.size()).arg(total.ToCurrencyText()));
 }
 
 void frmListOfJobs::AttachTicked() {
-  const std::vector<qint64> ticked = ticks_->TickedKeys();
-  if (invoiceId_ != kNewInvoice) AttachJobs(business_, invoiceId_, ticked);
+  const auto ticked = ticks_->TickedIds<Entry>();
+  if (invoiceId_) AttachJobs(business_, *invoiceId_, ticked);
   chosen_.insert(ticked.begin(), ticked.end());
   Close(Accepted);
 }

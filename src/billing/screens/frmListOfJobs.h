@@ -27,11 +27,11 @@ class frmListOfJobs : public Dialog {
   Q_OBJECT
 
  public:
-  frmListOfJobs(Business& business, const ScreenTools& tools, qint64 invoiceId, qint64 clientId,
-                const std::vector<qint64>& chosenBefore = {});
+  frmListOfJobs(Business& business, const ScreenTools& tools, std::optional<Id<Invoice>> invoiceId,
+                Id<Client> clientId, const std::vector<Id<Entry>>& chosenBefore = {});
 
   /// The jobs chosen before and those ticked when the user attached.
-  std::vector<qint64> Chosen() const { return {chosen_.begin(), chosen_.end()}; }
+  std::vector<Id<Entry>> Chosen() const { return {chosen_.begin(), chosen_.end()}; }
 
  private:
   void MakeControls();
@@ -46,9 +46,9 @@ class frmListOfJobs : public Dialog {
 
   Business& business_;
   ScreenTools tools_;
-  qint64 invoiceId_;
-  qint64 clientId_;
-  std::set<qint64> chosen_;
+  std::optional<Id<Invoice>> invoiceId_;  // nothing for a new one
+  Id<Client> clientId_;
+  std::set<Id<Entry>> chosen_;
   std::vector<diary::PickableJob> jobs_;
 
   QComboBox* cboMonth;

@@ -21,21 +21,6 @@ namespace {
 
 enum LineColumn { kLineAccount, kLineEntry, kLineAmount, kLineTax };
 
-/// The payers, and whoever paid this one: that client may be billed to another by now, and the
-/// payment is still its own.
-std::vector<lists::Choice<Client>> PayersWith(Business& business, std::optional<qint64> clientId) {
-  std::vector<lists::Choice<Client>> payers = ListPayerChoices(business);
-  const auto isClient = [&](const lists::Choice<Client>& choice) {
-    return choice.id.Number() == clientId;
-  };
-  if (!clientId || std::ranges::any_of(payers, isClient)) return payers;
-  payers.push_back(
-      {Id<Client>(*clientId),
-       business.FirstField(Sql("SELECT Display_Name FROM Clients WHERE Client_ID = {}", *clientId))
-           .ToText()});
-  return payers;
-}
-
 /// Picks the entry of those words, whatever their case; words that the list lacks stay to be seen.
 void ShowWords(ComboSearch* combo, const QString& words) {
   const int at = words.isEmpty() ? -1 : combo->findText(words, Qt::MatchFixedString);
@@ -69,7 +54,7 @@ frmPayments::frmPayments(Business& business, const ScreenTools& tools,
 }
 
 void frmPayments::FillLists() {
-  FillCombo(cmbClient, PayersWith(business_, form_.IsNew() ? std::nullopt : form_.clientId));
+  FillCombo(cmbClient, ListPayerChoices(business_, form_.IsNew() ? std::nullopt : form_.clientId));
   FillMethods();
   FillComboWithWords(cmbBank, ListBankNames(business_));
   FillCombo(cmbRevenueAccount, lists::ListRevenueAccountChoices(business_));
@@ -81,7 +66,7 @@ void frmPayments::FillMethods() {
 
 void frmPayments::ShowPayment() {
   ShowPaymentID();
-  SelectComboItem(cmbClient, form_.clientId ? QVariant(*form_.clientId) : QVariant());
+  SelectComboItem(cmbClient, form_.clientId ? QVariant(form_.clientId->Number()) : QVariant());
   dtpPaymentDate->SetDate(form_.paymentDate);
   txtAmount->SetAmount(form_.amount);
   txtGST->SetAmount(form_.gst);
@@ -100,7 +85,7 @@ void frmPayments::ShowPayment() {
 void frmPayments::ShowPaymentID() {
   setWindowTitle(form_.IsNew() ? tr("New payment") : tr("Payment"));
   lblPaymentID->setText(form_.IsNew() ? tr("New payment") : tr("Payment no."));
-  txtPaymentID->setText(form_.IsNew() ? QString() : QString::number(form_.paymentId));
+  txtPaymentID->setText(form_.IsNew() ? QString() : QString::number(form_.paymentId->Number()));
 }
 
 void frmPayments::ShowMethod(const QString& word) {
@@ -113,7 +98,7 @@ void frmPayments::ShowBank(const QString& name) {
 }
 
 void frmPayments::TakeHabits() {
-  const auto client = ComboKey(cmbClient);
+  const auto client = ComboId<Client>(cmbClient);
   if (!form_.IsNew() || !client) return;
   const PaymentHabits habits = HabitsOf(business_, *client);
   ShowMethod(habits.paymentMethod);
@@ -132,7 +117,8 @@ void frmPayments::ShowLineTax() {
 }
 
 void frmPayments::ShowJobs() {
-  const PaidServices services = LoadPaidServices(business_, form_.paymentId);
+  const PaidServices services =
+      form_.paymentId ? LoadPaidServices(business_, *form_.paymentId) : PaidServices();
   std::vector<GridRow> rows;
   for (const PaidService& service : services.rows)
     rows.push_back({{service.scheduleDate, service.diaryId, service.service, service.accountName,
@@ -152,7 +138,8 @@ void frmPayments::ShowMissing() {
 }
 
 void frmPayments::LoadAccounts() {
-  lines_ = quillary::billing::LoadAccounts(business_, form_.paymentId);
+  lines_ = form_.paymentId ? quillary::billing::LoadAccounts(business_, *form_.paymentId)
+                           : RevenueLines();
   std::vector<GridRow> rows;
   for (const RevenueLine& line : lines_.rows)
     rows.push_back({{line.accountName, line.glEntryId, line.amount, line.gst}});
@@ -164,7 +151,8 @@ void frmPayments::LoadAccounts() {
 void frmPayments::ShowPickedLine() {
   const auto row = grdRevAccounts->SelectedRow();
   const RevenueLine* line = row ? &lines_.rows[static_cast<size_t>(*row)] : nullptr;
-  SelectComboItem(cmbRevenueAccount, line ? QVariant(line->glAccountId) : QVariant());
+  SelectComboItem(cmbRevenueAccount,
+                  line && line->glAccountId ? QVariant(line->glAccountId->Number()) : QVariant());
   txtAccountAmount->SetAmount(line ? line->amount : Money());
   txtAccountGST->SetAmount(line ? line->gst : Money());
   line_.ClearDataChanged();
@@ -172,7 +160,7 @@ void frmPayments::ShowPickedLine() {
 
 PaymentForm frmPayments::Typed() const {
   PaymentForm form = form_;
-  form.clientId = ComboKey(cmbClient);
+  form.clientId = ComboId<Client>(cmbClient);
   form.amount = txtAmount->Amount();
   form.gst = txtGST->Amount();
   form.taxExempt = chkTaxExempt->isChecked();
@@ -204,9 +192,9 @@ bool frmPayments::SavePaymentDetails() {
 }
 
 bool frmPayments::HasItsJobs() {
-  if (!RequiresJobs(business_, form_.paymentId)) return true;
+  if (!RequiresJobs(business_, *form_.paymentId)) return true;
   business_.World().prompter.Tell(Tone::Exclamation, QString::fromLatin1(kRequiresJobs));
-  tools_.navigator.Open(AllocatePayment{form_.paymentId});
+  tools_.navigator.Open(AllocatePayment{*form_.paymentId});
   fraJobsBeingPaidFor->show();  // what was ticked is to be seen, however the screen was opened
   ShowJobs();
   return false;
@@ -223,7 +211,7 @@ void frmPayments::reject() {
 
 void frmPayments::ChangeJobsPaidFor() {
   if (!SavePaymentDetails()) return;
-  tools_.navigator.Open(AllocatePayment{form_.paymentId});
+  tools_.navigator.Open(AllocatePayment{*form_.paymentId});
   ShowJobs();
   jobsChanged_ = true;
 }
@@ -236,25 +224,22 @@ void frmPayments::OpenPickedJob() {
 }
 
 void frmPayments::StoreLine(SaveRevenueLine as) {
-  const auto row = grdRevAccounts->SelectedRow();
-  RevenueLineForm line{.glAccountId = ComboKey(cmbRevenueAccount),
+  RevenueLineForm line{.glAccountId = ComboId<Account>(cmbRevenueAccount),
                        .amount = txtAccountAmount->Amount(),
                        .gst = txtAccountGST->Amount()};
-  if (row) line.glEntryId = grdRevAccounts->Key(*row);
+  line.glEntryId = grdRevAccounts->SelectedId<LedgerEntry>();
   if (!IsAccepted(CheckRevenueAccount(line))) return;
   if (form_.IsNew() && !SavePaymentDetails()) {
     business_.World().prompter.Tell(Tone::Exclamation, QString::fromLatin1(kPaymentNotSaved));
     return;
   }
-  if (!IsAccepted(SaveAccount(business_, form_.paymentId, line, as))) return;
+  if (!IsAccepted(SaveAccount(business_, *form_.paymentId, line, as))) return;
   LoadAccounts();
   cmbRevenueAccount->setFocus();
 }
 
 void frmPayments::RemoveLine() {
-  const auto row = grdRevAccounts->SelectedRow();
-  const auto entry = row ? std::optional(grdRevAccounts->Key(*row)) : std::nullopt;
-  if (!IsAccepted(RemoveAccount(business_, entry))) return;
+  if (!IsAccepted(RemoveAccount(business_, grdRevAccounts->SelectedId<LedgerEntry>()))) return;
   LoadAccounts();
   grdRevAccounts->setFocus();
 }

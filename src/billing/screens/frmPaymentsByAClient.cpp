@@ -8,7 +8,7 @@
 namespace quillary::billing {
 
 frmPaymentsByAClient::frmPaymentsByAClient(Business& business, const ScreenTools& tools,
-                                           qint64 clientId, qint64 diaryId)
+                                           Id<Client> clientId, Id<Entry> diaryId)
     : Dialog("frmPaymentsByAClient", tr("Payments of this client"), business.World().prompter),
       business_(business),
       tools_(tools) {
@@ -50,13 +50,12 @@ void frmPaymentsByAClient::LayOut() {
   AddActions({cmdClose, cmdAttachJob});
 }
 
-void frmPaymentsByAClient::Load(qint64 clientId) {
+void frmPaymentsByAClient::Load(Id<Client> clientId) {
   grdPayments->SetRows(PaymentListRows(LoadPaymentsByAClient(business_, clientId).rows));
 }
 
-void frmPaymentsByAClient::AttachJob(qint64 diaryId) {
-  const auto row = grdPayments->SelectedRow();
-  const auto payment = row ? std::optional(grdPayments->Key(*row)) : std::nullopt;
+void frmPaymentsByAClient::AttachJob(Id<Entry> diaryId) {
+  const auto payment = grdPayments->SelectedId<Payment>();
   if (IsAccepted(quillary::billing::AttachJob(business_, payment, diaryId)))
     Close(Accepted);
   else

@@ -18,14 +18,14 @@ class frmPaymentsByAClient : public Dialog {
   Q_OBJECT
 
  public:
-  frmPaymentsByAClient(Business& business, const ScreenTools& tools, qint64 clientId,
-                       qint64 diaryId);
+  frmPaymentsByAClient(Business& business, const ScreenTools& tools, Id<Client> clientId,
+                       Id<Entry> diaryId);
 
  private:
   void MakeControls();
   void LayOut();
-  void Load(qint64 clientId);
-  void AttachJob(qint64 diaryId);
+  void Load(Id<Client> clientId);
+  void AttachJob(Id<Entry> diaryId);
 
   Business& business_;
   ScreenTools tools_;

@@ -3,6 +3,7 @@
 #include "kit/ComboSearch.h"
 #include "kit/CurrencyField.h"
 #include "kit/DateField.h"
+#include "kit/Form.h"
 #include "kit/Grid.h"
 #include "kit/Layouts.h"
 
@@ -39,13 +40,13 @@ void frmPayments::MakeControls() {
   lblCaption->hide();
   lblPaymentID = MakeLabel("lblPaymentID", {}, LabelRole::Muted);
   txtPaymentID = Named(MakeLabel("", {}, LabelRole::Figure), "txtPaymentID", tr("Payment no."));
-  cmbClient = Named(new ComboSearch, "cmbClient");
+  cmbClient = ForField("client", Named(new ComboSearch, "cmbClient"));
   dtpPaymentDate = Named(new DateField(business_.Today()), "dtpPaymentDate");
   dtpPaymentDate->ShowWeekday(false);
-  txtAmount = Named(new CurrencyField, "txtAmount");
+  txtAmount = ForField("amount", Named(new CurrencyField, "txtAmount"));
   txtGST = Named(new CurrencyField, "txtGST");
   chkTaxExempt = Named(new QCheckBox(tr("Ta&x exempt")), "chkTaxExempt", tr("Tax exempt"));
-  cmbPaymentMethod = Named(new ComboSearch, "cmbPaymentMethod");
+  cmbPaymentMethod = ForField("paymentMethod", Named(new ComboSearch, "cmbPaymentMethod"));
   cmdShowPaymentMethods = MakeButton("cmdShowPaymentMethods", tr("Met&hods…"));
   cmdShowPaymentMethods->setToolTip(tr("The list of payment methods"));
   cmdShowPaymentMethods->setEnabled(tools_.navigator.CanOpen<OpenPaymentMethods>());
@@ -97,7 +98,7 @@ void frmPayments::MakeLineControls() {
                                tr("Choose an account and an amount, and add it."));
   TakeTheRest(grdRevAccounts, 96);
   lblAccountTotals = MakeLabel("lblAccountTotals", {}, LabelRole::Figure);
-  cmbRevenueAccount = Named(new ComboSearch, "cmbRevenueAccount");
+  cmbRevenueAccount = ForField("revenueAccount", Named(new ComboSearch, "cmbRevenueAccount"));
   txtAccountAmount = Named(new CurrencyField, "txtAccountAmount");
   txtAccountGST = Named(new CurrencyField, "txtAccountGST");
   cmdRemoveRevenueAccount =

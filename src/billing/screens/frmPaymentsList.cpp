@@ -128,7 +128,7 @@ void frmPaymentsList::ShowYourself() {
 
 void frmPaymentsList::LoadPayments() {
   tools_.runner.RunBusy(objectName(), QStringLiteral("LoadPayments"), [this] {
-    Show(LoadPaymentsList(business_, dtpFrom->Date(), dtpTo->Date()));
+    Show(LoadPaymentsList(business_, {dtpFrom->Date(), dtpTo->Date()}));
   });
 }
 

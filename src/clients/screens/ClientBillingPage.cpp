@@ -2,12 +2,12 @@
 
 #include "base/ports/requests/Clients.h"
 #include "clients/ClientChoices.h"
-#include "clients/ClientStatus.h"
 #include "clients/screens/WordCombo.h"
 #include "clients/screens/frmSetJobPricesForMonthly.h"
 #include "kit/ComboSearch.h"
 #include "kit/Combos.h"
 #include "kit/DateField.h"
+#include "kit/Form.h"
 #include "kit/Keys.h"
 #include "kit/Layouts.h"
 
@@ -41,7 +41,8 @@ void ClientBillingPage::MakeControls() {
     choices_[static_cast<size_t>(at)] =
         Named(new QRadioButton(captions[at]), names[at], PlainCaption(captions[at]));
   cmbInvoiceType = Part<QComboBox>("cmbInvoiceType");
-  dtDebtorSince = Named(new DateField(desk_.business.Today()), "dtDebtorSince");
+  dtDebtorSince =
+      ForField("debtorSince", Named(new DateField(desk_.business.Today()), "dtDebtorSince"));
   dtDebtorSince->setFixedWidth(168);
   txtCurrentlyOwing = Part<QLineEdit>("txtCurrentlyOwing");
   txtCurrentlyOwing->setReadOnly(true);
@@ -50,7 +51,7 @@ void ClientBillingPage::MakeControls() {
   txtSampleBillingAddress->setReadOnly(true);
   txtSampleBillingAddress->setTabChangesFocus(true);
   txtSampleBillingAddress->setFixedHeight(76);
-  cmbOtherAddressToBill = Part<ComboSearch>("cmbOtherAddressToBill");
+  cmbOtherAddressToBill = ForField("payer", Part<ComboSearch>("cmbOtherAddressToBill"));
   cmbOtherAddressToBill->setMinimumContentsLength(16);
   cmdEditExisingAddress = MakeButton("cmdEditExisingAddress", tr("Edit this address..."));
   cmdSetJobPricesForMonthly =
@@ -150,8 +151,8 @@ void ClientBillingPage::ConnectControls() {
   connect(cmbOtherAddressToBill, &ComboSearch::picked, this, [this](int at) {
     // A payer is not taken away by emptying the field, but by another choice.
     if (at >= 0)
-      emit payerChosen(*ComboKey(cmbOtherAddressToBill));
-    else if (!desk_.client.IsBilledTo())
+      emit payerChosen(*ComboId<Client>(cmbOtherAddressToBill));
+    else if (!desk_.edit.client.IsBilledTo())
       ShowBilling();
   });
   connect(cmbOtherAddressToBill, &QComboBox::currentIndexChanged, this,
@@ -167,7 +168,7 @@ void ClientBillingPage::LoadChoices() {
 }
 
 void ClientBillingPage::LoadPayers() {
-  payers_ = ListBillableOthers(desk_.business, desk_.client.clientId);
+  payers_ = ListBillableOthers(desk_.business, desk_.edit.client.clientId);
   FillCombo(cmbOtherAddressToBill, payers_);
 }
 
@@ -189,19 +190,18 @@ QWidget* ClientBillingPage::LastChoice() const {
 }
 
 void ClientBillingPage::ShowBilling() {
-  const BillingChoice choice = BillingChoiceOf(desk_.client);
+  const BillingChoice choice = BillingChoiceOf(desk_.edit.client);
   const bool same = choice == BillingChoice::SameAddress;
   choices_[static_cast<size_t>(choice)]->setChecked(true);
   fraBillSameAddress->setVisible(same);
   fraBillExistingAddress->setVisible(!same);
-  SelectComboItem(cmbOtherAddressToBill,
-                  same ? QVariant() : QVariant(desk_.client.billingClientId));
-  txtSampleBillingAddress->setPlainText(SampleBillingAddress(desk_.client));
+  SelectComboItem(cmbOtherAddressToBill, desk_.edit.client.otherPayer);
+  txtSampleBillingAddress->setPlainText(SampleBillingAddress(desk_.edit.client));
   EnableCommands();
 }
 
 void ClientBillingPage::ShowDebtorSince() {
-  dtDebtorSince->SetDate(desk_.client.debtorSince.value_or(QDate()));
+  dtDebtorSince->SetDate(desk_.edit.client.debtorSince.value_or(QDate()));
 }
 
 QWidget* ClientBillingPage::DebtorSinceField() const {
@@ -209,12 +209,12 @@ QWidget* ClientBillingPage::DebtorSinceField() const {
 }
 
 void ClientBillingPage::ShowOwing() {
-  txtCurrentlyOwing->setText(desk_.client.CurrentlyOwing().ToCurrencyText());
+  txtCurrentlyOwing->setText(desk_.edit.client.CurrentlyOwing().ToCurrencyText());
 }
 
 void ClientBillingPage::TakeDebtorSince() const {
   const QDate since = dtDebtorSince->Date();
-  desk_.client.debtorSince = since.isValid() ? std::optional(since) : std::nullopt;
+  desk_.edit.client.debtorSince = since.isValid() ? std::optional(since) : std::nullopt;
 }
 
 void ClientBillingPage::EnableCommands() {
@@ -224,12 +224,12 @@ void ClientBillingPage::EnableCommands() {
 
 QString ClientBillingPage::PayerName() const {
   for (const lists::Choice<Client>& payer : payers_)
-    if (payer.id.Number() == desk_.client.billingClientId) return payer.words;
+    if (payer.id == desk_.edit.client.otherPayer) return payer.words;
   return {};
 }
 
 void ClientBillingPage::Reveal(const QString& field) {
-  if (field == cmbInvoiceType->objectName()) fraBillSameAddress->show();
+  if (field == u"statementType") fraBillSameAddress->show();
 }
 
 QList<QWidget*> ClientBillingPage::OwnFields() const {
@@ -237,11 +237,12 @@ QList<QWidget*> ClientBillingPage::OwnFields() const {
 }
 
 void ClientBillingPage::OpenPayer() {
-  desk_.tools.navigator.Open(OpenClient{desk_.client.billingClientId});
+  if (const auto payer = ComboId<Client>(cmbOtherAddressToBill))
+    desk_.tools.navigator.Open(OpenClient{*payer});
 }
 
 void ClientBillingPage::SetMonthlyPrices() {
-  frmSetJobPricesForMonthly(desk_.business, desk_.tools, desk_.client.clientId).exec();
+  frmSetJobPricesForMonthly(desk_.business, desk_.tools, *desk_.edit.client.clientId).exec();
   desk_.loadJobs();
   desk_.showBalance();
 }

@@ -58,7 +58,7 @@ class ClientBillingPage : public QWidget {
 
  signals:
   void billingChosen(quillary::clients::BillingChoice choice);
-  void payerChosen(qint64 clientId);
+  void payerChosen(quillary::Id<quillary::Client> payer);
 
  private:
   void MakeControls();

@@ -1,6 +1,5 @@
 #include "clients/screens/ClientDetailsPage.h"
 
-#include "clients/ClientStatus.h"
 #include "clients/screens/ClientFields.h"
 #include "clients/screens/WordCombo.h"
 #include "kit/Combos.h"
@@ -22,7 +21,7 @@ QLineEdit* Line(const char* name) {
 }
 
 /// The colour of a status, as a square before its word.
-QIcon Swatch(quint32 colour) {
+QIcon Swatch(unsigned colour) {
   QPixmap picture(kSwatch, kSwatch);
   picture.fill(Qt::transparent);
   QPainter painter(&picture);
@@ -119,9 +118,9 @@ void ClientDetailsPage::ConnectControls() {
 }
 
 void ClientDetailsPage::FillStatuses() {
-  FillComboWithWords(cmbStatus, OfferedClientStatuses());
+  FillComboWithWords(cmbStatus, WordsIn<ClientStatus>(ClientGroup::OfferedByHand));
   for (int at = 0; at < cmbStatus->count(); ++at)
-    cmbStatus->setItemIcon(at, Swatch(ClientStatusColour(cmbStatus->itemText(at))));
+    cmbStatus->setItemIcon(at, Swatch(ColourOf(StoredClientStatus(cmbStatus->itemText(at)))));
 }
 
 void ClientDetailsPage::LoadChoices() {
@@ -132,8 +131,9 @@ void ClientDetailsPage::LoadChoices() {
 }
 
 void ClientDetailsPage::ShowClient() {
-  txtClientID->setText(desk_.client.IsNew() ? tr("new") : QString::number(desk_.client.clientId));
-  ShowChoice(BillingChoiceOf(desk_.client));
+  const ClientRecord& client = desk_.edit.client;
+  txtClientID->setText(client.IsNew() ? tr("new") : QString::number(client.clientId->Number()));
+  ShowChoice(BillingChoiceOf(client));
 }
 
 void ClientDetailsPage::ShowChoice(BillingChoice choice) {
@@ -144,8 +144,8 @@ QWidget* ClientDetailsPage::LastField() const {
   return cmbBillingGoesTo;
 }
 
-QString ClientDetailsPage::Status() const {
-  return cmbStatus->currentText();
+StoredClientStatus ClientDetailsPage::Status() const {
+  return StoredClientStatus(cmbStatus->currentText());
 }
 
 void ClientDetailsPage::TakePostCodeOf(const QString& suburb) {

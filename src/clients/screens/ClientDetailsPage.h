@@ -26,7 +26,7 @@ class ClientDetailsPage : public QWidget {
   void LoadChoices();
   /// What is no plain field: the client's number and who pays.
   void ShowClient();
-  QString Status() const;
+  StoredClientStatus Status() const;
   /// The room at the right that this page shares with others.
   QBoxLayout* SideSlot() { return sideSlot_; }
   /// The room beside the choice of who pays.

@@ -13,13 +13,39 @@ namespace quillary::clients {
 
 namespace {
 
-using TextMember = QString ClientRecord::*;
-using YesMember = bool ClientRecord::*;
+constexpr std::pair<const char*, const char*> kControls[] = {
+    {"displayName", "txtDisplayName"},
+    {"firstName", "txtFirstname"},
+    {"surname", "txtSurname"},
+    {"status", "cmbStatus"},
+    {"streetNumber", "txtStreetNumber"},
+    {"street", "txtStreet"},
+    {"suburb", "cmbSuburb"},
+    {"postCode", "cmbPostcode"},
+    {"map", "txtMap"},
+    {"phone1", "txtPhone1"},
+    {"phone2", "txtPhone2"},
+    {"fax", "txtFax"},
+    {"email", "txtEmail"},
+    {"notes", "txtGeneralNotes"},
+    {"requiresStatement", "chkMonthlyStatement"},
+    {"statementType", "cmbInvoiceType"},
+    {"workCoverNumber", "txtClaimNumber"},
+    {"invoiceWithOutstanding", "chkShowOutstanding"},
+    {"invoiceWithNextJob", "chkShowNextJobdate"},
+    {"invoiceWithUnpaidPastJobs", "chkInvoiceWithPastJobs"},
+    {"invoiceWithTelNo", "chkInvoiceWithTelNo"},
+    {"statementWithPayments", "chkStatementWithPayments"},
+    {"workCoverLabel", "cmbWorkCoverLabel"},
+    {"privateNotes", "txtPrivateNotes"},
+};
 
 QWidget* ControlOf(const QWidget* form, const ClientColumn& column) {
-  auto* control = form->findChild<QWidget*>(QLatin1StringView(column.field));
-  Q_ASSERT_X(control, "ClientFields", column.field);
-  return control;
+  for (const auto& [field, name] : kControls)
+    if (qstrcmp(field, column.field) == 0)
+      return form->findChild<QWidget*>(QLatin1StringView(name));
+  Q_ASSERT_X(false, "ClientFields", column.field);
+  return nullptr;
 }
 
 void ShowText(QWidget* control, const QString& text) {
@@ -49,24 +75,27 @@ void ShowWords(QComboBox* combo, const QString& words) {
     combo->setCurrentIndex(combo->findText(words, Qt::MatchFixedString));
 }
 
+void BindClientFields(QWidget* form) {
+  for (const ClientColumn& column : ClientColumns())
+    ForField(column.field, ControlOf(form, column));
+}
+
 void ShowClientFields(const QWidget* form, const ClientRecord& client) {
   for (const ClientColumn& column : ClientColumns()) {
-    QWidget* control = ControlOf(form, column);
-    if (const auto* text = std::get_if<TextMember>(&column.member))
-      ShowText(control, client.**text);
+    const Value value = column.Of(client);
+    if (column.IsYesNo())
+      qobject_cast<QCheckBox*>(ControlOf(form, column))->setChecked(value.ToBool());
     else
-      qobject_cast<QCheckBox*>(control)->setChecked(client.*std::get<YesMember>(column.member));
+      ShowText(ControlOf(form, column), value.ToText());
   }
 }
 
 void TakeClientFields(const QWidget* form, ClientRecord& client) {
   for (const ClientColumn& column : ClientColumns()) {
     const QWidget* control = ControlOf(form, column);
-    if (const auto* text = std::get_if<TextMember>(&column.member))
-      client.** text = TextOf(control);
-    else
-      client.*std::get<YesMember>(column.member) =
-          qobject_cast<const QCheckBox*>(control)->isChecked();
+    column.Put(client, column.IsYesNo()
+                           ? Value(qobject_cast<const QCheckBox*>(control)->isChecked())
+                           : Value(TextOf(control)));
   }
 }
 
@@ -79,7 +108,7 @@ QList<QWidget*> ClientFieldControls(const QWidget* form) {
 void LimitClientFields(Business& business, const QWidget* form) {
   for (const ClientColumn& column : ClientColumns())
     LimitTo(ControlOf(form, column),
-            ColumnWidth(business, QStringLiteral("Clients"), column.column).value_or(0));
+            ColumnWidth(business, QStringLiteral("Clients"), column.Name()).value_or(0));
 }
 
 }  // namespace quillary::clients

@@ -7,8 +7,11 @@ class QWidget;
 
 namespace quillary::clients {
 
-/// The fields of a client by the names of their controls, so that no page has to list them: each
-/// column that a user may write knows the control that edits it.
+/// The fields of a client, so that no page has to list them: each column that a user may write is
+/// edited by one control, wherever on the pages that stands.
+
+/// Tells each control which field of the client it is for. Once, before any of the others.
+void BindClientFields(QWidget* form);
 
 void ShowClientFields(const QWidget* form, const ClientRecord& client);
 void TakeClientFields(const QWidget* form, ClientRecord& client);

@@ -1,7 +1,5 @@
 #include "clients/screens/ClientGrids.h"
 
-#include "clients/ClientStatus.h"
-
 #include <QLocale>
 #include <QObject>
 
@@ -11,7 +9,7 @@ namespace {
 
 GridCell StatusCell(const ClientJob& job) {
   const QString words = WordsOf(job.status);
-  return {job.status, job.IsPaid() ? words + QObject::tr(" · paid") : words};
+  return {job.status, job.isPaid ? words + QObject::tr(" · paid") : words};
 }
 
 /// A visit has no price; a job of nothing shows its $0.00.
@@ -34,10 +32,6 @@ GridCell DateOrNone(QDate date) {
 
 }  // namespace
 
-Hue HueOfClientStatus(const QString& status) {
-  return HueOfColour(ClientStatusColour(status));
-}
-
 std::vector<GridColumn> ServiceColumns() {
   return {{{}, ColumnKind::HiddenId},
           {QObject::tr("Service"), ColumnKind::StrongText, 232},
@@ -55,11 +49,11 @@ std::vector<GridRow> ServiceRows(const ClientServiceArray& services) {
     const ClientServiceRecord& service = services[at];
     if (service.IsEmpty()) continue;
     const bool main = at == 0;
-    const bool follows = service.otherScheduleClientServiceId != 0;
+    const bool follows = service.otherScheduleClientServiceId.has_value();
     const QString name =
         main ? service.service + QStringLiteral(" - Main service") : service.service;
     GridRow row;
-    row.cells = {service.clientServiceId, GridCell(service.service, name), service.price,
+    row.cells = {static_cast<qint64>(at), GridCell(service.service, name), service.price,
                  service.notes.simplified()};
     if (follows) {
       row.cells.insert(row.cells.end(), {QObject::tr("as main"), Value(), Value(), Value()});
@@ -88,10 +82,10 @@ std::vector<GridRow> ClientJobRows(const std::vector<ClientJob>& jobs) {
   rows.reserve(jobs.size());
   for (const ClientJob& job : jobs) {
     GridRow row;
-    row.cells = {job.diaryId,     DateOrNone(job.scheduleDate),
+    row.cells = {job.entry,       DateOrNone(job.scheduleDate),
                  job.displayName, job.description,
                  PriceOf(job),    StatusCell(job)};
-    row.hue = HueOf(job.status, job.IsPaid());
+    row.hue = HueOf(job.status, job.isPaid);
     rows.push_back(std::move(row));
   }
   return rows;
@@ -112,10 +106,10 @@ std::vector<GridRow> NextJobRows(const std::vector<ClientJob>& jobs, size_t atMo
     if (rows.size() == atMost) break;
     GridRow row;
     row.cells = {
-        job.diaryId,
+        job.entry,
         GridCell(job.scheduleDate, english.toString(job.scheduleDate, QStringLiteral("ddd d MMM"))),
         job.description, PriceOf(job), StatusCell(job)};
-    row.hue = HueOf(job.status, job.IsPaid());
+    row.hue = HueOf(job.status, job.isPaid);
     rows.push_back(std::move(row));
   }
   return rows;
@@ -137,7 +131,7 @@ std::vector<GridRow> InvoiceRows(const std::vector<ClientInvoice>& invoices) {
   std::vector<GridRow> rows;
   for (const ClientInvoice& invoice : invoices) {
     GridRow row;
-    row.cells = {invoice.invoiceId,
+    row.cells = {invoice.invoice,
                  invoice.invoiceNumber,
                  DateOrNone(invoice.generationDate),
                  DateOrNone(invoice.fromDate),
@@ -163,7 +157,7 @@ std::vector<GridColumn> PaymentColumns() {
 std::vector<GridRow> PaymentRows(const std::vector<ClientPayment>& payments) {
   std::vector<GridRow> rows;
   for (const ClientPayment& payment : payments)
-    rows.push_back({{payment.paymentId, DateOrNone(payment.paymentDate), payment.amount,
+    rows.push_back({{payment.payment, DateOrNone(payment.paymentDate), payment.amount,
                      payment.paymentMethod, payment.description}});
   return rows;
 }
@@ -179,8 +173,7 @@ std::vector<GridColumn> SiteColumns() {
 std::vector<GridRow> SiteRows(const std::vector<Site>& sites) {
   std::vector<GridRow> rows;
   for (const Site& site : sites)
-    rows.push_back(
-        {{site.clientId, site.clientId, site.displayName, site.firstName, site.surname}});
+    rows.push_back({{site.client, site.client, site.displayName, site.firstName, site.surname}});
   return rows;
 }
 
@@ -200,7 +193,7 @@ std::vector<GridColumn> ClientListColumns() {
 
 GridRow ClientListGridRow(const ClientListRow& client) {
   GridRow row;
-  row.cells = {client.clientId,
+  row.cells = {client.client,
                client.displayName,
                client.firstName,
                client.surname,
@@ -211,7 +204,7 @@ GridRow ClientListGridRow(const ClientListRow& client) {
                client.fax,
                client.email,
                client.status};
-  row.hue = HueOfClientStatus(client.status);
+  row.hue = HueOf(client.status);
   return row;
 }
 

@@ -10,12 +10,9 @@
 /// How the lists around a client stand in their tables.
 namespace quillary::clients {
 
-/// The hue of the colour that a status has. Its word stands beside it.
-Hue HueOfClientStatus(const QString& status);
-
 std::vector<GridColumn> ServiceColumns();
-/// The main service is marked, and a service that follows it shows no dates of its own. The empty
-/// element at the end of the array is no row.
+/// The key of a row is the place of its element. The main service is marked, and a service that
+/// follows it shows no dates of its own. The empty element at the end of the array is no row.
 std::vector<GridRow> ServiceRows(const ClientServiceArray& services);
 
 std::vector<GridColumn> ClientJobColumns();

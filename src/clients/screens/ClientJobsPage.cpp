@@ -6,6 +6,8 @@
 #include "kit/Grid.h"
 #include "kit/Layouts.h"
 
+#include <algorithm>
+
 namespace quillary::clients {
 
 namespace {
@@ -77,11 +79,12 @@ void ClientJobsPage::LayOut() {
 }
 
 void ClientJobsPage::LoadJobs() {
-  const auto kept = SelectedJob();
-  jobs_ = when_ == JobsWhen::Future ? LoadFutureJobs(desk_.business, desk_.client)
-                                    : LoadPastJobs(desk_.business, desk_.client);
+  const auto kept = grid_->SelectedId<Entry>();
+  const ClientRecord& client = desk_.edit.client;
+  jobs_ = when_ == JobsWhen::Future ? LoadFutureJobs(desk_.business, client)
+                                    : LoadPastJobs(desk_.business, client);
   grid_->SetRows(ClientJobRows(jobs_));
-  if (kept) grid_->SelectKey(*kept);
+  if (kept) grid_->SelectId(*kept);
   EnableCommands();
 }
 
@@ -92,29 +95,20 @@ void ClientJobsPage::EnableCommands() {
   cmdAdd_->setEnabled(desk_.tools.navigator.CanOpen<AddJob>());
 }
 
-std::optional<qint64> ClientJobsPage::SelectedJob() const {
-  const auto row = grid_->SelectedRow();
-  if (!row) return std::nullopt;
-  return grid_->Key(*row);
-}
-
-void ClientJobsPage::OpenJob(qint64 diaryId) {
-  for (const ClientJob& job : std::vector<ClientJob>(jobs_)) {
-    if (job.diaryId != diaryId || !diary::CanOpenEntry(desk_.tools.navigator, job.status)) continue;
-    diary::OpenEntry(desk_.tools.navigator, job.status, Id<Entry>(diaryId));
-    desk_.loadJobs();
-    desk_.showBalance();
-    return;
-  }
+void ClientJobsPage::OpenJob(Id<Entry> entry) {
+  const auto job = std::ranges::find(jobs_, entry, &ClientJob::entry);
+  if (job == jobs_.end() || !diary::CanOpenEntry(desk_.tools.navigator, job->status)) return;
+  diary::OpenEntry(desk_.tools.navigator, StoredEntryStatus(job->status), entry);
+  desk_.loadJobs();
+  desk_.showBalance();
 }
 
 void ClientJobsPage::EditSelected() {
-  if (const auto job = SelectedJob()) OpenJob(*job);
+  if (const auto job = grid_->SelectedId<Entry>()) OpenJob(*job);
 }
 
 void ClientJobsPage::DeleteSelected() {
-  if (!desk_.accepted(
-          DeleteClientJob(desk_.business, desk_.Prompt(), IdFrom<Entry>(SelectedJob()))))
+  if (!desk_.accepted(DeleteClientJob(desk_.business, desk_.Prompt(), grid_->SelectedId<Entry>())))
     return;
   desk_.loadJobs();
   desk_.showBalance();

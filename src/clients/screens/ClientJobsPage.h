@@ -25,7 +25,7 @@ class ClientJobsPage : public QWidget {
   void LoadJobs();
   const std::vector<ClientJob>& Jobs() const { return jobs_; }
   /// Opens the entry on the screen that its status asks for.
-  void OpenJob(qint64 diaryId);
+  void OpenJob(Id<Entry> entry);
 
  signals:
   void addWanted();
@@ -34,8 +34,6 @@ class ClientJobsPage : public QWidget {
   void MakeControls();
   void LayOut();
   void EnableCommands();
-  bool CanOpen(const QString& status) const;
-  std::optional<qint64> SelectedJob() const;
   void EditSelected();
   void DeleteSelected();
 

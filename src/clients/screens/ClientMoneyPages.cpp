@@ -2,13 +2,16 @@
 
 #include "base/ports/requests/Billing.h"
 #include "base/ports/requests/Clients.h"
-#include "clients/ClientStatus.h"
 #include "clients/screens/ClientGrids.h"
 #include "kit/ComboSearch.h"
 #include "kit/Combos.h"
+#include "kit/Form.h"
 #include "kit/Grid.h"
 #include "kit/Layouts.h"
 #include "lists/Choices.h"
+
+#include <algorithm>
+#include <iterator>
 
 namespace quillary::clients {
 
@@ -50,12 +53,6 @@ QWidget* Frame(const char* name, QLayout* content) {
   return frame;
 }
 
-std::optional<qint64> SelectedKey(const Grid* grid) {
-  const auto row = grid->SelectedRow();
-  if (!row) return std::nullopt;
-  return grid->Key(*row);
-}
-
 }  // namespace
 
 ClientInvoicesPage::ClientInvoicesPage(ClientDesk& desk) : desk_(desk) {
@@ -69,12 +66,14 @@ ClientInvoicesPage::ClientInvoicesPage(ClientDesk& desk) : desk_(desk) {
   LayOut();
   desk_.OnClick(cmdDeleteInvoice, [this] { DeleteSelected(); });
   desk_.OnClick(cmdCreateInvoice, [this] {
-    desk_.tools.navigator.Open(AddInvoice{desk_.client.clientId, {}});
+    desk_.tools.navigator.Open(AddInvoice{.client = desk_.edit.client.clientId});
     desk_.loadMoney();
     desk_.loadJobs();
   });
   desk_.OnClick(cmdEditInvoice, [this] {
-    desk_.tools.navigator.Open(EditInvoice{SelectedKey(grdInvoices).value_or(0)});
+    const auto invoice = grdInvoices->SelectedId<Invoice>();
+    if (!invoice) return;
+    desk_.tools.navigator.Open(EditInvoice{*invoice});
     desk_.loadMoney();
   });
   connect(grdInvoices, &Grid::selectedRowChanged, this, &ClientInvoicesPage::EnableCommands);
@@ -98,10 +97,12 @@ void ClientInvoicesPage::EnableCommands() {
 }
 
 size_t ClientInvoicesPage::LoadInvoices() {
-  const auto kept = SelectedKey(grdInvoices);
-  const auto invoices = LoadClientInvoices(desk_.business, desk_.client.clientId);
+  const auto kept = grdInvoices->SelectedId<Invoice>();
+  const auto client = desk_.edit.client.clientId;
+  const auto invoices =
+      client ? LoadClientInvoices(desk_.business, *client) : std::vector<ClientInvoice>();
   grdInvoices->SetRows(InvoiceRows(invoices));
-  if (kept) grdInvoices->SelectKey(*kept);
+  if (kept) grdInvoices->SelectId(*kept);
   EnableCommands();
   return invoices.size();
 }
@@ -112,10 +113,11 @@ void ClientInvoicesPage::EnableFrame(bool on) {
 
 void ClientInvoicesPage::DeleteSelected() {
   if (!desk_.accepted(
-          DeleteClientInvoice(desk_.business, desk_.Prompt(), SelectedKey(grdInvoices))))
+          DeleteClientInvoice(desk_.business, desk_.Prompt(), grdInvoices->SelectedId<Invoice>())))
     return;
   desk_.loadMoney();
   desk_.loadJobs();
+  desk_.showBalance();
 }
 
 ClientPaymentsPage::ClientPaymentsPage(ClientDesk& desk) : desk_(desk) {
@@ -124,12 +126,14 @@ ClientPaymentsPage::ClientPaymentsPage(ClientDesk& desk) : desk_(desk) {
   desk_.OnClick(cmdTransferPayments, [this] { Transfer(); });
   desk_.OnClick(cmdAddPayment, [this] {
     if (!MayAddPaymentWithoutJob(desk_.Prompt())) return;
-    desk_.tools.navigator.Open(AddPayment{desk_.client.clientId});
+    desk_.tools.navigator.Open(AddPayment{.client = desk_.edit.client.clientId});
     desk_.loadMoney();
     desk_.showBalance();
   });
   desk_.OnClick(cmdEditPayment, [this] {
-    desk_.tools.navigator.Open(ViewPayment{SelectedKey(grdPayments).value_or(0)});
+    const auto payment = grdPayments->SelectedId<Payment>();
+    if (!payment) return;
+    desk_.tools.navigator.Open(ViewPayment{*payment});
     desk_.loadMoney();
     desk_.showBalance();
   });
@@ -144,7 +148,7 @@ void ClientPaymentsPage::MakeControls() {
   txtPaymentFilter = MakeFilterBox(this, "txtPaymentFilter");
   grdPayments = MakeGrid(desk_, "grdPayments", tr("Payments"), PaymentColumns(), txtPaymentFilter);
   grdPayments->SetEmptyText(tr("No payment of this client is recorded."), {});
-  cmbTransferTo = Named(new ComboSearch, "cmbTransferTo");
+  cmbTransferTo = ForField("transferTo", Named(new ComboSearch, "cmbTransferTo"));
   cmbTransferTo->setMinimumContentsLength(8);
   cmbTransferTo->setFixedWidth(240);
   cmdTransferPayments = MakeButton("cmdTransferPayments", tr("&Transfer..."));
@@ -177,12 +181,13 @@ void ClientPaymentsPage::LoadChoices() {
 }
 
 size_t ClientPaymentsPage::LoadPayments() {
-  const auto kept = SelectedKey(grdPayments);
-  const auto payments = LoadClientPayments(desk_.business, desk_.client.clientId);
-  grdPayments->SetRows(PaymentRows(payments));
-  if (kept) grdPayments->SelectKey(*kept);
+  const auto kept = grdPayments->SelectedId<Payment>();
+  const auto client = desk_.edit.client.clientId;
+  payments_ = client ? LoadClientPayments(desk_.business, *client) : std::vector<ClientPayment>();
+  grdPayments->SetRows(PaymentRows(payments_));
+  if (kept) grdPayments->SelectId(*kept);
   EnableCommands();
-  return payments.size();
+  return payments_.size();
 }
 
 void ClientPaymentsPage::EnableFrame(bool on, bool note) {
@@ -197,10 +202,16 @@ void ClientPaymentsPage::EnableCommands() {
 }
 
 void ClientPaymentsPage::Transfer() {
-  if (!desk_.accepted(TransferPayments(desk_.business, desk_.Prompt(), grdPayments->ShownKeys(),
-                                       ComboKey(cmbTransferTo))))
+  const std::vector<qint64> shown = grdPayments->ShownKeys();
+  std::vector<ClientPayment> listed;
+  std::ranges::copy_if(payments_, std::back_inserter(listed), [&](const ClientPayment& payment) {
+    return std::ranges::find(shown, payment.payment.Number()) != shown.end();
+  });
+  if (!desk_.accepted(TransferPayments(desk_.business, desk_.Prompt(), *desk_.edit.client.clientId,
+                                       listed, ComboId<Client>(cmbTransferTo))))
     return;
   desk_.loadMoney();
+  desk_.showBalance();
 }
 
 ClientSitesPage::ClientSitesPage(ClientDesk& desk) : desk_(desk) {
@@ -212,7 +223,7 @@ ClientSitesPage::ClientSitesPage(ClientDesk& desk) : desk_(desk) {
   cmdOpenSite = MakeButton("cmdOpenSite", tr("Cl&ient details..."), ButtonKind::Main);
   setLayout(Page(txtSiteFilter, grdAttachedClients, {}, {cmdOpenSite}));
   desk_.OnClick(cmdOpenSite, [this] {
-    if (const auto site = SelectedKey(grdAttachedClients))
+    if (const auto site = grdAttachedClients->SelectedId<Client>())
       desk_.tools.navigator.Open(OpenClient{*site});
   });
   connect(grdAttachedClients, &Grid::selectedRowChanged, this,
@@ -222,10 +233,12 @@ ClientSitesPage::ClientSitesPage(ClientDesk& desk) : desk_(desk) {
 }
 
 size_t ClientSitesPage::LoadSites() {
-  const auto kept = SelectedKey(grdAttachedClients);
-  const auto sites = quillary::clients::LoadSites(desk_.business, desk_.client.clientId);
+  const auto kept = grdAttachedClients->SelectedId<Client>();
+  const auto client = desk_.edit.client.clientId;
+  const auto sites =
+      client ? quillary::clients::LoadSites(desk_.business, *client) : std::vector<Site>();
   grdAttachedClients->SetRows(SiteRows(sites));
-  if (kept) grdAttachedClients->SelectKey(*kept);
+  if (kept) grdAttachedClients->SelectId(*kept);
   return sites.size();
 }
 

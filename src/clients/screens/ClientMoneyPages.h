@@ -59,6 +59,7 @@ class ClientPaymentsPage : public QWidget {
 
   ClientDesk& desk_;
   QLabel* lblPaymentNote;
+  std::vector<ClientPayment> payments_;
   QWidget* fraPayments;
   QLineEdit* txtPaymentFilter;
   Grid* grdPayments;

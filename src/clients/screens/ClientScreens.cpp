@@ -18,30 +18,31 @@ namespace {
 /// The clients that are open, each in a tab of its own.
 using OpenClients = std::vector<QPointer<frmClients>>;
 
-frmClients* Find(OpenClients& open, qint64 clientId) {
+frmClients* Find(OpenClients& open, std::optional<Id<Client>> client) {
   std::erase_if(open, [](const QPointer<frmClients>& screen) { return screen.isNull(); });
   for (const QPointer<frmClients>& screen : open)
-    if (screen->ClientId() == clientId) return screen;
+    if (screen->ClientId() == client) return screen;
   return nullptr;
 }
 
 /// All of them go by one name, so the one that is wanted takes another while it is looked for.
 void BringToFront(const ScreenTools& tools, frmClients* screen) {
   const QString name = screen->objectName();
-  const QString wanted = name + u' ' + QString::number(screen->ClientId());
+  const QString wanted = name + u' ' + QString::number(NumberOrZero(screen->ClientId()));
   screen->setObjectName(wanted);
   tools.host.BringToFront(wanted);
   screen->setObjectName(name);
 }
 
-void Show(Business& business, const ScreenTools& tools, OpenClients& open, qint64 clientId) {
-  if (frmClients* screen = Find(open, clientId)) {
+void Show(Business& business, const ScreenTools& tools, OpenClients& open,
+          std::optional<Id<Client>> client) {
+  if (frmClients* screen = Find(open, client)) {
     BringToFront(tools, screen);
     screen->Reload();
     return;
   }
   auto screen = std::make_unique<frmClients>(business, tools);
-  if (!screen->ShowYourself(clientId)) return;
+  if (!screen->ShowYourself(client)) return;
   frmClients* shown = screen.release();
   open.emplace_back(shown);
   tools.host.ShowScreen(shown);
@@ -54,10 +55,10 @@ void RegisterClientScreens(Business& business, const ScreenTools& tools) {
   Navigator& navigator = tools.navigator;
   auto open = std::make_shared<OpenClients>();
   navigator.Register<OpenClient>([&business, tools, open](const OpenClient& request) {
-    Show(business, tools, *open, request.clientId);
+    Show(business, tools, *open, request.client);
   });
   navigator.Register<AddClient>(
-      [&business, tools, open](const AddClient&) { Show(business, tools, *open, kNewClient); });
+      [&business, tools, open](const AddClient&) { Show(business, tools, *open, std::nullopt); });
   navigator.Register<OpenClientList>([&business, tools](const OpenClientList&) {
     if (Screen* list = tools.host.BringToFront(QStringLiteral("frmClientList"))) {
       list->Reload();
@@ -70,7 +71,7 @@ void RegisterClientScreens(Business& business, const ScreenTools& tools) {
   navigator.Register<OpenTransferOfPayments>(
       [&business, tools, open](const OpenTransferOfPayments&) {
         for (const QPointer<frmClients>& screen : *open)
-          if (screen && screen->isVisible() && screen->ClientId() != kNewClient)
+          if (screen && screen->isVisible() && screen->ClientId())
             return screen->ShowTransferOfPayments();
         business.World().prompter.Tell(
             Tone::Information, QObject::tr("Open the client whose payments belong to another, then "

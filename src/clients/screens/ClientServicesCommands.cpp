@@ -1,5 +1,4 @@
 #include "base/ports/requests/Scheduling.h"
-#include "clients/ClientCommands.h"
 #include "clients/screens/ClientServicesPage.h"
 #include "kit/Grid.h"
 
@@ -10,62 +9,61 @@ namespace quillary::clients {
 
 void ClientServicesPage::Save(SaveServiceAs as) {
   desk_.takeFields();
-  ClientServiceForm form = Fields();
-  const auto refusal =
-      SaveServiceAndAsk(desk_.business, desk_.Prompt(), desk_.client, desk_.services, form, as);
-  // A refusal that concerns another page came after the service was stored.
-  if (!refusal || !findChild<QWidget*>(refusal->field)) ShowServices(form.clientServiceId);
-  if (!desk_.accepted(refusal)) return;
+  const ServiceSaved saved =
+      SaveServiceAndAsk(desk_.business, desk_.Prompt(), desk_.edit, Fields(), as, element_);
+  if (saved.service) ShowServices(ElementOf(desk_.edit.services, *saved.service));
+  if (!desk_.accepted(saved.refusal)) return;
   desk_.showIfSaved();
   desk_.loadJobs();
 }
 
 void ClientServicesPage::AddNewService() {
-  if (!desk_.accepted(AddEmptyClientService(desk_.business, desk_.client.clientId, desk_.services)))
-    return;
-  ShowServices(desk_.services[desk_.services.size() - 2].clientServiceId);
-  FocusField(this, QStringLiteral("cmbService"));
+  if (!TakeEdited() || !desk_.accepted(AddService(desk_.business, desk_.edit))) return;
+  ShowServices(desk_.edit.services.size() - 2);
+  FocusField(this, QStringLiteral("service"));
 }
 
 void ClientServicesPage::RemoveService() {
-  const qint64 key = txtClientServiceID->text().toLongLong();
-  if (!desk_.accepted(
-          RemoveClientService(desk_.business, desk_.client.clientId, desk_.services, key)))
+  if (!desk_.accepted(quillary::clients::RemoveService(desk_.business, desk_.edit, element_)))
     return;
   ShowServices();
 }
 
 void ClientServicesPage::ClearFields() {
-  grdServices->clearSelection();
-  ShowFields(ClearedServiceForm(desk_.business));
-  FocusField(this, QStringLiteral("cmbService"));
+  {
+    const QSignalBlocker quiet(grdServices);
+    grdServices->clearSelection();
+  }
+  ShowSelected();
+  FocusField(this, QStringLiteral("service"));
 }
 
 void ClientServicesPage::Reschedule() {
+  if (!TakeEdited()) return;
   desk_.takeFields();
   std::optional<Refusal> refusal;
   {
     const BusyWhile busy(desk_.business.World().busy);
-    refusal = CreateScheduleOfClient(desk_.business, desk_.client, desk_.services);
+    refusal = CreateScheduleOfClient(desk_.business, desk_.edit);
   }
   if (!desk_.accepted(refusal)) return;
+  ShowServices(element_);
   desk_.showRecord();
   desk_.loadJobs();
 }
 
 void ClientServicesPage::AddAJob() {
   desk_.takeFields();
-  const MayGoOn answer =
-      SaveBeforeAddingJob(desk_.business, desk_.Prompt(), desk_.client, desk_.stored);
+  const MayGoOn answer = SaveBeforeAddingJob(desk_.business, desk_.Prompt(), desk_.edit);
   if (!desk_.accepted(answer.refusal) || !answer.yes) return;
   desk_.showRecord();
-  desk_.tools.navigator.Open(AddJob{Id<Client>(desk_.client.clientId)});
+  desk_.tools.navigator.Open(AddJob{*desk_.edit.client.clientId});
   desk_.loadJobs();
   desk_.showBalance();
 }
 
 void ClientServicesPage::AddAVisit() {
-  desk_.tools.navigator.Open(AddVisit{Id<Client>(desk_.client.clientId)});
+  desk_.tools.navigator.Open(AddVisit{desk_.edit.client.clientId});
   desk_.loadJobs();
 }
 

@@ -4,7 +4,6 @@
 #include "clients/screens/ClientFields.h"
 #include "clients/screens/ClientGrids.h"
 #include "clients/screens/WordCombo.h"
-#include "diary/DiaryDay.h"
 #include "kit/ComboSearch.h"
 #include "kit/Combos.h"
 #include "kit/DateField.h"
@@ -15,9 +14,18 @@
 
 #include <QCheckBox>
 #include <QPlainTextEdit>
+#include <QTimer>
 
-/// How the services look, and which field goes with which.
+/// How the services look, which field goes with which, and what becomes of what is typed.
 namespace quillary::clients {
+
+namespace {
+
+bool RepeatsAs(const QString& jobType) {
+  return StoredJobType(jobType).Is(JobType::Regular);
+}
+
+}  // namespace
 
 ClientServicesPage::ClientServicesPage(ClientDesk& desk) : desk_(desk) {
   MakeControls();
@@ -29,7 +37,7 @@ ClientServicesPage::ClientServicesPage(ClientDesk& desk) : desk_(desk) {
 }
 
 void ClientServicesPage::MakeControls() {
-  grdServices = new Grid(QStringLiteral("grdServices"));
+  grdServices = ForField("services", new Grid(QStringLiteral("grdServices")));
   grdServices->setAccessibleName(tr("Services of the client"));
   grdServices->SetColumns(ServiceColumns());
   grdServices->RememberIn(desk_.business.World().settings);
@@ -39,17 +47,18 @@ void ClientServicesPage::MakeControls() {
   grdServices->setMinimumHeight(31 + 2 * 35 + 2);
   txtClientServiceID = Named(new QLineEdit(this), "txtClientServiceID");
   txtClientServiceID->hide();  // the key of the chosen service is nothing to look at
-  cmbService = Named(new ComboSearch, "cmbService");
-  txtPrice = Named(new QLineEdit, "txtPrice");
+  cmbService = ForField("service", Named(new ComboSearch, "cmbService"));
+  txtPrice = ForField("price", Named(new QLineEdit, "txtPrice"));
   txtPrice->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
   SelectAllText(txtPrice);
-  cmbJobType = Named(new QComboBox, "cmbJobType");
-  cmbFrequency = new WordCombo("cmbFrequency");
+  cmbJobType = ForField("jobType", Named(new QComboBox, "cmbJobType"));
+  cmbFrequency = ForField("frequency", new WordCombo("cmbFrequency"));
   new KeyFilter(cmbFrequency->lineEdit(), KeyMode::Digits);
   cmbFrequency->setCompleter(nullptr);  // a number is whole as typed: 14 is not to become 140
-  dtpServiceNextVisit = Named(new DateField(desk_.business.Today()), "dtpServiceNextVisit");
+  dtpServiceNextVisit =
+      ForField("nextVisit", Named(new DateField(desk_.business.Today()), "dtpServiceNextVisit"));
   dtpServiceNextVisit->setFixedWidth(168);
-  cmbEmployee = Named(new ComboSearch, "cmbEmployee");
+  cmbEmployee = ForField("employee", Named(new ComboSearch, "cmbEmployee"));
   txtNotes = Named(new QPlainTextEdit, "txtNotes");
   txtNotes->setTabChangesFocus(true);
   txtNotes->setFixedHeight(48);
@@ -140,10 +149,14 @@ void ClientServicesPage::LayOut() {
 }
 
 void ClientServicesPage::ConnectControls() {
-  connect(grdServices, &Grid::selectedRowChanged, this,
-          [this] { desk_.Run("grdServices_RowColChange", [this] { ShowSelected(); }); });
+  connect(grdServices, &Grid::selectedRowChanged, this, [this] {
+    if (!fields_.IsDataChanged())
+      RowChosen();
+    else  // it may have to be refused, which must not happen while the list answers the click
+      QTimer::singleShot(0, this, &ClientServicesPage::RowChosen);
+  });
   connect(cmbJobType, &QComboBox::activated, this, [this] {
-    if (!HasFrequency(cmbJobType->currentText())) ShowWords(cmbFrequency, QStringLiteral("0"));
+    if (!RepeatsAs(cmbJobType->currentText())) ShowWords(cmbFrequency, QStringLiteral("0"));
     EnableFields();
   });
   connect(chkSameScheduleAsMain, &QCheckBox::clicked, this, &ClientServicesPage::FollowMain);
@@ -162,19 +175,21 @@ void ClientServicesPage::ConnectControls() {
 
 void ClientServicesPage::LoadChoices() {
   FillCombo(cmbService, lists::ListServiceChoices(desk_.business));
-  FillComboWithWords(cmbJobType, JobTypes());
+  FillComboWithWords(cmbJobType, WordsIn<JobType>(JobTypeGroup::OfferedByHand));
   FillComboWithWords(cmbFrequency, ListFrequencyDays(desk_.business));
-  EmptyCombo(cmbEmployee);
-  for (const auto& employee : lists::ListEmployeesByName(desk_.business))
-    cmbEmployee->addItem(employee.words, employee.id.Number());
+  FillCombo(cmbEmployee, lists::ListEmployeesByName(desk_.business));
   const QString price = QStringLiteral("&Price (%1 inc.)").arg(desk_.business.values.taxName);
   for (QLabel* label : findChildren<QLabel*>())
     if (label->buddy() == txtPrice) label->setText(price);
 }
 
-void ClientServicesPage::ShowServices(qint64 select) {
-  grdServices->SetRows(ServiceRows(desk_.services));
-  if (select == 0 || !grdServices->SelectKey(select)) grdServices->SelectFirst();
+void ClientServicesPage::ShowServices(std::optional<size_t> element) {
+  {
+    const QSignalBlocker quiet(grdServices);
+    grdServices->SetRows(ServiceRows(desk_.edit.services));
+    if (!element || !grdServices->SelectKey(static_cast<qint64>(*element)))
+      grdServices->SelectFirst();
+  }
   ShowSelected();
 }
 
@@ -182,50 +197,74 @@ QWidget* ClientServicesPage::LastField() const {
   return cmdAddVisit;
 }
 
-qint64 ClientServicesPage::SelectedKey() const {
-  const auto row = grdServices->SelectedRow();
-  return row ? grdServices->Key(*row) : 0;
-}
-
 void ClientServicesPage::EnableSchedule(bool on) {
   fraSchedule->setEnabled(on);
 }
 
-void ClientServicesPage::ShowSelected() {
+size_t ClientServicesPage::SelectedElement() const {
   const auto row = grdServices->SelectedRow();
-  ShowFields(row ? ServiceFormOf(desk_.services[static_cast<size_t>(*row)])
-                 : ClearedServiceForm(desk_.business));
+  return row ? static_cast<size_t>(grdServices->Key(*row)) : desk_.edit.services.size() - 1;
+}
+
+void ClientServicesPage::RowChosen() {
+  desk_.Run("grdServices_RowColChange", [this] {
+    const size_t chosen = SelectedElement();
+    if (chosen == element_) return;
+    if (TakeEdited()) {
+      ShowServices(chosen);
+      return;
+    }
+    const QSignalBlocker quiet(grdServices);
+    if (!grdServices->SelectKey(static_cast<qint64>(element_))) grdServices->clearSelection();
+  });
+}
+
+bool ClientServicesPage::TakeEdited() {
+  if (!fields_.IsDataChanged()) return true;
+  const ClientServiceForm form = Fields();
+  const size_t element = element_;
+  ClientServiceArray& services = desk_.edit.services;
+  if (!desk_.accepted(CheckTakenService(desk_.business, form, services.at(element)))) return false;
+  SaveClientServiceToArray(form, services, element);
+  ShowServices(element);
+  return true;
+}
+
+void ClientServicesPage::ShowSelected() {
+  element_ = SelectedElement();
+  const ClientServiceRecord& service = desk_.edit.services.at(element_);
+  ShowFields(service.IsEmpty() ? ClearedServiceForm(desk_.business) : ServiceFormOf(service));
 }
 
 void ClientServicesPage::ShowFields(const ClientServiceForm& form) {
   own_ = form;
-  txtClientServiceID->setText(QString::number(form.clientServiceId));
-  SelectComboItem(cmbService, form.serviceId ? QVariant(*form.serviceId) : QVariant());
+  txtClientServiceID->setText(QString::number(NumberOrZero(form.clientServiceId)));
+  SelectComboItem(cmbService, form.serviceId);
   txtPrice->setText(form.price);
   txtNotes->setPlainText(form.notes);
   chkSameScheduleAsMain->setChecked(form.sameScheduleAsMain);
-  ShowSchedule(form.sameScheduleAsMain ? WithScheduleOfMain(form, desk_.services) : form);
+  ShowSchedule(form.sameScheduleAsMain ? WithScheduleOfMain(form, desk_.edit.services) : form);
   EnableFields();
   fields_.ClearDataChanged();
 }
 
 void ClientServicesPage::ShowSchedule(const ClientServiceForm& form) {
-  ShowWords(cmbJobType, form.jobType);
+  ShowWords(cmbJobType, form.jobType.Text());
   ShowWords(cmbFrequency, form.frequency);
   dtpServiceNextVisit->SetDate(form.nextVisit.value_or(QDate()));
-  SelectComboItem(cmbEmployee, form.employeeId ? QVariant(*form.employeeId) : QVariant());
+  SelectComboItem(cmbEmployee, form.employeeId);
 }
 
 ClientServiceForm ClientServicesPage::Fields() const {
   ClientServiceForm form;
-  form.clientServiceId = txtClientServiceID->text().toLongLong();
-  form.serviceId = ComboKey(cmbService);
+  form.clientServiceId = own_.clientServiceId;
+  form.serviceId = ComboId<Service>(cmbService);
   form.service = cmbService->currentText();
-  form.jobType = cmbJobType->currentText();
+  form.jobType = StoredJobType(cmbJobType->currentText());
   const QDate start = dtpServiceNextVisit->Date();
   if (start.isValid()) form.nextVisit = start;
   form.frequency = cmbFrequency->currentText();
-  form.employeeId = ComboKey(cmbEmployee);
+  form.employeeId = ComboId<Employee>(cmbEmployee);
   form.employeeName = cmbEmployee->currentText();
   form.price = txtPrice->text();
   form.notes = txtNotes->toPlainText();
@@ -236,7 +275,7 @@ ClientServiceForm ClientServicesPage::Fields() const {
 void ClientServicesPage::FollowMain(bool follow) {
   if (follow) {
     own_ = Fields();
-    ShowSchedule(WithScheduleOfMain(own_, desk_.services));
+    ShowSchedule(WithScheduleOfMain(own_, desk_.edit.services));
   } else {
     ShowSchedule(own_);
   }
@@ -245,13 +284,13 @@ void ClientServicesPage::FollowMain(bool follow) {
 
 void ClientServicesPage::EnableFields() {
   const bool follows = chkSameScheduleAsMain->isChecked();
-  const bool repeats = HasFrequency(cmbJobType->currentText());
-  const qint64 main = desk_.services.front().clientServiceId;
+  const bool repeats = RepeatsAs(cmbJobType->currentText());
+  const bool hasMain = desk_.edit.services.front().clientServiceId.has_value();
   fraDiffSchedule->setEnabled(!follows);
   cmbFrequency->setEnabled(repeats);
   lblFrequency->setEnabled(repeats);
   // There is nothing to follow without a main service, and the main service follows nobody.
-  chkSameScheduleAsMain->setEnabled(main != 0 && txtClientServiceID->text().toLongLong() != main);
+  chkSameScheduleAsMain->setEnabled(hasMain && element_ != 0);
   cmdRemoveService->setEnabled(grdServices->SelectedRow().has_value());
 }
 

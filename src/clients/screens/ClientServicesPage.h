@@ -32,17 +32,21 @@ class ClientServicesPage : public QWidget {
   explicit ClientServicesPage(ClientDesk& desk);
 
   void LoadChoices();
-  /// Shows the services as they stand in the desk, with that of the key selected; without one the
+  /// Shows the services as they stand in the desk, with that element selected; without one the
   /// main service.
-  void ShowServices(qint64 select = 0);
-  qint64 SelectedKey() const;
+  void ShowServices(std::optional<size_t> element = {});
+  /// The element that the fields belong to: the one selected, or the empty last one.
+  size_t Element() const { return element_; }
+  /// Takes what was typed for a service and not stored by a command, before another is chosen or
+  /// the client is saved. False when it was refused; the fields then stay as they are.
+  bool TakeEdited();
   QWidget* LastField() const;
   /// Opens the screen for a job that is not one of the services.
   void AddAJob();
   /// A billing address has no services of its own.
   void EnableSchedule(bool on);
-  /// Whether the fields differ from the service they were filled from.
-  bool IsDataChanged() const { return fields_.IsDataChanged(); }
+  /// Whether something was typed for a service that is not stored.
+  bool IsDataChanged() const { return fields_.IsDataChanged() || desk_.edit.AreServicesChanged(); }
   QBoxLayout* SideSlot() { return sideSlot_; }
 
  private:
@@ -54,6 +58,8 @@ class ClientServicesPage : public QWidget {
   QLayout* ServiceCommands();
   void ConnectControls();
 
+  void RowChosen();
+  size_t SelectedElement() const;
   void ShowSelected();
   void ShowFields(const ClientServiceForm& form);
   void ShowSchedule(const ClientServiceForm& form);
@@ -72,6 +78,7 @@ class ClientServicesPage : public QWidget {
 
   ClientDesk& desk_;
   FormState fields_;
+  size_t element_ = 0;
   ClientServiceForm own_;  // the schedule of the service itself while that of the main one shows
   QString toldFrequency_;  // refused already, so that leaving the field is not a trap
   QBoxLayout* sideSlot_;

@@ -59,7 +59,7 @@ ClientSidePanel::ClientSidePanel(ClientDesk&) {
                             MakeLabel("", tr("kept to the office"), LabelRole::Muted)));
   column->addWidget(txtPrivateNotes, 2);
   connect(grdNextJobs, &Grid::rowOpened, this,
-          [this](int row) { emit jobOpened(grdNextJobs->Key(row)); });
+          [this](int row) { emit jobOpened(grdNextJobs->IdAt<Entry>(row)); });
 }
 
 void ClientSidePanel::FollowInTabOrder(QWidget* last) {

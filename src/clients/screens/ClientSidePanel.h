@@ -26,7 +26,7 @@ class ClientSidePanel : public QWidget {
   void ShowJobs(const std::vector<ClientJob>& futureJobs);
 
  signals:
-  void jobOpened(qint64 diaryId);
+  void jobOpened(quillary::Id<quillary::Entry> entry);
 
  private:
   QLabel* lblNextJobs;

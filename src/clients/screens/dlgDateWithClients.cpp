@@ -2,7 +2,6 @@
 
 #include "base/ports/requests/Documents.h"
 #include "clients/ClientList.h"
-#include "clients/MonthlyPrices.h"
 #include "clients/screens/ClientGrids.h"
 #include "diary/DiaryDay.h"
 #include "kit/Combos.h"
@@ -41,8 +40,8 @@ dlgDateWithClients::dlgDateWithClients(Business& business, const ScreenTools& to
 }
 
 void dlgDateWithClients::MakeControls() {
-  const MonthRange month = MonthOf(business_.Today());
-  dtFrom = Named(new DateField(business_.Today()), "dtFrom");
+  const DateRange month = DateRange::MonthOf(business_.Today());
+  dtFrom = ForField("from", Named(new DateField(business_.Today()), "dtFrom"));
   dtTo = Named(new DateField(business_.Today()), "dtTo");
   for (DateField* field : {dtFrom, dtTo}) field->setFixedWidth(168);
   dtFrom->SetDate(month.from);
@@ -54,7 +53,7 @@ void dlgDateWithClients::MakeControls() {
   chkTickUntickAll = MakeTickAllBox();
   txtFilter = MakeFilterBox(this);
   txtFilter->setFixedWidth(240);
-  grdClients = new Grid(QStringLiteral("grdClients"));
+  grdClients = ForField("clients", new Grid(QStringLiteral("grdClients")));
   grdClients->setAccessibleName(tr("Clients"));
   grdClients->SetColumns(TickedClientColumns());
   grdClients->FilterBy(txtFilter);
@@ -91,8 +90,8 @@ void dlgDateWithClients::LoadClients() {
   const ClientList list = ClientList::Load(business_);
   for (const ClientListRow& client : list.Rows()) {
     GridRow row;
-    row.cells = {false, client.clientId, client.displayName, client.suburb, client.status};
-    row.hue = HueOfClientStatus(client.status);
+    row.cells = {false, client.client, client.displayName, client.suburb, client.status};
+    row.hue = HueOf(client.status);
     rows.push_back(std::move(row));
   }
   grdClients->SetRows(std::move(rows));
@@ -100,9 +99,8 @@ void dlgDateWithClients::LoadClients() {
 }
 
 DatesWithClients dlgDateWithClients::Chosen() const {
-  return {.from = dtFrom->Date(),
-          .to = dtTo->Date(),
-          .clientIds = ticks_->TickedKeys(),
+  return {.days = {dtFrom->Date(), dtTo->Date()},
+          .clients = ticks_->TickedIds<Client>(),
           .summaryOnly = chkSummaryOnly->isChecked(),
           .order = static_cast<DatesWithClients::Order>(cmbSortBy->currentIndex())};
 }
@@ -110,9 +108,9 @@ DatesWithClients dlgDateWithClients::Chosen() const {
 void dlgDateWithClients::Preview() {
   std::optional<Refusal> refusal;
   if (dtFrom->Date() > dtTo->Date())
-    refusal = Refusal{QString::fromLatin1(diary::kInvalidDateRange), QStringLiteral("dtFrom")};
-  else if (ticks_->TickedKeys().empty())
-    refusal = Refusal{tr("Please tick a client first."), QStringLiteral("grdClients")};
+    refusal = Refusal{QString::fromLatin1(diary::kInvalidDateRange), QStringLiteral("from")};
+  else if (ticks_->TickedIds<Client>().empty())
+    refusal = Refusal{tr("Please tick a client first."), QStringLiteral("clients")};
   if (!quillary::Accepted(business_.World().prompter, this, refusal)) return;
   Close(QDialog::Accepted);
 }

@@ -2,6 +2,7 @@
 
 #include "base/ports/requests/Clients.h"
 #include "base/ports/requests/Documents.h"
+#include "clients/DeleteClient.h"
 #include "clients/screens/ClientGrids.h"
 #include "kit/Combos.h"
 #include "kit/FlowLayout.h"
@@ -103,7 +104,7 @@ void frmClientList::ShowYourself() {
 
 void frmClientList::LoadClientsIntoGrid() {
   tools_.runner.Run(objectName(), QStringLiteral("LoadClientsIntoGrid"), [this] {
-    list_ = ClientList::Load(business_, {.status = cboStatus->currentText(),
+    list_ = ClientList::Load(business_, {.status = ClientListStatusOf(cboStatus->currentText()),
                                          .kinds = chkRegular->isChecked() ? ClientKinds::RegularOnly
                                                                           : ClientKinds::All});
     rows_.clear();
@@ -114,7 +115,7 @@ void frmClientList::LoadClientsIntoGrid() {
 }
 
 void frmClientList::ShowFound() {
-  const auto kept = SelectedClient();
+  const auto kept = grdClients->SelectedId<Client>();
   std::vector<GridRow> found;
   for (const size_t at : list_.Search(txtSearch->text())) found.push_back(rows_[at]);
   lblCount->setText(ListCountWords(found.size()));
@@ -124,13 +125,7 @@ void frmClientList::ShowFound() {
       searching ? tr("Type less, or choose another status.")
                 : tr("Choose another status, or add a client."));
   grdClients->SetRows(std::move(found));
-  if (!kept || !grdClients->SelectKey(*kept)) grdClients->SelectFirst();
-}
-
-std::optional<qint64> frmClientList::SelectedClient() const {
-  const auto row = grdClients->SelectedRow();
-  if (!row) return std::nullopt;
-  return grdClients->Key(*row);
+  if (!kept || !grdClients->SelectId(*kept)) grdClients->SelectFirst();
 }
 
 bool frmClientList::eventFilter(QObject* watched, QEvent* event) {
@@ -155,14 +150,14 @@ bool frmClientList::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void frmClientList::View() {
-  const auto client = SelectedClient();
+  const auto client = grdClients->SelectedId<Client>();
   if (Accepted(business_.World().prompter, this,
                CheckClientSelected(ClientListCommand::View, client)))
     tools_.navigator.Open(OpenClient{*client});
 }
 
 void frmClientList::Delete() {
-  const auto client = SelectedClient();
+  const auto client = grdClients->SelectedId<Client>();
   if (!Accepted(business_.World().prompter, this,
                 CheckClientSelected(ClientListCommand::Delete, client)))
     return;

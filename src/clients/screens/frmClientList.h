@@ -38,7 +38,6 @@ class frmClientList : public Screen {
   void LayOut();
   void ConnectControls();
   void ShowFound();
-  std::optional<qint64> SelectedClient() const;
   void View();
   void Delete();
 

@@ -1,7 +1,6 @@
 #include "clients/screens/frmClients.h"
 
 #include "base/DateTime.h"
-#include "clients/ClientStatus.h"
 #include "clients/screens/ClientBillingPage.h"
 #include "clients/screens/ClientDetailsPage.h"
 #include "clients/screens/ClientFields.h"
@@ -22,6 +21,7 @@ frmClients::frmClients(Business& business, const ScreenTools& tools)
   EquipDesk();
   MakePages();
   MakeFrame();
+  BindClientFields(this);
   LimitClientFields(business, this);
   record_.Watch(ClientFieldControls(this) + billing_->OwnFields());
   ConnectPages();
@@ -125,12 +125,13 @@ void frmClients::PlaceShared() {
   }
 }
 
-bool frmClients::ShowYourself(qint64 clientId) {
-  return Load(clientId);
+bool frmClients::ShowYourself(std::optional<Id<Client>> client) {
+  return Load(client);
 }
 
 void frmClients::Enter() {
-  FocusField(this, desk_.client.IsNew() ? QStringLiteral("txtFirstname") : pages_->objectName());
+  FocusField(this,
+             desk_.edit.client.IsNew() ? QStringLiteral("txtFirstname") : pages_->objectName());
 }
 
 void frmClients::ShowTransferOfPayments() {
@@ -138,19 +139,19 @@ void frmClients::ShowTransferOfPayments() {
   FocusField(this, QStringLiteral("cmbTransferTo"));
 }
 
-bool frmClients::Load(qint64 clientId) {
+bool frmClients::Load(std::optional<Id<Client>> client) {
   Business& business = desk_.business;
-  auto client = clientId == kNewClient ? NewClientRecord() : LoadClientDetails(business, clientId);
-  if (!client) {
+  auto edit = client ? LoadClientEdit(business, *client) : NewClientEdit();
+  if (!edit) {
     desk_.Prompt().Tell(Tone::Exclamation, tr("This client is no longer in the file."));
     return false;
   }
-  desk_.client = *client;
-  LoadBillingDetails(business, desk_.client);
+  const bool isSame = desk_.edit.client.clientId == client;
+  desk_.edit = std::move(*edit);
+  RefreshBillingDetails(business, desk_.edit.client);
   LoadChoices();
-  desk_.services = LoadClientServicesIntoArray(business, clientId);
   ShowRecord();
-  services_->ShowServices(services_->SelectedKey());
+  services_->ShowServices(isSame ? services_->Element() : 0);
   LoadJobs();
   LoadMoney();
   pages_->SetCount(sites_, sites_->LoadSites());
@@ -165,36 +166,35 @@ void frmClients::LoadChoices() {
 }
 
 void frmClients::ShowRecord() {
-  ShowClientFields(this, desk_.client);
+  ShowClientFields(this, desk_.edit.client);
   details_->ShowClient();
   billing_->ShowBilling();
   billing_->ShowDebtorSince();
   billing_->ShowOwing();
-  setWindowTitle(tr("Client: ") + (desk_.client.IsNew() ? tr("new") : desk_.client.displayName));
-  lblStatus->ShowStatus(desk_.client.status, HueOfClientStatus(desk_.client.status));
+  setWindowTitle(tr("Client: ") +
+                 (desk_.edit.client.IsNew() ? tr("new") : desk_.edit.client.displayName));
+  const StoredClientStatus& status = desk_.edit.client.status;
+  lblStatus->ShowStatus(status.Text(), HueOf(status));
   ShowHeader();
   // What the lists do not offer cannot be shown, and is no change that the user made.
   TakeFields();
-  desk_.stored = desk_.client;
+  desk_.edit.loaded = desk_.edit.client;
   record_.ClearDataChanged();
   EnableParts();
 }
 
 void frmClients::ShowIfSaved() {
-  auto inFile = LoadClientDetails(desk_.business, desk_.client.clientId);
-  if (!inFile) return;
-  inFile->debtorSince = desk_.client.debtorSince;
-  inFile->accountBalance = desk_.client.accountBalance;
-  if (*inFile == desk_.client) ShowRecord();
+  if (desk_.edit.client == desk_.edit.loaded) ShowRecord();
 }
 
 void frmClients::ShowHeader() {
-  const ClientRecord& client = desk_.client;
+  const ClientRecord& client = desk_.edit.client;
   const QString name = client.displayName.trimmed();
   lblClientName->setText(name.isEmpty() ? tr("New client") : name);
   QStringList facts;
-  facts += client.IsNew() ? tr("not stored yet") : tr("Client %1").arg(client.clientId);
-  if (!desk_.services.front().status.isEmpty()) facts += desk_.services.front().status;
+  facts += client.IsNew() ? tr("not stored yet") : tr("Client %1").arg(client.clientId->Number());
+  const QString jobType = desk_.edit.services.front().status.Text();
+  if (!jobType.isEmpty()) facts += jobType;
   const QString payer = billing_->PayerName();
   facts += client.IsBilledTo() ? tr("billed to the same address")
            : payer.isEmpty()   ? tr("billed to a client that is no longer there")
@@ -219,13 +219,14 @@ void frmClients::ShowBilling() {
 void frmClients::ShowBalance() {
   QWidget* since = billing_->DebtorSinceField();
   const bool typed = record_.IsChanged(since);
-  LoadBillingDetails(desk_.business, desk_.client);
-  desk_.stored.accountBalance = desk_.client.accountBalance;
+  auto& [client, loaded, services, loadedServices] = desk_.edit;
+  RefreshBillingDetails(desk_.business, client);
+  loaded.accountBalance = client.accountBalance;
   billing_->ShowOwing();
   if (typed) {
     billing_->TakeDebtorSince();  // a day that the user has typed stays
   } else {
-    desk_.stored.debtorSince = desk_.client.debtorSince;
+    loaded.debtorSince = client.debtorSince;
     billing_->ShowDebtorSince();
     record_.TakeAsStored(since);
   }
@@ -233,7 +234,7 @@ void frmClients::ShowBalance() {
 }
 
 void frmClients::TakeFields() {
-  TakeClientFields(this, desk_.client);
+  TakeClientFields(this, desk_.edit.client);
   billing_->TakeDebtorSince();
 }
 
@@ -251,7 +252,7 @@ void frmClients::LoadMoney() {
 }
 
 void frmClients::EnableParts() {
-  const ClientParts parts = PartsOf(desk_.client);
+  const ClientParts parts = PartsOf(desk_.edit.client);
   for (const QWidget* page : std::initializer_list<const QWidget*>{
            services_, billing_, future_, past_, invoices_, payments_, sites_})
     pages_->EnablePage(page, parts.otherTabs);
@@ -262,7 +263,7 @@ void frmClients::EnableParts() {
 
 bool frmClients::IsDataChanged() const {
   return record_.IsDataChanged() || services_->IsDataChanged() ||
-         desk_.client.billingClientId != desk_.stored.billingClientId;
+         desk_.edit.client.otherPayer != desk_.edit.loaded.otherPayer;
 }
 
 }  // namespace quillary::clients

@@ -34,14 +34,14 @@ class frmClients : public Screen {
   frmClients(Business& business, const ScreenTools& tools);
   ~frmClients() override;
 
-  /// Shows a client, or the fields of a new one for kNewClient. False when there is none of that
-  /// key any more.
-  bool ShowYourself(qint64 clientId);
+  /// Shows a client, or the fields of a new one. False when there is none of that key any more.
+  bool ShowYourself(std::optional<Id<Client>> client);
   /// Puts the cursor where one begins: in the first field of a new client, on the pages of another.
   void Enter();
   /// The payments, with the choice of the client who gets them.
   void ShowTransferOfPayments();
-  qint64 ClientId() const { return desk_.client.clientId; }
+  /// Nothing for one that is not stored.
+  std::optional<Id<Client>> ClientId() const { return desk_.edit.client.clientId; }
 
   /// Loads the lists again; the fields too unless the user has changed them.
   void Reload() override;
@@ -61,7 +61,7 @@ class frmClients : public Screen {
   void EquipDesk();
 
   void LoadChoices();
-  bool Load(qint64 clientId);
+  bool Load(std::optional<Id<Client>> client);
   void ShowRecord();
   void ShowIfSaved();
   void ShowHeader();
@@ -75,9 +75,11 @@ class frmClients : public Screen {
   void PlaceShared();
   bool Accept(const std::optional<Refusal>& refusal);
   bool IsDataChanged() const;
+  /// Takes what stands in all fields. False when a service was refused.
+  bool TakeAll();
 
   void ChooseBilling(BillingChoice choice);
-  void ChoosePayer(qint64 clientId);
+  void ChoosePayer(Id<Client> payer);
   void Save();
   void CloseAndSave();
   void ReloadAfterAsking();

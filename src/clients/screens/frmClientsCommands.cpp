@@ -1,5 +1,3 @@
-#include "clients/ClientCommands.h"
-#include "clients/ClientStatus.h"
 #include "clients/screens/ClientBillingPage.h"
 #include "clients/screens/ClientDetailsPage.h"
 #include "clients/screens/ClientGrids.h"
@@ -22,8 +20,9 @@ namespace quillary::clients {
 void frmClients::ConnectPages() {
   connect(pages_, &QTabWidget::currentChanged, this, &frmClients::PlaceShared);
   connect(details_, &ClientDetailsPage::statusChosen, this, [this] {
-    desk_.client.status = details_->Status();
-    lblStatus->ShowStatus(desk_.client.status, HueOfClientStatus(desk_.client.status));
+    const StoredClientStatus status = details_->Status();
+    desk_.edit.client.status = status;
+    lblStatus->ShowStatus(status.Text(), HueOf(status));
     EnableParts();
   });
   connect(details_, &ClientDetailsPage::nameTyped, this, [this](const QString& name) {
@@ -34,11 +33,11 @@ void frmClients::ConnectPages() {
   };
   connect(details_, &ClientDetailsPage::billingChosen, this, choose);
   connect(billing_, &ClientBillingPage::billingChosen, this, choose);
-  connect(billing_, &ClientBillingPage::payerChosen, this, [this](qint64 clientId) {
-    desk_.Run("cmbOtherAddressToBill_Click", [&] { ChoosePayer(clientId); });
+  connect(billing_, &ClientBillingPage::payerChosen, this, [this](Id<Client> payer) {
+    desk_.Run("cmbOtherAddressToBill_Click", [&] { ChoosePayer(payer); });
   });
-  connect(side_, &ClientSidePanel::jobOpened, this, [this](qint64 diaryId) {
-    desk_.Run("grdNextJobs_DblClick", [&] { future_->OpenJob(diaryId); });
+  connect(side_, &ClientSidePanel::jobOpened, this, [this](Id<Entry> entry) {
+    desk_.Run("grdNextJobs_DblClick", [&] { future_->OpenJob(entry); });
   });
   for (ClientJobsPage* page : {future_, past_})
     connect(page, &ClientJobsPage::addWanted, this,
@@ -57,22 +56,18 @@ void frmClients::ConnectCommands() {
 
 bool frmClients::Accept(const std::optional<Refusal>& refusal) {
   if (refusal) billing_->Reveal(refusal->field);
-  if (Accepted(desk_.Prompt(), this, refusal)) return true;
-  const auto* scroll = qobject_cast<QScrollArea*>(pages_->currentWidget());
-  auto* field = findChild<QWidget*>(refusal->field);
-  if (scroll && field) const_cast<QScrollArea*>(scroll)->ensureWidgetVisible(field);
-  return false;
+  return Accepted(desk_.Prompt(), this, refusal);
 }
 
 void frmClients::ChooseBilling(BillingChoice choice) {
   TakeFields();
   if (choice == BillingChoice::SameAddress) {
-    BillSameAddress(desk_.client);
+    BillSameAddress(desk_.edit.client);
     ShowBilling();
   } else if (choice == BillingChoice::NewAddress) {
     frmNewBillingAddress dialog(desk_.business, desk_.tools);
     dialog.exec();
-    TakeNewBillingAddress(desk_.business, desk_.Prompt(), desk_.client, dialog.ClientId());
+    TakeNewBillingAddress(desk_.business, desk_.Prompt(), desk_.edit.client, dialog.ClientId());
     billing_->LoadPayers();
     ShowBilling();
   } else {
@@ -81,22 +76,26 @@ void frmClients::ChooseBilling(BillingChoice choice) {
   }
 }
 
-void frmClients::ChoosePayer(qint64 clientId) {
+void frmClients::ChoosePayer(Id<Client> payer) {
   TakeFields();
-  BillExistingAddress(desk_.business, desk_.Prompt(), desk_.client, clientId);
+  BillExistingAddress(desk_.business, desk_.Prompt(), desk_.edit.client, payer);
   ShowBilling();
 }
 
-void frmClients::Save() {
+bool frmClients::TakeAll() {
   TakeFields();
-  if (!Accept(SaveClient(desk_.business, desk_.client, desk_.services))) return;
+  return services_->TakeEdited();
+}
+
+void frmClients::Save() {
+  if (!TakeAll() || !Accept(SaveClient(desk_.business, desk_.edit))) return;
+  services_->ShowServices(services_->Element());
   ShowRecord();
   LoadJobs();
 }
 
 void frmClients::CloseAndSave() {
-  TakeFields();
-  if (!Accept(SaveClientDetails(desk_.business, desk_.client))) return;
+  if (!TakeAll() || !Accept(SaveClientAndLeave(desk_.business, desk_.edit))) return;
   leaving_ = true;
   emit closeRequested();
 }
@@ -108,10 +107,10 @@ bool frmClients::MayClose() {
 }
 
 void frmClients::Reload() {
-  if (desk_.client.IsNew()) return;
+  if (desk_.edit.client.IsNew()) return;
   desk_.Run("ShowYourself", [this] {
     if (!IsDataChanged()) {
-      Load(desk_.client.clientId);
+      Load(desk_.edit.client.clientId);
       return;
     }
     LoadJobs();
@@ -120,12 +119,12 @@ void frmClients::Reload() {
 }
 
 void frmClients::ReloadAfterAsking() {
-  if (desk_.client.IsNew()) return;
+  if (desk_.edit.client.IsNew()) return;
   if (IsDataChanged() && desk_.Prompt().AskBeforeLosing(
                              tr("The changes made on this screen are not stored "
                                 "yet.\nDiscard them and load the client again?")) != Answer::Yes)
     return;
-  Load(desk_.client.clientId);
+  Load(desk_.edit.client.clientId);
 }
 
 }  // namespace quillary::clients

@@ -1,6 +1,5 @@
 #include "clients/screens/frmGeneralNotes.h"
 
-#include "clients/GeneralNotes.h"
 #include "clients/screens/ClientFields.h"
 #include "kit/Combos.h"
 #include "kit/Layouts.h"

@@ -1,7 +1,6 @@
 #pragma once
 
-#include "clients/NotesLook.h"
-#include "data/Business.h"
+#include "clients/GeneralNotes.h"
 #include "kit/Dialog.h"
 #include "kit/Screen.h"
 

@@ -14,7 +14,7 @@
 namespace quillary::clients {
 
 frmNewBillingAddress::frmNewBillingAddress(Business& business, const ScreenTools& tools,
-                                           std::optional<qint64> clientId)
+                                           std::optional<Id<Client>> clientId)
     : Dialog("frmNewBillingAddress", clientId ? tr("Billing address") : tr("New billing address"),
              business.World().prompter),
       business_(business) {
@@ -50,7 +50,7 @@ void frmNewBillingAddress::MakeControls() {
   };
   txtFirstName = line("txtFirstName", "First_Name");
   txtSurname = line("txtSurname", "Surname");
-  txtBillingName = line("txtBillingName", "Display_Name");
+  txtBillingName = ForField("billingName", line("txtBillingName", "Display_Name"));
   cmdUpdateBillingName = MakeButton("cmdUpdateBillingName", tr("&Update from names"));
   txtStreetNumber = line("txtStreetNumber", "Street_Number");
   txtStreet = line("txtStreet", "Street");
@@ -66,7 +66,7 @@ void frmNewBillingAddress::MakeControls() {
   txtNotes = Named(new QPlainTextEdit, "txtNotes");
   txtNotes->setTabChangesFocus(true);
   txtNotes->setFixedHeight(72);
-  cmbStatementType = Named(new QComboBox, "cmbStatementType");
+  cmbStatementType = ForField("statementType", Named(new QComboBox, "cmbStatementType"));
 }
 
 QLayout* frmNewBillingAddress::Fields() {
@@ -115,7 +115,7 @@ void frmNewBillingAddress::Show() {
   for (QLineEdit* line : {txtBillingName, txtFirstName, txtStreet, txtEmail})
     line->setCursorPosition(0);
   txtNotes->setPlainText(address_.notes);
-  ShowWords(cmbStatementType, address_.statementType);
+  ShowWords(cmbStatementType, address_.statementType.Text());
 }
 
 BillingAddress frmNewBillingAddress::Taken() const {
@@ -132,7 +132,7 @@ BillingAddress frmNewBillingAddress::Taken() const {
   taken.email = txtEmail->text();
   taken.fax = txtFax->text();
   taken.notes = txtNotes->toPlainText();
-  taken.statementType = cmbStatementType->currentText();
+  taken.statementType = StoredStatementType(cmbStatementType->currentText());
   return taken;
 }
 

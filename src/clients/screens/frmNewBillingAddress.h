@@ -21,10 +21,10 @@ class frmNewBillingAddress : public Dialog {
  public:
   /// A new one, or the stored one of that key.
   frmNewBillingAddress(Business& business, const ScreenTools& tools,
-                       std::optional<qint64> clientId = {});
+                       std::optional<Id<Client>> clientId = {});
 
   /// The key of what was saved; nothing while nothing was.
-  std::optional<qint64> ClientId() const { return saved_; }
+  std::optional<Id<Client>> ClientId() const { return saved_; }
 
  private:
   void MakeControls();
@@ -36,7 +36,7 @@ class frmNewBillingAddress : public Dialog {
 
   Business& business_;
   BillingAddress address_;
-  std::optional<qint64> saved_;
+  std::optional<Id<Client>> saved_;
   SuburbChoices suburbs_;
 
   QLineEdit* txtBillingName;

@@ -25,25 +25,25 @@ std::vector<GridColumn> MonthlyJobColumns() {
 }  // namespace
 
 frmSetJobPricesForMonthly::frmSetJobPricesForMonthly(Business& business, const ScreenTools& tools,
-                                                     qint64 clientId)
+                                                     Id<Client> client)
     : Dialog("frmSetJobPricesForMonthly",
              QStringLiteral("Set job prices for client who pays monthly..."),
              business.World().prompter),
       business_(business),
-      clientId_(clientId) {
-  const auto client = LoadClientDetails(business, clientId);
+      client_(client) {
+  const auto record = LoadClientDetails(business, client);
   lblClientName =
-      MakeLabel("lblClientName", client ? client->displayName : QString(), LabelRole::Title);
-  const MonthRange month = MonthOf(business.Today());
+      MakeLabel("lblClientName", record ? record->displayName : QString(), LabelRole::Title);
+  const DateRange month = DateRange::MonthOf(business.Today());
   dtFrom = Named(new DateField(business.Today()), "dtFrom");
   dtTo = Named(new DateField(business.Today()), "dtTo");
   for (DateField* field : {dtFrom, dtTo}) field->setFixedWidth(168);
   dtFrom->SetDate(month.from);
   dtTo->SetDate(month.to);
   cmdList = MakeButton("cmdList", tr("&Load jobs..."));
-  txtAmount = Named(new CurrencyField, "txtAmount");
+  txtAmount = ForField("amount", Named(new CurrencyField, "txtAmount"));
   chkTickUntickAll = MakeTickAllBox();
-  fgJobs = new Grid(QStringLiteral("fgJobs"));
+  fgJobs = ForField("jobs", new Grid(QStringLiteral("fgJobs")));
   fgJobs->setAccessibleName(tr("Jobs of the client"));
   fgJobs->SetColumns(MonthlyJobColumns());
   fgJobs->SetEmptyText(tr("No job lies in these days."),
@@ -87,17 +87,17 @@ void frmSetJobPricesForMonthly::LayOut() {
 void frmSetJobPricesForMonthly::LoadJobs() {
   std::vector<GridRow> rows;
   for (const MonthlyJob& job :
-       LoadJobsForThisClient(business_, clientId_, {dtFrom->Date(), dtTo->Date()}))
+       LoadJobsForThisClient(business_, client_, {dtFrom->Date(), dtTo->Date()}))
     rows.push_back(
-        {{false, job.diaryId, job.scheduleDate, job.description, job.statusWords, job.totalPrice}});
+        {{false, job.entry, job.scheduleDate, job.description, job.statusWords, job.totalPrice}});
   fgJobs->SetRows(std::move(rows));
   ticks_->TakeRows();
 }
 
 void frmSetJobPricesForMonthly::Start() {
-  if (!quillary::Accepted(
-          business_.World().prompter, this,
-          SetJobPricesForMonthly(business_, txtAmount->Amount(), ticks_->TickedKeys())))
+  if (!quillary::Accepted(business_.World().prompter, this,
+                          SetJobPricesForMonthly(business_, client_, txtAmount->Amount(),
+                                                 ticks_->TickedIds<Entry>())))
     return;
   LoadJobs();
 }

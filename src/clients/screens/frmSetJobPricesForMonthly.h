@@ -22,7 +22,7 @@ class frmSetJobPricesForMonthly : public Dialog {
   Q_OBJECT
 
  public:
-  frmSetJobPricesForMonthly(Business& business, const ScreenTools& tools, qint64 clientId);
+  frmSetJobPricesForMonthly(Business& business, const ScreenTools& tools, Id<Client> client);
 
  private:
   void LayOut();
@@ -30,7 +30,7 @@ class frmSetJobPricesForMonthly : public Dialog {
   void Start();
 
   Business& business_;
-  qint64 clientId_;
+  Id<Client> client_;
 
   QLabel* lblClientName;
   DateField* dtFrom;

@@ -66,14 +66,14 @@ void frmDiary::EditSelected() {
 }
 
 void frmDiary::OpenClientOfSelected() {
-  if (const DiaryRow* job = SelectedJob()) tools_.navigator.Open(OpenClient{job->client.Number()});
+  if (const DiaryRow* job = SelectedJob()) tools_.navigator.Open(OpenClient{job->client});
 }
 
 void frmDiary::CreateInvoiceForSelected() {
   const DiaryRow* job = SelectedJob();
   if (!job) return;
   const QDate day = optShowJobsOn->isChecked() ? dtJobDate->Date() : job->scheduleDate;
-  tools_.navigator.Open(ChooseInvoiceFor{job->payer.Number(), job->entry.Number(), day, day});
+  tools_.navigator.Open(ChooseInvoiceFor{job->payer, job->entry, DateRange::Of(day)});
   LoadScheduleGrid();
 }
 
@@ -81,15 +81,15 @@ void frmDiary::PayForSelected() {
   const DiaryRow* job = SelectedJob();
   if (!job) return;
   if (job->payment)
-    tools_.navigator.Open(ViewPayment{job->payment->Number()});
+    tools_.navigator.Open(ViewPayment{*job->payment});
   else
-    tools_.navigator.Open(PayForJob{job->payer.Number(), job->entry.Number(), job->totalPrice});
+    tools_.navigator.Open(PayForJob{job->payer, job->entry, job->totalPrice});
   LoadScheduleGrid();
 }
 
 void frmDiary::PayAndMarkDone() {
   ChangeSelected([this](const DiaryRow& job) {
-    tools_.navigator.Open(PayForJob{job.payer.Number(), job.entry.Number(), job.totalPrice});
+    tools_.navigator.Open(PayForJob{job.payer, job.entry, job.totalPrice});
   });
 }
 

@@ -160,10 +160,10 @@ void frmJobs::Pay() {
   const Id<Entry> entry = *job_.entry;
   const auto payer = PayerOf(business_, entry);
   if (job_.payment)
-    tools_.navigator.Open(ViewPayment{job_.payment->Number()});
+    tools_.navigator.Open(ViewPayment{*job_.payment});
   else if (payer)
     // A job can have a price without a line.
-    tools_.navigator.Open(PayForJob{payer->Number(), entry.Number(), job_.totalPrice});
+    tools_.navigator.Open(PayForJob{*payer, entry, job_.totalPrice});
   ShowStored();
 }
 

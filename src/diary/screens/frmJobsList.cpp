@@ -227,7 +227,7 @@ void frmJobsList::ViewJob() {
 
 void frmJobsList::OpenClientOfJob() {
   if (const JobsListRow* job = Selected(JobsListCommand::ClientDetails))
-    tools_.navigator.Open(OpenClient{job->client.Number()});
+    tools_.navigator.Open(OpenClient{job->client});
 }
 
 void frmJobsList::DeleteSelected() {

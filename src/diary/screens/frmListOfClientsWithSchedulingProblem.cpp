@@ -141,7 +141,7 @@ void frmListOfClientsWithSchedulingProblem::Reload() {
 
 void frmListOfClientsWithSchedulingProblem::OpenSelectedClient() {
   if (const auto row = grdClients->SelectedRow())
-    tools_.navigator.Open(OpenClient{found_[static_cast<size_t>(*row)].client.Number()});
+    tools_.navigator.Open(OpenClient{found_[static_cast<size_t>(*row)].client});
   else
     business_.World().prompter.Tell(Tone::Exclamation,
                                     QStringLiteral("Please select a client to view/edit."));

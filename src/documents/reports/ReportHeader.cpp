@@ -1,6 +1,6 @@
 #include "documents/reports/ReportHeader.h"
 
-#include "clients/NotesLook.h"
+#include "clients/GeneralNotes.h"
 
 #include <QDir>
 

@@ -20,9 +20,8 @@ namespace quillary::shell {
 
 namespace {
 
-/// The key that a statement finds first.
-qint64 First(Business& business, const char* statement) {
-  return business.RunSQL(QString::fromLatin1(statement)).Field(size_t{0}).ToLong();
+Id<Client> First(Business& business, const Sql& statement) {
+  return Id<Client>(business.FirstField(statement).ToLong());
 }
 
 }  // namespace
@@ -38,11 +37,12 @@ void Shots::Clients() {
   Save(window, QStringLiteral("frmClientList-searched"));
   search->clear();
 
-  const qint64 busy = First(business,
-                            "SELECT TOP 1 Client_ID FROM Client_Services WHERE Client_ID IN "
-                            "(SELECT Client_ID FROM Clients WHERE Status = 'Active' AND "
-                            "Account_Balance < 0 AND Is_Billed_To = Yes) GROUP BY Client_ID "
-                            "ORDER BY Count(*) DESC, Client_ID");
+  const Id<Client> busy =
+      First(business, Sql("SELECT TOP 1 Client_ID FROM Client_Services WHERE Client_ID IN "
+                          "(SELECT Client_ID FROM Clients WHERE Status = {} AND "
+                          "Account_Balance < 0 AND Is_Billed_To = Yes) GROUP BY Client_ID "
+                          "ORDER BY Count(*) DESC, Client_ID",
+                          ClientStatus::Active));
   to.Open(OpenClient{busy});
   auto* pages = window->findChild<QTabWidget*>(QStringLiteral("pages"));
   for (int page = 0; page < pages->count(); ++page) {
@@ -57,9 +57,10 @@ void Shots::Clients() {
   window->resize(1280, 720);
   CloseScreen();
 
-  to.Open(OpenClient{First(business,
-                           "SELECT TOP 1 Client_ID FROM Clients WHERE Status = 'Active' AND "
-                           "Is_Billed_To = No ORDER BY Client_ID")});
+  to.Open(
+      OpenClient{First(business, Sql("SELECT TOP 1 Client_ID FROM Clients WHERE Status = {} AND "
+                                     "Is_Billed_To = No ORDER BY Client_ID",
+                                     ClientStatus::Active))});
   pages = window->findChild<QTabWidget*>(QStringLiteral("pages"));
   pages->setCurrentIndex(2);
   Save(window, QStringLiteral("frmClients-billed-elsewhere"));
@@ -83,7 +84,7 @@ void Shots::Clients() {
   CloseScreen();
 }
 
-void Shots::ClientDialogs(qint64 clientId) {
+void Shots::ClientDialogs(Id<Client> client) {
   Business& business = program_.OpenBusiness();
   const ScreenTools tools = program_.MainMenu()->Tools();
   const auto shoot = [this](QDialog& dialog) {
@@ -91,11 +92,11 @@ void Shots::ClientDialogs(qint64 clientId) {
     Save(&dialog, dialog.objectName());
   };
   clients::frmNewBillingAddress address(business, tools,
-                                        First(business,
-                                              "SELECT TOP 1 Client_ID FROM Clients WHERE Status = "
-                                              "'Billing address' ORDER BY Client_ID"));
+                                        First(business, Sql("SELECT TOP 1 Client_ID FROM Clients "
+                                                            "WHERE Status = {} ORDER BY Client_ID",
+                                                            ClientStatus::BillingAddress)));
   shoot(address);
-  clients::frmSetJobPricesForMonthly prices(business, tools, clientId);
+  clients::frmSetJobPricesForMonthly prices(business, tools, client);
   shoot(prices);
   clients::frmGeneralNotes notes(business, tools);
   shoot(notes);

@@ -39,31 +39,30 @@ void Shots::Invoices() {
 void Shots::InvoiceDialogs() {
   Business& business = program_.OpenBusiness();
   const ScreenTools tools = program_.MainMenu()->Tools();
-  const auto first = [&](const char* statement) {
-    return business.FirstField(Sql(statement)).ToLong();
-  };
+  const auto first = [&](const Sql& statement) { return business.FirstField(statement).ToLong(); };
   const auto shoot = [this](QDialog& dialog, const char* name = nullptr) {
     dialog.show();
     if (auto* grid = dialog.findChild<Grid*>()) grid->SelectFirst();
     Save(&dialog, name ? QString(name) : dialog.objectName());
     dialog.hide();
   };
-  const qint64 invoice = first(
-      "SELECT TOP 1 Invoice_ID FROM Diary WHERE Invoice_ID IS NOT NULL "
-      "GROUP BY Invoice_ID ORDER BY Count(*) DESC, Invoice_ID");
+  const Id<Invoice> invoice(
+      first(Sql("SELECT TOP 1 Invoice_ID FROM Diary WHERE Invoice_ID IS NOT NULL "
+                "GROUP BY Invoice_ID ORDER BY Count(*) DESC, Invoice_ID")));
   billing::frmInvoice monthly(business, tools, *billing::LoadInvoiceDetails(business, invoice));
   shoot(monthly);
   monthly.resize(853, 424);
   shoot(monthly, "frmInvoice-at-150-percent");
-  const qint64 job = first(
-      "SELECT TOP 1 Diary_ID FROM Diary WHERE Status = 'JD' AND Total_Price > 0 "
-      "ORDER BY Diary_ID DESC");
+  const Id<Entry> job(
+      first(Sql("SELECT TOP 1 Diary_ID FROM Diary WHERE Status = {} "
+                "AND Total_Price > 0 ORDER BY Diary_ID DESC",
+                EntryStatus::JobDone)));
   billing::frmInvoice ofJob(business, tools, billing::NewInvoice(business, std::nullopt, job));
   shoot(ofJob, "frmInvoice-of-a-job");
   billing::frmInvoice blank(business, tools,
                             billing::NewInvoice(business, std::nullopt, std::nullopt));
   shoot(blank, "frmInvoice-new");
-  const qint64 payer = billing::LoadInvoiceDetails(business, invoice)->clientId.value_or(0);
+  const Id<Client> payer = billing::LoadInvoiceDetails(business, invoice)->clientId.value();
   billing::frmListOfJobs jobs(business, tools, invoice, payer);
   // Of last month, of which some are billed.
   auto* monthOfJobs = jobs.findChild<QComboBox*>(QStringLiteral("cboMonth"));
@@ -78,8 +77,7 @@ void Shots::InvoiceDialogs() {
   billing::frmInvoiceNotesSelection notes(business, tools);
   shoot(notes);
   billing::dlgInvoiceOptions options(
-      business, tools,
-      {.billingClientId = payer, .diaryId = job, .from = business.Today(), .to = business.Today()});
+      business, tools, {.payer = payer, .entry = job, .days = DateRange::Of(business.Today())});
   shoot(options);
   billing::dlgInvoiceList criteria(business, tools);
   shoot(criteria);

@@ -43,27 +43,25 @@ void Shots::Payments() {
 void Shots::PaymentDialogs() {
   Business& business = program_.OpenBusiness();
   const ScreenTools tools = program_.MainMenu()->Tools();
-  const auto first = [&](const char* statement) {
-    return business.FirstField(Sql(statement)).ToLong();
-  };
+  const auto first = [&](const Sql& statement) { return business.FirstField(statement).ToLong(); };
   const auto shoot = [this](QDialog& dialog, const char* name = nullptr) {
     dialog.show();
     if (auto* grid = dialog.findChild<Grid*>()) grid->SelectFirst();
     Save(&dialog, name ? QString(name) : dialog.objectName());
     dialog.hide();
   };
-  const qint64 payment = first(
-      "SELECT TOP 1 Payment_ID FROM Diary WHERE Payment_ID IS NOT NULL "
-      "GROUP BY Payment_ID ORDER BY Count(*) DESC, Payment_ID");
+  const Id<Payment> payment(
+      first(Sql("SELECT TOP 1 Payment_ID FROM Diary WHERE Payment_ID IS NOT NULL "
+                "GROUP BY Payment_ID ORDER BY Count(*) DESC, Payment_ID")));
   billing::frmPayments stored(business, tools, billing::LoadPayment(business, payment));
   shoot(stored);
   stored.resize(853, 424);
   shoot(stored, "frmPayments-at-150-percent");
-  const qint64 job = first(
-      "SELECT TOP 1 Diary_ID FROM Diary WHERE Status = 'JD' AND Payment_ID IS NULL "
-      "ORDER BY Diary_ID DESC");
-  const qint64 client =
-      business.FirstField(Sql("SELECT Client_ID FROM Diary WHERE Diary_ID = {}", job)).ToLong();
+  const Id<Entry> job(
+      first(Sql("SELECT TOP 1 Diary_ID FROM Diary WHERE Status = {} "
+                "AND Payment_ID IS NULL ORDER BY Diary_ID DESC",
+                EntryStatus::JobDone)));
+  const Id<Client> client(first(Sql("SELECT Client_ID FROM Diary WHERE Diary_ID = {}", job)));
   billing::PaymentForm form = billing::NewPayment(business, client, Money::FromWhole(55), job);
   form.paymentMethod = QStringLiteral("CHEQUE");
   billing::frmPayments forJob(business, tools, form);
@@ -76,9 +74,7 @@ void Shots::PaymentDialogs() {
   shoot(options);
   billing::frmPaymentsByAClient ofClient(
       business, tools,
-      business.FirstField(Sql("SELECT Client_ID FROM Payments WHERE Payment_ID = {}", payment))
-          .ToLong(),
-      job);
+      Id<Client>(first(Sql("SELECT Client_ID FROM Payments WHERE Payment_ID = {}", payment))), job);
   shoot(ofClient);
 }
 

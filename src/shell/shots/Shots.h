@@ -26,7 +26,7 @@ class Shots {
   void StartUpScreens();
   void Diary();
   void Clients();
-  void ClientDialogs(qint64 clientId);
+  void ClientDialogs(Id<Client> client);
   void ScheduleLists();
   void ScheduleDialogs();
   void Invoices();

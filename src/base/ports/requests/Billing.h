@@ -1,8 +1,10 @@
 #pragma once
 
+#include "base/DateRange.h"
+#include "base/Id.h"
 #include "base/Money.h"
 
-#include <QDate>
+#include <QString>
 
 #include <optional>
 
@@ -15,56 +17,49 @@ struct OpenInvoicesList {
   bool monthly = false;  // in the mode of the monthly run
 };
 
-/// Asks whether one job gets an invoice, or all jobs of clients billed with each job from `from`
-/// to `to`.
+/// Asks whether one job gets an invoice, or all jobs of those days of clients who are billed with
+/// each job.
 struct ChooseInvoiceFor {
   using Result = bool;
-  qint64 billingClientId = 0;
-  qint64 diaryId = 0;
-  QDate from;
-  QDate to;
+  std::optional<Id<Client>> payer;
+  Id<Entry> entry;
+  DateRange days;
 };
 /// An invoice that its first save will store: of a client, for one job, or for whom the screen
 /// lets choose. True when it was saved.
 struct AddInvoice {
   using Result = bool;
-  std::optional<qint64> clientId;
-  std::optional<qint64> diaryId;
+  std::optional<Id<Client>> client = {};
+  std::optional<Id<Entry>> entry = {};
 };
 struct EditInvoice {
   using Result = bool;
-  qint64 invoiceId = 0;
-};
-/// The jobs that an invoice can take; what is ticked is attached to it.
-struct AttachJobsToInvoice {
-  using Result = bool;
-  qint64 invoiceId = 0;
-  qint64 clientId = 0;
+  Id<Invoice> invoice;
 };
 
 /// A payment that its first save will store: of the client's payer, and, when a job is named, for
 /// that job alone.
 struct AddPayment {
   using Result = bool;
-  std::optional<qint64> clientId;
+  std::optional<Id<Client>> client = {};
   Money amount = {};  // tax included
-  std::optional<qint64> diaryId = {};
+  std::optional<Id<Entry>> entry = {};
 };
 struct ViewPayment {
   using Result = bool;
-  qint64 paymentId = 0;
+  Id<Payment> payment;
 };
 /// Asks whether a job is paid by a new payment, which marks it done, or by one recorded before.
 struct PayForJob {
   using Result = bool;
-  qint64 billingClientId = 0;
-  qint64 diaryId = 0;
+  Id<Client> payer;
+  Id<Entry> entry;
   Money price;  // tax included
 };
 /// The jobs that a stored payment covers.
 struct AllocatePayment {
   using Result = bool;
-  qint64 paymentId = 0;
+  Id<Payment> payment;
 };
 
 /// One date, today proposed. Nothing when the user gives up.
@@ -76,8 +71,7 @@ struct PickDate {
 /// What a list of invoices is to hold, and in which order. Nothing when the user gives up.
 struct InvoiceListCriteria {
   enum class Order { Name, Number, Date };
-  QDate from;
-  QDate to;
+  DateRange days;
   Order order = Order::Name;
 };
 struct PickInvoiceList {

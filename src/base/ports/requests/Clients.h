@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QDate>
+#include "base/DateRange.h"
+#include "base/Id.h"
 
 #include <optional>
 #include <vector>
@@ -12,7 +13,7 @@ struct OpenClientList {};
 /// Opens the screen for a client that its first save will store.
 struct AddClient {};
 struct OpenClient {
-  qint64 clientId = 0;
+  Id<Client> client;
 };
 /// The payments of the client in view, to be recorded under another.
 struct OpenTransferOfPayments {};
@@ -36,9 +37,8 @@ struct PickClientReport {
 /// Days and clients for a report of what happened to them. Nothing when the user gives up.
 struct DatesWithClients {
   enum class Order { Client, Date };
-  QDate from;
-  QDate to;
-  std::vector<qint64> clientIds;  // as ticked; never empty
+  DateRange days;
+  std::vector<Id<Client>> clients;  // as ticked; never empty
   bool summaryOnly = false;
   Order order = Order::Client;
 };
