@@ -101,6 +101,7 @@ std::vector<Command> BalanceCommands();
 std::vector<Command> InvoiceCommands();
 std::vector<Command> PaymentCommands();
 std::vector<Command> DocumentCommands();
+std::vector<Command> ReportCommands();
 std::vector<Command> RepairCommands();
 std::vector<Command> BackupCommands();
 std::vector<Command> SettingsCommands();

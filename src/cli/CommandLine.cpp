@@ -18,7 +18,8 @@ const std::vector<Command>& AllCommands() {
     for (const auto& group :
          {FileCommands(), StatementCommands(), ScheduleCommands(), DiaryCommands(),
           ClientCommands(), BalanceCommands(), InvoiceCommands(), PaymentCommands(),
-          DocumentCommands(), RepairCommands(), BackupCommands(), SettingsCommands()}) {
+          DocumentCommands(), ReportCommands(), RepairCommands(), BackupCommands(),
+          SettingsCommands()}) {
       all.insert(all.end(), group.begin(), group.end());
     }
     return all;

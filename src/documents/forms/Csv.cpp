@@ -13,15 +13,15 @@ bool IsFormula(const QString& text) {
   return opening.match(text).hasMatch() && !number.match(text).hasMatch();
 }
 
-QByteArray Field(const QString& text) {
+}  // namespace
+
+QByteArray CsvField(const QString& text) {
   QByteArray field = (IsFormula(text) ? u'\'' + text : text).toUtf8();
   const bool needsQuotes =
       field.contains(',') || field.contains('"') || field.contains('\r') || field.contains('\n');
   if (!needsQuotes) return field;
   return '"' + field.replace("\"", "\"\"") + '"';
 }
-
-}  // namespace
 
 QByteArray WriteCsv(const Composition& document) {
   QByteArray csv;
@@ -35,7 +35,7 @@ QByteArray WriteCsv(const Composition& document) {
       for (const TableCell& cell : row.cells) {
         if (!isFirst) line += ',';
         isFirst = false;
-        line += Field(cell.text) + QByteArray(cell.span - 1, ',');
+        line += CsvField(cell.text) + QByteArray(cell.span - 1, ',');
       }
       csv += line + "\r\n";
     }

@@ -75,6 +75,10 @@ void Composer::AddLine(const PageLine& line) {
   CurrentPage().lines.push_back(line);
 }
 
+void Composer::AddRun(const TextRun& run) {
+  CurrentPage().texts.push_back(run);
+}
+
 void Composer::AddPicture(const PagePicture& picture) {
   CurrentPage().pictures.push_back(picture);
 }

@@ -101,6 +101,8 @@ class Composer {
   void AddRule(double below);
   /// A line of its own place on this page. Files that flow don't get it.
   void AddLine(const PageLine& line);
+  /// A text of its own place on this page. Files that flow don't get it.
+  void AddRun(const TextRun& run);
   /// A JPEG of its own place on this page; the current Y stays. Files that flow don't get it.
   void AddPicture(const PagePicture& picture);
   /// Goes into the RTF file at this place.

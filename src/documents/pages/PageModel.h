@@ -52,6 +52,7 @@ struct TextRun {
   double top = 0;     // of the line that it stands in
   double height = 0;  // of the line that it stands in
   Align align = Align::Left;
+  int link = -1;  // the number that its row was given; -1 leads nowhere
 };
 
 struct PageLine {

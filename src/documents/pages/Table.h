@@ -40,6 +40,7 @@ struct TableRow {
   bool ruleAbove = false;
   bool ruleBelow = false;
   bool keepWithNext = false;  // never the last row of a page: the heading of a group
+  int link = -1;              // a number that its texts on the pages carry, for who made the table
 
   /// The column counts as it does in the format, whatever cells before it span. Columns that do not
   /// exist are passed over.

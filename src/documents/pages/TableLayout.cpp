@@ -73,6 +73,7 @@ void DrawRow(Page& page, const TableRow& row, const LaidRow& laid, RowPart part,
       if (cell.lines[line].isEmpty()) continue;
       page.texts.push_back(
           PlaceText(cell.lines[line], cell.font, cell.align, left + cell.x, cell.width, y, fonts));
+      page.texts.back().link = row.link;
     }
   }
   const double right = left + laid.cells.back().x + laid.cells.back().width;

@@ -197,10 +197,15 @@ void Report::SetNoteFontPropertiesWord() {
   Page().SetFont(ReadNotesFont(business_.World().settings));
 }
 
-ReportDocument Report::EndDocument() {
+ReportDocument Report::EndWithoutFile() {
   EndTable();
   document_.pages = Page().Finish(document_.docTitle);
   composer_.reset();
+  return std::move(document_);
+}
+
+ReportDocument Report::EndDocument() {
+  document_ = EndWithoutFile();
   if (const auto why = WriteFile(document_.docFile, WriteRtf(document_.pages))) {
     const QString trouble =
         QStringLiteral(

@@ -81,6 +81,8 @@ class Report {
   /// Writes the file. One that cannot be written, because Word has it open for example, is among
   /// the troubles; the pages stand all the same.
   ReportDocument EndDocument();
+  /// The same without the file, for who wants the pages alone.
+  ReportDocument EndWithoutFile();
 
  private:
   void AddTrouble(const QString& text);

@@ -1,0 +1,58 @@
+#include "reports/ReportKinds.h"
+
+#include <algorithm>
+#include <stdexcept>
+
+namespace quillary::reports {
+namespace {
+
+[[noreturn]] void Refuse(const QString& why) {
+  throw std::invalid_argument(why.toStdString());
+}
+
+bool NeedsRange(Asks asks) {
+  return asks == Asks::Days || asks == Asks::DaysAndClients || asks == Asks::DaysAndEmployee;
+}
+
+/// The first choice where nothing was chosen.
+void Settle(QString& chosen, const std::vector<ReportChoice>& choices, const char* what) {
+  if (choices.empty() && chosen.isEmpty()) return;
+  if (chosen.isEmpty()) chosen = QString::fromLatin1(choices.front().name);
+  QStringList names;
+  for (const ReportChoice& choice : choices) names += QString::fromLatin1(choice.name);
+  if (names.contains(chosen)) return;
+  Refuse(names.isEmpty() ? QStringLiteral("This report has no %1s.").arg(QLatin1String(what))
+                         : QStringLiteral("This report has no %1 \"%2\", but %3.")
+                               .arg(QLatin1String(what), chosen, names.join(QStringLiteral(", "))));
+}
+
+}  // namespace
+
+std::span<const ReportKind> ReportKinds() {
+  static const std::vector<ReportKind> kinds = [] {
+    std::vector<ReportKind> all;
+    for (const auto& area : {SheetKinds(), BookReportKinds(), ClientReportKinds(), JobReportKinds(),
+                             MoneyReportKinds()})
+      all.insert(all.end(), area.begin(), area.end());
+    return all;
+  }();
+  return kinds;
+}
+
+const ReportKind* FindReportKind(const QString& name) {
+  const auto kinds = ReportKinds();
+  const auto at = std::find_if(kinds.begin(), kinds.end(), [&](const ReportKind& kind) {
+    return name == QLatin1String(kind.name);
+  });
+  return at == kinds.end() ? nullptr : &*at;
+}
+
+ReportData CollectReport(Business& business, const ReportKind& kind, ReportCriteria criteria) {
+  if (NeedsRange(kind.asks) && !criteria.days.IsValid())
+    Refuse(QStringLiteral("Please enter a valid date range."));
+  Settle(criteria.sort, kind.sorts, "sort");
+  Settle(criteria.option, kind.options, "option");
+  return kind.collect(business, criteria);
+}
+
+}  // namespace quillary::reports

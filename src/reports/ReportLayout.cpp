@@ -1,0 +1,147 @@
+#include "reports/ReportLayout.h"
+
+#include "documents/billing/Letterhead.h"
+#include "reports/ReportChart.h"
+
+namespace quillary::reports {
+namespace {
+
+using documents::Report;
+using documents::Table;
+using documents::TableRow;
+
+constexpr double kGapBetweenSections = 60;      // twips
+const documents::PageFont kGapFont{.size = 4};  // of the blank below a group
+const char* const kIndent = "     ";            // of the rows of a group, below its key
+
+QString FormatOf(const ReportSection& section) {
+  QStringList places;
+  for (const ReportColumn& column : section.columns) places += column.place;
+  return places.join(u'|');
+}
+
+QStringList TextsOf(const ReportSection& section, const std::vector<Value>& cells) {
+  QStringList texts;
+  for (size_t at = 0; at < section.columns.size(); ++at)
+    texts += at < cells.size() ? ShownCell(section.columns[at].kind, cells[at]) : QString();
+  return texts;
+}
+
+bool HasKeys(const ReportSection& section) {
+  for (const ReportGroup& group : section.groups)
+    if (group.showsKey) return true;
+  return false;
+}
+
+/// Lays one section out as one table.
+class SectionTable {
+ public:
+  SectionTable(const ReportSection& section, Table& table, std::vector<ReportLink>& links)
+      : section_(section), table_(table), links_(links), hasKeys_(HasKeys(section)) {}
+
+  void Fill() {
+    if (section_.showsHeadings) {
+      QStringList headings;
+      for (const ReportColumn& column : section_.columns) headings += column.heading;
+      table_.AddHeader(headings);
+    }
+    for (const ReportGroup& group : section_.groups) AddGroup(group);
+    if (!section_.totals.empty()) AddTotals(section_.totals).RuleAbove();
+  }
+
+ private:
+  int ColumnCount() const { return static_cast<int>(section_.columns.size()); }
+
+  void AddGroup(const ReportGroup& group) {
+    if (group.showsKey) table_.AddRow({group.key}).Bold().Span(0, ColumnCount()).KeepWithNext();
+    for (const ReportRow& row : group.rows) AddRow(row, group.showsKey);
+    if (group.totals.empty()) return;
+    TableRow& totals = AddTotals(group.totals);
+    if (group.rows.empty() && !group.showsKey) {
+      totals.bold = false;  // a line of a summary
+      return;
+    }
+    totals.RuleAbove();
+    table_.AddRow({{}}).InFont(kGapFont);
+  }
+
+  void AddRow(const ReportRow& row, bool indented) {
+    QStringList texts = TextsOf(section_, row.cells);
+    if (indented && hasKeys_ && section_.columns.front().kind == CellKind::Text)
+      texts.front().prepend(QLatin1String(kIndent));
+    TableRow& laid = table_.AddRow(texts);
+    laid.bold = row.strong;
+    laid.ruleAbove = row.ruleAbove;
+    if (row.strong) SpreadWords(laid, texts);
+    if (row.link.to == ReportLink::To::Nothing) return;
+    laid.link = static_cast<int>(links_.size());
+    links_.push_back(row.link);
+  }
+
+  TableRow& AddTotals(const std::vector<Value>& totals) {
+    const QStringList texts = TextsOf(section_, totals);
+    TableRow& laid = table_.AddRow(texts).Bold();
+    SpreadWords(laid, texts);
+    return laid;
+  }
+
+  /// The words of a total take the empty columns behind them, since they are longer than a cell.
+  static void SpreadWords(TableRow& row, const QStringList& texts) {
+    qsizetype first = 0;
+    while (first < texts.size() && texts[first].isEmpty()) ++first;
+    qsizetype next = first + 1;
+    while (next < texts.size() && texts[next].isEmpty()) ++next;
+    if (first < texts.size() && next > first + 1)
+      row.Span(static_cast<int>(first), static_cast<int>(next - first));
+  }
+
+  const ReportSection& section_;
+  Table& table_;
+  std::vector<ReportLink>& links_;
+  bool hasKeys_;
+};
+
+void AddHead(Business& business, Report& pages, const ReportData& data) {
+  if (!data.letterhead.isEmpty()) {
+    pages.SetVSPrinterFontDefault();
+    documents::PrintHeaderWord(pages, documents::SetHeaderVariable(business), data.letterhead);
+    return;
+  }
+  pages.StoreSubHeading(data.title);
+  for (const QString& line : data.scope) pages.StoreSubHeading(line);
+  pages.StoreSubHeading(QStringLiteral("Print date: ") +
+                        documents::PrintDateText(business.Today()));
+  pages.StoreBreak();
+}
+
+}  // namespace
+
+void AddReport(Business& business, Report& pages, const ReportData& data,
+               std::vector<ReportLink>& links) {
+  AddHead(business, pages, data);
+  for (const ReportSection& section : data.OnPages()) {
+    if (!section.title.isEmpty()) {
+      pages.Page().AdvanceY(kGapBetweenSections);
+      pages.StoreSubHeading(section.title);
+    }
+    Table& table = pages.StartTable(FormatOf(section));
+    SectionTable(section, table, links).Fill();
+    pages.EndTable();
+  }
+  if (data.letterhead.isEmpty()) pages.StoreBreak();
+  for (const QString& note : data.notes) pages.Page().AddText(note);
+  DrawChart(pages.Page(), data.chart);
+}
+
+LaidReport LayOutReport(Business& business, const ReportTarget& target, const ReportData& data) {
+  LaidReport laid;
+  Report pages(business, target.places);
+  pages.StartDocument(target.file, data.landscape);
+  pages.SetDocTitle(data.letterhead.isEmpty() ? data.title : data.letterhead);
+  pages.Page().SetFooter(QStringLiteral("Page %1 of %2"));
+  AddReport(business, pages, data, laid.links);
+  laid.document = target.writesFile ? pages.EndDocument() : pages.EndWithoutFile();
+  return laid;
+}
+
+}  // namespace quillary::reports
