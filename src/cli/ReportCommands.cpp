@@ -84,8 +84,8 @@ ReportCriteria CriteriaOf(const Call& call, const Business& business) {
   return criteria;
 }
 
-QString FileFor(const ReportKind& kind, const QString& folder, const char* ending) {
-  QString name = QString::fromLatin1(kind.file);
+QString FileFor(const QString& fileName, const QString& folder, const char* ending) {
+  QString name = fileName;
   name.chop(name.size() - name.lastIndexOf(u'.'));
   return QDir(folder).absoluteFilePath(name + QLatin1String(ending));
 }
@@ -99,28 +99,29 @@ void WriteBytes(const QString& file, const QByteArray& bytes) {
 /// Writes the report into the folder and returns the path of its file.
 QString WriteReport(const Call& call, Business& business, const ReportKind& kind,
                     const reports::ReportData& data, const QString& format) {
+  const QString name = reports::FileNameOf(kind, data);
   const QString folder = TextOption(call, "out");
   if (!QDir().mkpath(folder))
     throw CommandFailure(QStringLiteral("the folder %1 cannot be made").arg(folder));
   if (format == u"csv") {
-    const QString file = FileFor(kind, folder, ".csv");
+    const QString file = FileFor(name, folder, ".csv");
     WriteBytes(file, reports::WriteReportCsv(data));
     return file;
   }
   if (format == u"text") {
-    const QString file = FileFor(kind, folder, ".txt");
+    const QString file = FileFor(name, folder, ".txt");
     WriteBytes(file, reports::WriteReportText(data).toUtf8());
     return file;
   }
   reports::ReportTarget target{.places = documents::ReportPlacesUnder(session::ProgramFolder()),
-                               .file = FileFor(kind, folder, ".doc"),
+                               .file = FileFor(name, folder, ".doc"),
                                .writesFile = format == u"word"};
   if (TextOption(call, "paper") == u"letter") target.places.paper = documents::Paper::Letter;
   const documents::ReportDocument done = reports::LayOutReport(business, target, data).document;
   for (const QString& trouble : done.troubles)
     call.world.prompter.Tell(Tone::Information, trouble, SystemTitle());
   if (format == u"word") return done.docFile;
-  const QString file = FileFor(kind, folder, ".pdf");
+  const QString file = FileFor(name, folder, ".pdf");
   try {
     documents::WritePdf(done.pages, file, business.Now());
   } catch (const PDFError& error) {

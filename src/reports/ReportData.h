@@ -77,6 +77,7 @@ struct ChartBar {
 struct ReportData {
   QString title = {};
   QStringList scope = {};  // the headings between the title and the day of printing
+  QString fileName = {};   // where it is not that of its kind
   QString letterhead =
       {};  // not empty: the business's head with this word, instead of the headings
   std::vector<ReportSection> sections = {};

@@ -39,6 +39,10 @@ std::span<const ReportKind> ReportKinds() {
   return kinds;
 }
 
+QString FileNameOf(const ReportKind& kind, const ReportData& data) {
+  return data.fileName.isEmpty() ? QString::fromLatin1(kind.file) : data.fileName;
+}
+
 const ReportKind* FindReportKind(const QString& name) {
   const auto kinds = ReportKinds();
   const auto at = std::find_if(kinds.begin(), kinds.end(), [&](const ReportKind& kind) {

@@ -48,6 +48,8 @@ struct ReportKind {
 
 /// All reports, in the order in which they are listed.
 std::span<const ReportKind> ReportKinds();
+/// Of the report's file in the folder of reports, without the folder.
+QString FileNameOf(const ReportKind& kind, const ReportData& data);
 /// Null when there is none of that name.
 const ReportKind* FindReportKind(const QString& name);
 

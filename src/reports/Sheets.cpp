@@ -1,4 +1,5 @@
 #include "documents/reports/Report.h"
+#include "documents/reports/ReportFiles.h"
 #include "domain/BillingWords.h"
 #include "domain/EntryStatus.h"
 #include "reports/DiarySheet.h"
@@ -74,6 +75,10 @@ ReportData CollectQuote(Business& business, const ReportCriteria& criteria) {
       Sql("SELECT Clients.Display_Name, Clients.Street_Number, Clients.Street, Clients.Suburb, "
           "Clients.Post_Code FROM Clients  WHERE Client_ID = {}",
           lines.Field(u"Client_ID")));
+  data.fileName =
+      QStringLiteral("Quote - %1.doc")
+          .arg(documents::CleanFileName(client.HasRows() ? client.Field(u"Display_Name").ToText()
+                                                         : QString::number(quote)));
   if (client.HasRows())
     data.sections.push_back(
         Block({"<+.75in", "<+6.25in"},

@@ -81,9 +81,9 @@ TEST_F(ReportPagesTest, EveryReportIsTidyOnEitherPaperAndOverwritesItsFile) {
     const ReportData data = CollectReport(business(), kind, CriteriaFor(kind));
     for (const auto paper : {documents::Paper::A4, documents::Paper::Letter}) {
       const LaidReport laid =
-          LayOutReport(business(), {.places = Places(paper), .file = kind.file}, data);
+          LayOutReport(business(), {.places = Places(paper), .file = FileNameOf(kind, data)}, data);
       ExpectTidy(laid.document.pages, kind.name);
-      EXPECT_EQ(laid.document.docFile, folder.filePath(QStringLiteral("Report Doc/") + kind.file));
+      EXPECT_EQ(laid.document.docFile, folder.filePath("Report Doc/" + FileNameOf(kind, data)));
       QFile file(laid.document.docFile);
       ASSERT_TRUE(file.open(QIODevice::ReadOnly)) << kind.name;
       EXPECT_TRUE(file.readAll().startsWith("{\\rtf")) << kind.name;
