@@ -1,3 +1,4 @@
+#include "base/OwnFiles.h"
 #include "cli/Command.h"
 #include "cli/Printing.h"
 #include "cli/WorkingBusiness.h"
@@ -31,7 +32,7 @@ void PrintFile(const Call& call, const QString& file) {
 void RunBackup(const Call& call) {
   const auto business = OpenAnyBusiness(call);
   const DateTime now = business->Now();
-  QDir().mkpath(Archive());
+  MakeOwnFolder(Archive());
   const QString target =
       OptionText(call, "to", QDir(Archive()).filePath(maintenance::CustomBackupName(now)));
   if (QFileInfo(target) == QFileInfo(call.File()))

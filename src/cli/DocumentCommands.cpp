@@ -1,3 +1,4 @@
+#include "base/OwnFiles.h"
 #include "billing/invoices/InvoicePrint.h"
 #include "billing/invoices/InvoiceRecord.h"
 #include "cli/Command.h"
@@ -103,7 +104,7 @@ void RunDocument(const Call& call) {
   RequireInvoices(*business, document.invoices);
   billing::PrepareInvoicePrint(*business, document.invoices);
   if (kind == u"statement") document.days = DaysOf(call, *business);
-  if (!QDir().mkpath(document.places.folder))
+  if (!MakeOwnFolder(document.places.folder))
     throw CommandFailure(
         QStringLiteral("the folder %1 cannot be made").arg(document.places.folder));
   documents::ReportDocument done;

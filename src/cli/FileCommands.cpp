@@ -2,9 +2,9 @@
 #include "cli/Printing.h"
 #include "cli/WorkingBusiness.h"
 #include "data/access/ConvertAccessFile.h"
-#include "data/access/FileInTheMaking.h"
 #include "data/access/ReceiptFile.h"
 #include "data/schema/Schema.h"
+#include "data/store/FileInTheMaking.h"
 #include "setup/demo/DemoBusiness.h"
 
 #include <limits>

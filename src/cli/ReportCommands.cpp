@@ -1,6 +1,8 @@
+#include "base/OwnFiles.h"
 #include "cli/Command.h"
 #include "cli/Printing.h"
 #include "cli/WorkingBusiness.h"
+#include "data/store/FileInTheMaking.h"
 #include "documents/forms/Pdf.h"
 #include "pdf/PDFTypes.h"
 #include "reports/ReportForms.h"
@@ -9,7 +11,6 @@
 #include "session/ProgramFolder.h"
 
 #include <QDir>
-#include <QSaveFile>
 
 #include <limits>
 
@@ -90,27 +91,21 @@ QString FileFor(const QString& fileName, const QString& folder, const char* endi
   return QDir(folder).absoluteFilePath(name + QLatin1String(ending));
 }
 
-void WriteBytes(const QString& file, const QByteArray& bytes) {
-  QSaveFile out(file);
-  if (!out.open(QIODevice::WriteOnly) || out.write(bytes) != bytes.size() || !out.commit())
-    throw CommandFailure(QStringLiteral("%1 cannot be written: %2").arg(file, out.errorString()));
-}
-
 /// Writes the report into the folder and returns the path of its file.
 QString WriteReport(const Call& call, Business& business, const ReportKind& kind,
                     const reports::ReportData& data, const QString& format) {
   const QString name = reports::FileNameOf(kind, data);
   const QString folder = TextOption(call, "out");
-  if (!QDir().mkpath(folder))
+  if (!MakeOwnFolder(folder))
     throw CommandFailure(QStringLiteral("the folder %1 cannot be made").arg(folder));
   if (format == u"csv") {
     const QString file = FileFor(name, folder, ".csv");
-    WriteBytes(file, reports::WriteReportCsv(data));
+    WriteWhole(file, reports::WriteReportCsv(data));
     return file;
   }
   if (format == u"text") {
     const QString file = FileFor(name, folder, ".txt");
-    WriteBytes(file, reports::WriteReportText(data).toUtf8());
+    WriteWhole(file, reports::WriteReportText(data).toUtf8());
     return file;
   }
   reports::ReportTarget target{.places = documents::ReportPlacesUnder(session::ProgramFolder()),

@@ -1,6 +1,7 @@
 #include "maintenance/Compaction.h"
 
 #include "data/store/Connection.h"
+#include "data/store/FileInTheMaking.h"
 #include "data/store/FileReplacement.h"
 #include "data/store/Integrity.h"
 #include "data/store/StorageFailure.h"
@@ -93,19 +94,15 @@ bool WriteCompacted(const QString& file, const QString& made, Prompter& prompter
 
 /// A rename works within one file system only, so what was made elsewhere is brought beside first.
 void PutInPlace(const QString& file, const QString& made) {
-  const QFile::Permissions permissions = QFile::permissions(file);
-  const QString beside = file + QStringLiteral(".compacted");
-  QFile::remove(beside);
-  if (!QFile::rename(made, beside) && !QFile::copy(made, beside))
+  FileInTheMaking beside(file, FileInTheMaking::Place::Replacing);
+  if (!QFile::rename(made, beside.Path()) && !QFile::copy(made, beside.Path()))
     throw StorageFailure(StorageFault::InputOutput,
                          QStringLiteral("%1 cannot be brought beside %2").arg(made, file));
-  if (!FindDamage(beside).isEmpty()) {
-    QFile::remove(beside);
+  if (!FindDamage(beside.Path()).isEmpty()) {
     throw StorageFailure(StorageFault::Damaged,
                          QStringLiteral("the compacted file did not come out whole"));
   }
-  QFile::setPermissions(beside, permissions);
-  TakeThePlaceOf(file, beside);
+  beside.TakeItsPlace();
 }
 
 }  // namespace

@@ -1,8 +1,8 @@
 #include "maintenance/Salvage.h"
 
-#include "data/access/FileInTheMaking.h"
 #include "data/schema/Schema.h"
 #include "data/store/Connection.h"
+#include "data/store/FileInTheMaking.h"
 #include "data/store/FileReplacement.h"
 #include "data/store/Integrity.h"
 #include "maintenance/DamagedTable.h"
@@ -314,7 +314,7 @@ SalvageReceipt SalvageFile(const QString& damaged, const QString& target) {
 RepairInPlaceResult RepairInPlace(const QString& file, const QString& archive,
                                   const QString& stamp) {
   const QFileInfo info(file);
-  FileInTheMaking saved(file, FileInTheMaking::Place::OfTheOld);
+  FileInTheMaking saved(file, FileInTheMaking::Place::Replacing);
   RepairInPlaceResult result{SalvageFile(file, saved.Path()), {}};
   result.keptAt =
       KeepIn(archive, info.canonicalFilePath(),

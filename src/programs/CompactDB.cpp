@@ -1,3 +1,4 @@
+#include "data/store/FileInTheMaking.h"
 #include "data/store/Integrity.h"
 #include "data/store/StorageFailure.h"
 #include "maintenance/Salvage.h"
@@ -45,8 +46,11 @@ QStringList FindDamageWhenFree(const QString& file) {
 }
 
 void KeepReport(const QString& path, const QStringList& lines) {
-  QFile file(path);
-  if (file.open(QIODevice::WriteOnly)) file.write(lines.join(u'\n').toUtf8() + '\n');
+  try {
+    WriteWhole(path, lines.join(u'\n').toUtf8() + '\n');
+  } catch (const StorageFailure&) {
+    // What it says was printed too.
+  }
 }
 
 Outcome Repair(const QString& file, const QString& newFile) {

@@ -2,8 +2,8 @@
 
 #include "base/Errors.h"
 #include "data/access/ConvertAccessFile.h"
-#include "data/access/FileInTheMaking.h"
 #include "data/access/ReceiptFile.h"
+#include "data/store/FileInTheMaking.h"
 #include "data/store/FileReplacement.h"
 
 #include <QFileInfo>
@@ -43,7 +43,7 @@ std::optional<QString> AskCodePage(Prompter& prompter) {
 void ConvertInPlace(const Clock& clock, const QString& path, const QString& archive,
                     const ConversionOptions& options) {
   const QFileInfo original(path);
-  FileInTheMaking converted(path, FileInTheMaking::Place::OfTheOld);
+  FileInTheMaking converted(path, FileInTheMaking::Place::Replacing);
   const ConversionReceipt receipt = ConvertAccessFile(path, converted.Path(), options);
   const QString kept = KeepIn(archive, original.canonicalFilePath(),
                               QStringLiteral("%1 Access %2.%3")

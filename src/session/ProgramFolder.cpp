@@ -1,5 +1,7 @@
 #include "session/ProgramFolder.h"
 
+#include "base/OwnFiles.h"
+
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
@@ -15,7 +17,7 @@ QString ProgramFolder() {
     folder = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
              QStringLiteral("/quillary");
   }
-  QDir().mkpath(folder);
+  MakeOwnFolder(folder);
   return folder;
 }
 

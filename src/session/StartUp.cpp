@@ -1,6 +1,7 @@
 #include "session/StartUp.h"
 
 #include "base/Errors.h"
+#include "base/OwnFiles.h"
 #include "data/ActivityLog.h"
 #include "data/schema/Schema.h"
 #include "data/schema/Upgrader.h"
@@ -214,7 +215,7 @@ void FinishUp(Business& business, LocalSettings& settings) {
   constexpr int kPermissionDenied = 70;
   const QString archive = ArchiveUnder(settings.Folder());
   try {
-    QDir().mkpath(archive);
+    MakeOwnFolder(archive);
     maintenance::TakeExitBackups(business, settings, archive);
     business.CloseConnection();
     return;

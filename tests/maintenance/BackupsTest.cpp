@@ -3,6 +3,7 @@
 #include "maintenance/backups/Backups.h"
 #include "maintenance/backups/ExitBackups.h"
 #include "support/BusinessTest.h"
+#include "support/FailingDisk.h"
 
 #include <QDir>
 #include <QFile>
@@ -140,12 +141,13 @@ TEST_F(BackupsTest, OneByHandIsCheckedBeforeAndAfterItsQuestion) {
 TEST_F(BackupsTest, ACopyThatCannotBeMadeLeavesTheOldOne) {
   const QString file = QDir(archive_).filePath("Data1Mon.mdb");
   BackupDatabaseTo(business(), "the good one", file);
-  QFile::setPermissions(archive_, QFile::ReadOwner | QFile::ExeOwner);
-  // A folder of that name stands where the copy would be made, for a user that no permission stops.
-  QDir().mkpath(file + ".making/held");
-  EXPECT_THROW(BackupDatabaseTo(business(), "the bad one", file), StorageFailure);
+  {
+    FailingDisk disk;
+    disk.FailAt(3, DiskFault::FullFromOn);
+    EXPECT_THROW(BackupDatabaseTo(business(), "the bad one", file), StorageFailure);
+  }
+  EXPECT_EQ(Files(), QStringList{"Data1Mon.mdb"});
   EXPECT_EQ(ReadBackup(file).description, "the good one");
-  QFile::setPermissions(archive_, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
   EXPECT_EQ(business().FirstField(Sql("SELECT Backup_Description FROM infSystem")).ToText(),
             "the bad one")
       << "the business names what was tried last";

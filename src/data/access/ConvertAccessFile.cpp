@@ -1,9 +1,9 @@
 #include "data/access/ConvertAccessFile.h"
 
-#include "data/access/FileInTheMaking.h"
 #include "data/access/TableWriter.h"
 #include "data/schema/Schema.h"
 #include "data/store/Connection.h"
+#include "data/store/FileInTheMaking.h"
 #include "data/store/Statement.h"
 
 namespace quillary {

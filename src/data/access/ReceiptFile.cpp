@@ -1,6 +1,7 @@
 #include "data/access/ReceiptFile.h"
 
-#include <QFile>
+#include "data/store/FileInTheMaking.h"
+#include "data/store/StorageFailure.h"
 
 namespace quillary {
 namespace {
@@ -29,12 +30,6 @@ QStringList Lines(const TableReceipt& table) {
   return lines;
 }
 
-bool WriteText(const QString& path, const QByteArray& text) {
-  QFile file(path);
-  return file.open(QIODevice::WriteOnly | QIODevice::Truncate) && file.write(text) == text.size() &&
-         file.flush();
-}
-
 }  // namespace
 
 QString KeepReceipt(const ConversionReceipt& receipt, const QString& accessFile,
@@ -47,7 +42,12 @@ QString KeepReceipt(const ConversionReceipt& receipt, const QString& accessFile,
   const QByteArray text = lines.join(u'\n').toUtf8() + '\n';
   for (const QString& beside : {accessFile, businessFile}) {
     const QString path = beside + QStringLiteral(".receipt.txt");
-    if (WriteText(path, text)) return path;
+    try {
+      WriteWhole(path, text);
+      return path;
+    } catch (const StorageFailure&) {
+      // The other folder may take it.
+    }
   }
   return {};
 }

@@ -1,5 +1,6 @@
 #include "data/schema/Upgrader.h"
 
+#include "base/OwnFiles.h"
 #include "data/Business.h"
 #include "data/schema/Schema.h"
 #include "data/schema/UpgradeRungs.h"
@@ -19,7 +20,7 @@ QString KeepCopy(Business& business, qint64 version, const QString& folder) {
                                                  .arg(file.completeBaseName())
                                                  .arg(version)
                                                  .arg(stamp, file.suffix()));
-  QDir().mkpath(folder);
+  MakeOwnFolder(folder);
   business.StoreConnection().CopyTo(path);
   return path;
 }

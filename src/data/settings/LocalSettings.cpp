@@ -1,10 +1,12 @@
 #include "data/settings/LocalSettings.h"
 
+#include "base/OwnFiles.h"
 #include "data/settings/IniFile.h"
+#include "data/store/FileInTheMaking.h"
+#include "data/store/StorageFailure.h"
 
 #include <QDir>
 #include <QFile>
-#include <QSaveFile>
 
 namespace quillary {
 namespace {
@@ -70,14 +72,17 @@ QString LocalSettings::ReadLocalSetting(const QString& section, const QString& k
 void LocalSettings::WriteLocalSetting(const QString& section, const QString& key,
                                       const QString& value) {
   const auto text = ReadWhole(FilePath());
-  int error = QFileDevice::ReadError;
+  const int error = text ? QFileDevice::WriteError : QFileDevice::ReadError;
   if (text) {
     IniFile ini(*text);
     ini.SetValue(section, key, value);
-    QDir().mkpath(folder_);
-    QSaveFile file(FilePath());
-    if (file.open(QIODevice::WriteOnly) && file.write(ini.Text()) >= 0 && file.commit()) return;
-    error = file.error();
+    try {
+      MakeOwnFolder(folder_);
+      WriteWhole(FilePath(), ini.Text());
+      return;
+    } catch (const StorageFailure&) {
+      // Told below, as a file that cannot be read is.
+    }
   }
   prompter_.Tell(
       Tone::Stop,

@@ -1,6 +1,9 @@
 #include "data/settings/PerUserSettings.h"
 
+#include "base/OwnFiles.h"
+
 #include <QDir>
+#include <QFile>
 #include <QStandardPaths>
 
 namespace quillary {
@@ -13,8 +16,12 @@ QString FileOfUser() {
       home.isEmpty() ? QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
                            QStringLiteral("/Quillary")
                      : home;
-  QDir().mkpath(folder);
-  return QDir(folder).filePath(QStringLiteral("Quillary.ini"));
+  MakeOwnFolder(folder);
+  const QString file = QDir(folder).filePath(QStringLiteral("Quillary.ini"));
+  // Later ones are written with the permissions of the one that they replace.
+  if (!QFile::exists(file)) MakeOwnFile(file);
+  KeepToOwner(file);
+  return file;
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include "data/store/Connection.h"
 
-#include "data/store/FileReplacement.h"
+#include "base/OwnFiles.h"
+#include "data/store/FileInTheMaking.h"
 #include "data/store/IntoTable.h"
 #include "data/store/OtherFile.h"
 #include "data/store/SqlFunctions.h"
@@ -109,6 +110,9 @@ void Connection::OpenHandle(OpenMode mode) {
   if (mode == OpenMode::Create && info.exists()) {
     throw StorageFailure(StorageFault::CannotOpen, QStringLiteral("exists already"));
   }
+  if (mode == OpenMode::Create && !MakeOwnFile(file_)) {
+    throw StorageFailure(StorageFault::CannotOpen, QStringLiteral("cannot be made"));
+  }
   if (mode == OpenMode::Existing && !info.isFile()) {
     throw StorageFailure(StorageFault::CannotOpen, QStringLiteral("was not found"));
   }
@@ -125,6 +129,7 @@ void Connection::OpenHandle(OpenMode mode) {
   if (sqlite3_db_readonly(handle, "main") == 1) {
     throw StorageFailure(StorageFault::ReadOnly, QStringLiteral("read-only"));
   }
+  KeepToOwner(file_);  // and with it the logs, which SQLite makes alike
 }
 
 void Connection::Configure() {
@@ -176,34 +181,24 @@ void Connection::Checkpoint() {
 }
 
 void Connection::CopyTo(const QString& path) {
-  const QString temporary = path + QStringLiteral(".making");
-  QFile::remove(temporary);
-  if (QFileInfo::exists(path)) {
-    throw StorageFailure(StorageFault::CannotOpen, QStringLiteral("%1 exists already").arg(path));
-  }
+  FileInTheMaking made(path);
   try {
+    MakeOwnFile(made.Path());
     Statement copy(database_.get(), "VACUUM INTO ?1");
-    copy.Bind(1, temporary);
+    copy.Bind(1, made.Path());
     copy.Step();
-    const OtherFile written(temporary);
+    const OtherFile written(made.Path());
     Statement check(written.Handle(), "PRAGMA integrity_check");
     if (!check.Step() || check.Column(0, jet::ColumnType::Text).ToText() != u"ok") {
       throw StorageFailure(StorageFault::Damaged,
                            QStringLiteral("the copy did not come out whole"));
     }
+    made.TakeItsPlace();
   } catch (const std::exception& error) {
-    QFile::remove(temporary);
     throw StorageFailure(
         StorageFault::InputOutput,
         QStringLiteral("No copy could be made at %1: %2").arg(path, QString(error.what())));
   }
-  SyncFile(temporary);
-  if (!QFile::rename(temporary, path)) {
-    QFile::remove(temporary);
-    throw StorageFailure(StorageFault::InputOutput,
-                         QStringLiteral("No copy could be made at %1").arg(path));
-  }
-  SyncFolderOf(path);
 }
 
 template <typename Cut>

@@ -1,5 +1,7 @@
 #include "data/store/FileReplacement.h"
 
+#include "base/OwnFiles.h"
+#include "data/store/FileInTheMaking.h"
 #include "data/store/StorageFailure.h"
 
 #include <QDir>
@@ -8,7 +10,6 @@
 
 #include <errno.h>
 #include <fcntl.h>
-#include <stdio.h>
 #include <unistd.h>
 
 #include <cstring>
@@ -47,19 +48,11 @@ bool HaveSameBytes(const QString& one, const QString& other) {
   return true;
 }
 
-/// The copy is made under another name, so that half of one never passes for the file.
 void CopyWhole(const QString& from, const QString& to) {
-  const QString making = to + QStringLiteral(".making");
-  QFile::remove(making);
-  if (!QFile::copy(from, making) || !HaveSameBytes(from, making)) {
-    QFile::remove(making);
+  FileInTheMaking copy(to);
+  if (!QFile::copy(from, copy.Path()) || !HaveSameBytes(from, copy.Path()))
     throw Failure(QStringLiteral("%1 cannot be copied to %2").arg(from, to));
-  }
-  SyncFile(making);
-  if (rename(QFile::encodeName(making).constData(), QFile::encodeName(to).constData()) == 0) return;
-  const int error = errno;
-  QFile::remove(making);
-  throw Failure(QStringLiteral("%1 cannot be made: %2").arg(to, Reason(error)));
+  copy.TakeItsPlace();
 }
 
 void LinkOrCopy(const QString& from, const QString& to) {
@@ -68,6 +61,7 @@ void LinkOrCopy(const QString& from, const QString& to) {
              QFile::encodeName(to).constData(), AT_SYMLINK_FOLLOW) != 0) {
     CopyWhole(from, to);
   }
+  KeepToOwner(to);
 }
 
 QString FreeName(const QDir& folder, const QString& name) {
@@ -95,7 +89,7 @@ void SyncFolderOf(const QString& path) {
 
 QString KeepIn(const QString& archive, const QString& file, const QString& name) {
   const QDir folder(archive);
-  if (!folder.mkpath(QStringLiteral("."))) {
+  if (!MakeOwnFolder(archive)) {
     throw Failure(QStringLiteral("The folder %1 cannot be made").arg(archive));
   }
   const QString kept = FreeName(folder, name);
@@ -108,18 +102,6 @@ QString KeepIn(const QString& archive, const QString& file, const QString& name)
   LinkOrCopy(file, kept);
   SyncFolderOf(kept);
   return kept;
-}
-
-void TakeThePlaceOf(const QString& file, const QString& made) {
-  SyncFile(made);
-  for (const char* suffix : {"-wal", "-journal", "-shm"}) {
-    unlink(QFile::encodeName(file + QLatin1String(suffix)).constData());
-  }
-  if (rename(QFile::encodeName(made).constData(), QFile::encodeName(file).constData()) != 0) {
-    throw Failure(
-        QStringLiteral("%1 cannot take the place of %2: %3").arg(made, file, Reason(errno)));
-  }
-  SyncFolderOf(file);
 }
 
 }  // namespace quillary

@@ -13,13 +13,8 @@ void SyncFolderOf(const QString& path);
 
 /// Lays `file`, with the logs that SQLite may have left beside it, into the folder `archive` under
 /// `name`, or a numbered one when that is taken. Nothing is taken away: it is a second name for the
-/// same file, or, on another file system, a copy that was compared byte for byte. Returns where it
-/// lies. Throws StorageFailure.
+/// same file, or, on another file system, a copy that was compared byte for byte; only its owner
+/// may read it. Returns where it lies. Throws StorageFailure.
 QString KeepIn(const QString& archive, const QString& file, const QString& name);
-
-/// Gives the name of `file` to `made` in one step, so that it bears a whole file at every moment:
-/// the old one or the new one. The old one's logs go first, since SQLite would replay them into
-/// the new one. Throws StorageFailure.
-void TakeThePlaceOf(const QString& file, const QString& made);
 
 }  // namespace quillary

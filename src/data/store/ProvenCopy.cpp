@@ -1,7 +1,8 @@
 #include "data/store/ProvenCopy.h"
 
+#include "base/OwnFiles.h"
 #include "data/store/Connection.h"
-#include "data/store/FileReplacement.h"
+#include "data/store/FileInTheMaking.h"
 #include "data/store/OtherFile.h"
 #include "data/store/Statement.h"
 #include "data/store/StorageFailure.h"
@@ -77,22 +78,16 @@ void Prove(sqlite3* source, sqlite3* copy, const QString& path) {
 }  // namespace
 
 void CopyProven(Connection& source, const QString& path, const CopyProgress& progress) {
-  const QString making = path + QStringLiteral(".making");
-  QFile::remove(making);
-  try {
-    {
-      const Database copy = OpenNew(making);
-      CopyPages(source.Handle(), copy.get(), path, progress);
-      // The source keeps a log beside it; a backup is one single file.
-      Statement(copy.get(), "PRAGMA journal_mode = DELETE").Step();
-      Prove(source.Handle(), copy.get(), path);
-    }
-    TakeThePlaceOf(path, making);
-  } catch (...) {
-    for (const char* log : {"", "-wal", "-journal", "-shm"})
-      QFile::remove(making + QLatin1String(log));
-    throw;
+  FileInTheMaking made(path, FileInTheMaking::Place::Replacing);
+  {
+    MakeOwnFile(made.Path());
+    const Database copy = OpenNew(made.Path());
+    CopyPages(source.Handle(), copy.get(), path, progress);
+    // The source keeps a log beside it; a backup is one single file.
+    Statement(copy.get(), "PRAGMA journal_mode = DELETE").Step();
+    Prove(source.Handle(), copy.get(), path);
   }
+  made.TakeItsPlace();
 }
 
 }  // namespace quillary

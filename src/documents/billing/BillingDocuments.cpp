@@ -1,8 +1,8 @@
 #include "documents/billing/BillingDocuments.h"
 
+#include "data/store/FileInTheMaking.h"
 #include "documents/billing/BillingLayouts.h"
 #include "documents/billing/Letterhead.h"
-#include "documents/forms/FileAside.h"
 #include "documents/reports/ReportFiles.h"
 
 #include <QDir>
@@ -13,8 +13,9 @@ namespace quillary::documents {
 namespace {
 
 constexpr qsizetype kLongestFileName = 255;  // bytes
-constexpr qsizetype kEnding = 9;             // ".pdf", and that of a file that is not whole yet
-constexpr double kSideMargin = 1.5;          // centimetres
+// ".pdf", and that of a file that is not whole yet
+constexpr qsizetype kEnding = 4 + FileInTheMaking::kLongerBy;
+constexpr double kSideMargin = 1.5;  // centimetres
 constexpr double kTopMargin = 0.5;
 
 QString PathIn(const BillingPlaces& places, const QString& fileName) {
@@ -55,17 +56,18 @@ class PdfRun {
       : business_(business),
         fonts_(places.fonts ? places.fonts
                             : std::make_shared<const PageFonts>(places.report.fontFolder)),
-        aside_(PathIn(places, fileName)),
+        made_(PathIn(places, fileName), FileInTheMaking::Place::Replacing,
+              FileInTheMaking::Content::Document),
         pdf_(HostFor(business)) {
     document_.docTitle = docTitle;
-    document_.docFile = aside_.File();
+    document_.docFile = made_.Target();
     pdf_.PDFInit();
     pdf_.PDFSetStrict(true);
     pdf_.PDFTitle(pdfTitle.toStdString());
     pdf_.PDFUseThumbs(true);
     pdf_.PDFView(false);
     pages_.emplace(pdf_, *fonts_, RoomyPaper(places.report.paper));
-    pdf_.PDFFileName(aside_.Path());
+    pdf_.PDFFileName(made_.Path().toStdU16String());
     pdf_.PDFSetFont(0, 8, 0);
     pdf_.PDFSetTextColor(0);
     pdf_.PDFSetZoomMode(2);
@@ -78,7 +80,7 @@ class PdfRun {
 
   ReportDocument End() {
     pages_->EndDocument();
-    aside_.Commit();
+    made_.TakeItsPlace();
     Show(business_, document_.docFile);
     return std::move(document_);
   }
@@ -109,7 +111,7 @@ class PdfRun {
 
   Business& business_;
   std::shared_ptr<const PageFonts> fonts_;
-  FileAside aside_;  // outlives the writer, which has it open
+  FileInTheMaking made_;  // outlives the writer, which has it open
   PDFWriter pdf_;
   std::optional<BillingPages> pages_;
   ReportDocument document_;

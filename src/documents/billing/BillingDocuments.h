@@ -7,8 +7,8 @@
 /// machine, and pages for the preview with a file for the word processor. They print what
 /// SelectInvoicesToPrint selected.
 ///
-/// All throw std::runtime_error when the folder cannot be made, and PDFError when the PDF file
-/// cannot be written.
+/// All throw std::runtime_error when the folder cannot be made, and PDFError or StorageFailure when
+/// the PDF file cannot be written.
 namespace quillary::documents {
 
 /// Where billing documents find their pictures and where they go.

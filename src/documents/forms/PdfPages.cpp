@@ -1,4 +1,4 @@
-#include "documents/forms/FileAside.h"
+#include "data/store/FileInTheMaking.h"
 #include "documents/forms/Pdf.h"
 #include "pdf/PDFWriter.h"
 
@@ -85,7 +85,7 @@ class PdfPages {
 }  // namespace
 
 void WritePdf(const Composition& document, const QString& file, const DateTime& now) {
-  FileAside aside(file);
+  FileInTheMaking made(file, FileInTheMaking::Place::Replacing, FileInTheMaking::Content::Document);
   PDFWriter pdf(HostFor(now));
   pdf.PDFInit();
   pdf.PDFSetStrict(true);
@@ -94,12 +94,12 @@ void WritePdf(const Composition& document, const QString& file, const DateTime& 
   pdf.PDFSetUnit(0);
   pdf.PDFFormatPage(
       std::vector<double>{Points(document.setup.Width()), Points(document.setup.Height())});
-  pdf.PDFFileName(aside.Path());
+  pdf.PDFFileName(PathOf(made.Path()));
   pdf.PDFBeginDoc();
   PdfPages(document, pdf).Draw();
   pdf.PDFEndPage();
   pdf.PDFEndDoc();
-  aside.Commit();
+  made.TakeItsPlace();
 }
 
 }  // namespace quillary::documents

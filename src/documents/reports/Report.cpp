@@ -1,6 +1,8 @@
 #include "documents/reports/Report.h"
 
 #include "base/Text.h"
+#include "data/store/FileInTheMaking.h"
+#include "data/store/StorageFailure.h"
 #include "documents/forms/Rtf.h"
 #include "documents/reports/ReportFiles.h"
 #include "pdf/JpegHeader.h"
@@ -9,7 +11,6 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QLocale>
-#include <QSaveFile>
 
 #include <algorithm>
 #include <cmath>
@@ -50,10 +51,12 @@ QString NoteOn(const QString& file) {
 
 /// Why the file could not be written; nothing when it was.
 std::optional<QString> WriteFile(const QString& path, const QByteArray& content) {
-  QSaveFile file(path);
-  if (file.open(QIODevice::WriteOnly) && file.write(content) == content.size() && file.commit())
+  try {
+    WriteWhole(path, content);
     return std::nullopt;
-  return file.errorString();
+  } catch (const StorageFailure& failure) {
+    return QString::fromUtf8(failure.what());
+  }
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include "documents/reports/ReportFiles.h"
 
+#include "base/OwnFiles.h"
 #include "base/Text.h"
 
 #include <QDir>
@@ -18,7 +19,7 @@ QString FileTimeStamp(const DateTime& moment) {
 
 QString ReportFolder(const QString& programFolder) {
   const QString folder = QDir(programFolder).filePath(QStringLiteral("Report Doc"));
-  if (!QDir().mkpath(folder)) {
+  if (!MakeOwnFolder(folder)) {
     throw std::runtime_error(
         QStringLiteral("The folder for documents cannot be made: %1").arg(folder).toStdString());
   }

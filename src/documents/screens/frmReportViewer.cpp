@@ -2,6 +2,7 @@
 
 #include "base/Text.h"
 #include "base/ports/requests/Mail.h"
+#include "data/store/FileInTheMaking.h"
 #include "documents/forms/Csv.h"
 #include "documents/forms/Pdf.h"
 #include "documents/screens/PagePrinting.h"
@@ -13,7 +14,6 @@
 #include <QFileDialog>
 #include <QPrintDialog>
 #include <QPrinter>
-#include <QSaveFile>
 #include <QShortcut>
 #include <QSpinBox>
 
@@ -288,12 +288,7 @@ void frmReportViewer::SaveTablesAsCSV() {
   const auto name =
       AskFile(tr("Save tables as CSV"), tr("Comma-separated values"), QStringLiteral("csv"));
   if (!name) return;
-  const QByteArray content = WriteCsv(report_.pages);
-  QSaveFile file(*name);
-  if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size() || !file.commit())
-    throw std::runtime_error(tr("%1 could not be written: %2")
-                                 .arg(QDir::toNativeSeparators(*name), file.errorString())
-                                 .toStdString());
+  WriteWhole(*name, WriteCsv(report_.pages));
 }
 
 void frmReportViewer::cmdEmailFileAsAttachment_Click() {

@@ -1,7 +1,8 @@
 #include "maintenance/backups/Backups.h"
 
+#include "base/OwnFiles.h"
 #include "data/store/Connection.h"
-#include "data/store/FileReplacement.h"
+#include "data/store/FileInTheMaking.h"
 #include "data/store/Integrity.h"
 #include "data/store/OtherFile.h"
 #include "data/store/Statement.h"
@@ -19,10 +20,6 @@ namespace {
 Value FirstValue(const OtherFile& file, const char* statement, jet::ColumnType type) {
   Statement reading(file.Handle(), statement);
   return reading.Step() ? reading.Column(0, type) : Value();
-}
-
-QString Folder(const QString& path) {
-  return QFileInfo(path).absolutePath();
 }
 
 }  // namespace
@@ -119,29 +116,27 @@ std::optional<Refusal> CheckRestorable(const Business& business, const QString& 
 }
 
 QString RestoreBackup(Business& business, const QString& backup, const QString& archive) {
-  QDir().mkpath(archive);
+  MakeOwnFolder(archive);
   const QString file = business.DatabaseFile();
   const QString kept = QDir(archive).filePath(BeforeRestorationName(business.Now()));
   BackupDatabaseTo(business, BeforeRestorationDescription(business.Now()), kept);
   // The backup is copied beside the file first, so that it takes its place by one rename.
-  const QString making =
-      QDir(Folder(file)).filePath(QFileInfo(file).fileName() + QStringLiteral(".restoring"));
-  QFile::remove(making);
-  if (!QFile::copy(backup, making))
+  FileInTheMaking made(file, FileInTheMaking::Place::Replacing);
+  if (!QFile::copy(backup, made.Path()))
     throw StorageFailure(
         StorageFault::InputOutput,
         QStringLiteral("%1 cannot be copied beside %2. Your database is as it was.")
             .arg(backup, file));
-  QFile::setPermissions(making, QFile::ReadOwner | QFile::WriteOwner);
-  if (const QStringList damage = FindDamage(making); !damage.isEmpty()) {
-    QFile::remove(making);
+  // A copy is as its source; one of a disk that is read-only could not be used.
+  QFile::setPermissions(made.Path(), QFile::ReadOwner | QFile::WriteOwner);
+  if (const QStringList damage = FindDamage(made.Path()); !damage.isEmpty()) {
     throw StorageFailure(StorageFault::Damaged,
                          QStringLiteral("The copy of %1 did not come out whole: %2. Your database "
                                         "is as it was.")
                              .arg(backup, damage.first()));
   }
   business.CloseConnection();
-  TakeThePlaceOf(file, making);
+  made.TakeItsPlace();
   return kept;
 }
 

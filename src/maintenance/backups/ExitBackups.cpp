@@ -1,5 +1,6 @@
 #include "maintenance/backups/ExitBackups.h"
 
+#include "base/OwnFiles.h"
 #include "maintenance/backups/BackupPlaces.h"
 #include "maintenance/backups/Backups.h"
 
@@ -98,7 +99,7 @@ void TakeExitBackups(Business& business, LocalSettings& settings, const QString&
   const BackupSettings wanted = LoadBackupSettings(settings);
   if (wanted.custom) OfferCustomBackup(business, wanted.customPath, progress);
   const std::vector<DueBackup> due = DueBackups(wanted, business.Now(), archive);
-  if (!due.empty()) QDir().mkpath(archive);
+  if (!due.empty()) MakeOwnFolder(archive);
   for (const DueBackup& backup : due) {
     BackupDatabaseTo(business, backup.description, backup.file, progress);
     if (backup.kind == DueBackup::Kind::Weekly) NoteDay(settings, kLastWeekly, business.Today());

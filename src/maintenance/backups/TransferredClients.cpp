@@ -1,7 +1,7 @@
 #include "maintenance/backups/TransferredClients.h"
 
 #include "data/store/Connection.h"
-#include "data/store/FileReplacement.h"
+#include "data/store/FileInTheMaking.h"
 #include "maintenance/backups/BackupPlaces.h"
 
 #include <QDir>
@@ -46,20 +46,14 @@ void KeepTransferredOnly(const Outside& outside, const QString& copy, const QStr
 }  // namespace
 
 void CreateDBOfTransferred(Business& business, const QString& path) {
-  const QString making = path + QStringLiteral(".of-transferred");
-  QFile::remove(making);
-  const auto cleanUp = [&] {
-    for (const char* log : {"", "-wal", "-journal", "-shm"})
-      QFile::remove(making + QLatin1String(log));
-  };
+  FileInTheMaking made(path, FileInTheMaking::Place::Replacing);
   try {
     business.ConnectToDatabase();
-    CopyProven(business.StoreConnection(), making);
+    CopyProven(business.StoreConnection(), made.Path());
     business.CloseConnection();  // or its lock would keep the second connection out
-    KeepTransferredOnly(business.World(), making, business.DatabaseFile());
-    TakeThePlaceOf(path, making);
+    KeepTransferredOnly(business.World(), made.Path(), business.DatabaseFile());
+    made.TakeItsPlace();
   } catch (...) {
-    cleanUp();
     business.ConnectToDatabase();
     throw;
   }

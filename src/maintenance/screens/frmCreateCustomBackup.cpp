@@ -1,5 +1,6 @@
 #include "maintenance/screens/frmCreateCustomBackup.h"
 
+#include "base/OwnFiles.h"
 #include "kit/Keys.h"
 #include "kit/Layouts.h"
 
@@ -60,7 +61,7 @@ void FileOfBusinessDialog::Create(const Kind& kind) {
 
 void OpenFrmCreateCustomBackup(Business& business, const ScreenTools& tools,
                                const QString& archive) {
-  QDir().mkpath(archive);
+  MakeOwnFolder(archive);
   FileOfBusinessDialog(
       business, tools,
       {.name = "frmCreateCustomBackup",
@@ -86,7 +87,7 @@ void OpenFrmCreateCustomBackup(Business& business, const ScreenTools& tools,
 void OpenFrmCreateDBOfTransferred(Business& business, const ScreenTools& tools,
                                   const QString& archive,
                                   std::function<void(const QString&)> rememberFolder) {
-  QDir().mkpath(archive);
+  MakeOwnFolder(archive);
   FileOfBusinessDialog(
       business, tools,
       {.name = "frmCreateDBOfTransferred",
