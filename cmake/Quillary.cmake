@@ -80,8 +80,8 @@ function(quillary_floor folder widgets uses allFolders)
     target_link_libraries(${name} PUBLIC Qt6::Widgets)
     set_target_properties(${name} PROPERTIES AUTOMOC ON AUTORCC ON)
     quillary_compile_quickly(${name} quillary_pch_widgets)
-  elseif(folder STREQUAL "pdf")
-    # Stands on the standard library alone.
+  elseif(folder MATCHES "^pdf")
+    # Stands without Qt: on the standard library alone, but for the faces.
     set_target_properties(${name} PROPERTIES UNITY_BUILD ON)
   else()
     target_link_libraries(${name} PUBLIC Qt6::Core)

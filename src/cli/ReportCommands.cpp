@@ -118,7 +118,8 @@ QString WriteReport(const Call& call, Business& business, const ReportKind& kind
   if (format == u"word") return done.docFile;
   const QString file = FileFor(name, folder, ".pdf");
   try {
-    documents::WritePdf(done.pages, file, business.Now());
+    for (const QString& trouble : documents::WritePdf(done.pages, file, business.Now()))
+      call.world.prompter.Tell(Tone::Information, trouble, SystemTitle());
   } catch (const PDFError& error) {
     throw CommandFailure(QString::fromUtf8(error.what()));
   }

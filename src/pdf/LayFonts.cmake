@@ -1,5 +1,9 @@
 # Run as a script:
-#   cmake -DSOURCE=<folder of the font package> -DTARGET=<folder to fill> -P LayFonts.cmake
+#   cmake -DSOURCE=<folder of the font package> -DFACES=<folders of faces, ":" between them>
+#     -DTARGET=<folder to fill> -P LayFonts.cmake
+#
+# Copies the faces that texts beyond WinAnsi are set in; a script whose face is missing there cannot
+# be set.
 #
 # Lays the metric files of the faces that the PDF writer names. The faces come from fonts that agree
 # in every width with the built-in ones of a PDF viewer. Text is written in WinAnsiEncoding, while
@@ -98,5 +102,21 @@ endforeach()
 foreach(pair IN LISTS SYMBOL_FACES)
   string(REPLACE "=" ";" pair ${pair})
   lay_symbol_face(${pair})
+endforeach()
+string(REPLACE ":" ";" FACES "${FACES}")
+set(SCRIPTS Arabic Hebrew Devanagari Bengali Gurmukhi Gujarati Tamil Telugu Kannada Malayalam Sinhala
+  Thai Lao Khmer Myanmar Armenian Georgian Ethiopic Symbols)
+set(FACE_FILES NotoSans-Regular NotoSans-Bold NotoSans-Italic NotoSans-BoldItalic DejaVuSans
+  DejaVuSans-Bold DejaVuSans-Oblique DejaVuSans-BoldOblique NotoSansSymbols2-Regular
+  DroidSansFallbackFull DroidSansFallback)
+foreach(script IN LISTS SCRIPTS)
+  list(APPEND FACE_FILES NotoSans${script}-Regular NotoSans${script}-Bold)
+endforeach()
+foreach(folder IN LISTS FACES)
+  foreach(face IN LISTS FACE_FILES)
+    if(EXISTS ${folder}/${face}.ttf)
+      file(COPY_FILE ${folder}/${face}.ttf ${TARGET}/${face}.ttf ONLY_IF_DIFFERENT)
+    endif()
+  endforeach()
 endforeach()
 file(TOUCH ${TARGET}/.laid)

@@ -37,6 +37,7 @@ void PDFWriter::WriteFonts() {
     objectBuffer_.AddLine(">>");
     EndObject();
   }
+  WriteEmbeddedFaces();
 }
 
 void PDFWriter::WritePages() {
@@ -62,6 +63,9 @@ void PDFWriter::WriteResources() {
   objectBuffer_.AddLine("/Font << ");
   for (std::size_t i = 0; i < fontObjects_.size(); ++i) {
     objectBuffer_.AddLine("/F", i + 1, " ", fontObjects_[i], " 0 R ");
+  }
+  for (std::size_t i = 0; i < embedded_.size(); ++i) {
+    objectBuffer_.AddLine("/G", i + 1, " ", embedded_[i].object, " 0 R ");
   }
   objectBuffer_.AddLine(">>");
   objectBuffer_.AddLine(">>");

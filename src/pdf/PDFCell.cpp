@@ -1,5 +1,4 @@
 #include "pdf/PDFWriter.h"
-#include "pdf/WinAnsi.h"
 
 #include <algorithm>
 
@@ -51,13 +50,13 @@ void PDFWriter::PDFCell(std::string_view text, double x, double y, double width,
   }
   for (std::size_t i = 0; i < lines.size(); ++i) {
     const bool isLast = i + 1 == lines.size();
-    DrawCellRow(ToWinAnsi(lines[i]), x, y + height * static_cast<double>(i), width, height,
+    DrawCellRow(lines[i], x, y + height * static_cast<double>(i), width, height,
                 RowSides(border_, i == 0, isLast), isLast && align == 'J' ? 'L' : align);
   }
 }
 
-void PDFWriter::DrawCellRow(std::string_view winAnsi, double x, double y, double width,
-                            double height, const std::string& sides, char alignment) {
+void PDFWriter::DrawCellRow(std::string_view utf8, double x, double y, double width, double height,
+                            const std::string& sides, char alignment) {
   const double left = AtX(x);
   const double right = AtX(x + width);
   const double top = AtY(y);
@@ -73,10 +72,12 @@ void PDFWriter::DrawCellRow(std::string_view winAnsi, double x, double y, double
     Stroke();
   }
 
+  const SetText text = Prepare(utf8, {});
+  if (text.shaped != nullptr) NoteIfNotShown(utf8, *text.shaped);
   const double room = right - left - 2.0 * cellMargin_;
-  const double free = room - WidthInPoints(winAnsi, {}, EffectiveFontSize());
+  const double free = room - WidthInPoints(text, {}, EffectiveFontSize());
   double textX = left + cellMargin_;
-  const auto blanks = std::count(winAnsi.begin(), winAnsi.end(), ' ');
+  const auto blanks = std::count(text.winAnsi.begin(), text.winAnsi.end(), ' ');
   if (alignment == 'R') {
     textX += free;
   } else if (alignment == 'C') {
@@ -85,7 +86,7 @@ void PDFWriter::DrawCellRow(std::string_view winAnsi, double x, double y, double
     pageContent_.AddLine(Decimal(free / static_cast<double>(blanks), 3), " Tw");
   }
   const double baseLine = (top + bottom) / 2 - kBelowMiddle * EffectiveFontSize();
-  ShowText(pageContent_, winAnsi, textX, baseLine, 0);
+  ShowText(pageContent_, text, textX, baseLine, 0);
   pageContent_.AddLine("0 Tw");
   pageContent_.AddLine("%FIN_CELL/%");
 }

@@ -78,6 +78,8 @@ void PDFWriter::PDFBeginDoc() {
   placedImages_.clear();
   links_.clear();
   bookmarks_.clear();
+  embedded_.clear();
+  notShown_.clear();
   pageContent_.Clear();
   pageGraphics_.Clear();
 

@@ -105,29 +105,42 @@ const AfmMetrics& PDFWriter::Metrics(std::string face) {
   return metrics_.emplace(face, AfmMetrics::Load(path)).first->second;
 }
 
-double PDFWriter::WidthInPoints(std::string_view winAnsi, std::string_view font, int size) {
-  return Metrics(std::string(font)).WidthOf(winAnsi) * size / 1000;
+/// The text as `font` (or else the font that is set) shows it, in the file and in every measure.
+PDFWriter::SetText PDFWriter::Prepare(std::string_view utf8, std::string_view font) {
+  if (!strict_ || host_.faces == nullptr || IsInWinAnsi(utf8)) return {ToWinAnsi(utf8), nullptr};
+  if (font.empty()) font = fontName_;
+  const auto has = [font](std::string_view part) {
+    return font.find(part) != std::string_view::npos;
+  };
+  return {{}, &host_.faces->Shape(utf8, has("Bold"), has("Oblique") || has("Italic"))};
+}
+
+double PDFWriter::WidthInPoints(const SetText& text, std::string_view font, int size) {
+  const double width = text.shaped != nullptr ? text.shaped->width
+                                              : Metrics(std::string(font)).WidthOf(text.winAnsi);
+  return width * size / 1000;
 }
 
 double PDFWriter::PDFGetStringWidth(std::string_view text, std::string_view font, int size) {
-  return WidthInPoints(ToWinAnsi(text), font, size == 0 ? EffectiveFontSize() : size) /
+  return WidthInPoints(Prepare(text, font), font, size == 0 ? EffectiveFontSize() : size) /
          scaleFactor_;
 }
 
 void PDFWriter::PDFTextOut(std::string_view text, double x, double y) {
   if (x == 0) x = x_;
   if (y == 0) y = y_;
-  ShowText(pageContent_, ToWinAnsi(text), AtX(x), AtY(y), rotation_);
+  const SetText set = Prepare(text, {});
+  if (set.shaped != nullptr) NoteIfNotShown(text, *set.shaped);
+  ShowText(pageContent_, set, AtX(x), AtY(y), rotation_);
   rotation_ = 0;
 }
 
 /// Text from a point of the page, in points, in the font and colour that are set.
-void PDFWriter::ShowText(LineBuffer& content, std::string_view winAnsi, double x, double y,
+void PDFWriter::ShowText(LineBuffer& content, const SetText& text, double x, double y,
                          double rotation) {
   if (strict_ && fontName_.empty()) fontName_ = kFonts[0];
   const std::string underline =
-      underline_ ? UnderlineOperators(winAnsi, x, y, rotation) : std::string();
-  const int font = fontName_.empty() ? 1 : UseFont(fontName_);
+      underline_ ? UnderlineOperators(text, x, y, rotation) : std::string();
   content.AddLine("q ", textColor_, " ");
   content.AddLine("%DEBUT_TEXT/%");
   content.AddLine("BT");
@@ -139,8 +152,13 @@ void PDFWriter::ShowText(LineBuffer& content, std::string_view winAnsi, double x
   } else {
     content.AddLine(Decimal(x), " ", Decimal(y), " Td");
   }
-  content.AddLine("/F", font, " ", EffectiveFontSize(), " Tf");
-  content.AddLine("(", EscapePageText(winAnsi, strict_), ") Tj");
+  if (text.shaped != nullptr) {
+    ShowGlyphs(content, *text.shaped);
+  } else {
+    const int font = fontName_.empty() ? 1 : UseFont(fontName_);
+    content.AddLine("/F", font, " ", EffectiveFontSize(), " Tf");
+    content.AddLine("(", EscapePageText(text.winAnsi, strict_), ") Tj");
+  }
   content.AddLine("ET");
   if (!underline.empty()) content.AddLine(underline);
   content.AddLine("Q");
@@ -148,10 +166,10 @@ void PDFWriter::ShowText(LineBuffer& content, std::string_view winAnsi, double x
 }
 
 /// Two thin filled rectangles, turned with the text.
-std::string PDFWriter::UnderlineOperators(std::string_view winAnsi, double x, double y,
+std::string PDFWriter::UnderlineOperators(const SetText& text, double x, double y,
                                           double rotation) {
   const double size = EffectiveFontSize();
-  const double width = WidthInPoints(winAnsi, fontName_, EffectiveFontSize());
+  const double width = WidthInPoints(text, fontName_, EffectiveFontSize());
   LineBuffer line;
   if (rotation != 0) {
     const double cosine = std::cos(Radians(rotation));
@@ -198,7 +216,7 @@ void PDFWriter::PrepareWatermark() {
     textColor_ = color;
   };
   try {
-    const std::string text = ToWinAnsi(watermark_);
+    const SetText text = Prepare(watermark_, {});
     const double reach = WidthInPoints(text, fontName_, fontSize_) * std::sin(Radians(45));
     const Page& page = CurrentPage();
     ShowText(pageGraphics_, text, page.width / 2 - reach / 2.75, page.height / 2 - reach / 2.15,

@@ -13,6 +13,8 @@
 /// The small values that PDFWriter takes and the outside world it is given.
 namespace quillary {
 
+class PDFFaces;
+
 /// What a caller of the PDF writer has to handle: no output file, a full disk, a font metric or
 /// image file that is missing or broken. The message names the file.
 class PDFError : public std::runtime_error {
@@ -74,6 +76,9 @@ struct PDFHost {
   std::function<void(const std::string& title, const std::string& text)> showMessage{};
   /// Shows the finished file to the user. Called once at the end of every document.
   std::function<void(const std::string& viewerPath, const std::filesystem::path& file)> openFile{};
+  /// The faces for texts beyond WinAnsi in strict documents, for as long as the writer lives.
+  /// Without them such texts are shown by their nearest ASCII forms.
+  PDFFaces* faces = nullptr;
   /// The local time, for the creation date of the document.
   std::function<std::chrono::local_seconds()> now{};
 };

@@ -59,6 +59,8 @@ void PDFWriter::PDFInit() {
   pageContent_.Clear();
   pageGraphics_.Clear();
   fonts_.clear();
+  embedded_.clear();
+  notShown_.clear();
   images_.clear();
   placedImages_.clear();
   links_.clear();

@@ -3,6 +3,7 @@
 #include "pdf/AfmMetrics.h"
 #include "pdf/JpegHeader.h"
 #include "pdf/LineBuffer.h"
+#include "pdf/PDFGlyphs.h"
 #include "pdf/PDFOutput.h"
 #include "pdf/PDFTypes.h"
 
@@ -25,6 +26,10 @@ namespace quillary {
 /// A document: PDFInit, settings, PDFFileName, PDFBeginDoc, the first page's content, PDFEndPage
 /// and PDFNewPage before each further page, PDFEndDoc. One writer makes any number of documents,
 /// one after the other.
+///
+/// A strict document shows texts beyond WinAnsi too: in the faces of PDFHost::faces, cut down to
+/// the glyphs that are shown and put into the file, with what a search or a copy needs to know of
+/// them.
 ///
 /// Lengths and places are in the user unit (centimetres unless PDFSetUnit says otherwise), from the
 /// left and top edges of the page, y growing downward; font sizes are in points. Texts are UTF-8
@@ -180,6 +185,8 @@ class PDFWriter {
                 double height = 0, const PDFTarget& link = {});
   /// In the unit. Without a font name and size those that are set are measured.
   double PDFGetStringWidth(std::string_view text, std::string_view font = {}, int size = 0);
+  /// The texts of this document with characters that no face has, each once.
+  const std::vector<std::string>& PDFGetTextsNotShown() const { return notShown_; }
   /// Lists the metric files of a folder, which is then searched after the font folder. An unchanged
   /// folder is not read again.
   void PDFLoadAfm(const std::filesystem::path& folder);
@@ -250,6 +257,19 @@ class PDFWriter {
     std::filesystem::file_time_type changed;
     int index = 0;  // 0 until it is placed
   };
+  /// A face that goes into the file. Page texts name its glyphs by their place in `glyphs`, from 1
+  /// on; one that stands for different characters is there for each.
+  struct EmbeddedFace {
+    int face = 0;
+    std::map<std::pair<unsigned, std::u32string>, unsigned> codes;
+    std::vector<PDFGlyph> glyphs;
+    int object = 0;
+  };
+  /// A text as it is shown: in WinAnsi, or in glyphs of embedded faces.
+  struct SetText {
+    std::string winAnsi;
+    const PDFShapedText* shaped = nullptr;
+  };
   /// What the operators written so far leave set; each page starts anew.
   struct PageState {
     double lineWidth = 1;
@@ -291,9 +311,10 @@ class PDFWriter {
   int EffectiveFontSize() const { return fontSize_ == 0 ? 10 : fontSize_; }
   int UseFont(const std::string& face);
   const AfmMetrics& Metrics(std::string face);
-  double WidthInPoints(std::string_view winAnsi, std::string_view font, int size);
-  void ShowText(LineBuffer& content, std::string_view winAnsi, double x, double y, double rotation);
-  std::string UnderlineOperators(std::string_view winAnsi, double x, double y, double rotation);
+  SetText Prepare(std::string_view utf8, std::string_view font);
+  double WidthInPoints(const SetText& text, std::string_view font, int size);
+  void ShowText(LineBuffer& content, const SetText& text, double x, double y, double rotation);
+  std::string UnderlineOperators(const SetText& text, double x, double y, double rotation);
   Image* LoadImage(const std::filesystem::path& file);
   std::string LineStyleOperator(int style) const;
   void PrepareLineStyle();
@@ -304,8 +325,18 @@ class PDFWriter {
   void MoveTo(double x, double y);
   void LineTo(double x, double y);
   void CurveTo(double x1, double y1, double x2, double y2, double x3, double y3);
-  void DrawCellRow(std::string_view winAnsi, double x, double y, double width, double height,
+  void DrawCellRow(std::string_view utf8, double x, double y, double width, double height,
                    const std::string& sides, char alignment);
+
+  // Embedded faces (PDFEmbedding.cpp).
+  EmbeddedFace& Embed(int face);
+  unsigned CodeOf(EmbeddedFace& face, const PDFGlyph& glyph);
+  void ShowGlyphs(LineBuffer& content, const PDFShapedText& text);
+  void NoteIfNotShown(std::string_view utf8, const PDFShapedText& text);
+  int WriteStream(std::string_view entries, std::string_view bytes);
+  int WriteFaceDescription(const PDFFontFile& file, const std::string& name);
+  int WriteGlyphWidths(const EmbeddedFace& face, const PDFFontFile& file, const std::string& name);
+  void WriteEmbeddedFaces();
 
   PDFHost host_;
   bool strict_ = false;
@@ -343,6 +374,8 @@ class PDFWriter {
   PageState pageState_;
   std::vector<std::string> fonts_;  // in the order of first use
   std::vector<int> fontObjects_;
+  std::vector<EmbeddedFace> embedded_;  // in the order of first use
+  std::vector<std::string> notShown_;
   std::map<std::filesystem::path, std::unique_ptr<Image>> images_;
   std::vector<Image*> placedImages_;
   std::vector<std::vector<Link>> links_;  // by page

@@ -68,6 +68,30 @@ std::string ToWinAnsi(std::string_view utf8) {
   return text;
 }
 
+bool IsInWinAnsi(std::string_view utf8) {
+  if (std::all_of(utf8.begin(), utf8.end(), IsPlain)) return true;
+  unsigned char before = 0;  // the letter that an accent would join
+  while (!utf8.empty()) {
+    const char32_t character = TakeCharacter(utf8);
+    const unsigned char code = WinAnsiCode(character);
+    const unsigned char accented = code == 0 ? WithAccent(before, character) : 0;
+    if (code == 0 && accented == 0) {
+      // An accent of its own that no letter takes would vanish with the encoding.
+      const bool isAccent = character >= 0x300 && character <= 0x36F;
+      const std::string_view nearest = NearestAscii(character);
+      if (isAccent || !(nearest.empty() || nearest == " ")) return false;
+    }
+    before = accented != 0 ? accented : code;
+  }
+  return true;
+}
+
+std::u32string ToUtf32(std::string_view utf8) {
+  std::u32string text;
+  while (!utf8.empty()) text += TakeCharacter(utf8);
+  return text;
+}
+
 std::string ToUtf16(std::string_view utf8) {
   std::string text = "\xFE\xFF";
   while (!utf8.empty()) {

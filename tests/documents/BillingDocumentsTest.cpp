@@ -1,4 +1,5 @@
 #include "BillingFixture.h"
+#include "PageFixture.h"
 
 #include <QDir>
 #include <QProcess>
@@ -366,12 +367,33 @@ TEST_F(BillingDocumentsTest, HostileTextsNeitherBreakAFileNorLeaveTheFolder) {
   }
 }
 
-TEST_F(BillingDocumentsTest, ACharacterThatThePdfLacksIsSeenToBeMissing) {
+TEST_F(BillingDocumentsTest, ANameStandsAsItIsWrittenAndOneThatCannotIsTold) {
   const qint64 invoice = AddInvoice(payer, "1", Money(), Money());
-  Run(Sql("UPDATE Invoices SET Invoice_Description = {}",
-          QString::fromUtf8("Caf\xC3\xA9 \xE6\xA8\xB9")));
+  const QString name = QStringLiteral("Café Nguyễn 樹");
+  Run(Sql("UPDATE Invoices SET Made_Out_To = {}", name));
   Select({invoice});
-  EXPECT_TRUE(Words(InvoiceTexts()).contains(QString::fromUtf8("Caf\xC3\xA9 ?")));
+  const ReportDocument shown = PrintPdf();
+  EXPECT_EQ(shown.troubles, QStringList());
+  if (const auto text = Ask("pdftotext", {FileOf(shown), "-"})) {
+    EXPECT_TRUE(text->contains(name)) << text->toStdString();
+  }
+  const char32_t cuneiform = 0x12000;
+  Run(Sql("UPDATE Invoices SET Made_Out_To = {}", "Ann " + QString::fromUcs4(&cuneiform, 1)));
+  const QStringList told = PrintPdf().troubles;
+  ASSERT_EQ(told.size(), 1);
+  EXPECT_TRUE(told[0].contains("Ann " + QString::fromUcs4(&cuneiform, 1))) << told[0].toStdString();
+}
+
+TEST_F(BillingDocumentsTest, ALongNameOfAnotherScriptBreaksWithinItsColumn) {
+  const PageFonts fonts(places.report.fontFolder);
+  const PageFont font{.size = 8};
+  for (const char* text :
+       {"Nguyễn Thị Hồng Phúc and family of the old garden", "山本山本山本山本山本"}) {
+    for (const double width : {900.0, 1500.0}) {
+      for (const QString& line : fonts.Wrap(QString::fromUtf8(text), font, width))
+        EXPECT_LE(fonts.WidthOf(line, font), width) << line.toStdString();
+    }
+  }
 }
 
 TEST(InvoiceFileNameTest, IsCutBetweenCharactersAndHoldsTheTime) {

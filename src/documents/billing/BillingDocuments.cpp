@@ -3,6 +3,7 @@
 #include "data/store/FileInTheMaking.h"
 #include "documents/billing/BillingLayouts.h"
 #include "documents/billing/Letterhead.h"
+#include "documents/forms/Pdf.h"
 #include "documents/reports/ReportFiles.h"
 
 #include <QDir>
@@ -58,7 +59,7 @@ class PdfRun {
                             : std::make_shared<const PageFonts>(places.report.fontFolder)),
         made_(PathIn(places, fileName), FileInTheMaking::Place::Replacing,
               FileInTheMaking::Content::Document),
-        pdf_(HostFor(business)) {
+        pdf_(HostFor(business, *fonts_)) {
     document_.docTitle = docTitle;
     document_.docFile = made_.Target();
     pdf_.PDFInit();
@@ -81,6 +82,7 @@ class PdfRun {
   ReportDocument End() {
     pages_->EndDocument();
     made_.TakeItsPlace();
+    document_.troubles += TroublesOfTexts(pdf_);
     Show(business_, document_.docFile);
     return std::move(document_);
   }
@@ -94,8 +96,9 @@ class PdfRun {
     desktop.OpenInBrowser(QUrl::fromLocalFile(file).toString(QUrl::FullyEncoded));
   }
 
-  static PDFHost HostFor(Business& business) {
+  static PDFHost HostFor(Business& business, const PageFonts& fonts) {
     PDFHost host;
+    host.faces = &fonts.Faces();
     host.showMessage = [&business](const std::string& title, const std::string& text) {
       business.World().prompter.Tell(Tone::Stop, QString::fromStdString(text),
                                      QString::fromStdString(title));

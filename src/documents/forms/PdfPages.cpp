@@ -19,8 +19,9 @@ double Points(double twips) {
   return twips / kTwipsPerPoint;
 }
 
-PDFHost HostFor(const DateTime& now) {
+PDFHost HostFor(const PageFonts& fonts, const DateTime& now) {
   PDFHost host;
+  host.faces = &fonts.Faces();
   host.now = [now] {
     using namespace std::chrono;
     const auto days = QDate(1970, 1, 1).daysTo(now.date);
@@ -84,9 +85,20 @@ class PdfPages {
 
 }  // namespace
 
-void WritePdf(const Composition& document, const QString& file, const DateTime& now) {
+QStringList TroublesOfTexts(const PDFWriter& pdf) {
+  QStringList troubles;
+  for (const std::string& text : pdf.PDFGetTextsNotShown()) {
+    troubles += QStringLiteral(
+                    "No typeface has all characters of \"%1\". In the document a \"?\" "
+                    "stands for each that is missing.")
+                    .arg(QString::fromStdString(text));
+  }
+  return troubles;
+}
+
+QStringList WritePdf(const Composition& document, const QString& file, const DateTime& now) {
   FileInTheMaking made(file, FileInTheMaking::Place::Replacing, FileInTheMaking::Content::Document);
-  PDFWriter pdf(HostFor(now));
+  PDFWriter pdf(HostFor(*document.fonts, now));
   pdf.PDFInit();
   pdf.PDFSetStrict(true);
   pdf.PDFPathConfiguration(PathOf(document.fonts->Folder()));
@@ -100,6 +112,7 @@ void WritePdf(const Composition& document, const QString& file, const DateTime& 
   pdf.PDFEndPage();
   pdf.PDFEndDoc();
   made.TakeItsPlace();
+  return TroublesOfTexts(pdf);
 }
 
 }  // namespace quillary::documents

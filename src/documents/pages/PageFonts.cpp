@@ -2,10 +2,12 @@
 
 #include "documents/pages/PageText.h"
 #include "pdf/WinAnsi.h"
+#include "pdf/faces/ShapedFaces.h"
 
 #include <QDir>
 
 #include <algorithm>
+#include <functional>
 
 namespace quillary::documents {
 
@@ -14,8 +16,6 @@ namespace {
 // In parts of the font size.
 constexpr double kLineHeight = 1.15;
 constexpr double kAscent = 0.92;
-constexpr double kForeignWidth = 0.6;
-constexpr double kWideWidth = 1.0;
 
 QString FaceFile(const PageFont& font) {
   const bool oblique = font.italic;
@@ -37,14 +37,17 @@ bool IsPlain(QStringView text) {
   return std::all_of(text.begin(), text.end(), [](QChar c) { return c.unicode() < 0x80; });
 }
 
-/// East Asian signs and pictures are about as wide as high.
-bool IsWide(char32_t code) {
-  return (code >= 0x1100 && code <= 0x115F) || (code >= 0x2E80 && code <= 0xD7A3) ||
-         (code >= 0xF900 && code <= 0xFAFF) || (code >= 0xFF00 && code <= 0xFF60) ||
-         code >= 0x1F000;
-}
-
 }  // namespace
+
+PageFonts::PageFonts(QString folder)
+    : folder_(std::move(folder)),
+      faces_(std::make_unique<ShapedFaces>(std::filesystem::path(folder_.toStdU16String()))) {}
+
+PageFonts::~PageFonts() = default;
+
+PDFFaces& PageFonts::Faces() const {
+  return *faces_;
+}
 
 int PageFonts::IndexOf(const QString& fontName) {
   const QString name = fontName.trimmed().toUpper();
@@ -63,21 +66,17 @@ const AfmMetrics& PageFonts::Metrics(const PageFont& font) const {
   return metrics_.emplace(face, AfmMetrics::Load(file.toStdU16String())).first->second;
 }
 
+double PageFonts::EmbeddedWidthOf(QStringView text, const PageFont& font) const {
+  const std::string utf8 = text.toUtf8().toStdString();
+  return faces_->Shape(utf8, font.bold, font.italic).width / 1000 * font.size * kTwipsPerPoint;
+}
+
 double PageFonts::WidthOf(QStringView text, const PageFont& font) const {
-  const AfmMetrics& metrics = Metrics(font);
   const double twips = font.size * kTwipsPerPoint;
-  if (IsPlain(text)) return metrics.WidthOf(text.toLatin1().toStdString()) / 1000 * twips;
-  double width = 0;
-  for (const char32_t code : text.toUcs4()) {
-    const QString sign = QString::fromUcs4(&code, 1);
-    const std::string winAnsi = ToWinAnsi(sign.toStdString());
-    // What the metrics do not know is shown by a font of the machine, of which only this is sure.
-    if (winAnsi == "?" && code != U'?')
-      width += IsWide(code) ? kWideWidth : kForeignWidth;
-    else
-      width += metrics.WidthOf(winAnsi) / 1000;
-  }
-  return width * twips;
+  if (IsPlain(text)) return Metrics(font).WidthOf(text.toLatin1().toStdString()) / 1000 * twips;
+  const std::string utf8 = text.toUtf8().toStdString();
+  if (!IsInWinAnsi(utf8)) return EmbeddedWidthOf(text, font);
+  return Metrics(font).WidthOf(ToWinAnsi(utf8)) / 1000 * twips;
 }
 
 double PageFonts::LineHeight(const PageFont& font) {
@@ -93,12 +92,13 @@ namespace {
 /// Takes the words of one line one after the other and breaks it where it is full.
 class Wrapper {
  public:
-  Wrapper(const PageFonts& fonts, const PageFont& font, double width)
-      : fonts_(fonts), font_(font), width_(width) {}
+  /// `measure` tells how wide a part of the line is.
+  Wrapper(std::function<double(QStringView)> measure, double width)
+      : measure_(std::move(measure)), width_(width) {}
 
   void Take(QStringView blanks, QStringView word) {
-    const double ahead = fonts_.WidthOf(blanks, font_);
-    const double wordWidth = fonts_.WidthOf(word, font_);
+    const double ahead = measure_(blanks);
+    const double wordWidth = measure_(word);
     if (taken_ + ahead + wordWidth <= width_) {
       Append(blanks, ahead);
       Append(word, wordWidth);
@@ -135,15 +135,14 @@ class Wrapper {
     while (!word.isEmpty()) {
       const qsizetype length = word.size() > 1 && word[0].isHighSurrogate() ? 2 : 1;
       const QStringView sign = word.first(length);
-      const double width = fonts_.WidthOf(sign, font_);
+      const double width = measure_(sign);
       if (!line_.isEmpty() && taken_ + width > width_) Break();
       Append(sign, width);
       word = word.sliced(length);
     }
   }
 
-  const PageFonts& fonts_;
-  const PageFont& font_;
+  std::function<double(QStringView)> measure_;
   double width_;
   QStringList lines_;
   QString line_;
@@ -159,7 +158,15 @@ QStringList PageFonts::Wrap(const QString& text, const PageFont& font, double wi
       lines.append(line);
       continue;
     }
-    Wrapper wrapper(*this, font, width);
+    // A word alone may be narrower than within a line that is set in an embedded face, and so may
+    // the line that it ends on.
+    const bool isEmbedded = !IsInWinAnsi(line.toStdString());
+    Wrapper wrapper(
+        [&](QStringView part) {
+          const double own = WidthOf(part, font);
+          return isEmbedded ? std::max(own, EmbeddedWidthOf(part, font)) : own;
+        },
+        width);
     QStringView rest(line);
     while (!rest.isEmpty()) {
       qsizetype blanks = 0;

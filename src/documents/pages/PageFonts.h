@@ -4,16 +4,24 @@
 #include "pdf/AfmMetrics.h"
 
 #include <map>
+#include <memory>
+
+namespace quillary {
+class PDFFaces;
+class ShapedFaces;
+}  // namespace quillary
 
 namespace quillary::documents {
 
 /// How wide texts are, from the metric files of the PDF writer: any machine breaks lines and pages
-/// in the same places. A font that has no metrics is measured as Arial.
+/// in the same places. A font that has no metrics is measured as Arial; a text beyond WinAnsi as
+/// the writer sets it, in faces that go into the file.
 class PageFonts {
  public:
   /// `folder` holds the metric files. A missing one throws PDFError when its font is first
   /// measured.
-  explicit PageFonts(QString folder) : folder_(std::move(folder)) {}
+  explicit PageFonts(QString folder);
+  ~PageFonts();
 
   /// In twips.
   double WidthOf(QStringView text, const PageFont& font) const;
@@ -29,12 +37,16 @@ class PageFonts {
   QStringList Wrap(const QString& text, const PageFont& font, double width) const;
 
   const QString& Folder() const { return folder_; }
+  /// For the writer of a document that was measured here.
+  PDFFaces& Faces() const;
 
  private:
   const AfmMetrics& Metrics(const PageFont& font) const;
+  double EmbeddedWidthOf(QStringView text, const PageFont& font) const;
 
   QString folder_;
   mutable std::map<QString, AfmMetrics> metrics_;
+  std::unique_ptr<ShapedFaces> faces_;
 };
 
 }  // namespace quillary::documents

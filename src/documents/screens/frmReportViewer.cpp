@@ -281,7 +281,8 @@ void frmReportViewer::SaveAsPDF() {
   const auto file = AskFile(tr("Save as PDF"), tr("PDF documents"), QStringLiteral("pdf"));
   if (!file) return;
   const BusyWhile busy(business_.World().busy);
-  WritePdf(report_.pages, *file, business_.Now());
+  for (const QString& trouble : WritePdf(report_.pages, *file, business_.Now()))
+    business_.World().prompter.Tell(Tone::Exclamation, trouble);
 }
 
 void frmReportViewer::SaveTablesAsCSV() {
