@@ -122,7 +122,8 @@ ReportData CollectPurchasesByAccount(Business& business, const ReportCriteria& c
               "Purchases.Supplier_ID = Suppliers.Supplier_ID) LEFT JOIN General_Ledger_Accounts "
               "ON General_Ledger_Entries.GL_Account_ID = General_Ledger_Accounts.GL_Account_ID "
               "WHERE ") +
-          Within("Purchase_Date", criteria.days) +
+          Within(criteria.record ? "Entry_Date" : "Purchase_Date", criteria.days) +
+          OfAccount("General_Ledger_Entries.GL_Account_ID", criteria.record) +
           Sql(" ORDER BY GL_Account_Name, General_Ledger_Entries.GL_Account_ID, Purchase_Date, "
               "Purchases.Purchase_ID, General_Ledger_Entries.GL_Entry_ID;")))};
   return data;

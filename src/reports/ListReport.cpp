@@ -142,6 +142,12 @@ Sql Within(const char* column, const DateRange& days) {
   return Sql("{} BETWEEN {} AND {}", Sql(column), days.from, EndOfDay(days.to));
 }
 
+Sql OfAccount(const char* column, const std::optional<qint64>& account) {
+  if (!account) return Sql("");
+  if (*account == 0) return Sql(" AND ({} IS NULL OR {} = 0)", Sql(column), Sql(column));
+  return Sql(" AND {} = {}", Sql(column), *account);
+}
+
 std::function<ReportLink(const Record&)> LinkTo(ReportLink::To to, const char* field) {
   return [to, name = QString::fromLatin1(field)](const Record& row) {
     const qint64 id = row[QStringView(name)].ToLong();

@@ -57,6 +57,8 @@ class RunningTotals {
 
 /// "Schedule_Date BETWEEN ... AND ..." with the whole of the last day.
 Sql Within(const char* column, const DateRange& days);
+/// " AND column = account" for the account of a report about one; 0 stands for none.
+Sql OfAccount(const char* column, const std::optional<qint64>& account);
 /// A link to the row of that kind whose number stands in the field; none for null.
 std::function<ReportLink(const Record&)> LinkTo(ReportLink::To to, const char* field);
 

@@ -17,7 +17,21 @@ const char* const kLinesWithAccounts =
     "Diary_Services.Service_ID = Services.Service_ID) LEFT JOIN General_Ledger_Accounts ON "
     "Services.Default_GL_Account_ID = General_Ledger_Accounts.GL_Account_ID WHERE ";
 
-Sql RevenueStatement(const Sql& from, const Sql& where) {
+/// What the lines are joined to, and which of them count.
+struct Selection {
+  Sql from;
+  Sql where;
+};
+Selection SelectionOf(const DateRange& days, bool onCash) {
+  if (onCash)
+    return {Sql("(((Payments INNER JOIN Diary ON Payments.Payment_ID = Diary.Payment_ID) "),
+            Within("Payments.Payment_Date", days)};
+  return {Sql("((Diary "), Sql("Diary.Status IN {} AND ", CodesOf(EntryGroup::LiveJobs)) +
+                               Within("Schedule_Date", days)};
+}
+
+Sql RevenueOfDays(const DateRange& days, bool onCash) {
+  const Selection selection = SelectionOf(days, onCash);
   return Sql("SELECT General_Ledger_Accounts.GL_Account_ID, "
              "General_Ledger_Accounts.GL_Account_Number, General_Ledger_Accounts.GL_Account_Name, "
              "General_Ledger_Accounts.GL_Account_Type, "
@@ -25,22 +39,12 @@ Sql RevenueStatement(const Sql& from, const Sql& where) {
              "Diary_Services.Price)) AS SumOfGL_Amount, "
              "Sum(IIf(Diary_Services.Diary_Service_ID IS NULL, Diary.Total_GST, "
              "Diary_Services.GST)) AS SumOfGST_Included FROM ") +
-         from + Sql(kLinesWithAccounts) + where +
+         selection.from + Sql(kLinesWithAccounts) + selection.where +
          Sql(" GROUP BY General_Ledger_Accounts.GL_Account_ID, "
              "General_Ledger_Accounts.GL_Account_Number, General_Ledger_Accounts.GL_Account_Name, "
              "General_Ledger_Accounts.GL_Account_Type "
              "ORDER BY General_Ledger_Accounts.GL_Account_Type DESC, "
              "General_Ledger_Accounts.GL_Account_Name; ");
-}
-
-Sql RevenueOfDays(const DateRange& days, bool onCash) {
-  if (onCash)
-    return RevenueStatement(
-        Sql("(((Payments INNER JOIN Diary ON Payments.Payment_ID = Diary.Payment_ID) "),
-        Within("Payments.Payment_Date", days));
-  return RevenueStatement(Sql("((Diary "),
-                          Sql("Diary.Status IN {} AND ", CodesOf(EntryGroup::LiveJobs)) +
-                              Within("Schedule_Date", days));
 }
 
 AccountSum SumFrom(const Record& row) {
@@ -95,6 +99,23 @@ ProfitAndLoss CollectProfitAndLoss(Business& business, const DateRange& days) {
                                       Within("Payment_Date", days))
                           .ToMoney();
   return figures;
+}
+
+Sql RevenueLines(const Business& business, const DateRange& days,
+                 const std::optional<qint64>& account) {
+  const Selection selection = SelectionOf(days, IsOnCash(business));
+  return Sql("SELECT Diary.Diary_ID, Diary.Client_ID, Clients.Display_Name, "
+             "Diary.Schedule_Date, Diary.Status, Diary.Description, "
+             "General_Ledger_Accounts.GL_Account_ID, General_Ledger_Accounts.GL_Account_Name, "
+             "IIf(Diary_Services.Diary_Service_ID IS NULL, Diary.Total_Price, "
+             "Diary_Services.Price) AS Amount, IIf(Diary_Services.Diary_Service_ID IS NULL, "
+             "Diary.Total_GST, Diary_Services.GST) AS Tax, Services.Service FROM (") +
+         selection.from + Sql("LEFT JOIN Clients ON Diary.Client_ID = Clients.Client_ID) ") +
+         Sql(kLinesWithAccounts) + selection.where +
+         OfAccount("General_Ledger_Accounts.GL_Account_ID", account) +
+         Sql(" ORDER BY General_Ledger_Accounts.GL_Account_Name, "
+             "General_Ledger_Accounts.GL_Account_ID, Diary.Schedule_Date, Diary.Diary_ID, "
+             "Services.Service;");
 }
 
 Results ResultsOf(const ProfitAndLoss& figures, TaxMode mode, bool onCash) {

@@ -29,6 +29,11 @@ struct ProfitAndLoss {
 ProfitAndLoss CollectProfitAndLoss(Business& business, const DateRange& days);
 bool IsOnCash(const Business& business);
 
+/// The statement of the lines of jobs behind the revenue, one by one, for the account; its fields
+/// are those of a line, a job and a client.
+Sql RevenueLines(const Business& business, const DateRange& days,
+                 const std::optional<qint64>& account);
+
 /// The figures with or less tax.
 struct Results {
   Money jobsRevenue;

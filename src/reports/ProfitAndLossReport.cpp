@@ -1,7 +1,8 @@
 #include "accounts/TaxRepair.h"
 #include "documents/reports/Report.h"
+#include "domain/Periods.h"
 #include "reports/Headings.h"
-#include "reports/Periods.h"
+#include "reports/ListReport.h"
 #include "reports/ProfitAndLoss.h"
 
 #include <algorithm>
@@ -151,6 +152,37 @@ std::vector<ChartBar> ProfitByMonth(Business& business, const DateRange& days, T
   return bars;
 }
 
+/// The jobs behind the revenue of an account, or of each.
+ReportData CollectRevenueLines(Business& business, const ReportCriteria& criteria) {
+  ListReport list;
+  list.columns = {
+      FieldColumn("Client", "<+2in", CellKind::Text, "Display_Name", Total::Word),
+      FieldColumn("Schedule date", "<+1in", CellKind::Day, "Schedule_Date"),
+      CellColumn(
+          QStringLiteral("Job Description"), "<+2in", CellKind::Text,
+          [](const Record& row) -> Value {
+            return row[u"Service"].IsNull() ? row[u"Description"] : row[u"Service"];
+          },
+          Total::Count),
+      FieldColumn("Amount", ">+1.25in", CellKind::Money, "Amount", Total::Sum),
+      CellColumn(
+          TaxHeading(business), ">+1in", CellKind::Money,
+          [](const Record& row) { return row[u"Tax"]; }, Total::Sum),
+  };
+  list.group = [](const Record& row) {
+    return GroupKey{row[u"GL_Account_Name"].ToText(QStringLiteral("(No specific account)")),
+                    row[u"GL_Account_ID"].ToLong()};
+  };
+  list.link = LinkTo(ReportLink::To::Entry, "Diary_ID");
+  ReportData data{.title = QStringLiteral("Revenue By Account")};
+  data.scope = {FromTo(criteria.days), IsOnCash(business)
+                                           ? QStringLiteral("Jobs that were paid in these days")
+                                           : QStringLiteral("Jobs of these days")};
+  data.sections = {
+      CollectList(list, business.RunSQL(RevenueLines(business, criteria.days, criteria.record)))};
+  return data;
+}
+
 constexpr size_t kMostMonths = 12;
 
 ReportData CollectShown(Business& business, const ReportCriteria& criteria) {
@@ -198,7 +230,9 @@ std::vector<ReportKind> ProfitAndLossKinds() {
            {{"with-tax", "With tax"},
             {"without-tax", "Without tax"},
             {"with-tax-months", "With tax, by month"},
-            {"without-tax-months", "Without tax, by month"}}}};
+            {"without-tax-months", "Without tax, by month"}}},
+          {"revenue-of-account", "Revenue by account", "Revenue By Account.doc", Asks::Days,
+           CollectRevenueLines}};
 }
 
 }  // namespace quillary::reports

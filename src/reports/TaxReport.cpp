@@ -1,9 +1,9 @@
 #include "reports/TaxReport.h"
 
 #include "domain/EntryStatus.h"
+#include "domain/Periods.h"
 #include "reports/Headings.h"
 #include "reports/ListReport.h"
-#include "reports/Periods.h"
 #include "reports/ProfitAndLoss.h"
 
 namespace quillary::reports {

@@ -65,7 +65,7 @@ Entries Reports() {
       {"mnuSentDocuments", "Sent Documents", Opens<OpenSentDocuments>(), "Client Report"},
       Break("mnuReportsBreak_0"),
       {"mnuReportsClients", "Clients", Opens<ReportOnClients>(), "Client Report"},
-      {"mnuReportsQuotes", "Quotes", kNothing},
+      {"mnuReportsQuotes", "Quotes", Opens<ReportOnQuotes>(), "Quotes Report"},
       {"mnuReportsBadDebtors", "Bad debtors", Opens<ReportOnBadDebtors>(), "Bad Debtors Report"},
       Break("mnuReportsBreak_1"),
       {"mnuInvoiceList", "Invoice list", Opens<ReportOnInvoices>(), "Invoice List"},
@@ -93,7 +93,11 @@ Entries Reports() {
       {"mnuReportsUnpresentedCheques", "Unpresented cheques", Opens<ReportOnUnpresentedCheques>(),
        "Unpresented Cheques Report"},
       Break("mnuReportsBreak2"),
-      {"mnuReportsConversionRate", "Conversion rate", kNothing},
+      {"mnuReportsConversionRate", "Conversion rate", Opens<ReportOnConversionRate>(),
+       "Conversion Rate Report"},
+      Break("mnuReportsBreak3"),
+      {"mnuReportsAccountOfClient", "Account of a client", Opens<ShowAccountOfClient>(),
+       "Account Of Client Report"},
   };
 }
 

@@ -15,6 +15,7 @@
 #include "lists/screens/ListScreens.h"
 #include "maintenance/DatabaseVersion.h"
 #include "maintenance/screens/MaintenanceScreens.h"
+#include "reports/screens/ReportScreens.h"
 #include "session/AccessConversion.h"
 #include "session/ProgramFolder.h"
 #include "setup/screens/SetupScreens.h"
@@ -108,6 +109,7 @@ void Program::RegisterScreens(Business& business) {
   billing::RegisterBillingScreens(business, mainMenu_->Tools());
   accounts::RegisterAccountScreens(business, mainMenu_->Tools());
   documents::RegisterDocumentScreens(business, mainMenu_->Tools());
+  reports::RegisterReportScreens(business, mainMenu_->Tools());
   navigator_.Register<SetDBVersion>(
       [&business](const SetDBVersion&) { maintenance::SetDatabaseVersion(business); });
   navigator_.Register<OpenAbout>([this](const OpenAbout&) { frmAbout(mainMenu_.get()).exec(); });

@@ -1,6 +1,6 @@
 #include "ReportsFixture.h"
+#include "domain/Periods.h"
 #include "reports/ListReport.h"
-#include "reports/Periods.h"
 #include "reports/ReportForms.h"
 #include "reports/ReportLayout.h"
 

@@ -92,6 +92,9 @@ void frmDebtors::MakeControls() {
   cmdClientsJobsAndPayments =
       MakeButton("cmdClientsJobsAndPayments", tr("Client's &jobs and payments..."));
   cmdClientsJobsAndPayments->setEnabled(tools_.navigator.CanOpen<OpenJobsAndPaymentChecker>());
+  cmdAccountOfClient = MakeButton("cmdAccountOfClient", tr("Wh&y owing..."));
+  cmdAccountOfClient->setToolTip(tr("Every job and payment, with what was owed after each"));
+  cmdAccountOfClient->setEnabled(tools_.navigator.CanOpen<ShowAccountOfClient>());
   cmdRecalculateAmountOwing =
       MakeButton("cmdRecalculateAmountOwing", tr("Re-calculate amount &owing"));
   cmdClose = MakeButton("cmdClose", tr("Close"));
@@ -146,7 +149,7 @@ QWidget* frmDebtors::CreditorPage() {
 
 QLayout* frmDebtors::CommandLine() {
   auto* line = new FlowLayout;
-  line->AddWidgets({cmdClientsJobsAndPayments, cmdRecalculateAmountOwing});
+  line->AddWidgets({cmdAccountOfClient, cmdClientsJobsAndPayments, cmdRecalculateAmountOwing});
   line->AddWidgets({cmdClose, cmdViewClient}, Qt::AlignRight);
   return line;
 }
@@ -179,6 +182,11 @@ void frmDebtors::ConnectControls() {
           [this] { tools_.navigator.Open(ShownList(tr("Creditors"), grdCreditors)); });
   onClick(cmdClientsJobsAndPayments,
           [this] { tools_.navigator.Open(OpenJobsAndPaymentChecker{}); });
+  onClick(cmdAccountOfClient, [this] {
+    const Grid* grid = pages_->IsShown(debtors_) ? grdDebtors : grdCreditors;
+    if (const auto client = grid->SelectedId<Client>())
+      tools_.navigator.Open(ShowAccountOfClient{client});
+  });
   onClick(cmdViewClient,
           [this] { OpenClientOf(pages_->IsShown(debtors_) ? grdDebtors : grdCreditors); });
   connect(chkActiveClients, &QCheckBox::toggled, this, &frmDebtors::Reload);

@@ -66,6 +66,7 @@ class frmDebtors : public Screen {
   QPushButton* cmdRefreshCreditor;
   QPushButton* cmdPrintGrid2;
   QPushButton* cmdClientsJobsAndPayments;
+  QPushButton* cmdAccountOfClient;
   QPushButton* cmdRecalculateAmountOwing;
   QPushButton* cmdViewClient;
   QPushButton* cmdClose;

@@ -57,7 +57,7 @@ void RegisterInvoices(Business& business, const ScreenTools& tools) {
 void RegisterInvoiceScreens(Business& business, const ScreenTools& tools) {
   RegisterInvoices(business, tools);
   tools.navigator.Register<PickDate>([&business](const PickDate& request) {
-    dlgFromDate dialog(business, request.label);
+    dlgFromDate dialog(business, request.label, request.proposed.value_or(business.Today()));
     return dialog.exec() == QDialog::Accepted ? std::optional(dialog.Date()) : std::nullopt;
   });
   tools.navigator.Register<PickInvoiceList>([&business, tools](const PickInvoiceList&) {

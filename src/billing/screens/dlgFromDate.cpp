@@ -5,10 +5,10 @@
 
 namespace quillary::billing {
 
-dlgFromDate::dlgFromDate(Business& business, const QString& label)
+dlgFromDate::dlgFromDate(Business& business, const QString& label, QDate proposed)
     : Dialog("dlgFromDate", label, business.World().prompter) {
   dtFromDate = Named(new DateField(business.Today()), "dtFromDate");
-  dtFromDate->SetDate(business.Today());
+  dtFromDate->SetDate(proposed);
   auto* column = new QVBoxLayout;
   column->addLayout(LabelOver(dtFromDate, label));
   column->addStretch(1);

@@ -16,7 +16,7 @@ class dlgFromDate : public Dialog {
   Q_OBJECT
 
  public:
-  dlgFromDate(Business& business, const QString& label);
+  dlgFromDate(Business& business, const QString& label, QDate proposed);
 
   QDate Date() const;
 

@@ -1,8 +1,7 @@
 #include "billing/screens/dlgInvoiceList.h"
 
-#include "billing/invoices/InvoiceList.h"
-#include "kit/DateField.h"
 #include "kit/Layouts.h"
+#include "kit/PeriodField.h"
 
 #include <QGroupBox>
 #include <QRadioButton>
@@ -11,12 +10,8 @@ namespace quillary::billing {
 
 dlgInvoiceList::dlgInvoiceList(Business& business, const ScreenTools&)
     : Dialog("dlgInvoiceList", tr("Invoice list"), business.World().prompter) {
-  const InvoiceListCriteria month = InvoiceListOfMonth(business.Today());
-  dtStartDate = Named(new DateField(business.Today()), "dtStartDate");
-  dtStartDate->SetDate(month.days.from);
-  dtEndDate = Named(new DateField(business.Today()), "dtEndDate");
-  dtEndDate->SetDate(month.days.to);
-  for (DateField* field : {dtStartDate, dtEndDate}) field->setFixedWidth(184);
+  days_ = new PeriodField(
+      business, {.from = "dtStartDate", .to = "dtEndDate", .remembered = "dlgInvoiceList"});
   const auto option = [](const char* name, const QString& caption) {
     return Named(new QRadioButton(caption), name, PlainCaption(caption));
   };
@@ -31,18 +26,19 @@ dlgInvoiceList::dlgInvoiceList(Business& business, const ScreenTools&)
   options->addStretch(1);
   auto* column = new QVBoxLayout;
   column->setSpacing(12);
-  column->addLayout(InLine({{LabelOver(dtStartDate, tr("&From")), 0},
-                            {LabelOver(dtEndDate, tr("&To")), 0},
-                            {new QVBoxLayout, 1}}));
+  column->addWidget(days_);
   column->addWidget(order);
   column->addStretch(1);
   SetContent(column);
-  SetRoom({440, 0});
+  SetRoom({600, 0});
   cmdCancel = MakeButton("cmdCancel", tr("&Cancel"));
   cmdPreview = MakeButton("cmdPreview", tr("&Preview"), ButtonKind::Main);
   AddActions({cmdCancel, cmdPreview});
   connect(cmdCancel, &QPushButton::clicked, this, &Dialog::reject);
-  connect(cmdPreview, &QPushButton::clicked, this, [this] { Close(Accepted); });
+  connect(cmdPreview, &QPushButton::clicked, this, [this] {
+    days_->Remember();
+    Close(Accepted);
+  });
 }
 
 InvoiceListCriteria dlgInvoiceList::Criteria() const {
@@ -50,7 +46,7 @@ InvoiceListCriteria dlgInvoiceList::Criteria() const {
   const Order order = optInvoiceNo->isChecked() ? Order::Number
                       : optByDate->isChecked()  ? Order::Date
                                                 : Order::Name;
-  return {.days = {dtStartDate->Date(), dtEndDate->Date()}, .order = order};
+  return {.days = days_->Days(), .order = order};
 }
 
 }  // namespace quillary::billing

@@ -9,7 +9,7 @@ class QPushButton;
 class QRadioButton;
 
 namespace quillary {
-class DateField;
+class PeriodField;
 }  // namespace quillary
 
 namespace quillary::billing {
@@ -24,8 +24,7 @@ class dlgInvoiceList : public Dialog {
   InvoiceListCriteria Criteria() const;
 
  private:
-  DateField* dtStartDate;
-  DateField* dtEndDate;
+  PeriodField* days_;
   QRadioButton* optByName;
   QRadioButton* optInvoiceNo;
   QRadioButton* optByDate;

@@ -3,6 +3,7 @@
 #include "balances/ClientBalance.h"
 #include "base/ports/requests/Billing.h"
 #include "base/ports/requests/Clients.h"
+#include "base/ports/requests/Documents.h"
 #include "base/ports/requests/Scheduling.h"
 #include "diary/DiaryCommands.h"
 #include "kit/Controls.h"
@@ -50,6 +51,9 @@ void frmJobsAndPaymentChecker::ConnectControls() {
   tools_.runner.OnClick(cmdViewClient, objectName(), [this] {
     if (const auto client = SelectedClient()) tools_.navigator.Open(OpenClient{*client});
   });
+  tools_.runner.OnClick(cmdAccountOfClient, objectName(), [this] {
+    if (const auto client = SelectedClient()) tools_.navigator.Open(ShowAccountOfClient{client});
+  });
   connect(cmdRefreshList, &QPushButton::clicked, this, &frmJobsAndPaymentChecker::Reload);
   connect(cmdClose, &QPushButton::clicked, this, &Screen::closeRequested);
   connect(grdClients, &Grid::selectedRowChanged, this, [this] {
@@ -73,6 +77,7 @@ void frmJobsAndPaymentChecker::ConnectControls() {
 void frmJobsAndPaymentChecker::EnableCommands() {
   const Navigator& to = tools_.navigator;
   cmdViewClient->setEnabled(to.CanOpen<OpenClient>());
+  cmdAccountOfClient->setEnabled(to.CanOpen<ShowAccountOfClient>());
   cmdEditJob->setEnabled(to.CanOpen<EditJob>());
   cmdViewPayment->setEnabled(to.CanOpen<ViewPayment>());
 }

@@ -69,6 +69,7 @@ class frmJobsAndPaymentChecker : public Screen {
   QLabel* txtTotalPayments2;
   QPushButton* cmdRecalculateAmountOwing;
   QPushButton* cmdViewClient;
+  QPushButton* cmdAccountOfClient;
   QPushButton* cmdEditJob;
   QPushButton* cmdDeleteJob;
   QPushButton* cmdViewPayment;

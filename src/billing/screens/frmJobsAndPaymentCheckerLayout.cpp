@@ -72,6 +72,7 @@ void frmJobsAndPaymentChecker::MakeControls() {
   txtTotalPayments2 = Named(MakeLabel("", {}, LabelRole::Figure), "txtTotalPayments2");
   cmdRecalculateAmountOwing =
       MakeButton("cmdRecalculateAmountOwing", QStringLiteral("Re-calc&ulate Amount Owing"));
+  cmdAccountOfClient = MakeButton("cmdAccountOfClient", tr("Wh&y owing…"));
   cmdViewClient = MakeButton("cmdViewClient", tr("View cl&ient…"));
   cmdEditJob = MakeButton("cmdEditJob", tr("Edit &job…"));
   cmdDeleteJob = MakeButton("cmdDeleteJob", tr("Delete jo&b…"), ButtonKind::Danger);
@@ -138,7 +139,8 @@ QWidget* frmJobsAndPaymentChecker::MoneySide() {
 QLayout* frmJobsAndPaymentChecker::CommandLine() {
   auto* line = new FlowLayout;
   line->AddWidgets({cmdDeleteJob, cmdDeletePayment});
-  line->AddWidgets({cmdRecalculateAmountOwing, cmdViewPayment, cmdEditJob, cmdViewClient, cmdClose},
+  line->AddWidgets({cmdAccountOfClient, cmdRecalculateAmountOwing, cmdViewPayment, cmdEditJob,
+                    cmdViewClient, cmdClose},
                    Qt::AlignRight);
   return line;
 }

@@ -5,9 +5,9 @@
 #include "clients/screens/ClientGrids.h"
 #include "diary/DiaryDay.h"
 #include "kit/Combos.h"
-#include "kit/DateField.h"
 #include "kit/Grid.h"
 #include "kit/Layouts.h"
+#include "kit/PeriodField.h"
 #include "kit/RowTicks.h"
 
 #include <QCheckBox>
@@ -40,12 +40,7 @@ dlgDateWithClients::dlgDateWithClients(Business& business, const ScreenTools& to
 }
 
 void dlgDateWithClients::MakeControls() {
-  const DateRange month = DateRange::MonthOf(business_.Today());
-  dtFrom = ForField("from", Named(new DateField(business_.Today()), "dtFrom"));
-  dtTo = Named(new DateField(business_.Today()), "dtTo");
-  for (DateField* field : {dtFrom, dtTo}) field->setFixedWidth(168);
-  dtFrom->SetDate(month.from);
-  dtTo->SetDate(month.to);
+  days_ = new PeriodField(business_, {.remembered = "dlgDateWithClients"});
   cmbSortBy = Named(new QComboBox, "cmbSortBy");
   FillComboWithWords(cmbSortBy, {tr("Client"), tr("Date")});
   cmbSortBy->setCurrentIndex(0);
@@ -74,10 +69,8 @@ void dlgDateWithClients::LayOut() {
   over->addWidget(txtFilter);
   auto* column = new QVBoxLayout;
   column->setSpacing(12);
-  column->addLayout(InLine({{LabelOver(dtFrom, tr("&From")), 0},
-                            {LabelOver(dtTo, tr("T&o")), 0},
-                            {LabelOver(cmbSortBy, tr("&Sorted by")), 1},
-                            {gap, 1}}));
+  column->addWidget(days_);
+  column->addLayout(InLine({{LabelOver(cmbSortBy, tr("&Sorted by")), 1}, {gap, 1}}));
   column->addLayout(over);
   column->addWidget(grdClients, 1);
   SetContent(column);
@@ -99,7 +92,7 @@ void dlgDateWithClients::LoadClients() {
 }
 
 DatesWithClients dlgDateWithClients::Chosen() const {
-  return {.days = {dtFrom->Date(), dtTo->Date()},
+  return {.days = days_->Days(),
           .clients = ticks_->TickedIds<Client>(),
           .summaryOnly = chkSummaryOnly->isChecked(),
           .order = static_cast<DatesWithClients::Order>(cmbSortBy->currentIndex())};
@@ -107,11 +100,12 @@ DatesWithClients dlgDateWithClients::Chosen() const {
 
 void dlgDateWithClients::Preview() {
   std::optional<Refusal> refusal;
-  if (dtFrom->Date() > dtTo->Date())
+  if (!days_->Days().IsValid())
     refusal = Refusal{QString::fromLatin1(diary::kInvalidDateRange), QStringLiteral("from")};
   else if (ticks_->TickedIds<Client>().empty())
     refusal = Refusal{tr("Please tick a client first."), QStringLiteral("clients")};
   if (!quillary::Accepted(business_.World().prompter, this, refusal)) return;
+  days_->Remember();
   Close(QDialog::Accepted);
 }
 

@@ -11,8 +11,8 @@ class QLineEdit;
 class QPushButton;
 
 namespace quillary {
-class DateField;
 class Grid;
+class PeriodField;
 class RowTicks;
 }  // namespace quillary
 
@@ -34,8 +34,7 @@ class dlgDateWithClients : public Dialog {
   void Preview();
 
   Business& business_;
-  DateField* dtFrom;
-  DateField* dtTo;
+  PeriodField* days_;
   QComboBox* cmbSortBy;
   QCheckBox* chkSummaryOnly;
   QCheckBox* chkTickUntickAll;

@@ -81,6 +81,12 @@ QLayout* frmClients::Header() {
   line->addWidget(MakeLabel("lblCurrentlyOwing", tr("Currently owing"), LabelRole::Muted));
   line->addWidget(lblOwing);
   line->addWidget(lblOwingSince);
+  cmdAccountOfClient = MakeButton("cmdAccountOfClient", tr("W&hy?"), ButtonKind::Link);
+  cmdAccountOfClient->setToolTip(tr("Every job and payment, with what was owed after each"));
+  desk_.tools.runner.OnClick(cmdAccountOfClient, objectName(), [this] {
+    if (const auto client = ClientId()) desk_.tools.navigator.Open(ShowAccountOfClient{client});
+  });
+  line->addWidget(cmdAccountOfClient);
   return line;
 }
 
@@ -206,6 +212,8 @@ void frmClients::ShowHeader() {
   lblOwingSince->setText(owes ? tr("since %1").arg(ToShortDateText(*client.debtorSince))
                               : QString());
   lblOwingSince->setVisible(owes);
+  cmdAccountOfClient->setVisible(ClientId() &&
+                                 desk_.tools.navigator.CanOpen<ShowAccountOfClient>());
 }
 
 void frmClients::ShowBilling() {

@@ -93,6 +93,7 @@ class frmClients : public Screen {
   QLabel* lblFacts;
   QLabel* lblOwing;
   QLabel* lblOwingSince;
+  QPushButton* cmdAccountOfClient;
   PageTabs* pages_;
   ClientDetailsPage* details_;
   ClientServicesPage* services_;

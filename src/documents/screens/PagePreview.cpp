@@ -26,6 +26,7 @@ PagePreview::PagePreview(const char* name) {
   setAccessibleName(tr("Pages of the report"));
   setFocusPolicy(Qt::StrongFocus);
   setFrameShape(QFrame::NoFrame);
+  viewport()->setMouseTracking(true);
 }
 
 void PagePreview::ShowDocument(const Composition* document) {
@@ -34,6 +35,7 @@ void PagePreview::ShowDocument(const Composition* document) {
   hits_.clear();
   currentHit_ = -1;
   shownPage_ = 0;
+  CountLinks();
   ApplyFit();
   UpdateScrollBars();
   verticalScrollBar()->setValue(0);
@@ -176,6 +178,7 @@ void PagePreview::paintEvent(QPaintEvent* event) {
     painter.setClipRect(sheet);
     painter.translate(sheet.topLeft());
     painter.scale(PixelsPerTwip(), PixelsPerTwip());
+    PaintMarkedRow(painter, page);
     PaintHits(painter, page);
     painter_.Draw(painter, document_->pages[static_cast<size_t>(page)]);
     painter.restore();
@@ -197,9 +200,83 @@ void PagePreview::wheelEvent(QWheelEvent* event) {
   event->accept();
 }
 
+void PagePreview::CountLinks() {
+  linkCount_ = 0;
+  markedLink_ = -1;
+  if (document_ == nullptr) return;
+  for (const Page& page : document_->pages)
+    for (const TextRun& run : page.texts) linkCount_ = std::max(linkCount_, run.link + 1);
+}
+
+int PagePreview::LinkAt(const QPoint& at) const {
+  if (linkCount_ == 0) return -1;
+  const int pageHeight = PageSize().height() + kGap;
+  const int down = at.y() + verticalScrollBar()->value() - kGap;
+  const int page = pageHeight > 0 ? down / pageHeight : -1;
+  if (down < 0 || page >= PageCount()) return -1;
+  const double x = (at.x() - LeftOfPages()) / PixelsPerTwip();
+  const double y = (down - page * pageHeight) / PixelsPerTwip();
+  constexpr double kReach = 40;  // twips around a text
+  for (const TextRun& run : document_->pages[static_cast<size_t>(page)].texts) {
+    if (run.link >= 0 && x > run.x - kReach && x < run.x + run.width + kReach && y > run.top &&
+        y < run.top + run.height)
+      return run.link;
+  }
+  return -1;
+}
+
+std::optional<PageHit> PagePreview::PlaceOfLink(int link) const {
+  for (int number = 0; number < PageCount(); ++number) {
+    std::optional<QRectF> place;
+    for (const TextRun& run : document_->pages[static_cast<size_t>(number)].texts) {
+      if (run.link != link) continue;
+      const QRectF text(run.x, run.top, run.width, run.height);
+      place = place ? place->united(text) : text;
+    }
+    if (place) return PageHit{number, place->x(), place->y(), place->width(), place->height()};
+  }
+  return std::nullopt;
+}
+
+void PagePreview::MarkLink(int step) {
+  if (linkCount_ == 0) return;
+  markedLink_ = markedLink_ < 0 ? (step > 0 ? 0 : linkCount_ - 1)
+                                : std::clamp(markedLink_ + step, 0, linkCount_ - 1);
+  if (const auto place = PlaceOfLink(markedLink_)) BringIntoView(*place);
+  viewport()->update();
+}
+
+void PagePreview::PaintMarkedRow(QPainter& painter, int page) {
+  if (markedLink_ < 0) return;
+  const auto place = PlaceOfLink(markedLink_);
+  if (!place || place->page != page) return;
+  painter.fillRect(QRectF(place->x - 60, place->y - 10, place->width + 120, place->height + 20),
+                   LightRoles().Of(Hue::PaleBlue).tint);
+}
+
+void PagePreview::mouseMoveEvent(QMouseEvent* event) {
+  viewport()->setCursor(LinkAt(event->pos()) >= 0 ? Qt::PointingHandCursor : Qt::ArrowCursor);
+}
+
+void PagePreview::mouseReleaseEvent(QMouseEvent* event) {
+  const int link = event->button() == Qt::LeftButton ? LinkAt(event->pos()) : -1;
+  if (link < 0) return;
+  markedLink_ = link;
+  viewport()->update();
+  emit linkOpened(link);
+}
+
 void PagePreview::keyPressEvent(QKeyEvent* event) {
   QScrollBar* down = verticalScrollBar();
+  if (event->modifiers() & Qt::ControlModifier) {
+    if (event->key() == Qt::Key_Down) return MarkLink(1);
+    if (event->key() == Qt::Key_Up) return MarkLink(-1);
+  }
   switch (event->key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+      if (markedLink_ >= 0) emit linkOpened(markedLink_);
+      return;
     case Qt::Key_Home:
       down->setValue(0);
       return;

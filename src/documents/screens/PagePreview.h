@@ -5,6 +5,8 @@
 
 #include <QAbstractScrollArea>
 
+#include <optional>
+
 namespace quillary::documents {
 
 /// The pages of a document below one another, as they will be printed.
@@ -36,12 +38,17 @@ class PagePreview : public QAbstractScrollArea {
  signals:
   void pageChanged(int page);
   void zoomChanged(int percent);
+  /// The user opened a row that leads somewhere: by a click, or by Enter on the row that Ctrl+Down
+  /// and Ctrl+Up mark.
+  void linkOpened(int link);
 
  protected:
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void wheelEvent(QWheelEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
   void scrollContentsBy(int dx, int dy) override;
 
  private:
@@ -56,6 +63,13 @@ class PagePreview : public QAbstractScrollArea {
   void ChangeZoom(int percent);
   void PaintHits(QPainter& painter, int page);
   void BringIntoView(const PageHit& hit);
+  /// The link of the row at that place of the viewport; -1 for none.
+  int LinkAt(const QPoint& at) const;
+  /// Where a row of that link stands first; nothing when it is on no page.
+  std::optional<PageHit> PlaceOfLink(int link) const;
+  void CountLinks();
+  void MarkLink(int step);
+  void PaintMarkedRow(QPainter& painter, int page);
 
   const Composition* document_ = nullptr;
   PagePainter painter_;
@@ -64,6 +78,8 @@ class PagePreview : public QAbstractScrollArea {
   std::vector<PageHit> hits_;
   int currentHit_ = -1;
   int shownPage_ = 0;
+  int linkCount_ = 0;
+  int markedLink_ = -1;
 };
 
 }  // namespace quillary::documents

@@ -12,6 +12,7 @@
 #include <QComboBox>
 #include <QDir>
 #include <QFileDialog>
+#include <QPointer>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QShortcut>
@@ -63,6 +64,9 @@ QPushButton* frmReportViewer::MakeTool(const char* name, const QString& heardAs,
 }
 
 void frmReportViewer::MakeControls() {
+  cmdBack = MakeButton("cmdBack", tr("&Back"), ButtonKind::Plain, "go-previous");
+  cmdBack->setToolTip(tr("Back to the report from which this one was opened (Alt+Left)"));
+  cmdBack->hide();
   cmdPreviousPage = MakeTool("cmdPreviousPage", tr("Previous page"), "go-up", {});
   spnPage = Named(new QSpinBox, "spnPage", tr("Page"));
   spnPage->setButtonSymbols(QAbstractSpinBox::NoButtons);
@@ -103,6 +107,7 @@ void frmReportViewer::MakeControls() {
 QLayout* frmReportViewer::ToolLine() {
   auto* line = new QHBoxLayout;
   line->setSpacing(8);
+  line->addWidget(cmdBack);
   for (QWidget* widget : QList<QWidget*>{cmdPreviousPage, spnPage, lblPages, cmdNextPage})
     line->addWidget(widget);
   line->addSpacing(16);
@@ -122,9 +127,10 @@ QLayout* frmReportViewer::CommandLine() {
 }
 
 void frmReportViewer::LayOut() {
-  auto* above = new QVBoxLayout;
-  above->setContentsMargins(16, 12, 16, 12);
-  above->addLayout(ToolLine());
+  above_ = new QVBoxLayout;
+  above_->setContentsMargins(16, 12, 16, 12);
+  above_->setSpacing(12);
+  above_->addLayout(ToolLine());
   auto* below = new QVBoxLayout;
   below->setContentsMargins(16, 12, 16, 16);
   below->setSpacing(12);
@@ -133,7 +139,7 @@ void frmReportViewer::LayOut() {
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(0);
-  column->addLayout(above);
+  column->addLayout(above_);
   column->addWidget(vsPr, 1);
   column->addLayout(below);
 }
@@ -147,6 +153,17 @@ void frmReportViewer::ConnectControls() {
   onClick(cmdSaveTablesAsCSV, [this] { SaveTablesAsCSV(); });
   onClick(cmdEmailFileAsAttachment, [this] { cmdEmailFileAsAttachment_Click(); });
   connect(cmdClose, &QPushButton::clicked, this, &Screen::closeRequested);
+  connect(cmdBack, &QPushButton::clicked, this, [this] {
+    tools_.runner.RunAside(objectName(), QStringLiteral("GoBack"), [this] { GoBack(); });
+  });
+  auto* back = new QShortcut(QKeySequence::Back, this);
+  back->setContext(Qt::WidgetWithChildrenShortcut);
+  connect(back, &QShortcut::activated, cmdBack, &QPushButton::click);
+  connect(vsPr, &PagePreview::linkOpened, this, [this](int link) {
+    tools_.runner.Run(objectName(), QStringLiteral("OpenLink"), [this, link] {
+      if (Live()) Live()->OpenLink(link);
+    });
+  });
   auto* print = new QShortcut(QKeySequence::Print, this);
   print->setContext(Qt::WidgetWithChildrenShortcut);
   connect(print, &QShortcut::activated, cmdPrint, &QPushButton::click);
@@ -191,6 +208,61 @@ void frmReportViewer::ConnectSearch() {
 }
 
 void frmReportViewer::ShowReport(ReportDocument report) {
+  live_.clear();
+  TakeLive();
+  ShowPages(std::move(report));
+}
+
+void frmReportViewer::ShowLive(std::unique_ptr<LiveReport> report, ReportDocument made,
+                               Comes comes) {
+  if (comes == Comes::Anew) live_.clear();
+  live_.push_back(std::move(report));
+  connect(Live(), &LiveReport::changed, this, [this] {
+    tools_.runner.RunAside(objectName(), QStringLiteral("Reload"), [this] { Reload(); });
+  });
+  TakeLive();
+  ShowPages(std::move(made));
+}
+
+void frmReportViewer::GoBack() {
+  if (live_.size() < 2) return;
+  live_.pop_back();
+  TakeLive();
+  ShowPages(Live()->Make());
+}
+
+void frmReportViewer::TakeLive() {
+  delete bar_;
+  bar_ = Live() ? Live()->MakeBar() : nullptr;
+  if (bar_) above_->insertWidget(0, bar_);
+  cmdBack->setVisible(live_.size() > 1);
+}
+
+void frmReportViewer::Reload() {
+  // Making a report may write balances, whose commit comes back here.
+  if (!Live() || making_) return;
+  making_ = true;
+  const int page = vsPr->CurrentPage();
+  const QPointer<QWidget> focus = focusWidget();
+  try {
+    const BusyWhile busy(business_.World().busy);
+    ShowPages(Live()->Make());
+  } catch (const std::invalid_argument& refused) {
+    business_.World().prompter.Tell(Tone::Exclamation, QString::fromUtf8(refused.what()));
+  } catch (...) {
+    making_ = false;
+    throw;
+  }
+  making_ = false;
+  vsPr->GoToPage(page);
+  if (focus) focus->setFocus();
+}
+
+Tables frmReportViewer::Shows() const {
+  return Live() ? Live()->Shows() : Tables();
+}
+
+void frmReportViewer::ShowPages(ReportDocument report) {
   vsPr->ShowDocument(nullptr);
   report_ = std::move(report);
   const int count = static_cast<int>(report_.pages.pages.size());
@@ -289,7 +361,7 @@ void frmReportViewer::SaveTablesAsCSV() {
   const auto name =
       AskFile(tr("Save tables as CSV"), tr("Comma-separated values"), QStringLiteral("csv"));
   if (!name) return;
-  WriteWhole(*name, WriteCsv(report_.pages));
+  WriteWhole(*name, Live() ? Live()->Csv() : WriteCsv(report_.pages));
 }
 
 void frmReportViewer::cmdEmailFileAsAttachment_Click() {
@@ -305,15 +377,33 @@ void frmReportViewer::cmdEmailFileAsAttachment_Click() {
   cmdEmailFileAsAttachment->hide();
 }
 
-void OpenReportViewer(Business& business, const ScreenTools& tools, ReportDocument report) {
-  const QStringList troubles = report.troubles;
+namespace {
+
+frmReportViewer* TheViewer(Business& business, const ScreenTools& tools) {
   auto* viewer =
       qobject_cast<frmReportViewer*>(tools.host.BringToFront(QStringLiteral("frmReportViewer")));
   if (viewer == nullptr) {
     viewer = new frmReportViewer(business, tools);
     tools.host.ShowScreen(viewer);
   }
-  viewer->ShowReport(std::move(report));
+  return viewer;
+}
+
+}  // namespace
+
+void OpenLiveReport(Business& business, const ScreenTools& tools,
+                    std::unique_ptr<LiveReport> report, frmReportViewer::Comes comes) {
+  const BusyWhile busy(business.World().busy);
+  ReportDocument made = report->Make();
+  const QStringList troubles = made.troubles;
+  TheViewer(business, tools)->ShowLive(std::move(report), std::move(made), comes);
+  for (const QString& trouble : troubles)
+    business.World().prompter.Tell(Tone::Exclamation, trouble);
+}
+
+void OpenReportViewer(Business& business, const ScreenTools& tools, ReportDocument report) {
+  const QStringList troubles = report.troubles;
+  TheViewer(business, tools)->ShowReport(std::move(report));
   for (const QString& trouble : troubles)
     business.World().prompter.Tell(Tone::Exclamation, trouble);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "documents/reports/Report.h"
+#include "documents/screens/LiveReport.h"
 #include "documents/screens/PagePreview.h"
 #include "kit/Screen.h"
 
@@ -9,6 +10,7 @@ class QLabel;
 class QLineEdit;
 class QPushButton;
 class QSpinBox;
+class QVBoxLayout;
 
 namespace quillary::documents {
 
@@ -21,6 +23,13 @@ class frmReportViewer : public Screen {
   frmReportViewer(Business& business, const ScreenTools& tools);
 
   void ShowReport(ReportDocument report);
+  /// Shows the report as it was made, with its bar above the pages. What it was opened from waits
+  /// behind it for "Back"; otherwise nothing does.
+  enum class Comes { Anew, FromShown };
+  void ShowLive(std::unique_ptr<LiveReport> report, ReportDocument made, Comes comes);
+  /// Makes a live report again and stays on its page.
+  void Reload() override;
+  Tables Shows() const override;
   const ReportDocument& Shown() const { return report_; }
   /// Lets the user choose an address and mails the file of the report.
   void cmdEmailFileAsAttachment_Click();
@@ -41,6 +50,11 @@ class frmReportViewer : public Screen {
   void Search();
   void GoToHit(int step);
   void ShowHitCount();
+  /// Of the report behind; its bar goes.
+  void GoBack();
+  void TakeLive();
+  LiveReport* Live() const { return live_.empty() ? nullptr : live_.back().get(); }
+  void ShowPages(ReportDocument report);
   void Print();
   void SaveAsPDF();
   void SaveTablesAsCSV();
@@ -50,9 +64,14 @@ class frmReportViewer : public Screen {
   Business& business_;
   ScreenTools tools_;
   ReportDocument report_;
+  std::vector<std::unique_ptr<LiveReport>> live_;  // the one shown last
+  bool making_ = false;
   std::vector<PageHit> hits_;
   int hit_ = -1;
 
+  QVBoxLayout* above_;
+  QWidget* bar_ = nullptr;
+  QPushButton* cmdBack;
   QPushButton* cmdPreviousPage;
   QSpinBox* spnPage;
   QLabel* lblPages;
@@ -73,6 +92,10 @@ class frmReportViewer : public Screen {
   QPushButton* cmdPrint;
 };
 
+/// Makes the report and shows it in the one viewer. One that cannot be made throws, and what is
+/// shown stays.
+void OpenLiveReport(Business& business, const ScreenTools& tools,
+                    std::unique_ptr<LiveReport> report, frmReportViewer::Comes comes);
 /// Shows the report in the one viewer, and tells the user what went amiss while it was made.
 void OpenReportViewer(Business& business, const ScreenTools& tools, ReportDocument report);
 

@@ -81,7 +81,7 @@ void Shots::InvoiceDialogs() {
   shoot(options);
   billing::dlgInvoiceList criteria(business, tools);
   shoot(criteria);
-  billing::dlgFromDate date(business, QStringLiteral("Generation date"));
+  billing::dlgFromDate date(business, QStringLiteral("Generation date"), business.Today());
   shoot(date);
   billing::dlgMonthlyInvoices_Reminder reminder(business, tools);
   shoot(reminder);

@@ -34,6 +34,7 @@ class Shots {
   void Payments();
   void PaymentDialogs();
   void Documents();
+  void Reports();
   /// The dialog that `open` opens, a picture for each of its pages.
   void SaveDialog(const std::function<void()>& open);
   template <typename Request>

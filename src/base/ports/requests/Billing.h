@@ -62,10 +62,11 @@ struct AllocatePayment {
   Id<Payment> payment;
 };
 
-/// One date, today proposed. Nothing when the user gives up.
+/// One date, today proposed unless told. Nothing when the user gives up.
 struct PickDate {
   using Result = std::optional<QDate>;
   QString label;
+  std::optional<QDate> proposed = {};
 };
 
 /// What a list of invoices is to hold, and in which order. Nothing when the user gives up.

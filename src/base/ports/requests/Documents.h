@@ -1,8 +1,12 @@
 #pragma once
 
+#include "base/DateRange.h"
+#include "base/Id.h"
+
 #include <QDate>
 #include <QStringList>
 
+#include <optional>
 #include <vector>
 
 /// Requests for the reports, one each, since each opens its own criteria or its own viewer.
@@ -36,7 +40,24 @@ struct PrintList {
   QStringList headings;
   std::vector<QStringList> rows;
 };
+/// The days for what the title says. Nothing when the user gives up.
+struct PickDates {
+  using Result = std::optional<DateRange>;
+  QString title;
+};
+struct PrintQuote {
+  Id<Quote> quote;
+};
+struct PrintPayInSlip {
+  Id<Banking> banking;
+};
+/// Why a client owes what it owes; asks for the client when none is named.
+struct ShowAccountOfClient {
+  std::optional<Id<Client>> client = {};
+};
 struct ReportOnClients {};
+struct ReportOnQuotes {};
+struct ReportOnConversionRate {};
 struct ReportOnBadDebtors {};
 struct ReportOnInvoices {};
 struct ReportOnJobs {};

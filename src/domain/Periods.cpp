@@ -1,10 +1,10 @@
-#include "reports/Periods.h"
+#include "domain/Periods.h"
 
 #include <QLocale>
 
 #include <algorithm>
 
-namespace quillary::reports {
+namespace quillary {
 namespace {
 
 constexpr int kMonthsOfYear = 12;
@@ -49,6 +49,12 @@ std::vector<NamedPeriod> ProposedPeriods(QDate today, QDate financialYearStartin
   };
 }
 
+std::vector<NamedPeriod> ProposedPeriods(Business& business) {
+  return ProposedPeriods(
+      business.Today(),
+      business.FirstField(Sql("SELECT Financial_Year_Starting FROM infSystem")).ToDate());
+}
+
 std::vector<DateRange> MonthsOf(const DateRange& days) {
   std::vector<DateRange> months;
   for (QDate day = days.from; day <= days.to;) {
@@ -69,4 +75,4 @@ DateRange YearBefore(const DateRange& days) {
   return before;
 }
 
-}  // namespace quillary::reports
+}  // namespace quillary

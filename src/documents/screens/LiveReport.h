@@ -1,0 +1,34 @@
+#pragma once
+
+#include "data/Changes.h"
+#include "documents/reports/Report.h"
+
+#include <QObject>
+
+class QWidget;
+
+namespace quillary::documents {
+
+/// A report that can be made again while it is shown: for other days, or because the business has
+/// changed. The viewer owns it.
+class LiveReport : public QObject {
+  Q_OBJECT
+
+ public:
+  /// Collects and lays out.
+  virtual ReportDocument Make() = 0;
+  /// What stands above the pages to choose days and forms with; null for nothing.
+  virtual QWidget* MakeBar() = 0;
+  /// Opens what the row of that link is made of.
+  virtual void OpenLink(int link) = 0;
+  /// The rows for a spreadsheet.
+  virtual QByteArray Csv() const = 0;
+  /// After a commit that wrote one of these it is made again.
+  virtual Tables Shows() const = 0;
+
+ signals:
+  /// The user chose something else to be shown.
+  void changed();
+};
+
+}  // namespace quillary::documents
