@@ -16,8 +16,8 @@ void LoadHolidaysIntoArray(Business& business) {
   business.holidays.emplace_back();
 }
 
-bool IsHoliday(const HolidayList& holidays, QDate date) {
-  if (!date.isValid()) return false;
+const HolidayRecord* HolidayOf(const HolidayList& holidays, QDate date) {
+  if (!date.isValid()) return nullptr;
   int month = 0;
   int day = 0;
   date.getDate(nullptr, &month, &day);
@@ -26,9 +26,13 @@ bool IsHoliday(const HolidayList& holidays, QDate date) {
   const QStringView key(dayAndMonth, 5);
   for (const HolidayRecord& holiday : holidays) {
     if (holiday.holDate != key) continue;
-    return holiday.holRecurring || holiday.holYear == date.year();
+    return holiday.holRecurring || holiday.holYear == date.year() ? &holiday : nullptr;
   }
-  return false;
+  return nullptr;
+}
+
+bool IsHoliday(const HolidayList& holidays, QDate date) {
+  return HolidayOf(holidays, date) != nullptr;
 }
 
 QDate NextNonHolidayDate(const HolidayList& holidays, QDate date) {

@@ -10,6 +10,8 @@
 #include <QPainter>
 #include <QScrollBar>
 
+#include <algorithm>
+
 namespace quillary {
 
 Grid::Grid(const QString& name, QWidget* parent)
@@ -87,6 +89,10 @@ void Grid::AllowReordering() {
   reordering_ = true;
 }
 
+void Grid::AllowMarking() {
+  setSelectionMode(ExtendedSelection);
+}
+
 void Grid::FilterBy(QLineEdit* box) {
   connect(box, &QLineEdit::textChanged, this, [this](const QString& typed) {
     view_->SetWords(typed);
@@ -101,7 +107,34 @@ void Grid::RememberIn(SettingsStore& settings) {
 std::optional<int> Grid::SelectedRow() const {
   const QModelIndexList rows = selectionModel()->selectedRows();
   if (rows.isEmpty()) return std::nullopt;
-  return LoadedRow(rows.first());
+  const bool atCursor = selectionModel()->isRowSelected(currentIndex().row());
+  return LoadedRow(atCursor ? currentIndex() : rows.first());
+}
+
+std::vector<int> Grid::MarkedRows() const {
+  QModelIndexList marked = selectionModel()->selectedRows();
+  std::ranges::sort(marked, {}, &QModelIndex::row);
+  std::vector<int> rows;
+  for (const QModelIndex& at : marked) rows.push_back(LoadedRow(at));
+  return rows;
+}
+
+bool Grid::MarkKeys(const std::vector<qint64>& keys) {
+  QItemSelection marked;
+  std::optional<int> first;
+  for (int row = 0; row < model_->rowCount(); ++row) {
+    if (std::ranges::find(keys, Key(row)) == keys.end()) continue;
+    const QModelIndex at = view_->mapFromSource(model_->index(row, 0));
+    if (!at.isValid()) continue;
+    if (!first) first = row;
+    marked.select(at, at);
+  }
+  if (!first) return false;
+  SelectLoaded(*first);
+  if (selectionMode() != SingleSelection)
+    selectionModel()->select(marked,
+                             QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+  return true;
 }
 
 qint64 Grid::Key(int row) const {
@@ -151,10 +184,12 @@ QRect Grid::RowRect(int row) const {
 }
 
 void Grid::SelectLoaded(int row) {
-  // On a hidden column the arrow keys would be dead.
+  // On a hidden column the arrow keys would be dead, and a mark is nothing to edit.
   int column = currentIndex().isValid() ? currentIndex().column() : lastColumn_;
   if (column >= model_->columnCount() || isColumnHidden(column)) column = 0;
-  while (isColumnHidden(column) && column + 1 < model_->columnCount()) ++column;
+  while ((isColumnHidden(column) || IsMark(view_->index(0, column))) &&
+         column + 1 < model_->columnCount())
+    ++column;
   // Who hears of the selection may load other rows.
   const QPersistentModelIndex at = view_->mapFromSource(model_->index(row, column));
   if (!at.isValid()) return;

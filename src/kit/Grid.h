@@ -4,9 +4,11 @@
 
 #include <QTableView>
 
+#include <functional>
 #include <optional>
 
 class QLineEdit;
+class QPushButton;
 
 namespace quillary {
 
@@ -31,6 +33,16 @@ class Grid : public QTableView {
   /// Rows may be dragged to another place, or moved by Alt+Up and Alt+Down. Off while the list is
   /// sorted or filtered by the user, because a place would then mean nothing.
   void AllowReordering();
+  /// Several rows can be marked together: by Shift and Ctrl with a click or the arrow keys, by
+  /// Ctrl+A, and by the boxes of a Mark column. SelectedRow() is then the one that the cursor is
+  /// in.
+  void AllowMarking();
+  /// What a right click, or the menu key, offers on a row: the commands as they stand, each by its
+  /// caption, and to copy the marked rows with their headings, which Ctrl+C does too.
+  void OfferCommands(std::vector<QPushButton*> commands);
+  /// One more entry of that menu, with choices of its own that are asked for when it opens.
+  void OfferChoices(const QString& caption, std::function<std::vector<GridChoice>()> choices,
+                    std::function<void(const Value&)> chosen);
   /// Filters as one types into the box.
   void FilterBy(QLineEdit* box);
   /// Widths and sort come from the settings and go back there when the user changes them. They are
@@ -40,6 +52,17 @@ class Grid : public QTableView {
 
   /// The row the user has selected, as loaded.
   std::optional<int> SelectedRow() const;
+  /// All rows that are marked, from the top of the list.
+  std::vector<int> MarkedRows() const;
+  template <NumberedRow Row>
+  std::vector<Id<Row>> MarkedIds() const {
+    std::vector<Id<Row>> ids;
+    for (const int row : MarkedRows()) ids.push_back(IdAt<Row>(row));
+    return ids;
+  }
+  /// Marks those of the keys that are listed, and puts the cursor on the first of them. False when
+  /// none is.
+  bool MarkKeys(const std::vector<qint64>& keys);
   /// The key of a row: its first HiddenId cell.
   qint64 Key(int row) const;
   template <NumberedRow Row>
@@ -87,9 +110,12 @@ class Grid : public QTableView {
   void mouseMoveEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
 
  private:
   bool CanReorder() const;
+  bool IsMark(const QModelIndex& at) const;
+  void CopyMarked() const;
   int LoadedRow(const QModelIndex& shown) const;
   int DropRowAt(int y) const;
   void MoveSelected(int from, int to);
@@ -107,6 +133,13 @@ class Grid : public QTableView {
   QString emptyNext_;
   int keyColumn_ = -1;
   int lastColumn_ = 0;  // where the cursor stood before the rows were loaded again
+  std::vector<QPushButton*> offered_;
+  struct OfferedChoices {
+    QString caption;
+    std::function<std::vector<GridChoice>()> choices;
+    std::function<void(const Value&)> chosen;
+  };
+  std::vector<OfferedChoices> offeredChoices_;
   bool reordering_ = false;
   bool layoutRestored_ = false;
   bool ownWidths_ = false;

@@ -16,6 +16,7 @@ QString ShownText(const GridColumn& column, const GridCell& cell,
     case ColumnKind::Date:
       return ToShortDateText(cell.value.ToDate());
     case ColumnKind::Tick:
+    case ColumnKind::Mark:
       return {};
     case ColumnKind::Chip:
     case ColumnKind::Choice: {

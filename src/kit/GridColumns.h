@@ -18,6 +18,7 @@ enum class ColumnKind {
   Money,     // currency form, right-aligned
   Date,      // "2 Nov 2026"
   Tick,      // yes or no as a box
+  Mark,      // a box that is ticked while the row is marked; holds no value
   Chip,      // a status: its word on the row's hue; edited from choices when there are some
   Choice,    // one of a list: shows the word of the stored key
   HiddenId,  // never shown; the first one is the key that tells rows apart

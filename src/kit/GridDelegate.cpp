@@ -99,12 +99,13 @@ void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
   painter->drawLine(option.rect.bottomLeft(), option.rect.bottomRight());
   if (kind == ColumnKind::Chip) {
     PaintChip(painter, option.rect, index.data().toString(), hue, option.font);
-  } else if (kind == ColumnKind::Tick) {
+  } else if (kind == ColumnKind::Tick || kind == ColumnKind::Mark) {
     QStyleOptionViewItem box(option);
     box.rect = QRect(option.rect.left() + kMargin, option.rect.center().y() - 8, 16, 16);
     box.state &= ~QStyle::State_HasFocus;
-    box.state |= index.data(Qt::CheckStateRole).toInt() == Qt::Checked ? QStyle::State_On
-                                                                       : QStyle::State_Off;
+    const bool on =
+        kind == ColumnKind::Mark ? selected : index.data(Qt::CheckStateRole).toInt() == Qt::Checked;
+    box.state |= on ? QStyle::State_On : QStyle::State_Off;
     option.widget->style()->drawPrimitive(QStyle::PE_IndicatorItemViewItemCheck, &box, painter,
                                           option.widget);
   } else {

@@ -24,6 +24,7 @@ int Grid::DropRowAt(int y) const {
 }
 
 void Grid::keyPressEvent(QKeyEvent* event) {
+  if (event->matches(QKeySequence::Copy)) return CopyMarked();
   const auto row = SelectedRow();
   const bool up = event->key() == Qt::Key_Up;
   const bool down = event->key() == Qt::Key_Down;
@@ -44,9 +45,17 @@ void Grid::keyPressEvent(QKeyEvent* event) {
 }
 
 void Grid::mousePressEvent(QMouseEvent* event) {
-  QTableView::mousePressEvent(event);
   const QModelIndex at = indexAt(event->position().toPoint());
-  draggedRow_ = event->button() == Qt::LeftButton && at.isValid() && CanReorder() ? at.row() : -1;
+  if (event->button() == Qt::LeftButton && IsMark(at)) {
+    selectionModel()->setCurrentIndex(at, QItemSelectionModel::Toggle | QItemSelectionModel::Rows);
+    return;
+  }
+  if (event->button() == Qt::RightButton && selectionModel()->isRowSelected(at.row())) return;
+  QTableView::mousePressEvent(event);
+  draggedRow_ = event->button() == Qt::LeftButton && at.isValid() &&
+                        event->modifiers() == Qt::NoModifier && CanReorder()
+                    ? at.row()
+                    : -1;
   pressedAt_ = event->position().toPoint();
 }
 

@@ -14,7 +14,7 @@ from desk import Desk, keys, type_words, wait_for, walk_all
 
 GRID = "Jobs and visits"
 SEARCH = "Find a client, job or command"
-CLIENT, SERVICES, PRICE, STATUS = 2, 6, 7, 8
+CLIENT, SERVICES, PRICE, STATUS = 3, 7, 8, 9
 
 
 def row_of(desk, grid, words, column):
@@ -146,6 +146,18 @@ def done_cancelled_and_moved(desk):
     wait_for("another status", lambda: status_of(desk, three) != "Job NOT DONE")
 
 
+def marked_ones_moved_and_taken_back(desk):
+    before = len(desk.rows(GRID))
+    (first, _), *_others = open_jobs(desk)
+    choose(desk, GRID, first)
+    keys("shift+Down", "ctrl+m")
+    wait_for("the days to move to", lambda: desk.find("Days to move to"))
+    keys("Return")
+    wait_for("them to have gone to another day", lambda: len(desk.rows(GRID)) < before)
+    keys("ctrl+z")
+    wait_for("them to be back", lambda: len(desk.rows(GRID)) == before)
+
+
 def dialogs(desk):
     return [window for window in desk.windows() if window.get_role_name() in ("dialog", "alert")]
 
@@ -189,7 +201,7 @@ def leaving_with_edits(desk):
 
 
 ROADS = [find_a_client_by_three_letters, a_new_client_with_a_weekly_and_a_followed_service,
-         done_cancelled_and_moved, billed_and_paid_over_two_dialogs, leaving_with_edits]
+         done_cancelled_and_moved, marked_ones_moved_and_taken_back, billed_and_paid_over_two_dialogs, leaving_with_edits]
 
 
 def run(road, binary, business):

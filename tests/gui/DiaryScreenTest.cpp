@@ -10,10 +10,13 @@
 #include "lists/screens/ListScreens.h"
 
 #include <QCheckBox>
+#include <QClipboard>
 #include <QComboBox>
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScopeGuard>
+#include <QTimer>
 
 namespace quillary {
 namespace {
@@ -233,6 +236,52 @@ TEST_F(DiaryScreenTest, ACellThatHoldsNoChoiceKeepsWhatItHolds) {
             9);
   Choose(4, diary::kStatus, "Job NOT DONE");
   EXPECT_EQ(StatusOf(6), "J") << "what is chosen is stored";
+}
+
+TEST_F(DiaryScreenTest, CommandsReachAllThatIsMarked) {
+  Open();
+  PressKey(Qt::Key_Down, Qt::ShiftModifier);
+  EXPECT_EQ(grid->MarkedRows(), (std::vector<int>{0, 1}));
+  QTest::mouseClick(grid->viewport(), Qt::LeftButton, {}, Middle(3, diary::kMark));
+  EXPECT_EQ(grid->MarkedRows(), (std::vector<int>{0, 1, 3})) << "its box marks a row beside others";
+  QTest::mouseClick(grid->viewport(), Qt::LeftButton, {}, Middle(1, diary::kMark));
+  ClickOn(screen, "cmdDoneUnPaid");
+  EXPECT_EQ(StatusOf(1) + StatusOf(2) + StatusOf(4), "JDJVD");
+  grid->setFocus();
+  PressKey(Qt::Key_A, Qt::ControlModifier);
+  ASSERT_EQ(grid->MarkedRows().size(), 4U);
+  screen->Reload();
+  EXPECT_EQ(grid->MarkedRows().size(), 4U) << "loading again takes no mark away";
+  PressKey(Qt::Key_C, Qt::ControlModifier);
+  const QStringList copied = QGuiApplication::clipboard()->text().split(u'\n');
+  ASSERT_EQ(copied.size(), 6);
+  EXPECT_TRUE(copied[0].startsWith(u"#\tClient\tAddress"));
+  EXPECT_TRUE(copied[2].contains(u"Brown"));
+}
+
+TEST_F(DiaryScreenTest, MovesMarkedJobsToTheNextFreeDay) {
+  Open();
+  PressKey(Qt::Key_Down, Qt::ShiftModifier);
+  QTimer::singleShot(0, qApp, [&] {
+    auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+    ASSERT_TRUE(dialog);
+    const auto leave = qScopeGuard([&] {
+      if (dialog->isVisible()) dialog->done(QDialog::Rejected);
+    });
+    EXPECT_TRUE(QTest::qWaitForWindowActive(dialog));
+    EXPECT_EQ(dialog->findChild<QRadioButton*>("optMarked")->text(), "The &marked: 2 jobs");
+    EXPECT_EQ(dialog->findChild<QRadioButton*>("optUndone")->text(),
+              "&All of today that are not done: 2 jobs, 1 visit");
+    Find<Grid>(dialog, "grdDays")->SelectKey(1);
+    ClickOn(dialog, "cmdMove");
+  });
+  ClickOn(screen, "cmdMoveTo");
+  EXPECT_EQ(Names(), "Chen Diaz");
+  EXPECT_EQ(business()
+                .FirstField(
+                    Sql("SELECT COUNT(*) FROM Diary WHERE Schedule_Date = {}", QDate(2026, 11, 4)))
+                .ToLong(),
+            2);
 }
 
 TEST_F(DiaryScreenTest, AnEditNeedsASelectedJob) {

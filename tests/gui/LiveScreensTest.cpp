@@ -1,3 +1,4 @@
+#include "diary/screens/DiaryGrid.h"
 #include "gui/DeskTest.h"
 #include "kit/Grid.h"
 
@@ -26,7 +27,7 @@ class LiveScreensTest : public DeskTest {
   }
   static QString Shown(const Grid* grid, qint64 key, int column) {
     for (const GridRow& row : grid->Rows())
-      if (row.cells[1].value == Value(key))
+      if (row.cells[diary::kEntry].value == Value(key))
         return row.cells[static_cast<size_t>(column)].value.ToText();
     return {};
   }
@@ -39,7 +40,7 @@ TEST_F(LiveScreensTest, TheDiaryFollowsWhatIsWrittenBehindIt) {
   ASSERT_TRUE(grid->SelectKey(job));
   const int scrolled = grid->verticalScrollBar()->value();
   Run(Sql("UPDATE Diary SET Total_Price = 123.45 WHERE Diary_ID = {}", job));
-  EXPECT_TRUE(QTest::qWaitFor([&] { return Shown(grid, job, 7) == "123.45"; }))
+  EXPECT_TRUE(QTest::qWaitFor([&] { return Shown(grid, job, diary::kPrice) == "123.45"; }))
       << "it is in view, so it loads at once";
   EXPECT_EQ(grid->Key(*grid->SelectedRow()), job) << "the selection stays";
   EXPECT_EQ(grid->verticalScrollBar()->value(), scrolled);
@@ -47,9 +48,9 @@ TEST_F(LiveScreensTest, TheDiaryFollowsWhatIsWrittenBehindIt) {
   Open("mnuClientFindClient", "frmClientList");
   Run(Sql("UPDATE Diary SET Total_Price = 67.89 WHERE Diary_ID = {}", job));
   QTest::qWait(20);
-  EXPECT_EQ(Shown(grid, job, 7), "123.45") << "nobody looks at it";
+  EXPECT_EQ(Shown(grid, job, diary::kPrice), "123.45") << "nobody looks at it";
   Open("mnuDiary", "frmDiary");
-  EXPECT_TRUE(QTest::qWaitFor([&] { return Shown(grid, job, 7) == "67.89"; }));
+  EXPECT_TRUE(QTest::qWaitFor([&] { return Shown(grid, job, diary::kPrice) == "67.89"; }));
 }
 
 TEST_F(LiveScreensTest, TypedFieldsOutlastAChangeElsewhere) {
@@ -74,10 +75,10 @@ TEST_F(LiveScreensTest, ACommandIsTakenBackByOneKeyAndMadeAgain) {
   ClickOn(diary, "cmdDoneUnPaid");
   EXPECT_EQ(StatusOf(job), "JD");
   EXPECT_TRUE(Find<QToolButton>(&Window(), "tool_undo")->isEnabled());
-  EXPECT_EQ(Find<QLabel>(&Window(), "lblLastDone")->text(), "Done Unpaid");
+  EXPECT_EQ(Find<QLabel>(&Window(), "lblLastDone")->text(), "Done: 1 job");
   QTest::keyClick(grid, Qt::Key_Z, Qt::ControlModifier);
   EXPECT_EQ(StatusOf(job), "J");
-  EXPECT_EQ(Find<QLabel>(&Window(), "lblLastDone")->text(), "Taken back: Done Unpaid");
+  EXPECT_EQ(Find<QLabel>(&Window(), "lblLastDone")->text(), "Taken back: Done: 1 job");
   QTest::keyClick(grid, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
   EXPECT_EQ(StatusOf(job), "JD");
   ClickOn(&Window(), "cmdUndoLast");

@@ -14,6 +14,7 @@ QString PaidMeaning() {
 
 std::vector<GridColumn> DiaryColumns(bool rowCommands) {
   std::vector<GridColumn> columns = {
+      {{}, ColumnKind::Mark, 36},
       {QStringLiteral("#"), ColumnKind::Number, 48, true},
       {{}, ColumnKind::HiddenId},
       {QObject::tr("Client"), ColumnKind::StrongText, 168},
@@ -54,7 +55,8 @@ GridRow DiaryGridRow(const DiaryRow& row) {
   Value price;
   if (!priceless) price = row.totalPrice;
   GridRow shown;
-  shown.cells = {row.sequence,
+  shown.cells = {Value(),
+                 row.sequence,
                  row.entry,
                  row.displayName,
                  row.address.simplified(),

@@ -8,6 +8,7 @@
 namespace quillary::diary {
 
 enum DiaryColumn {
+  kMark,
   kSequence,
   kEntry,
   kDisplayName,

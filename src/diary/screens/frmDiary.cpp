@@ -5,6 +5,7 @@
 #include "diary/screens/RowButtons.h"
 #include "kit/Combos.h"
 
+#include <algorithm>
 #include <stdexcept>
 
 /// What the diary shows: loading, totals, the order and edits in its table.
@@ -31,6 +32,7 @@ frmDiary::frmDiary(Business& business, const ScreenTools& tools)
   grdSchedule->SetChoices(kStatus, DiaryStatusChoices());
   grdSchedule->RememberIn(business.World().settings);
   grdSchedule->AllowReordering();
+  grdSchedule->AllowMarking();
   grdSchedule->FilterBy(txtFilter);
   LayOut();
   ConnectControls();
@@ -87,6 +89,8 @@ void frmDiary::LoadScheduleGrid() {
 
 void frmDiary::Show(const DiaryList& list) {
   const auto kept = grdSchedule->SelectedId<Entry>();
+  std::vector<qint64> marked;
+  for (const int row : grdSchedule->MarkedRows()) marked.push_back(grdSchedule->Key(row));
   list_ = list;
 
   std::vector<GridRow> rows;
@@ -97,7 +101,8 @@ void frmDiary::Show(const DiaryList& list) {
   grdSchedule->SetChoices(kEmployee, EmployeeChoices(lists::ListEmployeesByName(business_)));
   grdSchedule->ShowColumn(kDate, optShowJobsBetween->isChecked());
   grdSchedule->SetRows(std::move(rows));
-  if (!kept || !grdSchedule->SelectId(*kept)) grdSchedule->SelectFirst();
+  const bool several = marked.size() > 1 && grdSchedule->MarkKeys(marked);
+  if (!several && (!kept || !grdSchedule->SelectId(*kept))) grdSchedule->SelectFirst();
   if (rowButtons_) rowButtons_->MoveButtons();
   EnableEditJob();
 
@@ -122,6 +127,9 @@ void frmDiary::AfterEdit(int row, int column, const Value& value) {
   // A command takes the selection away and leaves the cursor, in whose cell one can still type.
   if (!SelectedJob("Please select a job to update.")) return;
   const auto entry = grdSchedule->IdAt<Entry>(row);
+  const std::vector<Id<Entry>> marked = grdSchedule->MarkedIds<Entry>();
+  if (column == kEmployee && marked.size() > 1 && std::ranges::find(marked, entry) != marked.end())
+    return GiveMarkedTo(value);
   tools_.runner.Run(objectName(), QStringLiteral("grdSchedule_AfterEdit"), [&] {
     if (column == kSequence) ChangeSequence(business_, entry, static_cast<int>(value.ToLong()));
     // What the list cannot choose is what the entry has already.
@@ -146,13 +154,22 @@ const DiaryRow* frmDiary::SelectedJob(const char* noneSelected) {
   return selected;
 }
 
-void frmDiary::ChangeSelected(const std::function<void(const DiaryRow&)>& change) {
-  const DiaryRow* job = SelectedJob();
-  if (!job) return;
+Entries frmDiary::MarkedEntries() {
+  Entries marked;
+  if (!SelectedJob()) return marked;
+  for (const Id<Entry> entry : grdSchedule->MarkedIds<Entry>())
+    for (const DiaryRow& row : list_.rows)
+      if (row.entry == entry) marked.push_back(row);
+  return marked;
+}
+
+void frmDiary::ChangeMarked(const std::function<bool(const Entries&)>& change) {
+  const Entries marked = MarkedEntries();
+  if (marked.empty()) return;
   const int row = *grdSchedule->SelectedRow();
-  change(DiaryRow(*job));
+  const bool changed = change(marked);
   LoadScheduleGrid();
-  grdSchedule->ClearSelectionAt(row);
+  if (changed) grdSchedule->ClearSelectionAt(row);
   grdSchedule->setFocus();
 }
 

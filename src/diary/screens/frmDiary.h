@@ -1,6 +1,6 @@
 #pragma once
 
-#include "diary/DiaryDay.h"
+#include "diary/MarkedEntries.h"
 #include "kit/ComboSearch.h"
 #include "kit/DateField.h"
 #include "kit/Grid.h"
@@ -63,14 +63,19 @@ class frmDiary : public Screen {
   const DiaryRow* FindSelected() const;
   /// The selected entry; without one the user is told so.
   const DiaryRow* SelectedJob(const char* noneSelected = "Please select a job.");
-  /// Runs a command on the selected entry, loads again and takes the selection away.
-  void ChangeSelected(const std::function<void(const DiaryRow&)>& change);
+  /// The entries that are marked; without one the user is told so.
+  Entries MarkedEntries();
+  /// Runs a command on the marked entries, loads again and takes the marks away unless the command
+  /// was given up.
+  void ChangeMarked(const std::function<bool(const Entries&)>& change);
 
   void EditSelected();
   void OpenClientOfSelected();
   void CreateInvoiceForSelected();
   void PayForSelected();
   void PayAndMarkDone();
+  void GiveMarkedTo(const Value& employee);
+  void MoveMarked();
   void RescheduleSelected();
   void PrintSheet();
   void PrintTotals();
@@ -106,6 +111,7 @@ class frmDiary : public Screen {
   QPushButton* cmdPrint;
   QPushButton* cmdPrintDailyTotals;
   QPushButton* cmdCancelled;
+  QPushButton* cmdMoveTo;
   QPushButton* cmdNext;
   QPushButton* cmdDoneUnPaid;
   QPushButton* cmdDonePaid;

@@ -4,6 +4,8 @@
 #include "base/ports/requests/Scheduling.h"
 #include "diary/DiaryCommands.h"
 #include "diary/OpenEntry.h"
+#include "diary/screens/DiaryGrid.h"
+#include "diary/screens/dlgMoveTo.h"
 #include "diary/screens/frmDiary.h"
 
 /// The diary's commands. Those that open another screen ask the navigator for it.
@@ -21,14 +23,32 @@ void frmDiary::ConnectCommands() {
   on(cmdNext, &frmDiary::RescheduleSelected);
   on(cmdPrint, &frmDiary::PrintSheet);
   on(cmdPrintDailyTotals, &frmDiary::PrintTotals);
-  tools_.runner.OnClick(cmdCancelled, objectName(), [this] {
-    ChangeSelected([this](const DiaryRow& job) { CancelJob(business_, job.entry); });
-  });
-  tools_.runner.OnClick(cmdDoneUnPaid, objectName(), [this] {
-    ChangeSelected([this](const DiaryRow& job) {
-      MarkDoneUnpaid(business_, business_.World().prompter, job.entry);
+  on(cmdMoveTo, &frmDiary::MoveMarked);
+  using Change = bool (*)(Business&, Prompter&, const Entries&);
+  for (const auto& [button, change] : {std::pair{cmdCancelled, Change(CancelEntries)},
+                                       std::pair{cmdDoneUnPaid, Change(MarkEntriesDone)}}) {
+    tools_.runner.OnClick(button, objectName(), [this, change = change] {
+      ChangeMarked([&](const Entries& marked) {
+        // What becomes of a quote is decided on its own screen.
+        if (marked.size() == 1 && KindOf(marked.front().status) == EntryKind::Quote &&
+            CanOpenEntry(tools_.navigator, marked.front().status)) {
+          OpenEntry(tools_.navigator, marked.front().status, marked.front().entry);
+          return true;
+        }
+        return change(business_, business_.World().prompter, marked);
+      });
     });
-  });
+  }
+  grdSchedule->OfferCommands({cmdEditJob, cmdClientDetails, cmdCreateInvoice, cmdViewCreatePayment,
+                              cmdDonePaid, cmdDoneUnPaid, cmdMoveTo, cmdNext, cmdCancelled});
+  grdSchedule->OfferChoices(
+      tr("&Give to"),
+      [this] {
+        std::vector<GridChoice> choices = EmployeeChoices(lists::ListEmployeesByName(business_));
+        choices.push_back({Value(), tr("Nobody")});
+        return choices;
+      },
+      [this](const Value& employee) { GiveMarkedTo(employee); });
   tools_.runner.OnClick(cmdShowSuburbDefinition, objectName(), [this] {
     tools_.navigator.Open(EditSuburbPositions{});
     LoadScheduleGrid();
@@ -88,9 +108,34 @@ void frmDiary::PayForSelected() {
 }
 
 void frmDiary::PayAndMarkDone() {
-  ChangeSelected([this](const DiaryRow& job) {
-    tools_.navigator.Open(PayForJob{job.payer, job.entry, job.totalPrice});
+  ChangeMarked([this](const Entries& marked) {
+    const DiaryRow& job = marked.front();
+    if (marked.size() > 1)
+      business_.World().prompter.Tell(
+          Tone::Exclamation, tr("A payment is made for one job at a time. Please select one."));
+    else if (job.payment)
+      return tools_.navigator.Open(ViewPayment{*job.payment});
+    else if (KindOf(job.status) == EntryKind::Job)
+      return tools_.navigator.Open(PayForJob{job.payer, job.entry, job.totalPrice});
+    else
+      business_.World().prompter.Tell(
+          Tone::Exclamation, tr("Only a job is paid for. Mark the visit done with Done Unpaid."));
+    return false;
   });
+}
+
+void frmDiary::GiveMarkedTo(const Value& employee) {
+  tools_.runner.Run(objectName(), QStringLiteral("grdSchedule_AfterEdit"),
+                    [&] { GiveEntriesTo(business_, MarkedEntries(), employee.ToId<Employee>()); });
+  LoadScheduleGrid();
+}
+
+void frmDiary::MoveMarked() {
+  dlgMoveTo dialog(business_, tools_, MarkedEntries(), list_.rows);
+  if (!dialog.HasSomethingToMove()) return;
+  if (dialog.exec() != QDialog::Accepted) return;
+  LoadScheduleGrid();
+  grdSchedule->setFocus();
 }
 
 void frmDiary::RescheduleSelected() {

@@ -1,3 +1,4 @@
+#include "diary/DiaryCommands.h"
 #include "diary/screens/DiaryGrid.h"
 #include "diary/screens/RowButtons.h"
 #include "diary/screens/frmDiary.h"
@@ -110,6 +111,9 @@ void frmDiary::MakeControls() {
   cmdCancelled = MakeButton("cmdCancelled", tr("Canc."), ButtonKind::Danger);
   cmdCancelled->setToolTip(tr("Marks the selected job cancelled (Ctrl+Shift+C)"));
   cmdCancelled->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_C));
+  cmdMoveTo = MakeButton("cmdMoveTo", tr("Move to…"));
+  cmdMoveTo->setToolTip(tr("Moves the marked jobs and visits to another day (Ctrl+M)"));
+  cmdMoveTo->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_M));
   cmdNext = MakeButton("cmdNext", tr("R&eschedule"));
   cmdDoneUnPaid = MakeButton("cmdDoneUnPaid", tr("Done &Unpaid"));
   cmdDonePaid = MakeButton("cmdDonePaid", tr("D&one Paid"), ButtonKind::Main);
@@ -182,7 +186,8 @@ QLayout* frmDiary::CommandLine() {
   auto* line = new FlowLayout;
   line->AddWidgets({cmdEditJob, cmdClientDetails, cmdCreateInvoice, cmdViewCreatePayment, cmdPrint,
                     cmdPrintDailyTotals});
-  line->AddWidgets({cmdClose, cmdCancelled, cmdNext, cmdDoneUnPaid, cmdDonePaid}, Qt::AlignRight);
+  line->AddWidgets({cmdClose, cmdCancelled, cmdMoveTo, cmdNext, cmdDoneUnPaid, cmdDonePaid},
+                   Qt::AlignRight);
   return line;
 }
 

@@ -1,5 +1,6 @@
 #include "base/ports/requests/Scheduling.h"
 #include "base/ports/requests/Setup.h"
+#include "diary/screens/dlgMoveTo.h"
 #include "domain/EntryStatus.h"
 #include "domain/JobType.h"
 #include "kit/Grid.h"
@@ -45,6 +46,12 @@ void Shots::ScheduleDialogs() {
   SaveRequest(AddJob{client});
   SaveRequest(EditVisit{Id<Entry>(
       first(Sql("SELECT TOP 1 Diary_ID FROM Diary WHERE Status = {}", EntryStatus::VisitOpen)))});
+  const diary::Entries today =
+      diary::LoadDiary(business, {.days = DateRange::Of(business.Today())}).rows;
+  diary::dlgMoveTo move(business, program_.MainMenu()->Tools(), today, today);
+  move.show();
+  Save(&move, move.objectName());
+  move.hide();
   SaveRequest(OpenReschedule{});
   SaveRequest(RescheduleFutureJobs{client});
   SaveRequest(EditSuburbPositions{});
