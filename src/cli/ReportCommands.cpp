@@ -91,6 +91,14 @@ QString FileFor(const QString& fileName, const QString& folder, const char* endi
   return QDir(folder).absoluteFilePath(name + QLatin1String(ending));
 }
 
+/// The parts of a report go beside it; its own path is what is returned.
+QString WriteCsvFiles(const reports::ReportData& data, const QString& name, const QString& folder) {
+  const auto files = reports::WriteReportCsvFiles(data, name);
+  for (const reports::CsvFile& file : files)
+    WriteWhole(QDir(folder).absoluteFilePath(file.name), file.content);
+  return QDir(folder).absoluteFilePath(files.front().name);
+}
+
 /// Writes the report into the folder and returns the path of its file.
 QString WriteReport(const Call& call, Business& business, const ReportKind& kind,
                     const reports::ReportData& data, const QString& format) {
@@ -99,9 +107,7 @@ QString WriteReport(const Call& call, Business& business, const ReportKind& kind
   if (!MakeOwnFolder(folder))
     throw CommandFailure(QStringLiteral("the folder %1 cannot be made").arg(folder));
   if (format == u"csv") {
-    const QString file = FileFor(name, folder, ".csv");
-    WriteWhole(file, reports::WriteReportCsv(data));
-    return file;
+    return WriteCsvFiles(data, name, folder);
   }
   if (format == u"text") {
     const QString file = FileFor(name, folder, ".txt");
@@ -113,8 +119,11 @@ QString WriteReport(const Call& call, Business& business, const ReportKind& kind
                                .writesFile = format == u"word"};
   if (TextOption(call, "paper") == u"letter") target.places.paper = documents::Paper::Letter;
   const documents::ReportDocument done = reports::LayOutReport(business, target, data).document;
-  for (const QString& trouble : done.troubles)
-    call.world.prompter.Tell(Tone::Information, trouble, SystemTitle());
+  for (const QString& trouble : done.troubles) {
+    // Those of the figures themselves end the command.
+    if (!data.troubles.contains(trouble))
+      call.world.prompter.Tell(Tone::Information, trouble, SystemTitle());
+  }
   if (format == u"word") return done.docFile;
   const QString file = FileFor(name, folder, ".pdf");
   try {
@@ -170,6 +179,8 @@ void RunReport(const Call& call) {
   } else {
     call.out << reports::WriteReportText(data);
   }
+  // Last, so that what came out can be read with it.
+  if (!data.troubles.isEmpty()) throw CommandFailure(data.troubles.join(u' '));
 }
 
 }  // namespace

@@ -88,8 +88,10 @@ ProfitAndLoss CollectProfitAndLoss(Business& business, const DateRange& days) {
                "General_Ledger_Accounts.GL_Account_Name, "
                "General_Ledger_Accounts.GL_Account_Number "
                "ORDER BY General_Ledger_Accounts.GL_Account_Number, "
-               "General_Ledger_Accounts.GL_Account_Name;")))
+               "General_Ledger_Accounts.GL_Account_Name;"))) {
     figures.expense.push_back(SumFrom(row));
+    figures.expense.back().isOfLedger = true;
+  }
   figures.cashReceived =
       business
           .FirstField(Sql("SELECT Sum(Amount) FROM Payments WHERE ") + Within("Payment_Date", days))

@@ -13,6 +13,7 @@ struct AccountSum {
   QString name;
   Money amount;
   Money tax;
+  bool isOfLedger = false;  // of purchases; otherwise of jobs
 };
 
 struct ProfitAndLoss {

@@ -108,8 +108,8 @@ ReportRow ResultRow(const Shown& shown) {
 ReportSection SectionOf(const Shown& shown) {
   ReportSection section;
   const bool wide = shown.periods.size() > 2;
-  section.columns = {{{}, wide ? "<+.6in" : "<+1.5in", CellKind::Text, Total::Word},
-                     {{}, wide ? "<+1.3in" : "<+2in", CellKind::Text}};
+  section.columns = {{"Number", wide ? "<+.6in" : "<+1.5in", CellKind::Text, Total::Word},
+                     {"Account", wide ? "<+1.3in" : "<+2in", CellKind::Text}};
   for (const Period& period : shown.periods)
     section.columns.push_back(
         {period.heading, wide ? ">+.8in" : ">+1.5in", CellKind::Money, Total::Sum});

@@ -85,6 +85,8 @@ struct ReportData {
   QStringList notes = {};                   // below the tables
   std::vector<ChartBar> chart = {};
   bool landscape = false;
+  QStringList troubles = {};           // what the reader has to be told aloud
+  std::vector<ReportData> parts = {};  // reports that follow, each on pages of its own
 
   const std::vector<ReportSection>& OnPages() const { return printed.empty() ? sections : printed; }
 };

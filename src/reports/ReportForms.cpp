@@ -1,5 +1,6 @@
 #include "reports/ReportForms.h"
 
+#include "base/Text.h"
 #include "documents/forms/Csv.h"
 
 #include <QJsonArray>
@@ -64,6 +65,23 @@ void AddJsonGroups(const ReportSection& section, bool isFirst, QJsonArray& group
   }
   if (!isFirst && !section.totals.empty())
     add({{"key", "Total"}, {"rows", QJsonArray()}, {"totals", JsonOf(section.totals)}});
+}
+
+QJsonObject JsonReport(const ReportData& data) {
+  QJsonArray groups;
+  for (const ReportSection& section : data.sections)
+    AddJsonGroups(section, &section == &data.sections.front(), groups);
+  QJsonObject report{{"title", data.title}, {"groups", groups}};
+  if (!data.sections.empty()) {
+    report.insert("columns", JsonColumns(data.sections.front()));
+    report.insert("totals", JsonOf(data.sections.front().totals));
+  }
+  QJsonArray parts;
+  for (const ReportData& part : data.parts) parts += JsonReport(part);
+  if (!parts.isEmpty()) report.insert("parts", parts);
+  if (!data.troubles.isEmpty())
+    report.insert("troubles", QJsonArray::fromStringList(data.troubles));
+  return report;
 }
 
 // Text for a terminal.
@@ -145,16 +163,16 @@ QByteArray WriteReportCsv(const ReportData& data) {
   return "\xEF\xBB\xBF" + csv;
 }
 
+std::vector<CsvFile> WriteReportCsvFiles(const ReportData& data, const QString& fileName) {
+  const QString ending = QStringLiteral(".csv");
+  std::vector<CsvFile> files{{FileNameWithoutExtension(fileName) + ending, WriteReportCsv(data)}};
+  for (const ReportData& part : data.parts)
+    files.push_back({RemoveIllegalFileCharacters(part.title) + ending, WriteReportCsv(part)});
+  return files;
+}
+
 QByteArray WriteReportJson(const ReportData& data) {
-  QJsonArray groups;
-  for (const ReportSection& section : data.sections)
-    AddJsonGroups(section, &section == &data.sections.front(), groups);
-  QJsonObject report{{"title", data.title}, {"groups", groups}};
-  if (!data.sections.empty()) {
-    report.insert("columns", JsonColumns(data.sections.front()));
-    report.insert("totals", JsonOf(data.sections.front().totals));
-  }
-  return QJsonDocument(report).toJson(QJsonDocument::Indented);
+  return QJsonDocument(JsonReport(data)).toJson(QJsonDocument::Indented);
 }
 
 QString WriteReportText(const ReportData& data) {
@@ -166,6 +184,7 @@ QString WriteReportText(const ReportData& data) {
     text += AlignedText(section);
   }
   if (!data.notes.isEmpty()) text += u'\n' + data.notes.join(u'\n') + u'\n';
+  for (const ReportData& part : data.parts) text += u'\n' + WriteReportText(part);
   return text;
 }
 

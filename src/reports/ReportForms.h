@@ -12,10 +12,17 @@ namespace quillary::reports {
 /// "2026-11-02". Rows of groups begin with the key of theirs. Without totals, which a spreadsheet
 /// would count among the rows. An empty line between two tables.
 QByteArray WriteReportCsv(const ReportData& data);
+/// The same for the report and for each of its parts, under names of files without folder.
+struct CsvFile {
+  QString name;
+  QByteArray content;
+};
+std::vector<CsvFile> WriteReportCsvFiles(const ReportData& data, const QString& fileName);
 
 /// {"title", "columns", "groups": [{"key", "rows", "totals"}], "totals"}: rows and totals have a
 /// value for each column, null where there is none. Groups of further tables bring columns of their
-/// own, and those tables with a total a group "Total".
+/// own, and those tables with a total a group "Total". Parts follow as "parts", "troubles" where
+/// there are some.
 QByteArray WriteReportJson(const ReportData& data);
 
 /// Lines of text, columns aligned.

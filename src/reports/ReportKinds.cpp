@@ -1,5 +1,8 @@
 #include "reports/ReportKinds.h"
 
+#include "reports/AccountantPack.h"
+#include "reports/LedgerReport.h"
+
 #include <algorithm>
 #include <stdexcept>
 
@@ -32,7 +35,7 @@ std::span<const ReportKind> ReportKinds() {
   static const std::vector<ReportKind> kinds = [] {
     std::vector<ReportKind> all;
     for (const auto& area : {SheetKinds(), BookReportKinds(), ClientReportKinds(), JobReportKinds(),
-                             MoneyReportKinds()})
+                             MoneyReportKinds(), LedgerReportKinds(), AccountantPackKinds()})
       all.insert(all.end(), area.begin(), area.end());
     return all;
   }();

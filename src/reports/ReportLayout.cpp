@@ -133,15 +133,57 @@ void AddReport(Business& business, Report& pages, const ReportData& data,
   DrawChart(pages.Page(), data.chart);
 }
 
-LaidReport LayOutReport(Business& business, const ReportTarget& target, const ReportData& data) {
+namespace {
+
+/// The parts with the numbers of their first pages.
+ReportSection Contents(const ReportData& data, const std::vector<int>& pages) {
+  ReportSection contents;
+  contents.title = QStringLiteral("Contents");
+  contents.columns = {{{}, "<+4in", CellKind::Text}, {{}, ">+1in", CellKind::Count}};
+  contents.showsHeadings = false;
+  ReportGroup& group = contents.groups.emplace_back();
+  group.showsKey = false;
+  for (size_t at = 0; at < data.parts.size(); ++at)
+    group.rows.push_back(
+        {.cells = {data.parts[at].title, at < pages.size() ? Value(pages[at]) : Value()}});
+  return contents;
+}
+
+/// Lays the report and its parts out; `pages` is where the parts began when it was laid out before,
+/// and says where they began now.
+LaidReport LayOutOnce(Business& business, const ReportTarget& target, const ReportData& data,
+                      std::vector<int>& pages, bool writesFile) {
   LaidReport laid;
-  Report pages(business, target.places);
-  pages.StartDocument(target.file, data.landscape);
-  pages.SetDocTitle(data.letterhead.isEmpty() ? data.title : data.letterhead);
-  pages.Page().SetFooter(QStringLiteral("Page %1 of %2"));
-  AddReport(business, pages, data, laid.links);
-  laid.document = target.writesFile ? pages.EndDocument() : pages.EndWithoutFile();
+  Report report(business, target.places);
+  report.StartDocument(target.file, data.landscape);
+  report.SetDocTitle(data.letterhead.isEmpty() ? data.title : data.letterhead);
+  report.Page().SetFooter(QStringLiteral("Page %1 of %2"));
+  if (data.parts.empty()) {
+    AddReport(business, report, data, laid.links);
+  } else {
+    ReportData head = data;
+    head.parts.clear();
+    head.sections.insert(head.sections.begin(), Contents(data, pages));
+    AddReport(business, report, head, laid.links);
+  }
+  pages.clear();
+  for (const ReportData& part : data.parts) {
+    report.Page().NewPage();
+    pages.push_back(report.Page().PageCount());
+    AddReport(business, report, part, laid.links);
+  }
+  laid.document = writesFile ? report.EndDocument() : report.EndWithoutFile();
+  laid.document.troubles += data.troubles;
   return laid;
+}
+
+}  // namespace
+
+LaidReport LayOutReport(Business& business, const ReportTarget& target, const ReportData& data) {
+  std::vector<int> pages;
+  // Where the parts begin is known only when they have been laid out.
+  if (!data.parts.empty()) LayOutOnce(business, target, data, pages, false);
+  return LayOutOnce(business, target, data, pages, target.writesFile);
 }
 
 }  // namespace quillary::reports

@@ -158,8 +158,8 @@ ReportData CollectTaxReport(Business& business, const ReportCriteria& criteria) 
                         CollectTaxFigures(business, criteria.days, SalesBasis::Accrual),
                         CollectTaxFigures(business, YearBefore(criteria.days), own)};
   ReportSection form;
-  form.columns = {{"Box", "<+.5in", CellKind::Text},
-                  {{}, "<+2.75in", CellKind::Text},
+  form.columns = {{"Box", "<+.65in", CellKind::Text},
+                  {"What", "<+2.6in", CellKind::Text},
                   {"By cash", ">+1.3in", CellKind::Money},
                   {"By accrual", ">+1.3in", CellKind::Money},
                   {"A year before", ">+1.3in", CellKind::Money}};

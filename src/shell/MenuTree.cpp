@@ -98,6 +98,8 @@ Entries Reports() {
       Break("mnuReportsBreak3"),
       {"mnuReportsAccountOfClient", "Account of a client", Opens<ShowAccountOfClient>(),
        "Account Of Client Report"},
+      {"mnuReportsAccountantPack", "Accountant's pack", Opens<ReportOnAccountantPack>(),
+       "Accountant Pack"},
   };
 }
 

@@ -57,6 +57,20 @@ TEST_F(ReportCommandsTest, WithJsonComeRowsGroupsAndTotals) {
   EXPECT_NEAR(report["totals"].toArray()[4].toDouble(), paid, 0.001);
 }
 
+TEST_F(ReportCommandsTest, APackIsAFileForEachPartAndFailsWhereItDoesNotTie) {
+  const QStringList order{"report",     file,    "accountant-pack", "--from",
+                          "2026-09-01", "--to",  "2026-10-31",      "--format",
+                          "csv",        "--out", Path("pack")};
+  Done(order);
+  EXPECT_EQ(QDir(Path("pack")).entryList({"*.csv"}).size(), 8);
+  Done({"sql", file,
+        "UPDATE General_Ledger_Entries SET GL_Amount = 1 WHERE Purchase_ID IS NOT NULL"});
+  const Result result = Run(order);
+  EXPECT_EQ(result.exitCode, 1);
+  EXPECT_TRUE(result.err.contains("do not tie")) << result.err.toStdString();
+  EXPECT_FALSE(result.out.isEmpty()) << "the files are there to be read with it";
+}
+
 TEST_F(ReportCommandsTest, WhatCannotBeIsToldAndWritesNothing) {
   struct Case {
     QStringList more;

@@ -69,6 +69,7 @@ const Expected kTree[] = {
     {1, "mnuReportsConversionRate", "Conversion rate"},
     {1, "mnuReportsBreak3", ""},
     {1, "mnuReportsAccountOfClient", "Account of a client"},
+    {1, "mnuReportsAccountantPack", "Accountant's pack"},
     {0, "mnuFunctions", "Fu&nctions"},
     {1, "mnuFunctionsAdjustPrices", "Adjust prices"},
     {1, "mnuBackup", "Backup"},

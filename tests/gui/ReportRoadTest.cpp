@@ -51,6 +51,7 @@ const Road kRoads[] = {
     {"mnuPLWithoutGST", "dlgDates", "Profit & Lost.doc", "(Amount without GST)"},
     {"mnuReportsUnpresentedCheques", "", "Unpresented Cheques.doc", "Unpresented Cheques"},
     {"mnuReportsConversionRate", "dlgDates", "Conversion Rate.doc", "Conversion Rate"},
+    {"mnuReportsAccountantPack", "dlgDates", "Accountant Pack.doc", "Accountant's Pack"},
     {"mnuReportsAccountOfClient", "dlgClient", "Account Of Client.doc", "Account Of "},
 };
 

@@ -183,7 +183,7 @@ TEST_F(ReportPagesTest, EmptyDaysGiveATitledPageAndTotalsOfNothing) {
     const ReportData data = CollectReport(business(), kind, {.days = never});
     const LaidReport laid =
         LayOutReport(business(), {.places = Places(documents::Paper::A4), .file = kind.file}, data);
-    ASSERT_EQ(laid.document.pages.pages.size(), 1U) << kind.name;
+    ASSERT_EQ(laid.document.pages.pages.size(), 1U + data.parts.size()) << kind.name;
     EXPECT_EQ(laid.document.pages.pages[0].texts.front().text, data.title) << kind.name;
     for (const ReportSection& section : data.sections)
       for (size_t at = 0; at < section.totals.size(); ++at)
@@ -219,6 +219,62 @@ TEST_F(ReportPagesTest, WhatCannotBeIsRefusedInWords) {
     } catch (const std::invalid_argument& refused) {
       EXPECT_TRUE(QString(refused.what()).contains(c.why)) << refused.what();
     }
+  }
+}
+
+class PackTest : public ReportsTest, public ::testing::WithParamInterface<quint32> {
+ protected:
+  ReportData Pack() {
+    return Collect("accountant-pack", {.days = {QDate(2026, 3, 1), QDate(2026, 11, 2)}});
+  }
+};
+
+TEST_P(PackTest, TiesOnAnyBusinessByEitherMethod) {
+  setup::WriteDemoBusiness(BusinessTest::business(),
+                           {.clients = 40, .months = 6, .seed = GetParam()});
+  LoadSharedValues(business());
+  for (const char* method : {"Cash", "Accrual"}) {
+    business().values.accountingMethod = method;
+    const ReportData pack = Pack();
+    EXPECT_TRUE(pack.troubles.isEmpty()) << pack.troubles.join('|').toStdString();
+    ASSERT_EQ(pack.parts.size(), 7U);
+    int amounts = 0;
+    for (const ReportRow& row : pack.sections.front().groups.front().rows)
+      amounts += row.cells[1].ToMoney() != Money();
+    EXPECT_GE(amounts, 9) << "figures of nothing tie by themselves";
+  }
+}
+INSTANTIATE_TEST_SUITE_P(Seeds, PackTest, ::testing::Range(11U, 21U));
+
+class UntiedPackTest : public PackTest {};
+
+TEST_F(UntiedPackTest, SaysAloudWhatDoesNotTieAndWhereEachPartBegins) {
+  Load(kDemo);
+  Run(
+      Sql("UPDATE General_Ledger_Entries SET GL_Amount = GL_Amount + 1 WHERE GL_Entry_ID = (SELECT "
+          "MAX(GL_Entry_ID) FROM General_Ledger_Entries WHERE Purchase_ID IS NOT NULL AND "
+          "Entry_Date < {})",
+          QDate(2026, 11, 1)));
+  const ReportData pack = Pack();
+  ASSERT_EQ(pack.troubles.size(), 1) << pack.troubles.join('|').toStdString();
+  EXPECT_TRUE(pack.troubles.front().contains("what the ledger holds of them do not tie"));
+  const LaidReport laid =
+      LayOutReport(business(),
+                   {.places = {.applicationFolder = folder.path(),
+                               .fontFolder = QStringLiteral(QUILLARY_BIN "/Fonts")},
+                    .file = "Accountant Pack.doc"},
+                   pack);
+  EXPECT_EQ(laid.document.troubles, pack.troubles);
+  const auto& pages = laid.document.pages.pages;
+  const auto& first = pages.front().texts;
+  for (const ReportData& part : pack.parts) {
+    const auto entry = std::find_if(first.begin(), first.end(), [&](const documents::TextRun& run) {
+      return run.text == part.title;
+    });
+    ASSERT_NE(entry, first.end()) << part.title.toStdString();
+    const int number = std::next(entry)->text.toInt();
+    ASSERT_GT(number, 1);
+    EXPECT_EQ(pages[static_cast<size_t>(number - 1)].texts.front().text, part.title);
   }
 }
 

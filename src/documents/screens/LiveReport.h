@@ -21,8 +21,12 @@ class LiveReport : public QObject {
   virtual QWidget* MakeBar() = 0;
   /// Opens what the row of that link is made of.
   virtual void OpenLink(int link) = 0;
-  /// The rows for a spreadsheet.
-  virtual QByteArray Csv() const = 0;
+  /// The rows for a spreadsheet: one file, or several for a report of several parts.
+  struct CsvTable {
+    QString fileName;
+    QByteArray content;
+  };
+  virtual std::vector<CsvTable> Csv() const = 0;
   /// After a commit that wrote one of these it is made again.
   virtual Tables Shows() const = 0;
 

@@ -358,10 +358,19 @@ void frmReportViewer::SaveAsPDF() {
 }
 
 void frmReportViewer::SaveTablesAsCSV() {
+  const auto tables = Live() ? Live()->Csv() : std::vector<LiveReport::CsvTable>();
+  if (tables.size() > 1) {
+    const QString folder = QFileDialog::getExistingDirectory(
+        this, tr("Save tables as CSV in this folder"), ParentFolder(report_.docFile));
+    if (folder.isEmpty()) return;
+    for (const LiveReport::CsvTable& table : tables)
+      WriteWhole(QDir(folder).filePath(table.fileName), table.content);
+    return;
+  }
   const auto name =
       AskFile(tr("Save tables as CSV"), tr("Comma-separated values"), QStringLiteral("csv"));
   if (!name) return;
-  WriteWhole(*name, Live() ? Live()->Csv() : WriteCsv(report_.pages));
+  WriteWhole(*name, tables.empty() ? WriteCsv(report_.pages) : tables.front().content);
 }
 
 void frmReportViewer::cmdEmailFileAsAttachment_Click() {

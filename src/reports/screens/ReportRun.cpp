@@ -146,8 +146,11 @@ void ReportRun::OpenAccount(const char* report, qint64 account) {
   Show(business_, tools_, report, criteria, Viewer::Comes::FromShown);
 }
 
-QByteArray ReportRun::Csv() const {
-  return WriteReportCsv(data_);
+std::vector<ReportRun::CsvTable> ReportRun::Csv() const {
+  std::vector<CsvTable> tables;
+  for (CsvFile& file : WriteReportCsvFiles(data_, FileNameOf(kind_, data_)))
+    tables.push_back({file.name, std::move(file.content)});
+  return tables;
 }
 
 Tables ReportRun::Shows() const {

@@ -24,7 +24,7 @@ class ReportRun : public documents::LiveReport {
   documents::ReportDocument Make() override;
   QWidget* MakeBar() override;
   void OpenLink(int link) override;
-  QByteArray Csv() const override;
+  std::vector<CsvTable> Csv() const override;
   Tables Shows() const override;
 
  private:

@@ -133,6 +133,9 @@ void RegisterJobReports(const Registration& reports) {
   reports.Asks<ReportOnConversionRate>("conversion-rate", [] {
     return DatesForm(QStringLiteral("Conversion rate"), "Conversion rate");
   });
+  reports.Asks<ReportOnAccountantPack>("accountant-pack", [] {
+    return DatesForm(QStringLiteral("Accountant's pack"), "Accountant's pack");
+  });
   reports.Asks<ReportOnJobsSummary>("job-summary", DatesWithEmployeeForm);
   navigator.Register<ReportOnOverdueJobs>([reports](const ReportOnOverdueJobs&) {
     const QDate monthAgo = reports.business_.Today().addMonths(-1);

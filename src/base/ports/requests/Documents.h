@@ -58,6 +58,7 @@ struct ShowAccountOfClient {
 struct ReportOnClients {};
 struct ReportOnQuotes {};
 struct ReportOnConversionRate {};
+struct ReportOnAccountantPack {};
 struct ReportOnBadDebtors {};
 struct ReportOnInvoices {};
 struct ReportOnJobs {};
