@@ -13,6 +13,7 @@ struct AccountSum {
   QString name;
   Money amount;
   Money tax;
+  bool isExpense = false;
   bool isOfLedger = false;  // of purchases; otherwise of jobs
 };
 
@@ -23,10 +24,48 @@ struct ProfitAndLoss {
   Money taxOfCash;
 };
 
-/// By the accounting method of the business: "Cash" counts the jobs whose payments were made in
-/// these days, and what was received; "Accrual" the jobs of these days that are not cancelled.
-/// Expenses are the ledger entries of purchases of these days, and the jobs of services whose
-/// account is one of expenses. A job's part without an account counts as revenue.
+/// The books of some days, summed up day by day and account by account, from which the figures of
+/// any days among them are told without reading the tables again.
+class BookDays {
+ public:
+  /// By the accounting method of the business: "Cash" counts the jobs whose payments were made in
+  /// these days, and what was received; "Accrual" the jobs of these days that are not cancelled.
+  /// Expenses are the ledger entries of purchases of these days, and the jobs of services whose
+  /// account is one of expenses. A job's part without an account counts as revenue, and a job
+  /// without parts as one.
+  BookDays(Business& business, const DateRange& days);
+  ProfitAndLoss Within(const DateRange& days) const;
+
+ private:
+  struct AccountFacts {
+    qint64 id = 0;  // 0: no specific account
+    QString number;
+    QString name;
+    bool isExpense = false;
+  };
+  struct DaySum {
+    QDate day;
+    size_t account = 0;
+    Money amount;
+    Money tax;
+  };
+  using DaySums = std::vector<DaySum>;
+
+  void LoadAccounts(Business& business);
+  void LoadJobs(Business& business, const DateRange& days);
+  void LoadLedger(Business& business, const DateRange& days);
+  void LoadCash(Business& business, const DateRange& days);
+  /// The place of an account of that number, of none when there is no such account.
+  size_t PlaceOf(qint64 account) const;
+  std::vector<AccountSum> SumOf(const DaySums& sums, const DateRange& days, bool isOfLedger) const;
+
+  std::vector<AccountFacts> accounts_;
+  DaySums jobs_;
+  DaySums ledger_;
+  DaySums cash_;
+};
+
+/// The figures of these days alone.
 ProfitAndLoss CollectProfitAndLoss(Business& business, const DateRange& days);
 bool IsOnCash(const Business& business);
 

@@ -26,9 +26,9 @@ struct Shown {
   bool addsUp;  // the last period is all of the others
 };
 
-Period CollectPeriod(Business& business, const QString& heading, const DateRange& days,
-                     TaxMode mode, bool onCash) {
-  Period period{heading, CollectProfitAndLoss(business, days), {}};
+Period PeriodOf(const BookDays& books, const QString& heading, const DateRange& days, TaxMode mode,
+                bool onCash) {
+  Period period{heading, books.Within(days), {}};
   period.results = ResultsOf(period.figures, mode, onCash);
   return period;
 }
@@ -138,14 +138,14 @@ ReportSection SectionOf(const Shown& shown) {
 }
 
 /// The profit of each month, beside that of the month a year before.
-std::vector<ChartBar> ProfitByMonth(Business& business, const DateRange& days, TaxMode mode,
+std::vector<ChartBar> ProfitByMonth(const BookDays& books, const DateRange& days, TaxMode mode,
                                     bool onCash) {
   std::vector<ChartBar> bars;
   const std::vector<DateRange> months = MonthsOf(days);
   constexpr size_t kMostBars = 24;
   if (months.size() < 2 || months.size() > kMostBars) return bars;
   const auto profit = [&](const DateRange& of) {
-    return ResultsOf(CollectProfitAndLoss(business, of), mode, onCash).Profit();
+    return ResultsOf(books.Within(of), mode, onCash).Profit();
   };
   for (const DateRange& month : months)
     bars.push_back({MonthWords(month), profit(month), profit(YearBefore(month))});
@@ -193,8 +193,9 @@ ReportData CollectShown(Business& business, const ReportCriteria& criteria) {
               .mode = withTax ? TaxMode::Included : TaxMode::Excluded,
               .onCash = IsOnCash(business),
               .addsUp = criteria.option.endsWith(u"months")};
+  const BookDays books(business, {YearBefore(criteria.days).from, criteria.days.to});
   const auto collect = [&](const QString& heading, const DateRange& days) {
-    shown.periods.push_back(CollectPeriod(business, heading, days, shown.mode, shown.onCash));
+    shown.periods.push_back(PeriodOf(books, heading, days, shown.mode, shown.onCash));
   };
   if (shown.addsUp) {
     const auto months = MonthsOf(criteria.days);
@@ -214,7 +215,7 @@ ReportData CollectShown(Business& business, const ReportCriteria& criteria) {
                              business.values.taxName)};
   data.sections = {SectionOf(shown)};
   data.landscape = shown.addsUp;
-  if (!shown.addsUp) data.chart = ProfitByMonth(business, criteria.days, shown.mode, shown.onCash);
+  if (!shown.addsUp) data.chart = ProfitByMonth(books, criteria.days, shown.mode, shown.onCash);
   return data;
 }
 
