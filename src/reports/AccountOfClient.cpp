@@ -9,6 +9,8 @@
 #include "reports/Headings.h"
 #include "reports/ListReport.h"
 
+#include <QHash>
+
 #include <algorithm>
 #include <stdexcept>
 
@@ -26,14 +28,30 @@ struct Movement {
 
 using Movements = std::vector<Movement>;
 
+/// What was done in each job, in the words of the services: their codes say nothing to a client.
+QHash<qint64, QStringList> ServicesOfJobs(Business& business, Id<Client> payer) {
+  QHash<qint64, QStringList> services;
+  for (const Record row : business.RunSQL(
+           Sql("SELECT Diary.Diary_ID, Services.Service FROM ((Diary INNER JOIN Clients ON "
+               "Diary.Client_ID = Clients.Client_ID) INNER JOIN Diary_Services ON Diary.Diary_ID = "
+               "Diary_Services.Diary_ID) INNER JOIN Services ON Diary_Services.Service_ID = "
+               "Services.Service_ID WHERE {} ORDER BY Diary_Services.Diary_Service_ID",
+               IsPaidBy("Clients", payer))))
+    services[row[u"Diary_ID"].ToLong()] += row[u"Service"].ToText();
+  return services;
+}
+
 void AddJobs(Business& business, Id<Client> payer, Movements& movements) {
+  const auto services = ServicesOfJobs(business, payer);
   for (const Record row : business.RunSQL(
            Sql("SELECT Diary.Diary_ID, Diary.Schedule_Date, Diary.Description, Diary.Status, "
                "Diary.Total_Price, Clients.Display_Name FROM Diary INNER JOIN Clients ON "
                "Diary.Client_ID = Clients.Client_ID WHERE {} AND Diary.Status IN {}",
                IsPaidBy("Clients", payer), CodesOf(EntryGroup::WorkDone)))) {
+    const QStringList done = services.value(row[u"Diary_ID"].ToLong());
     movements.push_back({row[u"Schedule_Date"].ToDate(),
-                         row[u"Description"].ToText(QStringLiteral("Job")),
+                         done.isEmpty() ? row[u"Description"].ToText(QStringLiteral("Job"))
+                                        : done.join(QStringLiteral(", ")),
                          row[u"Display_Name"].ToText(),
                          row[u"Total_Price"].ToMoney(),
                          Money(),
