@@ -5,26 +5,26 @@
 namespace quillary::accounts {
 namespace {
 
-bool IsNumberTaken(Business& business, LedgerAccountType type, std::optional<qint64> except,
+bool IsNumberTaken(Business& business, LedgerAccountType type, std::optional<Id<Account>> except,
                    const QString& number) {
   return std::ranges::any_of(ListLedgerAccounts(business, type), [&](const LedgerAccount& account) {
-    return account.glAccountId != except &&
+    return account.account != except &&
            account.number.trimmed().compare(number, Qt::CaseInsensitive) == 0;
   });
 }
 
 std::optional<Refusal> CheckAccount(Business& business, LedgerAccountType type,
-                                    std::optional<qint64> accountId,
+                                    std::optional<Id<Account>> account,
                                     const LedgerAccountForm& form) {
   const QString word = WordOf(type);
   if (form.name.trimmed().isEmpty()) {
     return Refusal{QStringLiteral("Please enter the name of the %1 Account.").arg(word),
-                   QStringLiteral("txt%1AccountName").arg(word)};
+                   QStringLiteral("name")};
   }
   const QString number = form.number.trimmed();
-  if (!number.isEmpty() && IsNumberTaken(business, type, accountId, number)) {
+  if (!number.isEmpty() && IsNumberTaken(business, type, account, number)) {
     return Refusal{QStringLiteral("GL Account number already exists, please enter new value."),
-                   QStringLiteral("txt%1AccountNo").arg(word)};
+                   QStringLiteral("number")};
   }
   return std::nullopt;
 }
@@ -42,8 +42,9 @@ std::vector<LedgerAccount> ListLedgerAccounts(Business& business, LedgerAccountT
                            "Budget_Amount FROM General_Ledger_Accounts "
                            "WHERE GL_Account_Type = {} ORDER BY GL_Account_Name;",
                            WordOf(type))))
-    accounts.push_back({row[u"GL_Account_ID"].ToLong(), row[u"GL_Account_Name"].ToText(),
-                        row[u"GL_Account_Number"].ToText(), row[u"Budget_Amount"].ToMoney()});
+    accounts.push_back({Id<Account>(row[u"GL_Account_ID"].ToLong()),
+                        row[u"GL_Account_Name"].ToText(), row[u"GL_Account_Number"].ToText(),
+                        row[u"Budget_Amount"].ToMoney()});
   return accounts;
 }
 
@@ -58,21 +59,21 @@ std::optional<Refusal> InsertLedgerAccount(Business& business, LedgerAccountType
 }
 
 std::optional<Refusal> UpdateLedgerAccount(Business& business, LedgerAccountType type,
-                                           std::optional<qint64> accountId,
+                                           std::optional<Id<Account>> account,
                                            const LedgerAccountForm& form) {
-  if (auto refusal = CheckAccount(business, type, accountId, form)) return refusal;
-  if (!accountId) return Refusal{QStringLiteral("Please choose a record to update."), {}};
+  if (auto refusal = CheckAccount(business, type, account, form)) return refusal;
+  if (!account) return Refusal{QStringLiteral("Please choose a record to update."), {}};
   business.Write(
       Sql("UPDATE General_Ledger_Accounts SET GL_Account_Name = {}, GL_Account_Number = {} "
           "WHERE GL_Account_ID = {}",
-          form.name, form.number, accountId),
+          form.name, form.number, account),
       Rows::Exactly(1));
   return std::nullopt;
 }
 
-std::optional<Refusal> DeleteLedgerAccount(Business& business, std::optional<qint64> accountId) {
-  if (!accountId) return Refusal{QStringLiteral("Please choose a record to delete."), {}};
-  business.Write(Sql("DELETE FROM General_Ledger_Accounts WHERE GL_Account_ID = {}", accountId),
+std::optional<Refusal> DeleteLedgerAccount(Business& business, std::optional<Id<Account>> account) {
+  if (!account) return Refusal{QStringLiteral("Please choose a record to delete."), {}};
+  business.Write(Sql("DELETE FROM General_Ledger_Accounts WHERE GL_Account_ID = {}", account),
                  Rows::Exactly(1));
   return std::nullopt;
 }

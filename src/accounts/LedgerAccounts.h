@@ -17,7 +17,7 @@ enum class LedgerAccountType { Revenue, Expense };
 QString WordOf(LedgerAccountType type);
 
 struct LedgerAccount {
-  qint64 glAccountId = 0;
+  Id<Account> account;
   QString name;
   QString number;
   Money budgetAmount;  // a year's
@@ -36,10 +36,10 @@ std::optional<Refusal> InsertLedgerAccount(Business& business, LedgerAccountType
                                            const LedgerAccountForm& form);
 /// Refuses also when no record is chosen.
 std::optional<Refusal> UpdateLedgerAccount(Business& business, LedgerAccountType type,
-                                           std::optional<qint64> accountId,
+                                           std::optional<Id<Account>> account,
                                            const LedgerAccountForm& form);
 /// Whether the account is in use or not: what points to it is reported without an account from
 /// then on.
-std::optional<Refusal> DeleteLedgerAccount(Business& business, std::optional<qint64> accountId);
+std::optional<Refusal> DeleteLedgerAccount(Business& business, std::optional<Id<Account>> account);
 
 }  // namespace quillary::accounts

@@ -12,6 +12,6 @@ struct TaxNames {
 };
 
 /// The words of a country; "ABN" and "GST" where it has none, and for a country that is not listed.
-TaxNames GetCountryTaxNames(Business& business, std::optional<qint64> countryId);
+TaxNames GetCountryTaxNames(Business& business, std::optional<Id<Country>> country);
 
 }  // namespace quillary::accounts

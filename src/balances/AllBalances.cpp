@@ -30,7 +30,7 @@ struct Figures {
   bool isChanged = false;
 };
 
-/// Status = 'JD' OR ..., for each status that counts.
+/// One comparison for each status that counts: faster over all rows than a list.
 Sql IsDone() {
   Sql anyOf("Status = {}", EntryStatus::JobDone);
   for (const EntryStatusFacts& facts : TableOf(EntryStatus())) {

@@ -65,7 +65,7 @@ Sql ListStatement(const ClientListQuery& query) {
       "FROM (Clients) ");
   statement = statement + (query.status ? Sql("WHERE UCASE(Clients.Status) = {}",
                                               TextOf(*query.status).toUpper())
-                                        : Sql("WHERE LEFT(Clients.Status, 1) <> 'Q'"));
+                                        : Sql("WHERE {}", IsNoProspect("Clients.Status")));
   if (query.kinds == ClientKinds::RegularOnly)
     statement = statement + Sql(" AND Clients.Client_ID IN "
                                 "(SELECT Client_ID FROM Client_Services WHERE Status = {})",

@@ -33,6 +33,10 @@ std::span<const ClientStatusFacts> TableOf(ClientStatus) {
   return kClientStatuses;
 }
 
+Sql IsNoProspect(const char* column) {
+  return Sql("LEFT({}, 1) <> {}", Sql(column), TextOf(ClientStatus::QuoteOnly).left(1));
+}
+
 Hue HueOf(const StoredClientStatus& status) {
   return status.Known() ? FactsOf(*status.Known()).hue : Hue::Neutral;
 }

@@ -43,6 +43,9 @@ inline Sql StatusesOf(ClientGroup group) {
   return ListOf<ClientStatus>(group);
 }
 
+/// Holds in a statement for all but prospects, whose words all begin alike.
+Sql IsNoProspect(const char* column);
+
 /// Neutral for a word that nobody knows.
 Hue HueOf(const StoredClientStatus& status);
 /// White for a word without a colour.

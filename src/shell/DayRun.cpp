@@ -6,8 +6,8 @@
 #include "diary/screens/DiaryGrid.h"
 #include "documents/billing/BillingDocuments.h"
 #include "kit/Grid.h"
+#include "session/BusinessFacts.h"
 #include "session/ProgramFolder.h"
-#include "shell/BusinessFacts.h"
 #include "shell/Hands.h"
 #include "shell/Ports.h"
 #include "shell/Program.h"
@@ -167,7 +167,8 @@ void Run(const QString& commandLine, const QString& file, const QString& folder)
   window->resize(1280, 720);
   Say(QStringLiteral("Opened %1.").arg(program.OpenBusiness().DatabaseFile()));
   Say(QStringLiteral("The schedule is filled to %1.")
-          .arg(ToShortDateText(ReadBusinessFacts(program.OpenBusiness()).scheduleFilledTo)));
+          .arg(ToShortDateText(
+              session::ReadBusinessFacts(program.OpenBusiness()).scheduleFilledTo)));
   ports.navigator.Open(OpenDiary{});
   Hands::Settle();
   const auto job = MarkFirstJobDone(window, errors);

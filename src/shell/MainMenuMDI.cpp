@@ -4,7 +4,7 @@
 #include "data/ActivityLog.h"
 #include "kit/Controls.h"
 #include "kit/Theme.h"
-#include "shell/BusinessFacts.h"
+#include "session/BusinessFacts.h"
 #include "shell/MainMenuMDI_Splash.h"
 #include "shell/ProgramIcon.h"
 #include "shell/Version.h"
@@ -111,7 +111,7 @@ void MainMenuMDI::ShowYourself() {
   RefreshStatus();
   RestoreWindow();
   show();
-  auto* splash = new MainMenuMDI_Splash(ReadBusinessFacts(business_).companyName, this);
+  auto* splash = new MainMenuMDI_Splash(session::ReadBusinessFacts(business_).companyName, this);
   splash->ShowOver(this, business_.World().clock.Now().time);
   activateWindow();  // the keyboard belongs to the frame at once
   RestoreTabs();
@@ -119,7 +119,7 @@ void MainMenuMDI::ShowYourself() {
 }
 
 void MainMenuMDI::RefreshStatus() {
-  const BusinessFacts facts = ReadBusinessFacts(business_);
+  const session::BusinessFacts facts = session::ReadBusinessFacts(business_);
   lblBusiness->setText(facts.companyName);
   lblBusiness->setVisible(!facts.companyName.isEmpty());
   lblDatabase->setText(FileNameOfPath(business_.DatabaseFile()));

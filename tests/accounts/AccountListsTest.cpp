@@ -12,11 +12,11 @@ constexpr auto kExpense = LedgerAccountType::Expense;
 TEST_F(AccountListsTest, ANumberIsUniqueWithinItsType) {
   ASSERT_FALSE(InsertLedgerAccount(business(), kRevenue, {"Lawns", "4-1000"}));
   ASSERT_FALSE(InsertLedgerAccount(business(), kRevenue, {"Hedges", "4-2000"}));
-  const qint64 hedges = ListLedgerAccounts(business(), kRevenue)[0].glAccountId;
+  const Id<Account> hedges = ListLedgerAccounts(business(), kRevenue)[0].account;
   struct Case {
     const char* what;
     LedgerAccountType type;
-    std::optional<qint64> edited;
+    std::optional<Id<Account>> edited;
     LedgerAccountForm form;
     const char* message;  // "" when it is taken
     const char* field;
@@ -28,20 +28,15 @@ TEST_F(AccountListsTest, ANumberIsUniqueWithinItsType) {
        {},
        {" ", "1"},
        "Please enter the name of the Revenue Account.",
-       "txtRevenueAccountName"},
+       "name"},
       {"no name on the other tab",
        kExpense,
        {},
        {"", ""},
        "Please enter the name of the Expense Account.",
-       "txtExpenseAccountName"},
-      {"a number in use", kRevenue, {}, {"Mulch", " 4-1000 "}, taken, "txtRevenueAccountNo"},
-      {"a number of another row",
-       kRevenue,
-       hedges,
-       {"Hedges", "4-1000"},
-       taken,
-       "txtRevenueAccountNo"},
+       "name"},
+      {"a number in use", kRevenue, {}, {"Mulch", " 4-1000 "}, taken, "number"},
+      {"a number of another row", kRevenue, hedges, {"Hedges", "4-1000"}, taken, "number"},
       {"its own number", kRevenue, hedges, {"Hedging", "4-2000"}, "", ""},
       {"the number of the other type", kExpense, {}, {"Fuel", "4-1000"}, "", ""},
       {"no number", kRevenue, {}, {"Tips", ""}, "", ""},
@@ -64,7 +59,7 @@ TEST_F(AccountListsTest, ANumberIsUniqueWithinItsType) {
 
 TEST_F(AccountListsTest, AnAccountInUseCanGo) {
   ASSERT_FALSE(InsertLedgerAccount(business(), kExpense, {"Fuel", ""}));
-  const qint64 fuel = ListLedgerAccounts(business(), kExpense)[0].glAccountId;
+  const Id<Account> fuel = ListLedgerAccounts(business(), kExpense)[0].account;
   Run(Sql("INSERT INTO General_Ledger_Entries (GL_Account_ID) VALUES ({})", fuel));
   EXPECT_EQ(DeleteLedgerAccount(business(), {})->message, "Please choose a record to delete.");
   EXPECT_FALSE(DeleteLedgerAccount(business(), fuel));

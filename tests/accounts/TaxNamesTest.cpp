@@ -19,8 +19,7 @@ TEST_F(TaxNamesTest, EmptyWordsFallBack) {
                           Case{"Fiji", "ABN", "GST"}, Case{"Atlantis", "ABN", "GST"}}) {
     const Value id = business().FirstField(
         Sql("SELECT Country_ID FROM Countries WHERE Country_Name = {}", one.country));
-    const TaxNames names =
-        GetCountryTaxNames(business(), id.IsNull() ? std::nullopt : std::optional(id.ToLong()));
+    const TaxNames names = GetCountryTaxNames(business(), id.ToId<Country>());
     EXPECT_EQ(names.registrationName, QString::fromUtf8(one.registration)) << one.country;
     EXPECT_EQ(names.taxName, QString::fromUtf8(one.tax)) << one.country;
   }

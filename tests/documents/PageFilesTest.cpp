@@ -65,6 +65,7 @@ TEST(Pdf, OtherReadersTakeThePages) {
     EXPECT_TRUE(info->contains(QRegularExpression("Page size: +841.9 x 595.3")))
         << info->toStdString();
     EXPECT_TRUE(info->contains("Clients – 2026")) << info->toStdString();
+    EXPECT_TRUE(info->contains(kNow.time.toString("HH:mm:ss"))) << info->toStdString();
   }
   if (const auto text = Ask("pdftotext", {"-layout", file, "-"})) {
     EXPECT_TRUE(text->contains("Heading (of all) \\ pages"));

@@ -115,10 +115,10 @@ TEST_F(DrawingTest, ShapesAreFramedAndPainted) {
          w.PDFSetLineWidth(1);
          w.PDFSetFill(true);
          w.PDFSetAlignement("J");
-         w.PDFCell("a b\na b", 100, 100, 56, 20);
+         w.PDFCell("a b c\na b", 100, 100, 56, 20);
        },
-       "%DEBUT_CELL/%\n0 G\n0 g\n100.00 900.00 56.00 -20.00 re f\n32.000 Tw\n"
-       "q 0 g \n%DEBUT_TEXT/%\nBT\n103.00 887.00 Td\n/F1 10 Tf\n(a b) Tj\nET\nQ\n%FIN_TEXT/%\n"
+       "%DEBUT_CELL/%\n0 G\n0 g\n100.00 900.00 56.00 -20.00 re f\n10.000 Tw\n"
+       "q 0 g \n%DEBUT_TEXT/%\nBT\n103.00 887.00 Td\n/F1 10 Tf\n(a b c) Tj\nET\nQ\n%FIN_TEXT/%\n"
        "0 Tw\n%FIN_CELL/%\n"
        "%DEBUT_CELL/%\n0 G\n0 g\n100.00 880.00 56.00 -20.00 re f\n"
        "q 0 g \n%DEBUT_TEXT/%\nBT\n103.00 867.00 Td\n/F1 10 Tf\n(a b) Tj\nET\nQ\n%FIN_TEXT/%\n"

@@ -159,6 +159,7 @@ TEST_F(TextTest, WatermarkStandsOnEveryPageBehindItsContent) {
   EXPECT_EQ(CountOf(bytes, "(DRAFT) Tj"), 2);
   EXPECT_LT(bytes.find("(DRAFT) Tj"), bytes.find("(one) Tj"));
   EXPECT_EQ(CountOf(bytes, "/F1 9 Tf"), 2);
+  EXPECT_EQ(CountOf(bytes, " 50 Tf"), 2);
   EXPECT_EQ(Between(bytes, "3 0 obj\r\n", "\r"),
             std::to_string(Between(bytes, "stream\r\n", "endstream").size()));
 }

@@ -1,5 +1,6 @@
 #include "accounts/screens/LedgerAccountsPage.h"
 
+#include "kit/Form.h"
 #include "kit/Grid.h"
 #include "kit/Keys.h"
 #include "kit/Layouts.h"
@@ -46,8 +47,8 @@ void LedgerAccountsPage::MakeControls() {
   grid_->RememberIn(business_.World().settings);
   grid_->FilterBy(filter_);
   grid_->setMinimumHeight(120);
-  name_ = Named(new QLineEdit, named("txt%1AccountName").constData());
-  number_ = Named(new QLineEdit, named("txt%1AccountNo").constData());
+  name_ = ForField("name", Named(new QLineEdit, named("txt%1AccountName").constData()));
+  number_ = ForField("number", Named(new QLineEdit, named("txt%1AccountNo").constData()));
   LimitTo(name_, kNameWidth);
   LimitTo(number_, kNumberWidth);
   for (QLineEdit* field : {name_, number_}) SelectAllText(field);
@@ -105,21 +106,21 @@ void LedgerAccountsPage::ConnectControls() {
   };
   on(insert_, QKeySequence::New, [this] { Store(InsertLedgerAccount(business_, type_, Typed())); });
   on(update_, QKeySequence::Save,
-     [this] { Store(UpdateLedgerAccount(business_, type_, ChosenKey(), Typed())); });
+     [this] { Store(UpdateLedgerAccount(business_, type_, Chosen(), Typed())); });
   on(delete_, QKeySequence::UnknownKey,
-     [this] { Store(DeleteLedgerAccount(business_, ChosenKey())); });
+     [this] { Store(DeleteLedgerAccount(business_, Chosen())); });
   on(cancel_, QKeySequence::UnknownKey, [this] { Clear(); });
   connect(grid_, &Grid::selectedRowChanged, this, &LedgerAccountsPage::ShowChosen);
 }
 
 size_t LedgerAccountsPage::Load() {
-  const auto kept = ChosenKey();
+  const auto kept = Chosen();
   std::vector<GridRow> rows;
   for (const LedgerAccount& account : ListLedgerAccounts(business_, type_))
-    rows.push_back({{account.name, account.glAccountId, account.number, account.budgetAmount}});
+    rows.push_back({{account.name, account.account, account.number, account.budgetAmount}});
   const size_t count = rows.size();
   grid_->SetRows(std::move(rows));
-  if (kept) grid_->SelectKey(*kept);
+  if (kept) grid_->SelectId(*kept);
   ShowChosen();
   emit counted(count);
   return count;
@@ -133,10 +134,8 @@ void LedgerAccountsPage::ShowChosen() {
   state_.ClearDataChanged();
 }
 
-std::optional<qint64> LedgerAccountsPage::ChosenKey() const {
-  const auto row = grid_->SelectedRow();
-  if (!row) return std::nullopt;
-  return grid_->Key(*row);
+std::optional<Id<Account>> LedgerAccountsPage::Chosen() const {
+  return grid_->SelectedId<Account>();
 }
 
 LedgerAccountForm LedgerAccountsPage::Typed() const {

@@ -35,7 +35,7 @@ class LedgerAccountsPage : public QWidget {
   QLayout* FieldColumn();
   void ConnectControls();
   void ShowChosen();
-  std::optional<qint64> ChosenKey() const;
+  std::optional<Id<Account>> Chosen() const;
   LedgerAccountForm Typed() const;
   void Store(const std::optional<Refusal>& refusal);
   /// Empties the fields and chooses nothing.

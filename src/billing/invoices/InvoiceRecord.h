@@ -67,7 +67,8 @@ std::optional<Refusal> CheckInvoice(const InvoiceForm& form);
 
 /// Writes the invoice, inserting it first when it is new, and gives `form` its key. The one date
 /// goes into all three dates of the row, the options to the client. Only the first save touches
-/// jobs: it attaches those of the form, and the job that the invoice was made for becomes 'JI'.
+/// jobs: it attaches those of the form, and the job that the invoice was made for becomes
+/// invoiced.
 /// One transaction; nothing is written when CheckInvoice() refuses.
 std::optional<Refusal> SaveInvoices(Business& business, InvoiceForm& form);
 

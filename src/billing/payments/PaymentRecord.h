@@ -81,8 +81,8 @@ std::optional<PaymentForm> LoadPayment(Business& business, Id<Payment> paymentId
 std::optional<Refusal> CheckPayment(const PaymentForm& form);
 
 /// Writes the payment to Payments, inserting it first when it is new, and gives `form` its key.
-/// One that was opened for a job pays that job and makes it done and not invoiced ('JD', whatever
-/// it was). Marks the invoices of its jobs as paid when the form says so, recomputes the balance
+/// One that was opened for a job pays that job and makes it done and not invoiced, whatever it
+/// was. Marks the invoices of its jobs as paid when the form says so, recomputes the balance
 /// of the client, and of the client it was taken from, and gives its ledger entries its date and
 /// note. Writes nothing when CheckPayment() refuses.
 std::optional<Refusal> SavePaymentDetails(Business& business, PaymentForm& form);

@@ -127,6 +127,8 @@ TEST_F(MeaningTest, CountsMoneyExactly) {
       {"a sum drifts", "SELECT Sum(Price) FROM Jobs WHERE Price < 1", "0.3"},
       {"a stored sum drifts", "SELECT Job_ID FROM Jobs WHERE Price + Price = .4", "3"},
       {"a chain drifts", "SELECT Price + Price + Price FROM Jobs WHERE Job_ID = 2", "0.3"},
+      {"money times money is not cut to its decimals",
+       "SELECT Price * Price * Price * Price FROM Jobs WHERE Job_ID = 2", "0.0001"},
       {"a count of money is no money", "SELECT Price * 3 FROM Jobs WHERE Job_ID = 2", "0.3"},
       {"a literal with a sign",
        "SELECT Client_ID FROM Clients WHERE Balance > (-.02) and Balance < (.01)", "3"},

@@ -128,6 +128,8 @@ INSERT INTO t VALUES (1, 'x'))");
       << "a unique text minds case";
   EXPECT_THROW(file_.Run("INSERT INTO t VALUES (1, 'y')"), std::runtime_error);
   file_.Run("ALTER TABLE t ALTER COLUMN a TEXT(9)");
+  file_.Run("ALTER TABLE t ALTER COLUMN a TEXT(65535)");
+  EXPECT_ANY_THROW(file_.Run("ALTER TABLE t ALTER COLUMN a TEXT(65536)"));
   EXPECT_THROW(file_.Run("INSERT INTO t VALUES (1, 'y')"), std::runtime_error)
       << "a rebuilt table loses its key";
   file_.Run("DROP INDEX Twice ON t");

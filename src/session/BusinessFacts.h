@@ -5,7 +5,7 @@
 #include <QDate>
 #include <QString>
 
-namespace quillary::shell {
+namespace quillary::session {
 
 /// What the frame says about the open business.
 struct BusinessFacts {
@@ -15,4 +15,4 @@ struct BusinessFacts {
 
 BusinessFacts ReadBusinessFacts(Business& business);
 
-}  // namespace quillary::shell
+}  // namespace quillary::session

@@ -1,6 +1,6 @@
-#include "shell/BusinessFacts.h"
+#include "session/BusinessFacts.h"
 
-namespace quillary::shell {
+namespace quillary::session {
 
 BusinessFacts ReadBusinessFacts(Business& business) {
   BusinessFacts facts;
@@ -11,4 +11,4 @@ BusinessFacts ReadBusinessFacts(Business& business) {
   return facts;
 }
 
-}  // namespace quillary::shell
+}  // namespace quillary::session
