@@ -2,9 +2,11 @@
 
 #include "kit/Roles.h"
 
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QScrollBar>
+#include <QToolTip>
 #include <QWheelEvent>
 
 #include <algorithm>
@@ -256,6 +258,17 @@ void PagePreview::PaintMarkedRow(QPainter& painter, int page) {
 
 void PagePreview::mouseMoveEvent(QMouseEvent* event) {
   viewport()->setCursor(LinkAt(event->pos()) >= 0 ? Qt::PointingHandCursor : Qt::ArrowCursor);
+}
+
+bool PagePreview::viewportEvent(QEvent* event) {
+  if (event->type() != QEvent::ToolTip) return QAbstractScrollArea::viewportEvent(event);
+  const auto* help = static_cast<QHelpEvent*>(event);
+  if (LinkAt(help->pos()) >= 0)
+    QToolTip::showText(help->globalPos(),
+                       tr("A click shows what this is made of; so do Ctrl+Down and Enter."), this);
+  else
+    QToolTip::hideText();
+  return true;
 }
 
 void PagePreview::mouseReleaseEvent(QMouseEvent* event) {

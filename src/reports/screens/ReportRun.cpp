@@ -1,5 +1,6 @@
 #include "reports/screens/ReportRun.h"
 
+#include "base/ports/requests/Accounts.h"
 #include "base/ports/requests/Billing.h"
 #include "base/ports/requests/Clients.h"
 #include "diary/OpenEntry.h"
@@ -131,7 +132,7 @@ void ReportRun::OpenLink(int link) {
     case ReportLink::To::Invoice:
       return OpenIfThere(navigator, EditInvoice{Id<Invoice>(to.id)});
     case ReportLink::To::Purchase:
-      return;
+      return OpenIfThere(navigator, ViewPurchase{Id<Purchase>(to.id)});
     case ReportLink::To::RevenueAccount:
       return OpenAccount("revenue-of-account", to.id);
     case ReportLink::To::LedgerAccount:

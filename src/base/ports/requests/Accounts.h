@@ -1,5 +1,7 @@
 #pragma once
 
+#include "base/Id.h"
+
 /// Requests that open the screens of the ledger, purchases, banking and their repairs.
 namespace quillary {
 
@@ -13,5 +15,10 @@ struct RecalculateBudgets {};
 struct RecalculateGSTComponent {};
 struct RecomputeAmountOwing {};
 struct UpdateRevenueAccountIntoDefault {};
+
+struct ViewPurchase {
+  using Result = bool;
+  Id<Purchase> purchase;
+};
 
 }  // namespace quillary
