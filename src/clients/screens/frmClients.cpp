@@ -81,7 +81,7 @@ QLayout* frmClients::Header() {
   line->addWidget(MakeLabel("lblCurrentlyOwing", tr("Currently owing"), LabelRole::Muted));
   line->addWidget(lblOwing);
   line->addWidget(lblOwingSince);
-  cmdAccountOfClient = MakeButton("cmdAccountOfClient", tr("&Why?"), ButtonKind::Link);
+  cmdAccountOfClient = MakeButton("cmdAccountOfClient", tr("Why?"), ButtonKind::Link);
   cmdAccountOfClient->setToolTip(tr("Every job and payment, with what was owed after each"));
   desk_.tools.runner.OnClick(cmdAccountOfClient, objectName(), [this] {
     if (const auto client = ClientId()) desk_.tools.navigator.Open(ShowAccountOfClient{client});
