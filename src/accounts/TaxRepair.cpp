@@ -27,14 +27,21 @@ void RecalculateGSTOfAllRecords(Business& business) {
 
 void ZeroTaxOfExemptLedgerEntries(Business& business) {
   Transaction zeroing(business);
+  // Only those that have some: a report asks for this each time it is made, and is made again
+  // whenever an entry was written.
+  const Sql withTax(
+      " AND (General_Ledger_Entries.GST_Included <> 0 OR General_Ledger_Entries.GST_Included IS "
+      "NULL)");
   business.Write(
       Sql("UPDATE General_Ledger_Entries INNER JOIN Payments "
           "ON General_Ledger_Entries.Payment_ID = Payments.Payment_ID "
-          "SET General_Ledger_Entries.GST_Included = 0 WHERE Payments.Tax_Exempt = True"));
+          "SET General_Ledger_Entries.GST_Included = 0 WHERE Payments.Tax_Exempt = True") +
+      withTax);
   business.Write(
       Sql("UPDATE General_Ledger_Entries INNER JOIN Purchases "
           "ON General_Ledger_Entries.Purchase_ID = Purchases.Purchase_ID "
-          "SET General_Ledger_Entries.GST_Included = 0 WHERE Purchases.Tax_Exempt = True"));
+          "SET General_Ledger_Entries.GST_Included = 0 WHERE Purchases.Tax_Exempt = True") +
+      withTax);
   zeroing.Commit();
 }
 

@@ -44,6 +44,7 @@ QString OptionsOf(Asks asks) {
     case Asks::DaysAndEmployee:
       return QStringLiteral("--from --to --employee");
     case Asks::Quote:
+      return QStringLiteral("--record or --client");
     case Asks::Deposit:
       return QStringLiteral("--record");
     case Asks::Client:
@@ -196,7 +197,7 @@ std::vector<Command> ReportCommands() {
         {"to", "DATE", "last day; else the last of the month"},
         {"client", "ID,...", "the clients it is about; else all"},
         {"employee", "ID", "the employee it is about; else all"},
-        {"record", "ID", "the quote or the deposit it is about"},
+        {"record", "ID", "the quote or the deposit it is about; else the newest"},
         {"sort", "NAME", "its order, of those that --list names"},
         {"option", "NAME", "its form, of those that --list names"},
         {"format", "F", "pdf, word, csv or text; pdf unless told"},

@@ -24,9 +24,19 @@ ReportSection Block(const QStringList& places, std::vector<ReportRow> rows, bool
   return block;
 }
 
-qint64 RecordAskedFor(const ReportCriteria& criteria, const char* ifNone) {
-  if (!criteria.record) throw std::invalid_argument(ifNone);
-  return *criteria.record;
+/// The record asked for, or else the newest one.
+qint64 RecordAskedFor(Business& business, const ReportCriteria& criteria, const Sql& newest,
+                      const char* ifNone) {
+  if (criteria.record) return *criteria.record;
+  const Value found = business.FirstField(newest);
+  if (found.IsNull()) throw std::invalid_argument(ifNone);
+  return found.ToLong();
+}
+
+Sql NewestQuote(const std::vector<Id<Client>>& clients) {
+  Sql statement("SELECT TOP 1 Quote_ID FROM Quotes ");
+  if (!clients.empty()) statement = statement + Sql("WHERE Client_ID = {} ", clients.front());
+  return statement + Sql("ORDER BY Quote_Date DESC, Quote_ID DESC");
 }
 
 // The quote.
@@ -53,7 +63,8 @@ ReportSection QuoteServices(const Recordset& lines, const QString& taxHeading) {
 }
 
 ReportData CollectQuote(Business& business, const ReportCriteria& criteria) {
-  const qint64 quote = RecordAskedFor(criteria, "Please select and load a quote to print.");
+  const qint64 quote = RecordAskedFor(business, criteria, NewestQuote(criteria.clients),
+                                      "Please select and load a quote to print.");
   const Recordset lines = business.RunSQL(
       Sql("SELECT Quotes.Quote_ID, Quotes.Client_ID, Quotes.Quote_Date, "
           "Quote_Services.Quote_Service_ID, Quote_Services.Price, "
@@ -116,7 +127,10 @@ ReportSection DepositedPayments(Business& business, qint64 banking, PaymentGroup
 }
 
 ReportData CollectPayInSlip(Business& business, const ReportCriteria& criteria) {
-  const qint64 banking = RecordAskedFor(criteria, "Please select a record to print.");
+  const qint64 banking = RecordAskedFor(
+      business, criteria,
+      Sql("SELECT TOP 1 Banking_ID FROM Bankings ORDER BY Banking_Date DESC, Banking_ID DESC"),
+      "Please select a record to print.");
   const Recordset deposit = business.RunSQL(
       Sql("SELECT * FROM Bankings INNER JOIN Bank_Accounts ON Bankings.Bank_Account_ID = "
           "Bank_Accounts.Bank_Account_ID  WHERE Banking_ID = {}",

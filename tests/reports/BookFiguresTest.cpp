@@ -223,6 +223,12 @@ TEST_F(ExemptTest, LessTaxAnExemptPurchaseCountsWhole) {
     EXPECT_EQ(result.cells[0].ToText(), "Your loss is ");
     EXPECT_EQ(result.cells[2].ToMoney(), Money::FromWhole(110)) << option;
   }
+  // A preview is made again after each commit to the ledger, so making it must come to rest.
+  int written = 0;
+  const Subscription listening = business().OnCommitted(
+      [&](const Tables& tables) { written += tables.Contains("General_Ledger_Entries"); });
+  Collect("profit-loss", {.days = days, .option = "without-tax"});
+  EXPECT_EQ(written, 0);
 }
 
 }  // namespace

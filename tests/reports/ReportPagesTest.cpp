@@ -205,7 +205,7 @@ TEST_F(ReportPagesTest, WhatCannotBeIsRefusedInWords) {
       {"payments", {.days = month, .sort = "colour"}, "colour"},
       {"jobs", {.days = month, .option = "summary"}, "no options"},
       {"quote", {.record = 99999}, "no longer there"},
-      {"quote", {}, "select and load a quote"},
+      {"quote", {.clients = {Id<Client>(99999)}}, "select and load a quote"},
       {"pay-in-slip", {.record = 99999}, "no longer there"},
       {"account-of-client", {.record = 99999}, "no longer there"},
       {"job-summary", {.days = month, .employee = Id<Employee>(99)}, "employee"},

@@ -69,11 +69,15 @@ TEST_F(SheetsTest, AQuoteNamesItsClientItsLinesAndItsFile) {
   EXPECT_EQ(TextOf(data.sections[3].groups[0].rows[0]), "Hedging|front|100") << "by service";
   EXPECT_EQ(data.sections[3].totals[2].ToMoney(), Money::Parse(u"155.5"));
 
+  EXPECT_EQ(Collect("quote").fileName, data.fileName) << "the newest one";
   const qint64 empty =
       Add(Sql("INSERT INTO Quotes (Client_ID, Quote_Date) VALUES ({}, {})", client, kMonday));
   const ReportData none = Collect("quote", {.record = empty});
   EXPECT_TRUE(none.sections[3].groups[0].rows.empty());
   EXPECT_EQ(none.sections[3].totals[2].ToMoney(), Money());
+  EXPECT_EQ(Collect("quote", {.clients = {Id<Client>(client)}}).sections[3].totals[2].ToMoney(),
+            Money())
+      << "the newest of the client";
 }
 
 TEST_F(SheetsTest, TheWorkSheetHasEachEntryOnceWithItsNeighbours) {
