@@ -6,14 +6,10 @@ namespace quillary::clients {
 
 std::vector<lists::Choice<Client>> ListBillableOthers(Business& business,
                                                       std::optional<Id<Client>> client) {
-  std::vector<lists::Choice<Client>> others;
-  const Recordset rows = business.RunSQL(
-      Sql("SELECT Client_ID, Display_Name FROM Clients WHERE Is_Billed_To = Yes "
+  return lists::ChoicesOfClients(business.RunSQL(
+      Sql("SELECT {} FROM Clients WHERE Is_Billed_To = Yes "
           "AND (Client_ID <> {}) AND (Client_ID = Billing_Client_ID) ORDER BY Display_Name; ",
-          NumberOrZero(client)));
-  for (const Record row : rows)
-    others.push_back({Id<Client>(row[u"Client_ID"].ToLong()), row[u"Display_Name"].ToText()});
-  return others;
+          Sql(lists::kClientChoiceColumns), NumberOrZero(client))));
 }
 
 QStringList ListFrequencyDays(Business& business) {

@@ -25,6 +25,7 @@ std::optional<Refusal> Save(Business& business, ClientEdit& edit, AfterSaving af
   if (after == AfterSaving::ShowBalance) RefreshBillingDetails(business, saved.client);
   saved.loaded = saved.client;
   save.Commit();
+  business.PastCommands().Describe(QStringLiteral("Saved: ") + saved.client.displayName);
   edit = std::move(saved);
   return std::nullopt;
 }

@@ -84,6 +84,9 @@ bool DeleteClientAfterAsking(Business& business, Prompter& prompter, Id<Client> 
   const BusyWhile busy(business.World().busy);
   Transaction deletion(business);
   const auto payer = PayerOf(business, client);
+  const QString name =
+      business.FirstField(Sql("SELECT Display_Name FROM Clients WHERE Client_ID = {}", client))
+          .ToText();
   business.Write(Sql("DELETE FROM Clients WHERE Client_ID = {};", client), Rows::Exactly(1));
   business.Write(Sql("DELETE FROM Client_Services WHERE Client_ID = {};", client));
   DeleteDiary(business, client);
@@ -92,6 +95,7 @@ bool DeleteClientAfterAsking(Business& business, Prompter& prompter, Id<Client> 
   DeleteQuotes(business, client);
   if (payer != client) balances::RecalculateClientBalance(business, payer);
   deletion.Commit();
+  business.PastCommands().Describe(QStringLiteral("Deleted: ") + name);
   return true;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/Id.h"
+#include "kit/ComboSearch.h"
 
 #include <QComboBox>
 #include <QVariant>
@@ -46,7 +47,11 @@ qint64 KeyOf(Id<Row> id) {
 template <typename Choices>
 void FillCombo(QComboBox* combo, const Choices& choices) {
   EmptyCombo(combo);
-  for (const auto& choice : choices) combo->addItem(choice.words, KeyOf(choice.id));
+  for (const auto& choice : choices) {
+    combo->addItem(choice.words, KeyOf(choice.id));
+    if constexpr (requires { choice.beside; })
+      combo->setItemData(combo->count() - 1, choice.beside, ComboSearch::kBesideRole);
+  }
   SelectComboItem(combo, {});
 }
 

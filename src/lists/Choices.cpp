@@ -18,9 +18,19 @@ std::vector<Choice<Row>> ChoicesOf(Business& business, const Sql& statement) {
 
 }  // namespace
 
+std::vector<Choice<Client>> ChoicesOfClients(const Recordset& clients) {
+  std::vector<Choice<Client>> choices;
+  for (const Record row : clients) {
+    const QString street = row[u"Street_Number"].ToText() + u' ' + row[u"Street"].ToText();
+    choices.push_back({Id<Client>(row[u"Client_ID"].ToLong()), row[u"Display_Name"].ToText(),
+                       (street + u' ' + row[u"Suburb"].ToText()).simplified()});
+  }
+  return choices;
+}
+
 std::vector<Choice<Client>> ListClientChoices(Business& business) {
-  return ChoicesOf<Client>(
-      business, Sql("SELECT Client_ID, Display_Name FROM Clients ORDER BY Display_Name; "));
+  return ChoicesOfClients(business.RunSQL(
+      Sql("SELECT {} FROM Clients ORDER BY Display_Name; ", Sql(kClientChoiceColumns))));
 }
 
 std::vector<Choice<Service>> ListServiceChoices(Business& business) {

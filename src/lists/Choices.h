@@ -13,7 +13,14 @@ template <NumberedRow Row>
 struct Choice {
   Id<Row> id;
   QString words;
+  QString beside = {};  // what tells namesakes apart: of a client the address
 };
+
+/// The rows of a statement about Clients that gives Client_ID, Display_Name and the address.
+std::vector<Choice<Client>> ChoicesOfClients(const Recordset& clients);
+/// The columns that it needs.
+inline constexpr char kClientChoiceColumns[] =
+    "Client_ID, Display_Name, Street_Number, Street, Suburb";
 
 /// All clients, by display name.
 std::vector<Choice<Client>> ListClientChoices(Business& business);

@@ -12,7 +12,18 @@ namespace {
 
 const QDate kDay(2026, 10, 20);
 
-using InvoiceRecordTest = InvoiceTest;
+class InvoiceRecordTest : public InvoiceTest {
+ protected:
+  /// Those invoices as the list shows them.
+  std::vector<InvoiceListRow> Listed(const std::vector<Id<Invoice>>& invoices) {
+    std::vector<InvoiceListRow> rows =
+        LoadInvoicesList(business(), InvoicesOfMonth(business().Today(), false));
+    std::erase_if(rows, [&](const InvoiceListRow& row) {
+      return std::ranges::find(invoices, row.invoiceId) == invoices.end();
+    });
+    return rows;
+  }
+};
 
 TEST_F(InvoiceRecordTest, ChecksSpeakInTheOrderOfTheScreen) {
   struct Case {
@@ -154,7 +165,7 @@ TEST_F(InvoiceRecordTest, StatusAndInvoiceOfAJobMoveIndependently) {
       {"deleting from the list changed the status",
        [&](InvoiceForm& form, Id<Entry>) {
          outside.prompter.Expect("Are you sure you want to delete ticked invoices ", Answer::Yes);
-         DeleteTickedInvoices(business(), outside.prompter, {*form.invoiceId});
+         DeleteTickedInvoices(business(), outside.prompter, Listed({*form.invoiceId}));
        },
        "JI -"},
       {"deleting from the client left the status",
@@ -277,8 +288,9 @@ TEST_F(InvoiceRecordTest, TickedInvoicesGoAfterOneQuestion) {
   Run(Sql("INSERT INTO Invoice_Items (Invoice_ID) VALUES ({})", one.invoiceId));
   Run(Sql("INSERT INTO Invoice_Items (Invoice_ID) VALUES ({})", kept.invoiceId));
   for (const Answer answer : {Answer::No, Answer::Yes}) {
-    outside.prompter.Expect("Are you sure you want to delete ticked invoices ", answer);
-    EXPECT_EQ(DeleteTickedInvoices(business(), outside.prompter, {*one.invoiceId, *two.invoiceId}),
+    outside.prompter.Expect("delete ticked invoices \n\n2 invoices, $0.00", answer);
+    EXPECT_EQ(DeleteTickedInvoices(business(), outside.prompter,
+                                   Listed({*one.invoiceId, *two.invoiceId})),
               answer == Answer::Yes);
     EXPECT_EQ(Count("Invoices"), answer == Answer::Yes ? 1 : 3);
   }

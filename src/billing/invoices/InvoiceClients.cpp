@@ -8,15 +8,13 @@ namespace quillary::billing {
 
 std::vector<lists::Choice<Client>> ListBilledClients(Business& business, BilledClients which,
                                                      std::optional<Id<Client>> also) {
-  Sql statement("SELECT Client_ID, Display_Name FROM Clients WHERE (Is_Billed_To = Yes");
+  Sql statement("SELECT {} FROM Clients WHERE (Is_Billed_To = Yes",
+                Sql(lists::kClientChoiceColumns));
   if (which == BilledClients::Active)
     statement = statement + Sql(" AND Status IN {}", StatusesOf(ClientGroup::Billed));
   statement = statement + Sql(")");
   if (also) statement = statement + Sql(" OR Client_ID = {}", also);
-  std::vector<lists::Choice<Client>> clients;
-  for (const Record row : business.RunSQL(statement + Sql(" ORDER BY Display_Name;")))
-    clients.push_back({Id<Client>(row[u"Client_ID"].ToLong()), row[u"Display_Name"].ToText()});
-  return clients;
+  return lists::ChoicesOfClients(business.RunSQL(statement + Sql(" ORDER BY Display_Name;")));
 }
 
 QString BilledClient::OutstandingWords() const {

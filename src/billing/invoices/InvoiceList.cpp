@@ -1,6 +1,8 @@
 #include "billing/invoices/InvoiceList.h"
 
+#include "base/Text.h"
 #include "domain/ClientStatus.h"
+
 namespace quillary::billing {
 namespace {
 
@@ -61,11 +63,24 @@ void DeleteInvoices(Business& business, const std::vector<Id<Invoice>>& invoiceI
 }
 
 bool DeleteTickedInvoices(Business& business, Prompter& prompter,
-                          const std::vector<Id<Invoice>>& invoiceIds) {
-  const Answer answer =
-      prompter.AskBeforeLosing(QStringLiteral("Are you sure you want to delete ticked invoices "));
+                          const std::vector<InvoiceListRow>& ticked) {
+  if (ticked.empty()) {
+    prompter.Tell(Tone::Exclamation, QStringLiteral("Please tick the invoices to delete."));
+    return false;
+  }
+  std::vector<Id<Invoice>> invoices;
+  Money total;
+  for (const InvoiceListRow& invoice : ticked) {
+    invoices.push_back(invoice.invoiceId);
+    total += invoice.totalAmount;
+  }
+  const QString counted = Counted(ticked.size(), "invoice");
+  const Answer answer = prompter.AskBeforeLosing(
+      QStringLiteral("Are you sure you want to delete ticked invoices \n\n%1, %2")
+          .arg(counted, total.ToCurrencyText()));
   if (answer != Answer::Yes) return false;
-  DeleteInvoices(business, invoiceIds);
+  DeleteInvoices(business, invoices);
+  business.PastCommands().Describe(QStringLiteral("Deleted: ") + counted);
   return true;
 }
 

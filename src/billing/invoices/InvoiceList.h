@@ -45,9 +45,10 @@ std::optional<Refusal> CheckInvoiceSelected(std::optional<Id<Invoice>> invoiceId
 /// Deletes the invoices with their items and takes them off their jobs, whose status stays: a job
 /// that was invoiced goes on counting as invoiced. Whole or not at all.
 void DeleteInvoices(Business& business, const std::vector<Id<Invoice>>& invoiceIds);
-/// Asks once, and deletes. False when the user declined.
+/// Asks once, saying how many they are and what they come to, and deletes. False when the user
+/// declined, or none is ticked.
 bool DeleteTickedInvoices(Business& business, Prompter& prompter,
-                          const std::vector<Id<Invoice>>& invoiceIds);
+                          const std::vector<InvoiceListRow>& ticked);
 
 /// This month, by name.
 InvoiceListCriteria InvoiceListOfMonth(QDate today);

@@ -129,6 +129,8 @@ std::optional<Refusal> SaveInvoices(Business& business, InvoiceForm& form) {
   WriteInvoice(business, saved);
   WriteOptions(business, saved);
   saving.Commit();
+  business.PastCommands().Describe(
+      QStringLiteral("Invoice %1, %2").arg(saved.number, saved.totalAmount.ToCurrencyText()));
   form = saved;
   return std::nullopt;
 }

@@ -49,6 +49,11 @@ void WriteFields(Business& business, const PaymentForm& form) {
       Rows::Exactly(1));
 }
 
+QString NameOf(Business& business, Id<Client> client) {
+  return business.FirstField(Sql("SELECT Display_Name FROM Clients WHERE Client_ID = {}", client))
+      .ToText();
+}
+
 void MarkInvoicesAsPaid(Business& business, Id<Payment> paymentId) {
   std::set<Id<Invoice>> invoices;
   for (const PaidService& service : LoadPaidServices(business, paymentId).rows)
@@ -69,19 +74,16 @@ void PaymentForm::TakeHabits(const PaymentHabits& habits) {
 
 std::vector<lists::Choice<Client>> ListPayerChoices(Business& business,
                                                     std::optional<Id<Client>> also) {
-  std::vector<lists::Choice<Client>> payers;
-  for (const Record row : business.RunSQL(Sql("SELECT Client_ID, Display_Name FROM Clients "
-                                              "WHERE Status IN ") +
-                                          StatusesOf(ClientGroup::MayPay) +
-                                          Sql(" AND Is_Billed_To = True ORDER BY Display_Name; ")))
-    payers.push_back({Id<Client>(row[u"Client_ID"].ToLong()), row[u"Display_Name"].ToText()});
+  const Sql columns(lists::kClientChoiceColumns);
+  std::vector<lists::Choice<Client>> payers = lists::ChoicesOfClients(
+      business.RunSQL(Sql("SELECT {} FROM Clients WHERE Status IN {} AND Is_Billed_To = True "
+                          "ORDER BY Display_Name; ",
+                          columns, StatusesOf(ClientGroup::MayPay))));
   const auto isAlso = [also](const lists::Choice<Client>& choice) { return choice.id == also; };
   if (also && std::ranges::none_of(payers, isAlso))
-    payers.push_back({*also, business
-                                 .FirstField(Sql("SELECT Display_Name FROM Clients "
-                                                 "WHERE Client_ID = {}",
-                                                 *also))
-                                 .ToText()});
+    for (const auto& payer : lists::ChoicesOfClients(
+             business.RunSQL(Sql("SELECT {} FROM Clients WHERE Client_ID = {}", columns, *also))))
+      payers.push_back(payer);
   return payers;
 }
 
@@ -201,6 +203,9 @@ std::optional<Refusal> SavePaymentDetails(Business& business, PaymentForm& form)
           "WHERE Payment_ID = {}",
           form.description, form.paymentDate, stored.paymentId));
   save.Commit();
+  business.PastCommands().Describe(
+      QStringLiteral("Payment of %1 from %2")
+          .arg(form.amount.ToCurrencyText(), NameOf(business, *form.clientId)));
   form = stored;
   return std::nullopt;
 }

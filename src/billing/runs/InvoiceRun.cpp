@@ -1,5 +1,6 @@
 #include "billing/runs/InvoiceRun.h"
 
+#include "base/Text.h"
 #include "billing/invoices/InvoiceNumbers.h"
 
 #include <QLocale>
@@ -15,6 +16,14 @@ Id<Invoice> InsertGeneratedInvoice(Business& business, const GeneratedInvoice& i
           invoice.clientId, invoice.madeOutTo, invoice.days.from, invoice.days.to,
           invoice.generated, invoice.description, invoice.totalAmount, invoice.totalGST,
           invoice.statementType, GetNextInvoiceNumber(business)));
+}
+
+QString RunWords(const InvoiceRunCount& count) {
+  QString words = Counted(count.invoices.size(), "invoice") + QStringLiteral(", ") +
+                  count.totalAmount.ToCurrencyText();
+  if (count.failed > 0)
+    words += QStringLiteral("\n%1 failed and stayed as before").arg(count.failed);
+  return words;
 }
 
 QString GeneratedMadeOutTo(const Record& client) {

@@ -9,6 +9,7 @@
 #include <QString>
 
 #include <functional>
+#include <vector>
 
 /// What the runs that make invoices have in common. A run stands in one transaction: it happens
 /// whole or not at all, however the program ends. What goes wrong with one client is reported,
@@ -17,9 +18,13 @@ namespace quillary::billing {
 
 struct InvoiceRunCount {
   int invoicesMade = 0;
-  Money totalAmount;  // of what was made, tax included
-  int failed = 0;     // clients or jobs that were reported and left as they were
+  std::vector<Id<Invoice>> invoices;  // those that were made
+  Money totalAmount;                  // of what was made, tax included
+  int failed = 0;                     // clients or jobs that were reported and left as they were
 };
+
+/// "11 invoices, $2,739.00", and how many failed where some did.
+QString RunWords(const InvoiceRunCount& count);
 
 /// Hears after each client, or job, how many of all are done.
 using RunProgress = std::function<void(int done, int total)>;

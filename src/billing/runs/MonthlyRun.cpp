@@ -1,5 +1,6 @@
 #include "billing/runs/MonthlyRun.h"
 
+#include "base/Text.h"
 #include "domain/ClientStatus.h"
 #include "domain/EntryStatus.h"
 
@@ -41,13 +42,16 @@ QHash<Id<Client>, MonthlyJobs> LoadJobsOfGroups(Business& business, const Monthl
   return groups;
 }
 
-void InvoiceJobs(Business& business, const GeneratedInvoice& invoice, const MonthlyJobs& jobs) {
+/// The invoice, unless it came to nothing.
+std::optional<Id<Invoice>> InvoiceJobs(Business& business, const GeneratedInvoice& invoice,
+                                       const MonthlyJobs& jobs) {
   const Id<Invoice> invoiceId = InsertGeneratedInvoice(business, invoice);
   for (const Id<Entry> diaryId : jobs.diaryIds)
     business.Write(Sql("UPDATE Diary SET Invoice_ID = {} WHERE Diary_ID = {}", invoiceId, diaryId),
                    Rows::Exactly(1));
-  if (jobs.totalAmount == Money())
-    business.Write(Sql("DELETE FROM Invoices WHERE Invoice_ID = {}", invoiceId), Rows::Exactly(1));
+  if (jobs.totalAmount != Money()) return invoiceId;
+  business.Write(Sql("DELETE FROM Invoices WHERE Invoice_ID = {}", invoiceId), Rows::Exactly(1));
+  return std::nullopt;
 }
 
 }  // namespace
@@ -96,13 +100,15 @@ InvoiceRunCount GenerateMonthlyInvoices(Business& business, const MonthlyPeriod&
       invoice.madeOutTo = GeneratedMadeOutTo(client);
       invoice.totalAmount = jobs->totalAmount;
       invoice.totalGST = jobs->totalGST;
+      std::optional<Id<Invoice>> made;
       const bool isDone = GuardRunStep(business, QStringLiteral("frmInvoicesList"),
                                        QStringLiteral("cmdGenerateInvoiceAutomatically_Click"),
-                                       [&] { InvoiceJobs(business, invoice, *jobs); });
+                                       [&] { made = InvoiceJobs(business, invoice, *jobs); });
       if (!isDone) {
         ++count.failed;
-      } else if (jobs->totalAmount != Money()) {
+      } else if (made) {
         ++count.invoicesMade;
+        count.invoices.push_back(*made);
         count.totalAmount += jobs->totalAmount;
       }
     }
@@ -111,6 +117,8 @@ InvoiceRunCount GenerateMonthlyInvoices(Business& business, const MonthlyPeriod&
   business.Write(Sql("UPDATE infSystem SET Last_Monthly_Invoice_Ending = {}", period.days.to),
                  Rows::AtLeast(1));
   run.Commit();
+  business.PastCommands().Describe(QStringLiteral("Monthly run: ") +
+                                   Counted(count.invoices.size(), "invoice"));
   return count;
 }
 

@@ -1,6 +1,8 @@
 #include "billing/runs/WithJobRun.h"
 
+#include "base/Text.h"
 #include "domain/ClientStatus.h"
+
 namespace quillary::billing {
 namespace {
 
@@ -47,22 +49,26 @@ InvoiceRunCount GenerateWithJobInvoices(Business& business, const DateRange& day
   int done = 0;
   for (const Record entry : entries) {
     const Value& before = entry[u"Invoice_ID"];
-    const bool isDone = GuardRunStep(
-        business, QStringLiteral("dlgInvoiceOptions"),
-        QStringLiteral("cmdCreateNonMonthlyInvoice_Click"), [&] {
-          const Id<Invoice> invoiceId =
-              before.IsNull() ? InvoiceEntry(business, entry, days) : Id<Invoice>(before.ToLong());
-          business.Write(Sql("INSERT INTO lstInvoicesToPrint (Invoice_ID) VALUES({})", invoiceId));
-        });
+    std::optional<Id<Invoice>> made;
+    const bool isDone =
+        GuardRunStep(business, QStringLiteral("dlgInvoiceOptions"),
+                     QStringLiteral("cmdCreateNonMonthlyInvoice_Click"), [&] {
+                       if (before.IsNull()) made = InvoiceEntry(business, entry, days);
+                       business.Write(Sql("INSERT INTO lstInvoicesToPrint (Invoice_ID) VALUES({})",
+                                          made ? Value(*made) : before));
+                     });
     if (!isDone) {
       ++count.failed;
-    } else if (before.IsNull()) {
+    } else if (made) {
       ++count.invoicesMade;
+      count.invoices.push_back(*made);
       count.totalAmount += entry[u"Total_Price"].ToMoney();
     }
     if (progress) progress(++done, static_cast<int>(entries.RowCount()));
   }
   run.Commit();
+  business.PastCommands().Describe(QStringLiteral("Invoices for jobs: ") +
+                                   Counted(count.invoices.size(), "invoice"));
   return count;
 }
 

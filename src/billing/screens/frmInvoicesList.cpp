@@ -48,8 +48,8 @@ void frmInvoicesList::ConnectControls() {
   on(cmdMonthlyInvoiceReminder, [this] { dlgMonthlyInvoices_Reminder(business_, tools_).exec(); });
   on(cmdGeneralNotes, [this] { tools_.navigator.Open(EditGeneralNotes{}); });
   on(cmdTermOfTrade, [this] { frmTermOfTrade(business_, tools_).exec(); });
-  connect(cmdList, &QPushButton::clicked, this, &frmInvoicesList::LoadInvoicesIntoGrid);
-  connect(chkShowMonthly, &QCheckBox::toggled, this, &frmInvoicesList::LoadInvoicesIntoGrid);
+  connect(cmdList, &QPushButton::clicked, this, [this] { LoadInvoicesIntoGrid(); });
+  connect(chkShowMonthly, &QCheckBox::toggled, this, [this] { LoadInvoicesIntoGrid(); });
   connect(cboMonth, &QComboBox::activated, this, &frmInvoicesList::TakeMonth);
   connect(cmdClose, &QPushButton::clicked, this, &Screen::closeRequested);
   connect(fgInvoices, &Grid::rowOpened, cmdViewInvoice, &QPushButton::click);
@@ -108,8 +108,8 @@ void frmInvoicesList::TakeMonth(int month) {
   dtTo->SetDate(days.days.to);
 }
 
-void frmInvoicesList::LoadInvoicesIntoGrid() {
-  tools_.runner.RunBusy(objectName(), QStringLiteral("LoadInvoicesIntoGrid"), [this] {
+void frmInvoicesList::LoadInvoicesIntoGrid(const std::vector<Id<Invoice>>& ticked) {
+  tools_.runner.RunBusy(objectName(), QStringLiteral("LoadInvoicesIntoGrid"), [&] {
     const auto kept = SelectedInvoice();
     invoices_ =
         LoadInvoicesList(business_, {{dtFrom->Date(), dtTo->Date()}, chkShowMonthly->isChecked()});
@@ -117,7 +117,7 @@ void frmInvoicesList::LoadInvoicesIntoGrid() {
     for (const InvoiceListRow& invoice : invoices_) {
       GridRow row;
       row.cells = {
-          false,
+          std::ranges::find(ticked, invoice.invoiceId) != ticked.end(),
           invoice.invoiceId,
           invoice.displayName,
           invoice.generationDate,
@@ -158,8 +158,11 @@ void frmInvoicesList::View() {
 }
 
 void frmInvoicesList::DeleteTicked() {
-  if (DeleteTickedInvoices(business_, business_.World().prompter, ticks_->TickedIds<Invoice>()))
-    LoadInvoicesIntoGrid();
+  std::vector<InvoiceListRow> ticked;
+  for (const Id<Invoice> id : ticks_->TickedIds<Invoice>())
+    for (const InvoiceListRow& invoice : invoices_)
+      if (invoice.invoiceId == id) ticked.push_back(invoice);
+  if (DeleteTickedInvoices(business_, business_.World().prompter, ticked)) LoadInvoicesIntoGrid();
 }
 
 void frmInvoicesList::GenerateMonthly() {
@@ -167,14 +170,18 @@ void frmInvoicesList::GenerateMonthly() {
   const auto generated = tools_.navigator.Open(PickDate{tr("Generation date")});
   if (!generated) return;
   setEnabled(false);  // nothing may be clicked while the run shows how far it has come
+  InvoiceRunCount count;
   const bool done =
       tools_.runner.Run(objectName(), QStringLiteral("cmdGenerateInvoiceAutomatically_Click"), [&] {
-        GenerateMonthlyInvoices(business_, {{dtFrom->Date(), dtTo->Date()}, *generated},
-                                prgRun->Listener());
+        count = GenerateMonthlyInvoices(business_, {{dtFrom->Date(), dtTo->Date()}, *generated},
+                                        prgRun->Listener());
       });
   setEnabled(true);
   prgRun->hide();
-  if (done) LoadInvoicesIntoGrid();
+  if (done) {
+    LoadInvoicesIntoGrid(count.invoices);
+    business_.World().prompter.Tell(Tone::Information, RunWords(count));
+  }
   fgInvoices->setFocus();
 }
 

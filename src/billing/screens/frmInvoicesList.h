@@ -31,7 +31,7 @@ class frmInvoicesList : public Screen {
   /// Loads the list again, unless invoices are ticked: who has just printed them as invoices may
   /// want the same ones as statements.
   void ShowAgain();
-  void LoadInvoicesIntoGrid();
+  void LoadInvoicesIntoGrid(const std::vector<Id<Invoice>>& ticked = {});
   void Reload() override { LoadInvoicesIntoGrid(); }
   Tables Shows() const override { return {"Invoices", "Clients"}; }
 

@@ -253,8 +253,9 @@ void frmPayments::ConnectFields() {
   connect(txtAccountAmount, &CurrencyField::amountChosen, this, &frmPayments::ShowLineTax);
   connect(cmbPaymentMethod, &QComboBox::currentTextChanged, this,
           [this](const QString& word) { fraCheque->setVisible(IsPaidByCheque(word)); });
-  for (QLineEdit* field : {static_cast<QLineEdit*>(txtAccountAmount),
-                           static_cast<QLineEdit*>(txtAccountGST), cmbRevenueAccount->lineEdit()})
+  for (QWidget* field :
+       {static_cast<QWidget*>(txtAccountAmount), static_cast<QWidget*>(txtAccountGST),
+        static_cast<QWidget*>(cmbRevenueAccount)})
     field->installEventFilter(this);
 }
 

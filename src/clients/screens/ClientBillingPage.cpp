@@ -204,6 +204,12 @@ void ClientBillingPage::ShowDebtorSince() {
   dtDebtorSince->SetDate(desk_.edit.client.debtorSince.value_or(QDate()));
 }
 
+std::optional<Refusal> ClientBillingPage::CheckPayer() const {
+  const bool another = choices_[static_cast<size_t>(BillingChoice::ExistingAddress)]->isChecked();
+  if (!another || ComboId<Client>(cmbOtherAddressToBill)) return std::nullopt;
+  return Refusal{QStringLiteral("Please select the client who pays."), QStringLiteral("payer")};
+}
+
 QWidget* ClientBillingPage::DebtorSinceField() const {
   return dtDebtorSince;
 }

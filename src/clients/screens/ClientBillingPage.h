@@ -32,6 +32,8 @@ class ClientBillingPage : public QWidget {
  public:
   explicit ClientBillingPage(ClientDesk& desk);
 
+  /// Refuses what is typed for the client who pays while that is nobody.
+  std::optional<Refusal> CheckPayer() const;
   void LoadChoices();
   void LoadPayers();
   /// Lets the user pick the client who pays; nothing changes until then.

@@ -84,7 +84,7 @@ void frmClients::ChoosePayer(Id<Client> payer) {
 
 bool frmClients::TakeAll() {
   TakeFields();
-  return services_->TakeEdited();
+  return Accept(billing_->CheckPayer()) && services_->TakeEdited();
 }
 
 void frmClients::Save() {

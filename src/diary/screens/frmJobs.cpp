@@ -53,7 +53,7 @@ void frmJobs::ConnectControls() {
   });
   connect(cmdClose, &QPushButton::clicked, this, &Dialog::reject);
   txtPrice->installEventFilter(this);
-  cmbService->lineEdit()->installEventFilter(this);
+  cmbService->installEventFilter(this);  // the list keeps the focus, not its line
   connect(grdServices, &Grid::selectedRowChanged, this, &frmJobs::ShowSelectedLine);
 }
 
