@@ -57,9 +57,11 @@ void Composer::AddText(const QString& text, Align align) {
   }
 }
 
-void Composer::AddTable(const Table& table) {
-  TablePlacer placer(*this, table);
-  document_.blocks.emplace_back(TableBlock{table, font_, placer.Widths()});
+void Composer::AddTable(Table table) {
+  Block& added = document_.blocks.emplace_back(TableBlock{std::move(table), font_, {}});
+  auto& block = std::get<TableBlock>(added);  // stays where it is: placing adds no blocks
+  TablePlacer placer(*this, block.table);
+  block.widths = placer.Widths();
   placer.Run();
 }
 

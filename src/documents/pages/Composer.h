@@ -95,7 +95,7 @@ class Composer {
   /// line.
   void AddText(const QString& text, Align align = Align::Left);
   /// From the left margin. A table that is wider than the page is narrowed to it.
-  void AddTable(const Table& table);
+  void AddTable(Table table);
   /// A thin line from margin to margin, `below` the current Y, which moves to it; at the foot of a
   /// full page just above the margin.
   void AddRule(double below);

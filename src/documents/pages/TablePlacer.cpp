@@ -18,15 +18,23 @@ TablePlacer::TablePlacer(Composer& composer, const Table& table)
 
 void TablePlacer::Run() {
   const auto& rows = table_.Rows();
-  for (const TableRow& row : rows)
-    rows_.push_back(LayRow(table_, row, widths_, composer_.Font(), composer_.Fonts()));
+  rows_.resize(rows.size());
   while (headers_ < rows.size() && rows[headers_].isHeader) ++headers_;
-  for (size_t row = 0; row < headers_; ++row) headerHeight_ += rows_[row].Height();
+  for (size_t row = 0; row < headers_; ++row) headerHeight_ += Laid(row).Height();
   // A header at the foot of a page would head nothing.
   if (headers_ > 0 && headers_ < rows.size() && !AtTop() &&
       !Fits(headerHeight_ + std::min(Together(headers_), WholePage() / 2)))
     LeavePage();
-  for (size_t row = 0; row < rows.size(); ++row) Place(row);
+  for (size_t row = 0; row < rows.size(); ++row) {
+    Place(row);
+    if (row >= headers_) rows_[row].reset();
+  }
+}
+
+const LaidRow& TablePlacer::Laid(size_t row) {
+  if (!rows_[row])
+    rows_[row] = LayRow(table_, table_.Rows()[row], widths_, composer_.Font(), composer_.Fonts());
+  return *rows_[row];
 }
 
 bool TablePlacer::Fits(double height) const {
@@ -45,9 +53,9 @@ bool TablePlacer::HeadersRepeat() const {
   return headers_ > 0 && headerHeight_ < WholePage() / 2;
 }
 
-double TablePlacer::Together(size_t row) const {
-  double height = rows_[row].Height();
-  while (table_.Rows()[row].keepWithNext && ++row < rows_.size()) height += rows_[row].Height();
+double TablePlacer::Together(size_t row) {
+  double height = Laid(row).Height();
+  while (table_.Rows()[row].keepWithNext && ++row < rows_.size()) height += Laid(row).Height();
   return height;
 }
 
@@ -60,12 +68,12 @@ void TablePlacer::Advance(size_t row) {
   LeavePage();
   // A header that is only now on its way is not yet there to be repeated.
   if (row < headers_ || !HeadersRepeat()) return;
-  for (size_t header = 0; header < headers_; ++header) Draw(header, {0, rows_[header].lineCount});
+  for (size_t header = 0; header < headers_; ++header) Draw(header, {0, Laid(header).lineCount});
   top_ = composer_.CurrentY();
 }
 
 void TablePlacer::Place(size_t row) {
-  const LaidRow& laid = rows_[row];
+  const LaidRow& laid = Laid(row);
   const double room = WholePage() - (HeadersRepeat() ? headerHeight_ : 0);
   const double together = Together(row);
   const double height = together <= room ? together : laid.Height();
@@ -77,7 +85,7 @@ void TablePlacer::Place(size_t row) {
 }
 
 void TablePlacer::DrawInParts(size_t row) {
-  const LaidRow& laid = rows_[row];
+  const LaidRow& laid = Laid(row);
   for (int from = 0; from < laid.lineCount;) {
     const double spare = composer_.BottomEdge() - composer_.CurrentY() - laid.HeightOf(0);
     const int lines = static_cast<int>((spare + kTouch) / laid.lineHeight);
@@ -93,7 +101,7 @@ void TablePlacer::DrawInParts(size_t row) {
 }
 
 void TablePlacer::Draw(size_t row, RowPart part) {
-  const LaidRow& laid = rows_[row];
+  const LaidRow& laid = Laid(row);
   const double y = composer_.CurrentY();
   DrawRow(composer_.CurrentPage(), table_.Rows()[row], laid, part, composer_.LeftEdge(), y,
           composer_.Fonts());

@@ -97,7 +97,7 @@ Table& Report::StartTable(const QString& format) {
 
 void Report::EndTable() {
   if (!table_) return;
-  Page().AddTable(*table_);
+  Page().AddTable(std::move(*table_));
   table_.reset();
   Page().AdvanceY(kBelowTable);
 }
