@@ -17,10 +17,10 @@ QDate Day(const char* iso) {
 class BalancesTest : public BusinessTest {
  protected:
   void AddClient(const char* name, const char* status, const Value& billingClient) {
-    Run(
-        Sql("INSERT INTO Clients (Display_Name, Status, Billing_Client_ID, Is_Billed_To) "
-            "VALUES ({}, {}, {}, True)",
-            name, status, billingClient));
+    Build().Add<Client>({{"Display_Name", name},
+                         {"Status", status},
+                         {"Billing_Client_ID", billingClient},
+                         {"Is_Billed_To", true}});
   }
   void AddThree(int siteIsBilledTo) {
     AddClient("Payer", "Active", 1);
@@ -29,10 +29,11 @@ class BalancesTest : public BusinessTest {
   }
   void AddJob(int client, const char* status, const Value& price, const char* day = "2026-10-01",
               const Value& payment = {}) {
-    Run(
-        Sql("INSERT INTO Diary (Client_ID, Status, Total_Price, Schedule_Date, Payment_ID) "
-            "VALUES ({}, {}, {}, {}, {})",
-            client, status, price, Day(day), payment));
+    Build().Add<Entry>({{"Client_ID", client},
+                        {"Status", status},
+                        {"Total_Price", price},
+                        {"Schedule_Date", Day(day)},
+                        {"Payment_ID", payment}});
   }
   void Pay(int client, const Value& amount) {
     Run(Sql("INSERT INTO Payments (Client_ID, Amount, Payment_Date) VALUES ({}, {}, {})", client,

@@ -25,19 +25,23 @@ class InvoiceTest : public BusinessTest {
   }
 
   qint64 AddClient(const char* name, const char* status, const char* billed, qint64 billedTo) {
-    Run(
-        Sql("INSERT INTO Clients (Display_Name, Status, Statement_Type, Billing_Client_ID, "
-            "Is_Billed_To, Account_Balance) VALUES ({}, {}, {}, {}, {}, 0)",
-            name, status, billed, billedTo, ++clients_ == billedTo));
+    Build().Add<Client>({{"Display_Name", name},
+                         {"Status", status},
+                         {"Statement_Type", billed},
+                         {"Billing_Client_ID", billedTo},
+                         {"Is_Billed_To", ++clients_ == billedTo},
+                         {"Account_Balance", 0}});
     return clients_;
   }
   Id<Entry> AddJob(const Value& client, const char* status, QDate day, const Value& price = 110,
                    const Value& gst = 10) {
-    Run(
-        Sql("INSERT INTO Diary (Client_ID, Employee_ID, Status, Schedule_Date, Description, "
-            "Total_Price, Total_GST) VALUES ({}, 1, {}, {}, 'LM', {}, {})",
-            client, status, day, price, gst));
-    return Id<Entry>(Number(Sql("SELECT MAX(Diary_ID) FROM Diary")));
+    return Build().Add<Entry>({{"Client_ID", client},
+                               {"Employee_ID", 1},
+                               {"Status", status},
+                               {"Schedule_Date", day},
+                               {"Description", "LM"},
+                               {"Total_Price", price},
+                               {"Total_GST", gst}});
   }
   /// A saved invoice of the client with these jobs.
   billing::InvoiceForm AddInvoice(Id<Client> client, const std::vector<Id<Entry>>& jobs = {}) {

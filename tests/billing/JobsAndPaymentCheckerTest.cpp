@@ -26,17 +26,18 @@ class CheckerTest : public BusinessTest {
   }
 
   void AddClient(const char* name, const char* status, int payer) {
-    Run(
-        Sql("INSERT INTO Clients (Display_Name, Status, Billing_Client_ID, Is_Billed_To) "
-            "VALUES ({}, {}, {}, True)",
-            name, status, payer));
+    Build().Add<Client>({{"Display_Name", name},
+                         {"Status", status},
+                         {"Billing_Client_ID", payer},
+                         {"Is_Billed_To", true}});
   }
   void AddJob(int client, const char* status, const Value& price, const char* day = "2026-10-01",
               const Value& payment = {}) {
-    Run(
-        Sql("INSERT INTO Diary (Client_ID, Status, Total_Price, Schedule_Date, Payment_ID) "
-            "VALUES ({}, {}, {}, {}, {})",
-            client, status, price, QDate::fromString(day, Qt::ISODate), payment));
+    Build().Add<Entry>({{"Client_ID", client},
+                        {"Status", status},
+                        {"Total_Price", price},
+                        {"Schedule_Date", QDate::fromString(day, Qt::ISODate)},
+                        {"Payment_ID", payment}});
   }
   void Pay(int client, const Value& amount) {
     Run(Sql("INSERT INTO Payments (Client_ID, Amount) VALUES ({}, {})", client, amount));

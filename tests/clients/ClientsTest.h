@@ -35,11 +35,11 @@ class ClientsTest : public BusinessTest {
 
   Id<Entry> AddJob(const Value& client, const char* status, const char* day,
                    const Value& price = 10, int lines = 1) {
-    Run(
-        Sql("INSERT INTO Diary (Client_ID, Employee_ID, Status, Schedule_Date, Total_Price) "
-            "VALUES ({}, 1, {}, {}, {})",
-            client, status, Day(day), price));
-    const Id<Entry> entry(business().FirstField(Sql("SELECT MAX(Diary_ID) FROM Diary")).ToLong());
+    const auto entry = Build().Add<Entry>({{"Client_ID", client},
+                                           {"Employee_ID", 1},
+                                           {"Status", status},
+                                           {"Schedule_Date", Day(day)},
+                                           {"Total_Price", price}});
     for (int line = 0; line < lines; ++line) {
       Run(Sql("INSERT INTO Diary_Services (Diary_ID, Service_ID, Price) VALUES ({}, 1, 0)", entry));
     }

@@ -47,16 +47,21 @@ class ClientFixture : public BusinessTest {
   }
 
   void AddClient(const char* status, const char* name, int billedTo) {
-    Run(
-        Sql("INSERT INTO Clients (Status, Display_Name, First_Name, Billing_Client_ID, "
-            "Is_Billed_To, Statement_Type) VALUES ({}, {}, {}, {}, {}, 'With Job')",
-            status, name, name, billedTo, ++clients_ == billedTo));
+    Build().Add<Client>({{"Status", status},
+                         {"Display_Name", name},
+                         {"First_Name", name},
+                         {"Billing_Client_ID", billedTo},
+                         {"Is_Billed_To", ++clients_ == billedTo},
+                         {"Statement_Type", "With Job"}});
   }
   void AddJob(int client, const char* status, QDate day, double price) {
-    Run(
-        Sql("INSERT INTO Diary (Client_ID, Employee_ID, Status, Schedule_Date, Description, "
-            "Total_Price, Total_GST) VALUES ({}, 1, {}, {}, 'LM', {}, 0)",
-            client, status, day, price));
+    Build().Add<Entry>({{"Client_ID", client},
+                        {"Employee_ID", 1},
+                        {"Status", status},
+                        {"Schedule_Date", day},
+                        {"Description", "LM"},
+                        {"Total_Price", price},
+                        {"Total_GST", 0}});
   }
   Value Stored(const char* column, qint64 clientId) {
     return business()

@@ -42,10 +42,13 @@ class DiaryScreenTest : public BusinessTest {
 
   void AddEntry(int client, const char* status, int sequence, double price, int employee,
                 QDate day = QDate(2026, 11, 2)) {
-    Run(
-        Sql("INSERT INTO Diary (Client_ID, Employee_ID, Status, Schedule_Date, Total_Price, "
-            "Total_GST, [Sequence]) VALUES ({}, {}, {}, {}, {}, 0, {})",
-            client, employee, status, day, price, sequence));
+    Build().Add<Entry>({{"Client_ID", client},
+                        {"Employee_ID", employee},
+                        {"Status", status},
+                        {"Schedule_Date", day},
+                        {"Total_Price", price},
+                        {"Total_GST", 0},
+                        {"Sequence", sequence}});
   }
 
   void Open() {

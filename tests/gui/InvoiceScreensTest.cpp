@@ -52,11 +52,13 @@ class InvoiceScreensTest : public ScreenFixture {
     return true;
   }
   Id<Entry> AddJob(qint64 client, const char* status, double price = 110) {
-    Run(
-        Sql("INSERT INTO Diary (Client_ID, Employee_ID, Status, Schedule_Date, Description, "
-            "Total_Price, Total_GST) VALUES ({}, 1, {}, {}, 'MO', {}, {})",
-            client, status, business().Today(), price, price / 11));
-    return Id<Entry>(Number(Sql("SELECT MAX(Diary_ID) FROM Diary")));
+    return Build().Add<Entry>({{"Client_ID", client},
+                               {"Employee_ID", 1},
+                               {"Status", status},
+                               {"Schedule_Date", business().Today()},
+                               {"Description", "MO"},
+                               {"Total_Price", price},
+                               {"Total_GST", price / 11}});
   }
   Id<Invoice> StoreInvoice(Id<Client> client, std::optional<Id<Entry>> job = {}) {
     billing::InvoiceForm form = billing::NewInvoice(business(), client, job);

@@ -17,11 +17,15 @@ namespace {
 class JobScreensTest : public ScreenFixture {
  protected:
   qint64 AddEntry(int client, const char* status, double price, QDate day = {2026, 11, 2}) {
-    Run(
-        Sql("INSERT INTO Diary (Client_ID, Employee_ID, Status, Schedule_Date, Total_Price, "
-            "Total_GST, Description) VALUES ({}, 1, {}, {}, {}, {}, 'MO')",
-            client, status, day, price, price / 11));
-    return Number(Sql("SELECT MAX(Diary_ID) FROM Diary"));
+    return Build()
+        .Add<Entry>({{"Client_ID", client},
+                     {"Employee_ID", 1},
+                     {"Status", status},
+                     {"Schedule_Date", day},
+                     {"Total_Price", price},
+                     {"Total_GST", price / 11},
+                     {"Description", "MO"}})
+        .Number();
   }
   Recordset Stored(qint64 id) { return Run(Sql("SELECT * FROM Diary WHERE Diary_ID = {}", id)); }
 };

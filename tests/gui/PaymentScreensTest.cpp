@@ -26,21 +26,22 @@ class PaymentScreensTest : public ScreenFixture {
   }
 
   qint64 AddJob(const char* status, double price, int client = 1) {
-    Run(
-        Sql("INSERT INTO Diary (Client_ID, Employee_ID, Status, Schedule_Date, Total_Price) "
-            "VALUES ({}, 1, {}, #2026/10/20#, {})",
-            client, status, price));
-    const qint64 job = Number(Sql("SELECT MAX(Diary_ID) FROM Diary"));
-    Run(Sql("INSERT INTO Diary_Services (Diary_ID, Service_ID, Price) VALUES ({}, 2, {})", job,
-            price));
-    return job;
+    const auto job = Build().Add<Entry>({{"Client_ID", client},
+                                         {"Employee_ID", 1},
+                                         {"Status", status},
+                                         {"Schedule_Date", QDate(2026, 10, 20)},
+                                         {"Total_Price", price}});
+    Build().Add<EntryLine>({{"Diary_ID", job}, {"Service_ID", 2}, {"Price", price}});
+    return job.Number();
   }
   qint64 AddPayment(double amount, const char* method = "CASH", int client = 1) {
-    Run(
-        Sql("INSERT INTO Payments (Client_ID, Amount, Payment_Method, Payment_Date, Bank) "
-            "VALUES ({}, {}, {}, #2026/10/25#, 'Oldbank')",
-            client, amount, method));
-    return Number(Sql("SELECT MAX(Payment_ID) FROM Payments"));
+    return Build()
+        .Add<Payment>({{"Client_ID", client},
+                       {"Amount", amount},
+                       {"Payment_Method", method},
+                       {"Payment_Date", QDate(2026, 10, 25)},
+                       {"Bank", "Oldbank"}})
+        .Number();
   }
   QString LinkOf(qint64 job) {
     return Word(Sql("SELECT Status & ' ' & Payment_ID FROM Diary WHERE Diary_ID = {}", job));

@@ -36,8 +36,7 @@ class ScheduleTest : public BusinessTest {
   }
 
   Id<Client> AddClient(const char* status = "Active") {
-    return business().InsertReturningKey<Client>(
-        Sql("INSERT INTO Clients (Status, Display_Name) VALUES ({}, 'Client')", status));
+    return Build().Add<Client>({{"Status", status}, {"Display_Name", "Client"}});
   }
 
   Id<ClientService> AddService(Id<Client> client, const ServiceRow& row = {}) {
@@ -52,10 +51,13 @@ class ScheduleTest : public BusinessTest {
   /// An entry made by hand, with a line for `service` unless that is 0.
   Id<Entry> AddEntry(Id<Client> client, const Value& date, const char* status, int service = 1,
                      int sequence = 1) {
-    const auto entry = business().InsertReturningKey<Entry>(
-        Sql("INSERT INTO Diary (Client_ID, Employee_ID, Status, Schedule_Date, Total_Price, "
-            "Total_GST, [Sequence]) VALUES ({}, 1, {}, {}, 0, 0, {})",
-            client, status, date, sequence));
+    const auto entry = Build().Add<Entry>({{"Client_ID", client},
+                                           {"Employee_ID", 1},
+                                           {"Status", status},
+                                           {"Schedule_Date", date},
+                                           {"Total_Price", 0},
+                                           {"Total_GST", 0},
+                                           {"Sequence", sequence}});
     if (service != 0) {
       Run(Sql("INSERT INTO Diary_Services (Diary_ID, Service_ID, Price, GST) VALUES ({}, {}, 0, 0)",
               entry, service));

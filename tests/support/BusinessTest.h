@@ -1,6 +1,7 @@
 #pragma once
 
 #include "data/Business.h"
+#include "support/BusinessBuilder.h"
 #include "support/Literals.h"
 #include "support/ScriptedOutside.h"
 
@@ -25,6 +26,8 @@ class BusinessTest : public ::testing::Test {
   /// Runs a statement of test data; a refusal fails the test.
   Recordset Run(const Sql& statement);
   qint64 Count(const char* table);
+  /// For test data by the names of its columns.
+  BusinessBuilder Build() { return BusinessBuilder(*business_); }
 
   ScriptedOutside outside;
   QTemporaryDir folder;
