@@ -3,6 +3,7 @@
 #include "base/ports/requests/Accounts.h"
 #include "base/ports/requests/Billing.h"
 #include "base/ports/requests/Clients.h"
+#include "diary/Jobs.h"
 #include "diary/OpenEntry.h"
 #include "documents/screens/ReportPlacing.h"
 #include "documents/screens/frmReportViewer.h"
@@ -38,9 +39,8 @@ void Show(Business& business, const ScreenTools& tools, const char* name,
 }
 
 void OpenEntryOfRow(Business& business, const Navigator& navigator, Id<Entry> entry) {
-  const Value status =
-      business.FirstField(Sql("SELECT Status FROM Diary WHERE Diary_ID = {}", entry));
-  diary::OpenEntry(navigator, StoredEntryStatus(status.ToText()), entry);
+  if (const auto job = diary::LoadJob(business, entry))
+    diary::OpenEntry(navigator, job->storedStatus, entry);
 }
 
 /// Opens the screen of the request, where this build has one.
