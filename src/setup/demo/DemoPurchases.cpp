@@ -31,7 +31,7 @@ std::vector<qint64> WriteSuppliers(Business& business, Dice& dice) {
   std::vector<qint64> keys;
   for (const DemoSupplier& supplier : kSuppliers) {
     const Suburb& suburb = dice.Pick(kSuburbs);
-    business.RunSQL(
+    const auto key = business.InsertReturningKey<Supplier>(
         Sql("INSERT INTO Suppliers (Supplier_Name, Contact_Name, Street_Number, Street, Suburb, "
             "Post_Code, Phone, Payment_Type, GL_Account_ID) "
             "VALUES ({}, {}, {}, {}, {}, {}, {}, 'DIRECT DEPOSIT', {})",
@@ -39,7 +39,7 @@ std::vector<qint64> WriteSuppliers(Business& business, Dice& dice) {
             dice.Pick(kStreets), suburb.name, suburb.postCode,
             QStringLiteral("03 9555 %1").arg(dice.Below(10000), 4, 10, QChar(u'0')),
             AccountKey(business, supplier.account)));
-    keys.push_back(business.FirstField(Sql("SELECT MAX(Supplier_ID) FROM Suppliers")).ToLong());
+    keys.push_back(key.Number());
   }
   return keys;
 }
@@ -87,7 +87,7 @@ int WritePurchases(Business& business, const Model& model, Dice& dice) {
     const qint64 account =
         AccountKey(business, isAsset ? kEquipmentAccount : kSuppliers[purchase.supplier].account);
     const Money gst = GstOf(purchase.amount);
-    business.RunSQL(Sql(
+    const auto key = business.InsertReturningKey<quillary::Purchase>(Sql(
         "INSERT INTO Purchases (Supplier_ID, Employee_ID, GL_Account_ID, Description, "
         "Purchase_Date, Amount, GST_Included, Payment_Method, Invoice_Number, Capital, Model, "
         "Serial_Number, Depreciation) "
@@ -95,7 +95,6 @@ int WritePurchases(Business& business, const Model& model, Dice& dice) {
         suppliers[purchase.supplier], account, purchase.description, purchase.date, purchase.amount,
         gst, kPaymentMethods[static_cast<size_t>(purchase.method)], QString::number(++number),
         isAsset, purchase.model, purchase.serialNumber, isAsset ? 20 : 0));
-    const Value key = business.FirstField(Sql("SELECT MAX(Purchase_ID) FROM Purchases"));
     business.RunSQL(
         Sql("INSERT INTO General_Ledger_Entries (GL_Account_ID, Employee_ID, Purchase_ID, "
             "Entry_Date, GL_Entry_Description, GL_Amount, GST_Included) "

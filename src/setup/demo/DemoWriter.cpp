@@ -27,7 +27,10 @@ class ModelWriter {
   void WriteRevenue(const Payment& payment, qint64 paymentKey);
   void WriteVisits();
 
-  qint64 NewKey(const Sql& statement) { return business_.FirstField(statement).ToLong(); }
+  template <NumberedRow Row>
+  qint64 NewRow(const Sql& insert) {
+    return business_.InsertReturningKey<Row>(insert).Number();
+  }
   qint64 ServiceKey(int kind) const { return serviceKeys_[static_cast<size_t>(kind)]; }
   qint64 EmployeeKey(int employee) const {
     return employee < 0 ? 0 : employeeKeys_[static_cast<size_t>(employee)];
@@ -57,7 +60,9 @@ DemoCount ModelWriter::Write() {
 void ModelWriter::ReadReferenceKeys() {
   for (const char* employee : kEmployees) {
     employeeKeys_.push_back(
-        NewKey(Sql("SELECT MAX(Employee_ID) FROM Employees WHERE Employee_Name = {}", employee)));
+        business_
+            .FirstField(Sql("SELECT Employee_ID FROM Employees WHERE Employee_Name = {}", employee))
+            .ToLong());
   }
   for (const CatalogueService& service : kServices) {
     const Recordset row = business_.RunSQL(
@@ -94,7 +99,7 @@ void ModelWriter::InsertClient(const Client& client) {
   const bool hasLeft = client.status == u"Cancelled" || client.status == u"Transferred";
   const Value none;
   const bool isQuote = client.status.startsWith(u"Quote");
-  business_.RunSQL(
+  const qint64 key = NewRow<quillary::Client>(
       Sql("INSERT INTO Clients (Is_Billed_To, Status, Display_Name, First_Name, Surname, "
           "Street_Number, Street, Suburb, Post_Code, Phone_1, Phone_2, Email, Notes, "
           "Quote_Date, Cancelled_Date, Statement_Type, Requires_Statement, Account_Balance, "
@@ -108,30 +113,29 @@ void ModelWriter::InsertClient(const Client& client) {
           kStatementTypes[static_cast<size_t>(client.billing)], isMonthly, client.balance,
           client.debtorSince.isValid() ? Value(client.debtorSince) : none,
           kPaymentMethods[static_cast<size_t>(client.method)]));
-  clientKeys_.push_back(NewKey(Sql("SELECT MAX(Client_ID) FROM Clients")));
+  clientKeys_.push_back(key);
 }
 
 void ModelWriter::WriteServices(size_t index) {
   std::vector<qint64> keys;
   for (const Service& service : model_.clients[index].services) {
     const bool isOpen = service.status != u"Cancelled";
-    business_.RunSQL(Sql(
+    const qint64 key = NewRow<quillary::ClientService>(Sql(
         "INSERT INTO Client_Services (Client_ID, Service_ID, Employee_ID, Status, Price, "
         "Frequency, Next_Visit, Estimated_Time, Notes, Other_Schedule_Client_Service_ID) "
         "VALUES ({}, {}, {}, {}, {}, {}, {}, 45, {}, {})",
         clientKeys_[index], ServiceKey(service.kind), EmployeeKey(service.employee), service.status,
         service.price, service.frequency, isOpen ? Value(service.nextVisit) : Value(),
         service.notes, service.follows < 0 ? 0 : keys[static_cast<size_t>(service.follows)]));
-    keys.push_back(NewKey(Sql("SELECT MAX(Client_Service_ID) FROM Client_Services")));
+    keys.push_back(key);
     ++count_.clientServices;
   }
 }
 
 void ModelWriter::WriteQuote(size_t index) {
-  business_.RunSQL(
+  const qint64 quote = NewRow<quillary::Quote>(
       Sql("INSERT INTO Quotes (Client_ID, Quote_Date, Description) VALUES ({}, {}, {})",
           clientKeys_[index], model_.today.addDays(-10), "Regular garden care"));
-  const qint64 quote = NewKey(Sql("SELECT MAX(Quote_ID) FROM Quotes"));
   for (const Service& service : model_.clients[index].services) {
     business_.RunSQL(
         Sql("INSERT INTO Quote_Services (Quote_ID, Service_ID, Price, Notes) "
@@ -149,7 +153,7 @@ void ModelWriter::WriteInvoices() {
                               ? QStringLiteral("TAX INVOICE FOR ") + ToShortDateText(invoice.from) +
                                     QStringLiteral(" TO ") + ToShortDateText(invoice.to)
                               : QStringLiteral("TAX INVOICE");
-    business_.RunSQL(
+    const qint64 key = NewRow<quillary::Invoice>(
         Sql("INSERT INTO Invoices (Invoice_Number, Client_ID, Made_Out_To, From_Date, To_Date, "
             "Generation_Date, Invoice_Description, Total_Amount, Total_GST, "
             "Balance_Carried_Across, Statement_Type, IsPaid) "
@@ -157,7 +161,7 @@ void ModelWriter::WriteInvoices() {
             QString::number(++number), clientKeys_[invoice.party], AddressBlock(party),
             invoice.from, invoice.to, invoice.date, words, invoice.total, invoice.gst,
             invoice.isMonthly ? "Monthly" : "With Job", invoice.isPaid));
-    invoiceKeys_.push_back(NewKey(Sql("SELECT MAX(Invoice_ID) FROM Invoices")));
+    invoiceKeys_.push_back(key);
   }
   business_.RunSQL(Sql("UPDATE infSystem SET Invoice_Number = {}", number));
   count_.invoices = static_cast<int>(model_.invoices.size());
@@ -168,7 +172,7 @@ void ModelWriter::WritePayments() {
   for (const Payment& payment : model_.payments) {
     const bool isCheque = payment.method == kCheque;
     const Client& party = model_.clients[payment.party];
-    business_.RunSQL(
+    const qint64 key = NewRow<quillary::Payment>(
         Sql("INSERT INTO Payments (Client_ID, Employee_ID, Payment_Date, Amount, GST_Included, "
             "Owing, Payment_Method, Cheque_Number, Bank, Bank_Account_Name, Description) "
             "VALUES ({}, {}, {}, {}, {}, 0, {}, {}, {}, {}, {})",
@@ -177,7 +181,7 @@ void ModelWriter::WritePayments() {
             isCheque ? QString::number(++cheque) : QString(),
             isCheque ? kBanks[payment.party % kBanks.size()] : "",
             isCheque ? party.displayName : QString(), payment.description));
-    paymentKeys_.push_back(NewKey(Sql("SELECT MAX(Payment_ID) FROM Payments")));
+    paymentKeys_.push_back(key);
     WriteRevenue(payment, paymentKeys_.back());
   }
   count_.payments = static_cast<int>(model_.payments.size());
@@ -213,7 +217,7 @@ void ModelWriter::WriteRevenue(const Payment& payment, qint64 paymentKey) {
 void ModelWriter::WriteVisits() {
   const Value none;
   for (const Visit& visit : model_.visits) {
-    business_.RunSQL(
+    const qint64 diaryKey = NewRow<quillary::Entry>(
         Sql("INSERT INTO Diary (Client_ID, Employee_ID, Status, Schedule_Date, Description, "
             "Total_Price, Total_GST, Time_Requested, Estimated_Minutes, [Sequence], Notes, "
             "Invoice_ID, Payment_ID) VALUES ({}, {}, {}, {}, {}, {}, {}, {}, 0, {}, {}, {}, {})",
@@ -222,8 +226,6 @@ void ModelWriter::WriteVisits() {
             visit.time.isEmpty() ? Value(0) : Value(visit.time), visit.place, visit.notes,
             visit.invoice < 0 ? none : Value(invoiceKeys_[static_cast<size_t>(visit.invoice)]),
             visit.payment < 0 ? none : Value(paymentKeys_[static_cast<size_t>(visit.payment)])));
-    if (visit.lines.empty()) continue;
-    const qint64 diaryKey = NewKey(Sql("SELECT MAX(Diary_ID) FROM Diary"));
     for (const VisitLine& line : visit.lines) {
       business_.RunSQL(
           Sql("INSERT INTO Diary_Services (Diary_ID, Service_ID, Price, GST, Frequency) "
