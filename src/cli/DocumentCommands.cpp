@@ -3,12 +3,12 @@
 #include "billing/invoices/InvoiceRecord.h"
 #include "cli/Command.h"
 #include "cli/Printing.h"
+#include "cli/Troubles.h"
 #include "cli/WorkingBusiness.h"
+#include "data/settings/PerUserSettings.h"
 #include "documents/billing/BillingDocuments.h"
 #include "pdf/PDFTypes.h"
 #include "session/ProgramFolder.h"
-
-#include <QDir>
 
 #include <algorithm>
 
@@ -16,11 +16,8 @@ namespace quillary::cli {
 namespace {
 
 struct DocumentCall {
-  std::vector<Id<Invoice>> invoices;
+  documents::BillingOrder order;
   documents::BillingPlaces places;
-  documents::TaxMode mode = documents::TaxMode::Included;
-  bool forWord = false;
-  documents::StatementDays days;
 };
 
 const QString& OptionOf(const Call& call, const char* option) {
@@ -48,74 +45,91 @@ void RequireInvoices(Business& business, const std::vector<Id<Invoice>>& invoice
 }
 
 /// Without days a statement goes from the oldest of its invoices to today.
-documents::StatementDays DaysOf(const Call& call, Business& business) {
-  documents::StatementDays days;
-  if (const auto from = call.arguments.Date("from"))
-    days.from = *from;
-  else
-    days.from = business
-                    .FirstField(Sql("SELECT MIN(Generation_Date) FROM Invoices INNER JOIN "
-                                    "lstInvoicesToPrint ON Invoices.Invoice_ID = "
-                                    "lstInvoicesToPrint.Invoice_ID"))
-                    .ToDate(business.Today());
-  days.to = call.arguments.Date("to").value_or(business.Today());
+documents::StatementDays DaysOf(const Call& call, Business& business,
+                                const std::vector<Id<Invoice>>& invoices) {
+  documents::StatementDays days{business.Today(), business.Today()};
+  for (const Id<Invoice> invoice : invoices)
+    days.from = std::min(days.from, billing::LoadInvoiceDetails(business, invoice)->date);
+  days.from = call.arguments.Date("from").value_or(days.from);
+  days.to = call.arguments.Date("to").value_or(days.to);
   if (days.to < days.from)
     throw CommandFailure(QStringLiteral("the last day of the statement is before its first"));
   return days;
 }
 
-documents::ReportDocument Print(Business& business, const QString& kind,
-                                const DocumentCall& document) {
-  const auto& [invoices, places, mode, forWord, days] = document;
-  if (kind == u"statement") {
-    return forWord ? documents::PrintStatementForInvoices(business, places, days, mode)
-                   : documents::PrintStatementForInvoicesPDF(business, places, days, mode);
+/// The value that goes with the word of an option; that of the first word without the option.
+template <typename Value>
+Value ChoiceOf(const Call& call, const char* option,
+               std::initializer_list<std::pair<const char*, Value>> choices) {
+  if (!call.arguments.Has(option)) return choices.begin()->second;
+  QStringList words;
+  for (const auto& [word, value] : choices) {
+    if (OptionOf(call, option) == QLatin1StringView(word)) return value;
+    words += QLatin1StringView(word);
   }
-  if (kind == u"reminder") {
-    return forWord ? documents::PrintRemindersForInvoices(business, places, mode)
-                   : documents::PrintRemindersForInvoicesPDF(business, places, mode);
-  }
-  const QString name = billing::LoadInvoiceDetails(business, invoices.front())->madeOutTo;
-  return forWord ? documents::PrintInvoice(business, places, name, mode)
-                 : documents::PrintInvoicePDF(business, places, name, mode);
+  throw WrongUsage(QStringLiteral("--%1 takes %2")
+                       .arg(QLatin1StringView(option), words.join(QStringLiteral(" or "))));
 }
 
 DocumentCall ReadDocumentCall(const Call& call, const QString& kind) {
-  if (kind != u"invoice" && kind != u"statement" && kind != u"reminder")
-    throw WrongUsage(QStringLiteral("there is no document \"%1\"").arg(kind));
-  const QString format = OptionOf(call, "format");
-  if (!format.isEmpty() && format != u"pdf" && format != u"word")
-    throw WrongUsage(QStringLiteral("--format takes pdf or word"));
-  if (!call.arguments.Has("out")) throw WrongUsage(QStringLiteral("--out names the folder"));
+  using documents::BillingDesign;
+  using documents::BillingForm;
+  using documents::BillingKind;
+  using documents::Paper;
   DocumentCall document;
-  document.invoices = ParseInvoices(OptionOf(call, "invoices"));
+  documents::BillingOrder& order = document.order;
+  if (kind == u"statement")
+    order.kind = BillingKind::Statement;
+  else if (kind == u"reminder")
+    order.kind = BillingKind::Reminder;
+  else if (kind != u"invoice")
+    throw WrongUsage(QStringLiteral("there is no document \"%1\"").arg(kind));
+  order.form = ChoiceOf<BillingForm>(call, "format",
+                                     {{"pdf", BillingForm::Pdf}, {"word", BillingForm::Word}});
+  if (call.arguments.Has("design")) {
+    order.design = ChoiceOf<BillingDesign>(
+        call, "design", {{"classic", BillingDesign::Classic}, {"clean", BillingDesign::Clean}});
+  }
+  if (!call.arguments.Has("out")) throw WrongUsage(QStringLiteral("--out names the folder"));
+  order.invoices = ParseInvoices(OptionOf(call, "invoices"));
+  order.mode = call.arguments.Has("exclude-tax") ? documents::TaxMode::Excluded
+                                                 : documents::TaxMode::Included;
   document.places = {.report = documents::ReportPlacesUnder(session::ProgramFolder()),
                      .folder = OptionOf(call, "out")};
-  document.mode = call.arguments.Has("exclude-tax") ? documents::TaxMode::Excluded
-                                                    : documents::TaxMode::Included;
-  document.forWord = format == u"word";
+  document.places.report.paper = ChoiceOf<Paper>(
+      call, "paper",
+      {{"a4", Paper::A4}, {"letter", Paper::Letter}, {"legal", Paper::Legal}, {"a3", Paper::A3}});
   return document;
 }
 
-void RunDocument(const Call& call) {
-  const QString kind = call.arguments.positional.at(1);
-  DocumentCall document = ReadDocumentCall(call, kind);
+documents::ReportDocument Print(const Call& call, const DocumentCall& document) {
   const auto business = OpenCurrentBusiness(call);
-  RequireInvoices(*business, document.invoices);
-  billing::PrepareInvoicePrint(*business, document.invoices);
-  if (kind == u"statement") document.days = DaysOf(call, *business);
-  if (!MakeOwnFolder(document.places.folder))
-    throw CommandFailure(
-        QStringLiteral("the folder %1 cannot be made").arg(document.places.folder));
-  documents::ReportDocument done;
+  documents::BillingOrder order = document.order;
+  RequireInvoices(*business, order.invoices);
+  billing::PrepareInvoicePrint(*business);
+  if (order.kind == documents::BillingKind::Statement)
+    order.days = DaysOf(call, *business, order.invoices);
+  order.fileNamePart = billing::LoadInvoiceDetails(*business, order.invoices.front())->madeOutTo;
+  business->values.documentDesign = PerUserSettings().Read(
+      QStringLiteral("Invoices"), QStringLiteral("Document Design"), QStringLiteral("CLASSIC"));
   try {
-    done = Print(*business, kind, document);
+    documents::ReportDocument done =
+        documents::PrintBillingDocument(*business, document.places, order);
+    business->CloseConnection();
+    return done;
   } catch (const PDFError& error) {
     throw CommandFailure(QString::fromUtf8(error.what()));
   }
-  business->CloseConnection();
-  for (const QString& trouble : done.troubles)
-    call.world.prompter.Tell(Tone::Information, trouble, SystemTitle());
+}
+
+void RunDocument(const Call& call) {
+  const DocumentCall document = ReadDocumentCall(call, call.arguments.positional.at(1));
+  if (!MakeOwnFolder(document.places.folder))
+    throw CommandFailure(
+        QStringLiteral("the folder %1 cannot be made").arg(document.places.folder));
+  const documents::ReportDocument done = Print(call, document);
+  TellOnError(done.troubles);
+  if (!done.isWritten) throw CommandFailure(QStringLiteral("nothing was written"));
   if (call.json)
     call.out << "{\"file\": " << ToJson(done.docFile) << "}\n";
   else
@@ -134,7 +148,9 @@ std::vector<Command> DocumentCommands() {
         {"from", "DATE", "first day of a statement; else that of its oldest invoice"},
         {"to", "DATE", "last day of a statement; else today"},
         {"exclude-tax", nullptr, "show amounts less tax"},
-        {"format", "pdf|word", "pdf unless told"}},
+        {"format", "pdf|word", "pdf unless told"},
+        {"design", "clean|classic", "of a PDF file; else the user's own"},
+        {"paper", "a4|letter|legal|a3", "a4 unless told"}},
        2,
        2,
        RunDocument},

@@ -1,6 +1,7 @@
 #include "base/OwnFiles.h"
 #include "cli/Command.h"
 #include "cli/Printing.h"
+#include "cli/Troubles.h"
 #include "cli/WorkingBusiness.h"
 #include "data/store/FileInTheMaking.h"
 #include "documents/forms/Pdf.h"
@@ -120,16 +121,15 @@ QString WriteReport(const Call& call, Business& business, const ReportKind& kind
                                .writesFile = format == u"word"};
   if (TextOption(call, "paper") == u"letter") target.places.paper = documents::Paper::Letter;
   const documents::ReportDocument done = reports::LayOutReport(business, target, data).document;
-  for (const QString& trouble : done.troubles) {
-    // Those of the figures themselves end the command.
-    if (!data.troubles.contains(trouble))
-      call.world.prompter.Tell(Tone::Information, trouble, SystemTitle());
-  }
+  QStringList troubles = done.troubles;
+  // Those of the figures themselves end the command.
+  for (const QString& ofFigures : data.troubles) troubles.removeAll(ofFigures);
+  TellOnError(troubles);
+  if (!done.isWritten) throw CommandFailure(QStringLiteral("nothing was written"));
   if (format == u"word") return done.docFile;
   const QString file = FileFor(name, folder, ".pdf");
   try {
-    for (const QString& trouble : documents::WritePdf(done.pages, file, business.Now()))
-      call.world.prompter.Tell(Tone::Information, trouble, SystemTitle());
+    TellOnError(documents::WritePdf(done.pages, file, business.Now()));
   } catch (const PDFError& error) {
     throw CommandFailure(QString::fromUtf8(error.what()));
   }

@@ -13,6 +13,7 @@ namespace quillary {
 struct SharedValues {
   QString emailOption = QStringLiteral("MAPI");
   QString invoicePrintingFormat = QStringLiteral("WORD");
+  QString documentDesign = QStringLiteral("CLASSIC");  // of PDF files; or "CLEAN"
   int daysToAdvanceSchedule = 0;
   float gstPercentage = 0;  // a fraction: 0.1 is ten percent
   QString accountingMethod = QStringLiteral("Cash");

@@ -37,6 +37,20 @@ void EnsureEmployee(Business& business) {
   LoadDefaultEmployee(business);
 }
 
+/// A business that has sent invoices goes on with the design that its clients know; a new one
+/// starts with the other. Decided once.
+QString DesignOfDocuments(Business& business) {
+  SettingsStore& settings = business.World().settings;
+  const QString section = QStringLiteral("Invoices");
+  const QString key = QStringLiteral("Document Design");
+  const QString chosen = settings.Read(section, key, {});
+  if (!chosen.isEmpty()) return chosen;
+  const bool isNew = business.RunSQL(Sql("SELECT TOP 1 Invoice_ID FROM Invoices")).EndOfFile();
+  const QString design = isNew ? QStringLiteral("CLEAN") : QStringLiteral("CLASSIC");
+  settings.Write(section, key, design);
+  return design;
+}
+
 /// One run of the sequence: what has been reached, and the business once it is open.
 class Sequence {
  public:
@@ -106,6 +120,7 @@ class Sequence {
   }
 
   void LoadValues() {
+    business->values.documentDesign = DesignOfDocuments(*business);
     LoadHolidaysIntoArray(*business);
     Reached("LoadHolidaysIntoArray");
     LoadHorizon(*business);

@@ -126,16 +126,17 @@ billing::InvoiceForm NewestInvoice(Business& business) {
 }
 
 void PrintInBothForms(Business& business, const billing::InvoiceForm& invoice) {
-  billing::PrepareInvoicePrint(business, {*invoice.invoiceId});
+  billing::PrepareInvoicePrint(business);
   const documents::BillingPlaces places{.report =
                                             documents::ReportPlacesUnder(session::ProgramFolder())};
   QStringList told;  // both forms miss the same picture
-  for (const auto& [print, form] : {std::pair{&documents::PrintInvoicePDF, "PDF"},
-                                    std::pair{&documents::PrintInvoice, "word processor"}}) {
-    const documents::ReportDocument done =
-        print(business, places, invoice.madeOutTo, documents::TaxMode::Included);
+  for (const auto& [form, words] : {std::pair{documents::BillingForm::Pdf, "PDF"},
+                                    std::pair{documents::BillingForm::Word, "word processor"}}) {
+    const documents::ReportDocument done = documents::PrintBillingDocument(
+        business, places,
+        {.form = form, .invoices = {*invoice.invoiceId}, .fileNamePart = invoice.madeOutTo});
     Say(QStringLiteral("Invoice %1 as %2: %3")
-            .arg(invoice.number, QString::fromLatin1(form), done.docFile));
+            .arg(invoice.number, QString::fromLatin1(words), done.docFile));
     for (const QString& trouble : done.troubles) {
       if (!told.contains(trouble)) Say(trouble);
       told += trouble;

@@ -302,12 +302,13 @@ TEST_F(InvoiceRecordTest, PrintingSelectsAnewAndRecomputesWhereAsked) {
   AddJob(1, "JD", kDay);
   outside.headOffice.sessionKey = "S";
   SelectInvoicesToPrint(business(), {7_invoice, 8_invoice});
-  PrepareInvoicePrint(business(), {5_invoice});
+  SelectInvoicesToPrint(business(), {5_invoice});
+  PrepareInvoicePrint(business());
   EXPECT_EQ(Rows(Sql("SELECT Invoice_ID FROM lstInvoicesToPrint")), "5");
   EXPECT_EQ(Rows(Sql("SELECT Account_Balance FROM Clients WHERE Client_ID = 1")), "0");
   EXPECT_TRUE(outside.headOffice.activities.isEmpty());
   business().values.recalculateClientAmtsOwingOnPrint = true;
-  PrepareInvoicePrint(business(), {6_invoice});
+  PrepareInvoicePrint(business());
   EXPECT_EQ(Rows(Sql("SELECT Account_Balance FROM Clients WHERE Client_ID = 1")), "-110");
   EXPECT_EQ(
       outside.headOffice.activities,

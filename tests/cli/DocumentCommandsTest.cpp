@@ -12,6 +12,8 @@ class DocumentCommandsTest : public CompanionTest {
     CompanionTest::SetUp();
     file = Path("DATA.MDB");
     Done({"demo", file, "--clients", "30", "--months", "3"});
+    ASSERT_TRUE(QDir(folder.path()).mkdir("Files"));
+    Write("Files/Gardens.jpg", Bytes(QUILLARY_TEST_DATA "/../pdf/data/rgb.jpg"));
     invoice = QString::number(
         Field(file, "SELECT MAX(Invoice_ID) FROM Invoices WHERE Total_GST > 0").toInt());
   }
@@ -67,7 +69,6 @@ TEST_F(DocumentCommandsTest, AStaleBalanceIsRecomputedWhereTheOwnerWantsThat) {
 }
 
 TEST_F(DocumentCommandsTest, TheLogoIsThatOfTheDivision) {
-  ASSERT_TRUE(QDir(folder.path()).mkdir("Files"));
   Write("Files/Night gardens.jpg", Bytes(QUILLARY_TEST_DATA "/../pdf/data/rgb.jpg"));
   Done({"sql", file, "UPDATE Divisions SET Division_Name = 'Night gardens'"});
   const auto bytes = [&](const char* format) {

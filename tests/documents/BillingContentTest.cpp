@@ -13,7 +13,8 @@ class BillingContentTest : public BillingFixture {
     return count;
   }
   InvoiceContent Collect(qint64 invoice, TaxMode mode = TaxMode::Included) {
-    return CollectInvoice(business(), invoice, ReadBillingFrame(business(), mode)).value();
+    return CollectInvoice(business(), Id<Invoice>(invoice), ReadBillingFrame(business(), mode))
+        .value();
   }
 };
 
@@ -83,9 +84,9 @@ TEST_F(BillingContentTest, WithoutATaxNameNothingNamesATax) {
 
 TEST_F(BillingContentTest, WhatIsGoneOrEmptyIsPassedOver) {
   Select({99, 99, 98});
-  EXPECT_EQ(SelectedInvoices(business()).size(), 2u);
+  EXPECT_EQ(billing::SelectedInvoices(business()).size(), 2u);
   const BillingFrame frame = ReadBillingFrame(business(), TaxMode::Included);
-  EXPECT_FALSE(CollectInvoice(business(), 99, frame));
+  EXPECT_FALSE(CollectInvoice(business(), Id<Invoice>(99), frame));
   EXPECT_TRUE(CollectReminders(business(), frame).empty());
   EXPECT_TRUE(CollectStatements(business(), {}, frame).empty());
   const qint64 bare = AddInvoice(payer, "", Money(), Money());
@@ -141,7 +142,8 @@ TEST(BillingSums, EveryInvoiceOfABusinessAddsUpToItsRow) {
          business.RunSQL(Sql("SELECT Invoice_ID, Total_Amount, Total_GST FROM Invoices"))) {
       const Money amount = row[u"Total_Amount"].ToMoney();
       const Money tax = row[u"Total_GST"].ToMoney();
-      const auto invoice = CollectInvoice(business, row[u"Invoice_ID"].ToLong(), frame);
+      const auto invoice =
+          CollectInvoice(business, Id<Invoice>(row[u"Invoice_ID"].ToLong()), frame);
       ASSERT_TRUE(invoice);
       EXPECT_EQ(invoice->jobs.total,
                 (Amounts{mode == TaxMode::Included ? amount : amount - tax, tax}));

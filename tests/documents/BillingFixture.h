@@ -1,5 +1,6 @@
 #pragma once
 
+#include "billing/invoices/InvoicePrint.h"
 #include "documents/billing/BillingDocuments.h"
 #include "pdf/PDFTypes.h"
 #include "support/BusinessTest.h"
@@ -191,9 +192,19 @@ class BillingFixture : public BusinessTest {
     AddJob(client, date, price, tax, invoice, {});
   }
   void Select(const std::vector<qint64>& invoices) {
-    Run(Sql("DELETE FROM lstInvoicesToPrint"));
-    for (const qint64 invoice : invoices)
-      Run(Sql("INSERT INTO lstInvoicesToPrint (Invoice_ID) VALUES ({})", invoice));
+    selected = IdsFrom<Invoice>(invoices);
+    billing::SelectInvoicesToPrint(business(), selected);
+  }
+  documents::ReportDocument Print(documents::BillingKind kind, documents::BillingForm form,
+                                  documents::TaxMode mode, const QString& fileNamePart = "x") {
+    return documents::PrintBillingDocument(business(), places,
+                                           {.kind = kind,
+                                            .form = form,
+                                            .invoices = selected,
+                                            .mode = mode,
+                                            .fileNamePart = fileNamePart,
+                                            .days = {QDate(2026, 9, 1), QDate(2026, 10, 31)},
+                                            .design = design});
   }
   static Money Cents(qint64 cents) { return Money::FromUnits(cents * 100); }
 
@@ -218,6 +229,8 @@ class BillingFixture : public BusinessTest {
 
   qint64 payer = 0;
   qint64 tenant = 0;
+  std::vector<Id<Invoice>> selected;
+  documents::BillingDesign design = documents::BillingDesign::Classic;
   documents::BillingPlaces places;
 };
 

@@ -32,22 +32,23 @@ class InvoiceScreensTest : public ScreenFixture {
     navigator.Register<PrintInvoices>([this](const PrintInvoices& request) {
       return Note(QStringLiteral("invoices %1 %2")
                       .arg(request.fileNamePart.simplified())
-                      .arg(request.priceIncludesGST));
+                      .arg(request.priceIncludesGST),
+                  request.invoices);
     });
     navigator.Register<PrintStatements>([this](const PrintStatements& request) {
       return Note(QStringLiteral("statements %1 %2 %3")
                       .arg(request.from.toString(Qt::ISODate), request.to.toString(Qt::ISODate))
-                      .arg(request.priceIncludesGST));
+                      .arg(request.priceIncludesGST),
+                  request.invoices);
     });
     navigator.Register<PrintReminders>([this](const PrintReminders& request) {
-      return Note(QStringLiteral("reminders %1").arg(request.priceIncludesGST));
+      return Note(QStringLiteral("reminders %1").arg(request.priceIncludesGST), request.invoices);
     });
     navigator.Register<EmailLastDocument>([this](const EmailLastDocument&) { Note("mailed"); });
   }
-  bool Note(const QString& words) {
+  bool Note(const QString& words, const std::vector<Id<Invoice>>& invoices = {}) {
     QStringList selected;
-    for (const Record row : Run(Sql("SELECT Invoice_ID FROM lstInvoicesToPrint")))
-      selected += row[u"Invoice_ID"].ToText();
+    for (const Id<Invoice> invoice : invoices) selected += QString::number(invoice.Number());
     printed += words + QStringLiteral(" of ") + selected.join(u',');
     return true;
   }

@@ -52,6 +52,8 @@ TEST_F(SetupScreensTest, MiscellaneousSettingsAreCheckedStoredAndInForceAtOnce) 
     Find<QLineEdit>(&form, "txtCCEmailAddress")->setText("books@example.com");
     Find<QCheckBox>(&form, "chkUseButtonsInDiary")->click();
     Find<QRadioButton>(&form, "optPDF")->click();
+    EXPECT_TRUE(Find<QRadioButton>(&form, "optClassic")->isChecked());
+    Find<QRadioButton>(&form, "optClean")->click();
     ClickOn(&form, "cmdCloseAndSave");
     EXPECT_FALSE(form.isVisible());
   });
@@ -64,6 +66,8 @@ TEST_F(SetupScreensTest, MiscellaneousSettingsAreCheckedStoredAndInForceAtOnce) 
   EXPECT_EQ(business().values.daysToAdvanceSchedule, 365);
   EXPECT_EQ(business().values.accountingMethod, "Accrual");
   EXPECT_EQ(business().values.invoicePrintingFormat, "PDF");
+  EXPECT_EQ(business().values.documentDesign, "CLEAN");
+  EXPECT_EQ(outside.settings.Read("Invoices", "Document Design", {}), "CLEAN");
   EXPECT_EQ(outside.settings.Read("Form", "Use Buttons In Diary", {}), "1");
 }
 

@@ -26,8 +26,15 @@ std::optional<Refusal> CheckInvoicePrint(size_t attachedJobs) {
   return Refusal{"Please select jobs to included on the invoice.", "jobList"};
 }
 
-void PrepareInvoicePrint(Business& business, const std::vector<Id<Invoice>>& invoiceIds) {
-  SelectInvoicesToPrint(business, invoiceIds);
+std::vector<Id<Invoice>> SelectedInvoices(Business& business) {
+  std::vector<Id<Invoice>> invoices;
+  for (const Record row :
+       business.RunSQL(Sql("SELECT DISTINCT(Invoice_ID) FROM lstInvoicesToPrint;")))
+    invoices.emplace_back(row[size_t{0}].ToLong());
+  return invoices;
+}
+
+void PrepareInvoicePrint(Business& business) {
   if (!business.values.recalculateClientAmtsOwingOnPrint) return;
   LogStep(business, QStringLiteral("RecalculateAmountOwingOfAllClients"));
   balances::RecalculateAmountOwingOfAllClients(business);

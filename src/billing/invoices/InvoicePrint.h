@@ -17,8 +17,11 @@ void SelectInvoicesToPrint(Business& business, const std::vector<Id<Invoice>>& i
 /// Refuses an invoice without jobs.
 std::optional<Refusal> CheckInvoicePrint(size_t attachedJobs);
 
-/// Selects the invoices for printing and, where the business is set up so, recomputes every balance
-/// first, since the invoice may show what is outstanding.
-void PrepareInvoicePrint(Business& business, const std::vector<Id<Invoice>>& invoiceIds);
+/// The selection as it stands, each invoice once.
+std::vector<Id<Invoice>> SelectedInvoices(Business& business);
+
+/// Where the business is set up so, recomputes every balance, since an invoice may show what is
+/// outstanding.
+void PrepareInvoicePrint(Business& business);
 
 }  // namespace quillary::billing

@@ -1,6 +1,7 @@
 #include "billing/screens/dlgInvoiceOptions.h"
 
 #include "base/ports/requests/Documents.h"
+#include "billing/invoices/InvoicePrint.h"
 #include "billing/runs/WithJobRun.h"
 #include "billing/screens/InvoiceProgress.h"
 #include "kit/Layouts.h"
@@ -93,7 +94,8 @@ void dlgInvoiceOptions::CreateNonMonthlyInvoices() {
   setEnabled(true);
   prgRun->hide();
   if (!done) return;
-  tools_.navigator.Open(PrintInvoices{.fileNamePart = job_ ? job_->billedName : DaysWords(),
+  tools_.navigator.Open(PrintInvoices{.invoices = SelectedInvoices(business_),
+                                      .fileNamePart = job_ ? job_->billedName : DaysWords(),
                                       .priceIncludesGST = !chkPriceExcludesGST->isChecked()});
   Close(Accepted);
 }

@@ -199,9 +199,10 @@ void frmInvoice::Print() {
   if (!Save()) return;
   {
     const BusyWhile busy(business_.World().busy);
-    PrepareInvoicePrint(business_, {*form_.invoiceId});
+    PrepareInvoicePrint(business_);
   }
-  tools_.navigator.Open(PrintInvoices{.fileNamePart = txtMadeOutTo->toPlainText(),
+  tools_.navigator.Open(PrintInvoices{.invoices = {*form_.invoiceId},
+                                      .fileNamePart = txtMadeOutTo->toPlainText(),
                                       .priceIncludesGST = !chkPriceExcludesGST->isChecked()});
   cmdEmailInvoice->setEnabled(tools_.navigator.CanOpen<EmailLastDocument>());
 }

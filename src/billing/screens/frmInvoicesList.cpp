@@ -3,7 +3,6 @@
 #include "base/ports/requests/Clients.h"
 #include "base/ports/requests/Documents.h"
 #include "billing/invoices/InvoiceNumbers.h"
-#include "billing/invoices/InvoicePrint.h"
 #include "billing/runs/MonthlyRun.h"
 #include "billing/screens/InvoiceMonths.h"
 #include "billing/screens/InvoiceProgress.h"
@@ -65,22 +64,22 @@ void frmInvoicesList::ConnectPrintCommands() {
   };
   on(cmdPrintGrid, [this] { tools_.navigator.Open(ShownList(windowTitle(), fgInvoices)); });
   on(cmdPrintInvoices, [this] {
-    SelectTicked();
     // The tick only names the file here; prices are always printed with tax.
-    tools_.navigator.Open(PrintInvoices{.fileNamePart = chkPriceExcludesGST->isChecked()
+    tools_.navigator.Open(PrintInvoices{.invoices = ticks_->TickedIds<Invoice>(),
+                                        .fileNamePart = chkPriceExcludesGST->isChecked()
                                                             ? QStringLiteral("False")
                                                             : QStringLiteral("True"),
                                         .priceIncludesGST = true});
   });
   on(cmdPrintStatement, [this] {
-    SelectTicked();
-    tools_.navigator.Open(PrintStatements{.from = dtFrom->Date(),
+    tools_.navigator.Open(PrintStatements{.invoices = ticks_->TickedIds<Invoice>(),
+                                          .from = dtFrom->Date(),
                                           .to = dtTo->Date(),
                                           .priceIncludesGST = !chkPriceExcludesGST->isChecked()});
   });
   on(cmdPrintReminder, [this] {
-    SelectTicked();
-    tools_.navigator.Open(PrintReminders{.priceIncludesGST = !chkPriceExcludesGST->isChecked()});
+    tools_.navigator.Open(PrintReminders{.invoices = ticks_->TickedIds<Invoice>(),
+                                         .priceIncludesGST = !chkPriceExcludesGST->isChecked()});
   });
 }
 
@@ -183,10 +182,6 @@ void frmInvoicesList::GenerateMonthly() {
     business_.World().prompter.Tell(Tone::Information, RunWords(count));
   }
   fgInvoices->setFocus();
-}
-
-void frmInvoicesList::SelectTicked() {
-  SelectInvoicesToPrint(business_, ticks_->TickedIds<Invoice>());
 }
 
 }  // namespace quillary::billing

@@ -53,8 +53,6 @@ class frmInvoicesList : public Screen {
   void View();
   void DeleteTicked();
   void GenerateMonthly();
-  /// Makes the ticked invoices the selection for printing.
-  void SelectTicked();
 
   Business& business_;
   ScreenTools tools_;

@@ -14,11 +14,28 @@ QStringList TermsFor(Business& business, Money amount) {
   return LinesOf(QString(terms).replace(QLatin1StringView(kAmountMark), amount.ToCurrencyText()));
 }
 
-QString TotalLine(const BillingFrame& frame, Money total) {
+QString TotalLabel(const BillingFrame& frame) {
   const bool namesTax = frame.mode == TaxMode::Included && !frame.taxName.isEmpty();
-  const QString tax = namesTax ? QStringLiteral("(%1 inc.)").arg(frame.taxName) : QString();
-  return QStringLiteral("INVOICE TOTAL ") + tax +
-         (namesTax ? QStringLiteral(" : ") : QStringLiteral(": ")) + total.ToCurrencyText();
+  const QString label = QStringLiteral("INVOICE TOTAL");
+  return namesTax ? label + QStringLiteral(" (%1 inc.)").arg(frame.taxName) : label;
+}
+
+/// A dark colour for each trade, in which a title reads well on white.
+int AccentOf(const QString& division) {
+  constexpr int kGreen = 0x1F6F50;
+  constexpr int kBlue = 0x1F5FA8;
+  constexpr int kTeal = 0x0F6B73;
+  constexpr int kRed = 0x9C3B2E;
+  constexpr int kBrown = 0x7A5230;
+  constexpr int kViolet = 0x5B4A9E;
+  constexpr int kSlate = 0x34495E;
+  static const QHash<QString, int> accents = {
+      {"gardens", kGreen}, {"lawns", kGreen},     {"trees", kGreen},     {"windows", kBlue},
+      {"pools", kTeal},    {"gutters", kTeal},    {"plumbing", kBlue},   {"homes", kViolet},
+      {"carpets", kRed},   {"dogs", kBrown},      {"cars", kRed},        {"fences", kBrown},
+      {"paving", kBrown},  {"painting", kViolet}, {"roofs", kRed},       {"handyman", kBrown},
+      {"tiles", kTeal},    {"electrical", kBlue}, {"pest control", kRed}};
+  return accents.value(division.toLower(), kSlate);
 }
 
 InvoiceRow InvoiceRowOf(const Record& row, TaxMode mode) {
@@ -29,14 +46,19 @@ InvoiceRow InvoiceRowOf(const Record& row, TaxMode mode) {
       .shown = ShownAmounts({row[u"Total_Amount"].ToMoney(), row[u"Total_GST"].ToMoney()}, mode)};
 }
 
+/// A heading above nothing would only make the reader wonder.
+std::optional<JobSection> UnlessEmpty(JobSection section) {
+  if (section.clients.empty()) return std::nullopt;
+  return section;
+}
+
 /// Puts the invoices, which come client by client, with the documents of their clients.
 template <typename Content>
 Content& DocumentOf(std::vector<Content>& documents, const Record& row) {
-  const qint64 clientId = row[u"Client_ID"].ToLong();
+  const Id<Client> clientId(row[u"Client_ID"].ToLong());
   if (documents.empty() || documents.back().clientId != clientId) {
-    Content& content = documents.emplace_back();
-    content.clientId = clientId;
-    content.madeOutTo = LinesOf(row[u"Made_Out_To"]);
+    documents.push_back(Content{.clientId = clientId});
+    documents.back().madeOutTo = LinesOf(row[u"Made_Out_To"]);
   }
   return documents.back();
 }
@@ -50,14 +72,15 @@ void AddInvoice(Content& content, const Record& row, TaxMode mode) {
 }
 
 void CollectPayments(Business& business, const StatementDays& days, StatementContent& content) {
-  content.payments.emplace();
+  std::vector<PaymentRow> payments;
   for (const Record row : business.RunSQL(
            Sql("SELECT * FROM Payments  WHERE Client_ID = {} AND Payment_Date BETWEEN {} AND {} "
                "ORDER BY Payment_Date;",
                content.clientId, days.from, EndOfDay(days.to)))) {
-    content.payments->push_back({row[u"Payment_Date"].ToDate(), row[u"Amount"].ToMoney()});
+    payments.push_back({row[u"Payment_Date"].ToDate(), row[u"Amount"].ToMoney()});
     content.paymentsTotal += row[u"Amount"].ToMoney();
   }
+  if (!payments.empty()) content.payments = std::move(payments);
 }
 
 }  // namespace
@@ -70,19 +93,12 @@ BillingFrame ReadBillingFrame(Business& business, TaxMode mode) {
   frame.mode = mode;
   frame.generalNotes = FirstTextLines(business, "SELECT Invoice_Notes FROM infOptions;");
   frame.notesFont = ReadNotesFont(business.World().settings);
+  frame.accent = AccentOf(business.values.divisionName);
   frame.today = business.Today();
   return frame;
 }
 
-std::vector<qint64> SelectedInvoices(Business& business) {
-  std::vector<qint64> invoices;
-  for (const Record row :
-       business.RunSQL(Sql("SELECT DISTINCT(Invoice_ID) FROM lstInvoicesToPrint;")))
-    invoices.push_back(row[size_t{0}].ToLong());
-  return invoices;
-}
-
-std::optional<InvoiceContent> CollectInvoice(Business& business, qint64 invoiceId,
+std::optional<InvoiceContent> CollectInvoice(Business& business, Id<Invoice> invoiceId,
                                              const BillingFrame& frame) {
   const Recordset found = business.RunSQL(
       Sql("SELECT Invoices.Invoice_ID, Invoices.Generation_Date, Invoices.From_Date, "
@@ -98,7 +114,6 @@ std::optional<InvoiceContent> CollectInvoice(Business& business, qint64 invoiceI
           invoiceId));
   if (found.EndOfFile()) return std::nullopt;
   InvoiceContent invoice;
-  invoice.invoiceId = invoiceId;
   invoice.number = found.Field(u"Invoice_Number").ToText().trimmed();
   invoice.date = found.Field(u"Generation_Date").ToDate();
   invoice.description = found.Field(u"Invoice_Description").ToText().trimmed();
@@ -108,11 +123,13 @@ std::optional<InvoiceContent> CollectInvoice(Business& business, qint64 invoiceI
   invoice.jobs = CollectInvoiceJobs(business, invoiceId, frame.mode);
   invoice.invoiceTotal = invoice.jobs.total.price;
   if (found.Field(u"InvoiceWithUnpaidPastJobs").ToBool()) {
-    invoice.pastJobs =
-        CollectPastJobs(business, found.Field(u"Client_ID").ToLong(), invoiceId, frame.mode);
-    invoice.invoiceTotal += invoice.pastJobs->total.price;
+    const Id<Client> client(found.Field(u"Client_ID").ToLong());
+    invoice.pastJobs = UnlessEmpty(CollectPastJobs(business, client, invoiceId, frame.mode));
+    if (invoice.pastJobs) invoice.invoiceTotal += invoice.pastJobs->total.price;
   }
-  invoice.totalLine = TotalLine(frame, invoice.invoiceTotal);
+  invoice.totalLabel = TotalLabel(frame);
+  invoice.totalLine =
+      invoice.totalLabel + QStringLiteral(" : ") + invoice.invoiceTotal.ToCurrencyText();
   const bool withOutstanding = found.Field(u"InvoiceWithOutstanding").ToBool();
   invoice.amountPayable =
       withOutstanding ? -found.Field(u"Account_Balance").ToMoney() : invoice.invoiceTotal;
@@ -134,13 +151,13 @@ std::vector<StatementContent> CollectStatements(Business& business, const Statem
                "Invoices.Client_ID = Clients.Client_ID  ORDER BY Invoices.Client_ID, "
                "Invoices.Generation_Date; "))) {
     const bool isNew =
-        statements.empty() || statements.back().clientId != row[u"Client_ID"].ToLong();
+        statements.empty() || statements.back().clientId.Number() != row[u"Client_ID"].ToLong();
     StatementContent& statement = DocumentOf(statements, row);
     AddInvoice(statement, row, frame.mode);
     if (!isNew) continue;
     if (row[u"InvoiceWithUnpaidPastJobs"].ToBool())
-      statement.pastJobs =
-          CollectPastJobs(business, statement.clientId, days.from, days.to, frame.mode);
+      statement.pastJobs = UnlessEmpty(
+          CollectPastJobs(business, statement.clientId, days.from, days.to, frame.mode));
     if (row[u"StatementWithPayments"].ToBool()) CollectPayments(business, days, statement);
   }
   if (!statements.empty()) statements.back().isLast = true;

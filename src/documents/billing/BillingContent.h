@@ -16,13 +16,13 @@ struct BillingFrame {
   TaxMode mode = TaxMode::Included;
   QStringList generalNotes;
   PageFont notesFont;
+  int accent = 0;  // 0xRRGGBB, the division's
   QDate today;
 };
 
 BillingFrame ReadBillingFrame(Business& business, TaxMode mode);
 
 struct InvoiceContent {
-  qint64 invoiceId = 0;
   QString number;
   QDate date;
   QString description;
@@ -30,18 +30,17 @@ struct InvoiceContent {
   QStringList notes;
   bool withNextJob = false;
   JobSection jobs;
-  std::optional<JobSection> pastJobs;  // only for clients who want to see them
-  QString totalLine;                   // "INVOICE TOTAL (GST inc.) : $110.00"
+  std::optional<JobSection> pastJobs;  // only for clients who want to see them and have some
+  QString totalLabel;                  // "INVOICE TOTAL (GST inc.)"
+  QString totalLine;                   // the same with the amount
   Money invoiceTotal;                  // of all jobs shown, past ones included
   Money amountPayable;                 // negative for a client in credit
   QString payableLine;
   QStringList terms;  // the amount payable filled in
 };
 
-/// The invoices that are selected for printing, each once. A selected invoice that is gone is
-/// passed over.
-std::vector<qint64> SelectedInvoices(Business& business);
-std::optional<InvoiceContent> CollectInvoice(Business& business, qint64 invoiceId,
+/// Nothing for an invoice that is gone.
+std::optional<InvoiceContent> CollectInvoice(Business& business, Id<Invoice> invoiceId,
                                              const BillingFrame& frame);
 
 struct PaymentRow {
@@ -51,19 +50,20 @@ struct PaymentRow {
 
 /// All that is issued to one client.
 struct StatementContent {
-  qint64 clientId = 0;
-  QStringList madeOutTo;
-  std::vector<InvoiceRow> invoices;
-  Amounts total;
-  std::optional<JobSection> pastJobs;
-  std::optional<std::vector<PaymentRow>> payments;
-  Money paymentsTotal;
+  Id<Client> clientId;
+  QStringList madeOutTo = {};
+  std::vector<InvoiceRow> invoices = {};
+  Amounts total = {};
+  std::optional<JobSection> pastJobs = {};  // where asked for and there are any, as the payments
+  std::optional<std::vector<PaymentRow>> payments = {};
+  Money paymentsTotal = {};
   bool isLast = false;  // of the run
 
   /// Sections and notes below the invoices; not for one that comes to nothing in front of others.
   bool HasClosing() const { return isLast || total.price != Money(); }
 };
 
+/// Both ends included.
 struct StatementDays {
   QDate from;
   QDate to;
@@ -74,10 +74,10 @@ std::vector<StatementContent> CollectStatements(Business& business, const Statem
                                                 const BillingFrame& frame);
 
 struct ReminderContent {
-  qint64 clientId = 0;
-  QStringList madeOutTo;
-  std::vector<InvoiceRow> invoices;
-  Amounts total;
+  Id<Client> clientId;
+  QStringList madeOutTo = {};
+  std::vector<InvoiceRow> invoices = {};
+  Amounts total = {};
 };
 
 /// One reminder for each client of the invoices that are selected for printing.

@@ -1,8 +1,10 @@
 #include "documents/billing/BillingDocuments.h"
 
+#include "billing/invoices/InvoicePrint.h"
 #include "data/store/FileInTheMaking.h"
 #include "documents/billing/BillingLayouts.h"
 #include "documents/billing/Letterhead.h"
+#include "documents/billing/clean/CleanParts.h"
 #include "documents/forms/Pdf.h"
 #include "documents/reports/ReportFiles.h"
 
@@ -52,8 +54,8 @@ QString CutToBytes(const QString& text, qsizetype most) {
 /// The PDF file of one run, from its first page to its viewer.
 class PdfRun {
  public:
-  PdfRun(Business& business, const BillingPlaces& places, const QString& pdfTitle,
-         const QString& docTitle, const QString& fileName)
+  PdfRun(Business& business, const BillingPlaces& places, const PageDesign& design,
+         const QString& pdfTitle, const QString& docTitle, const QString& fileName)
       : business_(business),
         fonts_(places.fonts ? places.fonts
                             : std::make_shared<const PageFonts>(places.report.fontFolder)),
@@ -67,7 +69,7 @@ class PdfRun {
     pdf_.PDFTitle(pdfTitle.toStdString());
     pdf_.PDFUseThumbs(true);
     pdf_.PDFView(false);
-    pages_.emplace(pdf_, *fonts_, RoomyPaper(places.report.paper));
+    pages_.emplace(pdf_, *fonts_, RoomyPaper(places.report.paper), design);
     pdf_.PDFFileName(made_.Path().toStdU16String());
     pdf_.PDFSetFont(0, 8, 0);
     pdf_.PDFSetTextColor(0);
@@ -161,71 +163,109 @@ QString InvoiceFileName(const QString& part, const DateTime& moment) {
   return head + CutToBytes(CleanFileName(shown), room) + tail;
 }
 
-bool PrintsForWord(const Business& business) {
-  return business.values.invoicePrintingFormat == u"WORD";
+BillingForm FormOfBilling(const Business& business) {
+  return business.values.invoicePrintingFormat == u"WORD" ? BillingForm::Word : BillingForm::Pdf;
 }
 
-ReportDocument PrintInvoice(Business& business, const BillingPlaces& places,
-                            const QString& fileNamePart, TaxMode mode) {
-  const BillingFrame frame = ReadBillingFrame(business, mode);
-  WordRun run(business, places, QStringLiteral("Invoice"),
-              InvoiceFileName(fileNamePart, business.Now()) + QStringLiteral(".rtf"));
-  for (const qint64 invoiceId : SelectedInvoices(business)) {
-    if (const auto invoice = CollectInvoice(business, invoiceId, frame))
-      LayInvoiceWord(run.NextDocument(), frame, *invoice);
+BillingDesign DesignOfBilling(const Business& business) {
+  return business.values.documentDesign == u"CLEAN" ? BillingDesign::Clean : BillingDesign::Classic;
+}
+
+namespace {
+
+/// The name of the file without its ending.
+QString NameOf(const BillingOrder& order, const DateTime& now) {
+  switch (order.kind) {
+    case BillingKind::Statement:
+      return order.form == BillingForm::Word ? QStringLiteral("Statement")
+                                             : QStringLiteral("Statement-") + FileTimeStamp(now);
+    case BillingKind::Reminder:
+      return order.form == BillingForm::Word ? QStringLiteral("Reminder")
+                                             : QStringLiteral("Reminder-") + FileTimeStamp(now);
+    case BillingKind::Invoice:
+      break;
   }
-  return run.End();
+  return InvoiceFileName(order.fileNamePart, now);
 }
 
-ReportDocument PrintInvoicePDF(Business& business, const BillingPlaces& places,
-                               const QString& fileNamePart, TaxMode mode) {
-  const BillingFrame frame = ReadBillingFrame(business, mode);
-  PdfRun run(business, places, QStringLiteral("Invoice"), QStringLiteral("Invoice"),
-             InvoiceFileName(fileNamePart, business.Now()) + QStringLiteral(".pdf"));
-  for (const qint64 invoiceId : SelectedInvoices(business)) {
-    if (const auto invoice = CollectInvoice(business, invoiceId, frame))
-      LayInvoicePdf(run.Pages(), frame, run.Logo(), *invoice);
-  }
-  return run.End();
+QString TitleOf(BillingKind kind) {
+  return kind == BillingKind::Invoice     ? QStringLiteral("Invoice")
+         : kind == BillingKind::Statement ? QStringLiteral("Statement")
+                                          : QStringLiteral("Reminder");
 }
 
-ReportDocument PrintStatementForInvoices(Business& business, const BillingPlaces& places,
-                                         const StatementDays& days, TaxMode mode) {
-  const BillingFrame frame = ReadBillingFrame(business, mode);
-  WordRun run(business, places, QStringLiteral("Statement"), QStringLiteral("Statement.doc"));
-  for (const StatementContent& statement : CollectStatements(business, days, frame))
-    LayStatementWord(run.NextDocument(), frame, days, statement);
-  return run.End();
-}
-
-ReportDocument PrintStatementForInvoicesPDF(Business& business, const BillingPlaces& places,
-                                            const StatementDays& days, TaxMode mode) {
-  const BillingFrame frame = ReadBillingFrame(business, mode);
-  PdfRun run(business, places, QStringLiteral("Statement"), QStringLiteral("Statement"),
-             QStringLiteral("Statement-%1.pdf").arg(FileTimeStamp(business.Now())));
-  for (const StatementContent& statement : CollectStatements(business, days, frame))
-    LayStatementPdf(run.Pages(), frame, run.Logo(), days, statement);
-  return run.End();
-}
-
-ReportDocument PrintRemindersForInvoices(Business& business, const BillingPlaces& places,
-                                         TaxMode mode) {
-  const BillingFrame frame = ReadBillingFrame(business, mode);
-  WordRun run(business, places, QStringLiteral("Reminder"), QStringLiteral("Reminder.doc"));
-  for (const ReminderContent& reminder : CollectReminders(business, frame))
-    LayReminderWord(run.NextDocument(), frame, reminder);
-  return run.End();
-}
-
-ReportDocument PrintRemindersForInvoicesPDF(Business& business, const BillingPlaces& places,
-                                            TaxMode mode) {
-  const BillingFrame frame = ReadBillingFrame(business, mode);
+ReportDocument PrintPdf(Business& business, const BillingPlaces& places, const BillingOrder& order,
+                        const BillingFrame& frame) {
+  const bool isClean = order.design.value_or(DesignOfBilling(business)) == BillingDesign::Clean;
   // The viewer's window says "Statement" for reminders too, as it always has.
-  PdfRun run(business, places, QStringLiteral("Statement"), QStringLiteral("Reminder"),
-             QStringLiteral("Reminder-%1.pdf").arg(FileTimeStamp(business.Now())));
-  for (const ReminderContent& reminder : CollectReminders(business, frame))
-    LayReminderPdf(run.Pages(), frame, run.Logo(), reminder);
+  const QString pdfTitle =
+      TitleOf(order.kind == BillingKind::Reminder ? BillingKind::Statement : order.kind);
+  PdfRun run(business, places, isClean ? CleanPageDesign() : PageDesign(), pdfTitle,
+             TitleOf(order.kind), NameOf(order, business.Now()) + QStringLiteral(".pdf"));
+  BillingPages& pages = run.Pages();
+  const QString& logo = run.Logo();
+  switch (order.kind) {
+    case BillingKind::Invoice:
+      for (const Id<Invoice> id : order.invoices) {
+        if (const auto invoice = CollectInvoice(business, id, frame))
+          (isClean ? LayInvoiceClean : LayInvoicePdf)(pages, frame, logo, *invoice);
+      }
+      break;
+    case BillingKind::Statement:
+      for (const StatementContent& statement : CollectStatements(business, order.days, frame))
+        (isClean ? LayStatementClean : LayStatementPdf)(pages, frame, logo, order.days, statement);
+      break;
+    case BillingKind::Reminder:
+      for (const ReminderContent& reminder : CollectReminders(business, frame))
+        (isClean ? LayReminderClean : LayReminderPdf)(pages, frame, logo, reminder);
+      break;
+  }
   return run.End();
+}
+
+ReportDocument PrintWord(Business& business, const BillingPlaces& places, const BillingOrder& order,
+                         const BillingFrame& frame) {
+  const bool isInvoice = order.kind == BillingKind::Invoice;
+  WordRun run(business, places, TitleOf(order.kind),
+              NameOf(order, business.Now()) + QLatin1StringView(isInvoice ? ".rtf" : ".doc"));
+  switch (order.kind) {
+    case BillingKind::Invoice:
+      for (const Id<Invoice> id : order.invoices) {
+        if (const auto invoice = CollectInvoice(business, id, frame))
+          LayInvoiceWord(run.NextDocument(), frame, *invoice);
+      }
+      break;
+    case BillingKind::Statement:
+      for (const StatementContent& statement : CollectStatements(business, order.days, frame))
+        LayStatementWord(run.NextDocument(), frame, order.days, statement);
+      break;
+    case BillingKind::Reminder:
+      for (const ReminderContent& reminder : CollectReminders(business, frame))
+        LayReminderWord(run.NextDocument(), frame, reminder);
+      break;
+  }
+  return run.End();
+}
+
+/// The head of a document of a business that has not told who it is would stay empty in silence.
+QStringList MissingDetails(const HeaderStrings& header) {
+  if (!header.company.trimmed().isEmpty() || !header.contact.trimmed().isEmpty()) return {};
+  return {
+      QStringLiteral("Your business has no name yet, so none stands on the document. Fill in "
+                     "\"Your personal information\" in the menu Setup.")};
+}
+
+}  // namespace
+
+ReportDocument PrintBillingDocument(Business& business, const BillingPlaces& places,
+                                    const BillingOrder& order) {
+  billing::SelectInvoicesToPrint(business, order.invoices);
+  const BillingFrame frame = ReadBillingFrame(business, order.mode);
+  ReportDocument document = order.form == BillingForm::Word
+                                ? PrintWord(business, places, order, frame)
+                                : PrintPdf(business, places, order, frame);
+  document.troubles += MissingDetails(frame.header);
+  return document;
 }
 
 }  // namespace quillary::documents

@@ -23,6 +23,15 @@ void LayStatementPdf(BillingPages& pages, const BillingFrame& frame, const QStri
 void LayReminderPdf(BillingPages& pages, const BillingFrame& frame, const QString& logo,
                     const ReminderContent& reminder);
 
+// The same in the design "Clean".
+
+void LayInvoiceClean(BillingPages& pages, const BillingFrame& frame, const QString& logo,
+                     const InvoiceContent& invoice);
+void LayStatementClean(BillingPages& pages, const BillingFrame& frame, const QString& logo,
+                       const StatementDays& days, const StatementContent& statement);
+void LayReminderClean(BillingPages& pages, const BillingFrame& frame, const QString& logo,
+                      const ReminderContent& reminder);
+
 // One document from the current Y of the report on; who calls begins its page.
 
 void LayInvoiceWord(Report& report, const BillingFrame& frame, const InvoiceContent& invoice);

@@ -29,7 +29,8 @@ Amounts StoredAmounts(const Record& row) {
 }
 
 ClientJobs& GroupOf(JobSection& section, const Record& row) {
-  const qint64 clientId = row[u"Client_ID"].ToLong();
+  const Value key = row[u"Client_ID"];
+  const auto clientId = key.IsNull() ? std::nullopt : std::optional(Id<Client>(key.ToLong()));
   if (section.clients.empty() || section.clients.back().clientId != clientId) {
     section.clients.push_back({.clientId = clientId,
                                .displayName = Trimmed(row[u"Display_Name"]),
@@ -40,7 +41,7 @@ ClientJobs& GroupOf(JobSection& section, const Record& row) {
   return section.clients.back();
 }
 
-JobSection PastJobs(Business& business, qint64 clientId, const Sql& restriction, TaxMode mode) {
+JobSection PastJobs(Business& business, Id<Client> clientId, const Sql& restriction, TaxMode mode) {
   JobSection section;
   RunningTotal total;
   for (const Record row : business.RunSQL(
@@ -82,21 +83,21 @@ void RunningTotal::Add(const Amounts& stored, TaxMode mode) {
   sum.tax += stored.tax;
 }
 
-JobSection CollectInvoiceJobs(Business& business, qint64 invoiceId, TaxMode mode) {
+JobSection CollectInvoiceJobs(Business& business, Id<Invoice> invoiceId, TaxMode mode) {
   JobSection section;
   RunningTotal total;
   for (const Record row : business.RunSQL(
            Sql("SELECT Diary.Client_ID, Diary.Schedule_Date, Services.Service, "
                "Diary_Services.Price, Diary_Services.GST, (SELECT MIN(Schedule_Date) FROM Diary "
                "as Diary2 WHERE Diary.Client_ID = Diary2.Client_ID AND Diary2.Schedule_Date > "
-               "Diary.Schedule_Date AND Diary2.Status = 'J') AS Next_Visit, "
+               "Diary.Schedule_Date AND Diary2.Status = {}) AS Next_Visit, "
                "Clients.Display_Name, Clients.Street_Number, Clients.Street, Clients.Suburb, "
                "Clients.Post_Code, Clients.Work_Cover_Number, Clients.WorkCoverLabel "
                " FROM Clients RIGHT JOIN ((Diary INNER JOIN Diary_Services ON Diary.Diary_ID = "
                "Diary_Services.Diary_ID) INNER JOIN Services ON Diary_Services.Service_ID = "
                "Services.Service_ID) ON Clients.Client_ID = Diary.Client_ID "
                " WHERE Invoice_ID = {} ORDER By Diary.Client_ID, Schedule_Date, Service; ",
-               invoiceId))) {
+               EntryStatus::JobOpen, invoiceId))) {
     ClientJobs& client = GroupOf(section, row);
     client.workCover = WorkCoverOf(row);
     client.jobs.push_back({.invoiceNumber = {},
@@ -110,14 +111,14 @@ JobSection CollectInvoiceJobs(Business& business, qint64 invoiceId, TaxMode mode
   return section;
 }
 
-JobSection CollectPastJobs(Business& business, qint64 clientId, qint64 exceptInvoiceId,
+JobSection CollectPastJobs(Business& business, Id<Client> clientId, Id<Invoice> exceptInvoiceId,
                            TaxMode mode) {
   return PastJobs(
       business, clientId,
       Sql(" AND (Isnull(Diary.Invoice_ID) OR (Diary.Invoice_ID <> {})) ", exceptInvoiceId), mode);
 }
 
-JobSection CollectPastJobs(Business& business, qint64 clientId, QDate from, QDate to,
+JobSection CollectPastJobs(Business& business, Id<Client> clientId, QDate from, QDate to,
                            TaxMode mode) {
   return PastJobs(business, clientId,
                   Sql(" AND Diary.Schedule_Date BETWEEN {} AND {} ", from, EndOfDay(to)), mode);

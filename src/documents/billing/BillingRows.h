@@ -40,7 +40,7 @@ struct JobRow {
 
 /// The jobs that were done for one client; the bill may go to another one.
 struct ClientJobs {
-  qint64 clientId = 0;
+  std::optional<Id<Client>> clientId;  // none when the client is gone
   QString displayName;
   QString address;    // on one line
   QString workCover;  // label and number; empty when there are none
@@ -61,13 +61,14 @@ struct InvoiceRow {
 };
 
 /// The jobs of an invoice, by client, date and service.
-JobSection CollectInvoiceJobs(Business& business, qint64 invoiceId, TaxMode mode);
+JobSection CollectInvoiceJobs(Business& business, Id<Invoice> invoiceId, TaxMode mode);
 
 /// Jobs of a client, and of all whose bills it gets, that are done and not paid. For an invoice
 /// those on other invoices or on none; for a statement those of its days, both ends included.
-JobSection CollectPastJobs(Business& business, qint64 clientId, qint64 exceptInvoiceId,
+JobSection CollectPastJobs(Business& business, Id<Client> clientId, Id<Invoice> exceptInvoiceId,
                            TaxMode mode);
-JobSection CollectPastJobs(Business& business, qint64 clientId, QDate from, QDate to, TaxMode mode);
+JobSection CollectPastJobs(Business& business, Id<Client> clientId, QDate from, QDate to,
+                           TaxMode mode);
 
 /// The lines of a text that fills several; none for a text without a visible character.
 QStringList LinesOf(const Value& text);

@@ -27,6 +27,11 @@ void AddIfAny(QStringList& lines, const QString& line) {
   if (!line.trimmed().isEmpty()) lines += line.trimmed();
 }
 
+/// A label alone would only show that something is missing.
+void AddLabelled(QStringList& lines, const QString& label, const QString& text) {
+  if (!text.trimmed().isEmpty()) lines += label + text;
+}
+
 /// Each line a step below the one before, however often it wraps.
 double WriteColumn(BillingPages& pages, const QStringList& lines, double x, double width) {
   for (const QString& line : lines) {
@@ -37,13 +42,16 @@ double WriteColumn(BillingPages& pages, const QStringList& lines, double x, doub
 
 QStringList BusinessLines(const HeaderStrings& header) {
   const QStringList address = TextLines(header.plainAddress);
-  QStringList lines{QStringLiteral("COMPANY: ") + header.company};
+  QStringList lines;
+  AddLabelled(lines, QStringLiteral("COMPANY: "), header.company);
   AddIfAny(lines, header.providerLine);
   AddIfAny(lines, header.acnLine);
-  lines += QStringLiteral("ADDRESS: ") + address.first();
-  for (const QString& line : address.sliced(1)) lines += QString(20, u' ') + line;
-  lines += QStringLiteral("CONTACT: ") + header.contact;
-  lines += QStringLiteral("PHONE: ") + header.phone;
+  if (!header.plainAddress.trimmed().isEmpty()) {
+    lines += QStringLiteral("ADDRESS: ") + address.first();
+    for (const QString& line : address.sliced(1)) lines += QString(20, u' ') + line;
+  }
+  AddLabelled(lines, QStringLiteral("CONTACT: "), header.contact);
+  AddLabelled(lines, QStringLiteral("PHONE: "), header.phone);
   AddIfAny(lines, header.emailLine);
   AddIfAny(lines, header.faxLine);
   return lines;
@@ -51,7 +59,7 @@ QStringList BusinessLines(const HeaderStrings& header) {
 
 QStringList AccountLines(const HeaderStrings& header) {
   QStringList lines;
-  AddIfAny(lines, header.taxLine);
+  if (!header.number.isEmpty()) AddIfAny(lines, header.taxLine);
   if (!header.accountName.isEmpty())
     lines += QStringLiteral("EFT - Acct Name: ") + header.accountName;
   if (!header.bsbAndAccount.isEmpty()) lines += QStringLiteral("BSB : ") + header.bsbAndAccount;
@@ -78,8 +86,7 @@ QString UsableLogo(PDFWriter& pdf, const QString& file, QStringList& troubles) {
 void PrintHeaderPDF(BillingPages& pages, const HeaderStrings& header, const QString& logo,
                     const QString& title) {
   const double top = pages.CurrentY();
-  if (!logo.isEmpty())
-    pages.PutPicture(logo.toStdU16String(), kLogoX, kLogoTop, kLogoWidth, kLogoHeight);
+  if (!logo.isEmpty()) pages.PutPicture(logo, kLogoX, kLogoTop, kLogoWidth, kLogoHeight);
   const double nameEnd = WriteColumn(pages, BusinessLines(header), kNameX, kNameWidth);
   pages.MoveTo(top);
   pages.AddRow({{kTitleX, title}}, {}, kAddressLine);
@@ -92,9 +99,11 @@ void PrintHeaderWord(Report& report, const HeaderStrings& header, const QString&
   AddIfAny(company, header.contact);
   AddIfAny(company, header.providerLine);
   AddIfAny(company, header.acnLine);
-  AddIfAny(company, header.taxLine);
-  QStringList address = TextLines(QStringLiteral("ADDRESS: ") + header.address);
-  address += QStringLiteral("PHONE: ") + header.phone;
+  if (!header.number.isEmpty()) AddIfAny(company, header.taxLine);
+  QStringList address;
+  if (!header.address.trimmed().isEmpty())
+    address = TextLines(QStringLiteral("ADDRESS: ") + header.address);
+  AddLabelled(address, QStringLiteral("PHONE: "), header.phone);
   AddIfAny(address, header.emailLine);
   AddIfAny(address, header.faxLine);
   QStringList account;
@@ -112,10 +121,21 @@ void PrintHeaderWord(Report& report, const HeaderStrings& header, const QString&
   report.Page().AdvanceY(kWordGap);
 }
 
+BillingStyle NotesStyle(const BillingFrame& frame) {
+  const PageFont& font = frame.notesFont;
+  return {.size = std::max(1, static_cast<int>(font.size)),
+          .bold = font.bold,
+          .italic = font.italic,
+          .font = PageFonts::IndexOf(font.name),
+          .colour = font.colour};
+}
+
 QStringList EftLines(const HeaderStrings& header) {
   if (header.accountName.isEmpty() && header.bsbAndAccount.isEmpty()) return {};
-  return {QStringLiteral("EFT"), QStringLiteral("Account Name: ") + header.accountName,
-          QStringLiteral("BSB_Account Number ") + header.bsbAndAccount};
+  QStringList lines{QStringLiteral("EFT")};
+  AddLabelled(lines, QStringLiteral("Account Name: "), header.accountName);
+  AddLabelled(lines, QStringLiteral("BSB_Account Number "), header.bsbAndAccount);
+  return lines;
 }
 
 QStringList SenderLines(const HeaderStrings& header) {

@@ -217,6 +217,7 @@ ReportDocument Report::EndDocument() {
             .arg(QDir::toNativeSeparators(document_.docFile), *why);
     AddTrouble(trouble);
     document_.note = trouble;
+    document_.isWritten = false;
   }
   return std::move(document_);
 }

@@ -17,11 +17,15 @@ ReportPlaces ReportPlacesUnder(const QString& applicationFolder);
 /// A report that is done: its pages for the preview, and its file.
 struct ReportDocument {
   Composition pages;
-  QString docTitle;      // the subject of a mail that carries the file
-  QString docFile;       // the full path of the file
-  QString note;          // where the file lies, for the line below the preview
-  QStringList troubles;  // what the user has to be told once: a missing logo, a file in use
+  QString docTitle;       // the subject of a mail that carries the file
+  QString docFile;        // the full path of the file
+  QString note;           // where the file lies, for the line below the preview
+  bool isWritten = true;  // the file holds what the pages show
+  QStringList troubles;   // what the user has to be told once: a missing logo, a file in use
 };
+
+/// How a trouble ends that tells of a picture which is missing or cannot be shown.
+inline constexpr const char* kWithoutPicture = "The document is made without it.";
 
 /// Makes one report: a letterhead or headings, tables and rules, laid out on pages and written at
 /// the end into a file that Word reads.

@@ -40,6 +40,7 @@ HeaderStrings SetHeaderVariable(Business& business) {
   header.acnLine = LineOf("ACN: ", field(u"ACN"));
   header.accountName = field(u"Account_Name").trimmed();
   header.bsbAndAccount = field(u"BSB_Account_Number").trimmed();
+  header.number = field(u"ABN").trimmed();
   header.taxLine = field(u"Registration_Name") + u' ' + field(u"ABN");
   return header;
 }

@@ -20,6 +20,7 @@ struct HeaderStrings {
   QString accountName;
   QString bsbAndAccount;
   QString taxLine;  // the country's word for the tax number, and the number
+  QString number;   // the tax number alone
 };
 
 /// Reads the header strings; all empty, but for the blanks between their parts, in a business

@@ -12,22 +12,26 @@ TaxMode ModeOf(bool priceIncludesGST) {
   return priceIncludesGST ? TaxMode::Included : TaxMode::Excluded;
 }
 
-/// A document of either form; `print` is called with whether it is for the word processor.
-template <typename Print>
-bool PrintAndShow(Business& business, const ScreenTools& tools, const Print& print) {
-  const bool forWord = PrintsForWord(business);
-  const auto document = [&] {
+/// Prints in the form and design of the user's choice and shows what came out.
+bool PrintAndShow(Business& business, const ScreenTools& tools, BillingOrder order) {
+  Prompter& prompter = business.World().prompter;
+  if (order.invoices.empty()) {
+    prompter.Tell(Tone::Information,
+                  QStringLiteral("There is nothing to print. Please tick the invoices first."));
+    return false;
+  }
+  order.form = FormOfBilling(business);
+  const auto print = [&] {
     const BusyWhile busy(business.World().busy);
-    return print(forWord, BillingPlaces{.report = PlacesOfReports()});
+    return PrintBillingDocument(business, {.report = PlacesOfReports()}, order);
   };
-  ReportDocument done = document();
-  if (forWord) {
+  ReportDocument done = print();
+  if (order.form == BillingForm::Word) {
     OpenReportViewer(business, tools, std::move(done));
     return true;
   }
   // The viewer of the machine shows the file, which leaves only the rest to say.
-  if (!done.troubles.isEmpty())
-    business.World().prompter.Tell(Tone::Exclamation, done.troubles.join(u'\n'));
+  TellTroubles(business, done.troubles);
   return true;
 }
 
@@ -35,22 +39,24 @@ bool PrintAndShow(Business& business, const ScreenTools& tools, const Print& pri
 
 void RegisterBillingDocumentScreens(Business& business, const ScreenTools& tools) {
   tools.navigator.Register<PrintInvoices>([&business, tools](const PrintInvoices& request) {
-    return PrintAndShow(business, tools, [&](bool forWord, const BillingPlaces& places) {
-      const auto print = forWord ? PrintInvoice : PrintInvoicePDF;
-      return print(business, places, request.fileNamePart, ModeOf(request.priceIncludesGST));
-    });
+    return PrintAndShow(business, tools,
+                        {.kind = BillingKind::Invoice,
+                         .invoices = request.invoices,
+                         .mode = ModeOf(request.priceIncludesGST),
+                         .fileNamePart = request.fileNamePart});
   });
   tools.navigator.Register<PrintStatements>([&business, tools](const PrintStatements& request) {
-    return PrintAndShow(business, tools, [&](bool forWord, const BillingPlaces& places) {
-      const auto print = forWord ? PrintStatementForInvoices : PrintStatementForInvoicesPDF;
-      return print(business, places, {request.from, request.to}, ModeOf(request.priceIncludesGST));
-    });
+    return PrintAndShow(business, tools,
+                        {.kind = BillingKind::Statement,
+                         .invoices = request.invoices,
+                         .mode = ModeOf(request.priceIncludesGST),
+                         .days = {request.from, request.to}});
   });
   tools.navigator.Register<PrintReminders>([&business, tools](const PrintReminders& request) {
-    return PrintAndShow(business, tools, [&](bool forWord, const BillingPlaces& places) {
-      const auto print = forWord ? PrintRemindersForInvoices : PrintRemindersForInvoicesPDF;
-      return print(business, places, ModeOf(request.priceIncludesGST));
-    });
+    return PrintAndShow(business, tools,
+                        {.kind = BillingKind::Reminder,
+                         .invoices = request.invoices,
+                         .mode = ModeOf(request.priceIncludesGST)});
   });
 }
 

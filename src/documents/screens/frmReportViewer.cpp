@@ -50,6 +50,7 @@ frmReportViewer::frmReportViewer(Business& business, const ScreenTools& tools)
   MakeControls();
   LayOut();
   ConnectControls();
+  cmdEmailFileAsAttachment->setEnabled(report_.isWritten && tools_.navigator.CanOpen<EmailFile>());
   cmdEmailFileAsAttachment->setVisible(business_.World().headOffice.Online());
   vsPr->SetZoom(kFirstZoom);
   ShowZoom();
@@ -400,21 +401,31 @@ frmReportViewer* TheViewer(Business& business, const ScreenTools& tools) {
 
 }  // namespace
 
+void TellTroubles(Business& business, const QStringList& all) {
+  static QSet<QString> toldPictures;
+  QStringList troubles;
+  for (const QString& trouble : all) {
+    const bool isOfPicture = trouble.contains(QLatin1StringView(kWithoutPicture));
+    if (isOfPicture && toldPictures.contains(trouble)) continue;
+    if (isOfPicture) toldPictures.insert(trouble);
+    troubles += trouble;
+  }
+  if (!troubles.isEmpty()) business.World().prompter.Tell(Tone::Exclamation, troubles.join(u'\n'));
+}
+
 void OpenLiveReport(Business& business, const ScreenTools& tools,
                     std::unique_ptr<LiveReport> report, frmReportViewer::Comes comes) {
   const BusyWhile busy(business.World().busy);
   ReportDocument made = report->Make();
   const QStringList troubles = made.troubles;
   TheViewer(business, tools)->ShowLive(std::move(report), std::move(made), comes);
-  for (const QString& trouble : troubles)
-    business.World().prompter.Tell(Tone::Exclamation, trouble);
+  TellTroubles(business, troubles);
 }
 
 void OpenReportViewer(Business& business, const ScreenTools& tools, ReportDocument report) {
   const QStringList troubles = report.troubles;
   TheViewer(business, tools)->ShowReport(std::move(report));
-  for (const QString& trouble : troubles)
-    business.World().prompter.Tell(Tone::Exclamation, trouble);
+  TellTroubles(business, troubles);
 }
 
 }  // namespace quillary::documents

@@ -92,10 +92,15 @@ class frmReportViewer : public Screen {
   QPushButton* cmdPrint;
 };
 
+/// Tells the user what went amiss while a document was made; that a picture is missing only once a
+/// session, since it is missing from every document.
+void TellTroubles(Business& business, const QStringList& troubles);
+
 /// Makes the report and shows it in the one viewer. One that cannot be made throws, and what is
 /// shown stays.
 void OpenLiveReport(Business& business, const ScreenTools& tools,
                     std::unique_ptr<LiveReport> report, frmReportViewer::Comes comes);
+
 /// Shows the report in the one viewer, and tells the user what went amiss while it was made.
 void OpenReportViewer(Business& business, const ScreenTools& tools, ReportDocument report);
 

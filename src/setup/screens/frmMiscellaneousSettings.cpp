@@ -100,13 +100,16 @@ void frmMiscellaneousSettings::MakeControls() {
   txtSMTPPassword = Box("txtSMTPPassword", "smtpPassword");
   txtSMTPPassword->setEchoMode(QLineEdit::Password);
   optMSWordCompatible = Choice<QRadioButton>("optMSWordCompatible", tr("For a &word processor"));
-  optPDF = Choice<QRadioButton>("optPDF", tr("PD&F"));
+  optPDF = Choice<QRadioButton>("optPDF", tr("As PD&F"));
+  optClean = Choice<QRadioButton>("optClean", tr("Clea&n"));
+  optClassic = Choice<QRadioButton>("optClassic", tr("Classi&c"));
   cmdCancel = MakeButton("cmdCancel", tr("Cancel"));
   cmdCloseAndSave = MakeButton("cmdCloseAndSave", tr("&Save and close"), ButtonKind::Main);
   // Radio buttons of one page would otherwise all exclude one another.
   for (const QList<QAbstractButton*>& either : {QList<QAbstractButton*>{optAccrual, optCash},
                                                 {optMAPI, optVBSendMail},
-                                                {optMSWordCompatible, optPDF}}) {
+                                                {optMSWordCompatible, optPDF},
+                                                {optClean, optClassic}}) {
     auto* group = new QButtonGroup(this);
     for (QAbstractButton* button : either) group->addButton(button);
   }
@@ -138,6 +141,7 @@ QWidget* frmMiscellaneousSettings::BusinessPage() {
 QWidget* frmMiscellaneousSettings::PrintingPage() {
   return PageOf(
       {Under(tr("Invoices, statements and reminders are made"), {optMSWordCompatible, optPDF}),
+       Under(tr("Design of PDF files"), {optClean, optClassic}),
        Under(tr("When printing"), {chkCalculateClientAmtsOwingOnPrint}),
        InLine({{LabelOver(txtAdobePath, tr("P&rogram that shows PDF files")), 1}}),
        Under(tr("Screens"), {chkUseButtonsInDiary, chkShowDBSelection}),
@@ -191,6 +195,7 @@ void frmMiscellaneousSettings::Load() {
   txtSMTPUserName->setText(settings.smtpUserName);
   txtSMTPPassword->setText(settings.smtpPassword);
   (settings.printingFormat == PrintingFormat::Pdf ? optPDF : optMSWordCompatible)->setChecked(true);
+  (settings.documentDesign == DocumentDesign::Clean ? optClean : optClassic)->setChecked(true);
   EnableSmtp();
 }
 
@@ -230,6 +235,7 @@ MiscellaneousSettings frmMiscellaneousSettings::Form() const {
   settings.smtpPassword = txtSMTPPassword->text();
   settings.printingFormat =
       optPDF->isChecked() ? PrintingFormat::Pdf : PrintingFormat::WordProcessor;
+  settings.documentDesign = optClean->isChecked() ? DocumentDesign::Clean : DocumentDesign::Classic;
   return settings;
 }
 

@@ -65,6 +65,8 @@ class frmMiscellaneousSettings : public Dialog {
   QLineEdit* txtSMTPPassword;
   QRadioButton* optMSWordCompatible;
   QRadioButton* optPDF;
+  QRadioButton* optClean;
+  QRadioButton* optClassic;
   QPushButton* cmdCancel;
   QPushButton* cmdCloseAndSave;
 };

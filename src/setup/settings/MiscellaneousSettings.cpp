@@ -75,6 +75,10 @@ void LoadUserSettings(const Business& business, MiscellaneousSettings& settings)
       UserSetting(business, "Invoices", "Invoice Printing Format", "WORD").toUpper() == u"PDF"
           ? PrintingFormat::Pdf
           : PrintingFormat::WordProcessor;
+  settings.documentDesign =
+      UserSetting(business, "Invoices", "Document Design", "CLASSIC").toUpper() == u"CLEAN"
+          ? DocumentDesign::Clean
+          : DocumentDesign::Classic;
 }
 
 /// Nothing for what is no number at all.
@@ -129,6 +133,8 @@ void WriteUserSettings(const Business& business, const MiscellaneousSettings& se
   SetUserSetting(business, "Email", "SMTP Password", settings.smtpPassword);
   SetUserSetting(business, "Invoices", "Invoice Printing Format",
                  settings.printingFormat == PrintingFormat::Pdf ? "PDF" : "WORD");
+  SetUserSetting(business, "Invoices", "Document Design",
+                 settings.documentDesign == DocumentDesign::Clean ? "CLEAN" : "CLASSIC");
 }
 
 void TakeIntoSharedValues(Business& business, const MiscellaneousSettings& settings,
@@ -149,6 +155,9 @@ void TakeIntoSharedValues(Business& business, const MiscellaneousSettings& setti
   values.invoicePrintingFormat = settings.printingFormat == PrintingFormat::Pdf
                                      ? QStringLiteral("PDF")
                                      : QStringLiteral("WORD");
+  values.documentDesign = settings.documentDesign == DocumentDesign::Clean
+                              ? QStringLiteral("CLEAN")
+                              : QStringLiteral("CLASSIC");
 }
 
 }  // namespace

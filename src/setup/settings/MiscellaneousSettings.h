@@ -16,6 +16,7 @@ enum class NameOrder { FirstNameFirst, SurnameFirst };
 /// By which way documents leave; the stored words no longer describe the choice.
 enum class MailRoute { HeadOffice, LocalMailClient };  // stored as "MAPI" and "VBSENDMAIL"
 enum class PrintingFormat { WordProcessor, Pdf };      // stored as "WORD" and "PDF"
+enum class DocumentDesign { Classic, Clean };          // of PDF files, stored in capitals
 
 struct MiscellaneousSettings {
   // Of the business.
@@ -42,6 +43,7 @@ struct MiscellaneousSettings {
   QString smtpUserName;
   QString smtpPassword;
   PrintingFormat printingFormat = PrintingFormat::WordProcessor;
+  DocumentDesign documentDesign = DocumentDesign::Classic;
 };
 
 MiscellaneousSettings LoadMiscellaneousSettings(Business& business);

@@ -129,6 +129,7 @@ const std::vector<StoredSetting>& StoredSettings() {
       {"SMTP UserName", User, Text, "Email"},
       {"SMTP Password", User, Text, "Email", "", true},
       {"Invoice Printing Format", User, Text, "Invoices", "WORD"},
+      {"Document Design", User, Text, "Invoices", "CLASSIC"},
       {"DO_CUSTOM_BACKUP", Installation, YesNo, kBackups, "0"},
       {"DO_DAILY_BACKUP", Installation, YesNo, kBackups, "0"},
       {"DO_WEEKLY_BACKUP", Installation, YesNo, kBackups, "0"},

@@ -14,21 +14,24 @@ namespace quillary {
 
 struct OpenSentDocuments {};
 
-/// The three documents of the invoices that are selected for printing. Each is written in the
-/// format that the user has chosen; the answer is whether a document came out.
+/// The three documents of some invoices. Each is written in the format that the user has chosen;
+/// the answer is whether a document came out.
 struct PrintInvoices {
   using Result = bool;
+  std::vector<Id<Invoice>> invoices;
   QString fileNamePart;
   bool priceIncludesGST = true;
 };
 struct PrintStatements {
   using Result = bool;
+  std::vector<Id<Invoice>> invoices;
   QDate from;
   QDate to;
   bool priceIncludesGST = true;
 };
 struct PrintReminders {
   using Result = bool;
+  std::vector<Id<Invoice>> invoices;
   bool priceIncludesGST = true;
 };
 /// Mails the document that was written last.

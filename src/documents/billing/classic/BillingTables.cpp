@@ -1,4 +1,4 @@
-#include "documents/billing/BillingTables.h"
+#include "documents/billing/classic/BillingTables.h"
 
 #include "documents/billing/BillingLayouts.h"
 #include "documents/reports/Report.h"
@@ -95,13 +95,14 @@ void AddInvoiceRows(BillingPages& pages, const BillingFrame& frame,
 }
 
 void AddNotes(BillingPages& pages, const BillingFrame& frame, const QStringList& lines) {
-  const PageFont& font = frame.notesFont;
-  pages.AddLines(lines, 1,
-                 {.size = std::max(1, static_cast<int>(font.size)),
-                  .bold = font.bold,
-                  .italic = font.italic,
-                  .font = PageFonts::IndexOf(font.name),
-                  .colour = font.colour});
+  constexpr double kLinesApart = 1.25 * 2.54 / 72;  // of a font of one point
+  const BillingStyle style = NotesStyle(frame);
+  const double pitch = std::max(kRow, style.size * kLinesApart);
+  bool isFirst = true;  // which stands where a row of a table would
+  for (const QString& line : lines) {
+    for (const QString& part : pages.Wrap(line, pages.Design().right - 1, style))
+      pages.AddRow({{1, part}}, style, std::exchange(isFirst, false) ? kRow : pitch);
+  }
 }
 
 }  // namespace quillary::documents

@@ -1,6 +1,6 @@
 #include "documents/billing/BillingLayouts.h"
-#include "documents/billing/BillingTables.h"
 #include "documents/billing/Letterhead.h"
+#include "documents/billing/classic/BillingTables.h"
 
 namespace quillary::documents {
 namespace {
@@ -39,7 +39,7 @@ void AddClosing(BillingPages& pages, const BillingFrame& frame, const StatementC
 
 void LayStatementPdf(BillingPages& pages, const BillingFrame& frame, const QString& logo,
                      const StatementDays& days, const StatementContent& statement) {
-  pages.BeginDocument(QStringLiteral("Statement (continued)"));
+  pages.BeginDocument(QStringLiteral("Statement (continued)"), statement.madeOutTo.value(0));
   PrintHeaderPDF(pages, frame.header, logo, QStringLiteral("Statement"));
   pages.AddLine(1.5, 1);
   pages.AddRow({{1, QStringLiteral("STATEMENT FROM ") + ReportDateText(days.from) +
@@ -55,7 +55,7 @@ void LayStatementPdf(BillingPages& pages, const BillingFrame& frame, const QStri
 
 void LayReminderPdf(BillingPages& pages, const BillingFrame& frame, const QString& logo,
                     const ReminderContent& reminder) {
-  pages.BeginDocument(QStringLiteral("Reminder (continued)"));
+  pages.BeginDocument(QStringLiteral("Reminder (continued)"), reminder.madeOutTo.value(0));
   PrintHeaderPDF(pages, frame.header, logo, QStringLiteral("Reminder"));
   pages.AddLine(1.5, 1);
   pages.AdvanceY(0.4);

@@ -34,7 +34,7 @@ void AddPastJobs(BillingPages& pages, const BillingFrame& frame, const JobSectio
 void AddInvoiceRows(BillingPages& pages, const BillingFrame& frame,
                     const std::vector<InvoiceRow>& invoices, double x, double distance);
 
-/// Lines in the font that the user chose for notes; none for no lines.
+/// Lines in the font that the user chose for notes, with air between them; none for no lines.
 void AddNotes(BillingPages& pages, const BillingFrame& frame, const QStringList& lines);
 
 }  // namespace quillary::documents

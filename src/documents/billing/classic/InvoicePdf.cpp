@@ -1,6 +1,6 @@
 #include "documents/billing/BillingLayouts.h"
-#include "documents/billing/BillingTables.h"
 #include "documents/billing/Letterhead.h"
+#include "documents/billing/classic/BillingTables.h"
 
 namespace quillary::documents {
 namespace {
@@ -75,10 +75,11 @@ std::vector<SlipRow> SlipRows(const BillingFrame& frame, const InvoiceContent& i
   const size_t above = rows.size();
   for (const QString& line : invoice.terms) rows.push_back({{{1, line}}, BillingPages::Bold()});
   for (const QString& line : EftLines(frame.header)) rows.push_back({{{3, line}}});
-  rows.push_back({{{1, QStringLiteral("From :")}}, {}, 0.75});
-  rows[above].distance += kBeforeTerms;
-  for (const QString& line : SenderLines(frame.header)) rows.push_back({{{3, line}}});
+  const QStringList sender = SenderLines(frame.header);
+  if (!sender.isEmpty()) rows.push_back({{{1, QStringLiteral("From :")}}, {}, 0.75});
+  for (const QString& line : sender) rows.push_back({{{3, line}}});
   rows.push_back({{{1, ReportDateText(frame.today)}}, {.size = 6}, 0.5});
+  rows[above].distance += kBeforeTerms;
   return rows;
 }
 
@@ -99,10 +100,11 @@ void AddSlip(BillingPages& pages, const BillingFrame& frame, const InvoiceConten
 
 void LayInvoicePdf(BillingPages& pages, const BillingFrame& frame, const QString& logo,
                    const InvoiceContent& invoice) {
-  pages.BeginDocument(QStringLiteral("Invoice No: %1 (continued)").arg(invoice.number));
+  pages.BeginDocument(QStringLiteral("Invoice No: %1 (continued)").arg(invoice.number),
+                      invoice.madeOutTo.value(0));
   PrintHeaderPDF(pages, frame.header, logo, QStringLiteral("Invoice"));
   AddHead(pages, invoice);
-  AddJobs(pages, frame, invoice);
+  if (!invoice.jobs.clients.empty()) AddJobs(pages, frame, invoice);
   if (invoice.pastJobs)
     AddPastJobs(pages, frame, *invoice.pastJobs, QStringLiteral("UNPAID PAST JOBS"));
   AddClosing(pages, invoice);

@@ -1,4 +1,4 @@
-#include "documents/billing/BillingWord.h"
+#include "documents/billing/word/BillingWord.h"
 
 #include "documents/pages/TableLayout.h"
 

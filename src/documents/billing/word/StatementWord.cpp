@@ -1,6 +1,6 @@
 #include "documents/billing/BillingLayouts.h"
-#include "documents/billing/BillingWord.h"
 #include "documents/billing/Letterhead.h"
+#include "documents/billing/word/BillingWord.h"
 
 namespace quillary::documents {
 namespace {

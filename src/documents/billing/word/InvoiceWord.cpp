@@ -1,6 +1,6 @@
 #include "documents/billing/BillingLayouts.h"
-#include "documents/billing/BillingWord.h"
 #include "documents/billing/Letterhead.h"
+#include "documents/billing/word/BillingWord.h"
 
 namespace quillary::documents {
 namespace {
@@ -26,9 +26,11 @@ void AddHead(Report& report, const InvoiceContent& invoice) {
 }
 
 void AddJobs(Report& report, const BillingFrame& frame, const InvoiceContent& invoice) {
-  AddWordRow(report, QString::fromLatin1(kWhole), {QStringLiteral("WORK DONE: ")}, true);
-  AddWordJobs(report, frame, invoice.jobs,
-              invoice.withNextJob ? JobTable::WithNextJob : JobTable::Plain);
+  if (!invoice.jobs.clients.empty()) {
+    AddWordRow(report, QString::fromLatin1(kWhole), {QStringLiteral("WORK DONE: ")}, true);
+    AddWordJobs(report, frame, invoice.jobs,
+                invoice.withNextJob ? JobTable::WithNextJob : JobTable::Plain);
+  }
   if (!invoice.pastJobs) return;
   AddWordRow(report, QString::fromLatin1(kWhole), {QStringLiteral("UNPAID PAST JOBS")}, true);
   AddWordJobs(report, frame, *invoice.pastJobs, JobTable::Past);
@@ -70,8 +72,10 @@ void AddSlip(Report& report, const BillingFrame& frame, const InvoiceContent& in
     const QString word = account.takeFirst();
     AddWordRow(report, QString::fromLatin1(kSlipBlock), {word, account.join(u'\n')});
   }
-  AddWordRow(report, QString::fromLatin1(kSlipBlock),
-             {QStringLiteral("From : "), SenderLines(frame.header).join(u'\n')});
+  const QStringList sender = SenderLines(frame.header);
+  if (!sender.isEmpty())
+    AddWordRow(report, QString::fromLatin1(kSlipBlock),
+               {QStringLiteral("From : "), sender.join(u'\n')});
   report.Page().SetFontSize(6);
   report.Page().AddText(ReportDateText(frame.today));
   report.SetVSPrinterFontDefault();
