@@ -109,6 +109,9 @@ documents::ReportDocument Print(const Call& call, const DocumentCall& document) 
   billing::PrepareInvoicePrint(*business);
   if (order.kind == documents::BillingKind::Statement)
     order.days = DaysOf(call, *business, order.invoices);
+  if (!MakeOwnFolder(document.places.folder))
+    throw CommandFailure(
+        QStringLiteral("the folder %1 cannot be made").arg(document.places.folder));
   order.fileNamePart = billing::LoadInvoiceDetails(*business, order.invoices.front())->madeOutTo;
   business->values.documentDesign = PerUserSettings().Read(
       QStringLiteral("Invoices"), QStringLiteral("Document Design"), QStringLiteral("CLASSIC"));
@@ -124,9 +127,6 @@ documents::ReportDocument Print(const Call& call, const DocumentCall& document) 
 
 void RunDocument(const Call& call) {
   const DocumentCall document = ReadDocumentCall(call, call.arguments.positional.at(1));
-  if (!MakeOwnFolder(document.places.folder))
-    throw CommandFailure(
-        QStringLiteral("the folder %1 cannot be made").arg(document.places.folder));
   const documents::ReportDocument done = Print(call, document);
   TellOnError(done.troubles);
   if (!done.isWritten) throw CommandFailure(QStringLiteral("nothing was written"));

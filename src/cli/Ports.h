@@ -68,7 +68,7 @@ struct ProcessEnded {
 
 class NoDesktop : public Desktop {
  public:
-  void OpenInBrowser(const QString&) override {}
+  bool OpenInBrowser(const QString&) override { return true; }
   void CopyToClipboard(const QString&) override {}
   bool StartProgram(const QString&, const QStringList&) override { return false; }
   void EndProcess(int exitCode) override { throw ProcessEnded{exitCode}; }

@@ -9,8 +9,12 @@ namespace quillary {
 
 namespace {
 
+ColumnKind KindOf(const QModelIndex& cell) {
+  return static_cast<ColumnKind>(cell.data(kKindRole).toInt());
+}
+
 QString Words(const QModelIndex& cell) {
-  if (cell.data(kKindRole).toInt() == static_cast<int>(ColumnKind::Tick))
+  if (KindOf(cell) == ColumnKind::Tick)
     return cell.data(Qt::CheckStateRole).toInt() == Qt::Checked ? QStringLiteral("Yes")
                                                                 : QStringLiteral("No");
   return cell.data(Qt::DisplayRole).toString();
@@ -18,14 +22,19 @@ QString Words(const QModelIndex& cell) {
 
 }  // namespace
 
-PrintList ShownList(const QString& title, const QTableView* table) {
+PrintList ShownList(const QString& title, const QTableView* table, const QString& ticksAre) {
   PrintList list{.title = title, .headings = {}, .rows = {}};
   const QAbstractItemModel* model = table->model();
   QList<int> columns;
   for (int column = 0; column < model->columnCount(); ++column) {
     if (table->isColumnHidden(column)) continue;
+    const QModelIndex first = model->index(0, column);
+    QString heading = model->headerData(column, Qt::Horizontal).toString();
+    if (heading.isEmpty() && KindOf(first) == ColumnKind::Tick) heading = ticksAre;
+    if (heading.isEmpty() && KindOf(first) == ColumnKind::Tick) continue;
     columns.append(column);
-    list.headings.append(model->headerData(column, Qt::Horizontal).toString());
+    list.headings.append(heading);
+    list.isAmount.push_back(KindOf(first) == ColumnKind::Money);
   }
   for (int row = 0; row < model->rowCount(); ++row) {
     QStringList words;

@@ -6,9 +6,11 @@ class QTableView;
 
 namespace quillary {
 
-/// What a table shows, as it is filtered and sorted now, ready to be printed.
+/// What a table shows, as it is filtered and sorted now, ready to be printed. Ticks that only
+/// choose rows, in a column without a heading, mean nothing on paper and are left out; where they
+/// are what the list is about, `ticksAre` is their heading.
 ///
 ///   navigator.Open(ShownList(tr("Clients"), grdClients));
-PrintList ShownList(const QString& title, const QTableView* table);
+PrintList ShownList(const QString& title, const QTableView* table, const QString& ticksAre = {});
 
 }  // namespace quillary

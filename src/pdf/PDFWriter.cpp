@@ -126,14 +126,14 @@ void PDFWriter::PDFOrientation(int orientation) {
                "Orientation set to portrait.");
     orientation = 1;
   }
-  Page& page = CurrentPage();
+  Page& page = pages_[PageToSet()];
   const char wanted = orientation == 2 ? 'l' : 'p';
   if (page.orientation != wanted) std::swap(page.width, page.height);
   page.orientation = wanted;
 }
 
 void PDFWriter::PDFFormatPage(const PDFPageFormat& format) {
-  Page& page = CurrentPage();
+  Page& page = pages_[PageToSet()];
   PageSize size = kPageSizes[0];
   if (const auto* own = std::get_if<std::vector<double>>(&format)) {
     if (own->size() == 2 && IsSize((*own)[0]) && IsSize((*own)[1])) {

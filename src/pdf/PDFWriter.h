@@ -86,10 +86,11 @@ class PDFWriter {
   /// 0 point, 1 millimetre, 2 centimetre; else a message and centimetre.
   void PDFSetUnit(int unit);
   int PDFGetUnit() const { return unit_; }
-  /// 1 portrait, 2 landscape, for this and the following pages; else a message and portrait.
+  /// 1 portrait, 2 landscape, for this and the following pages, between PDFEndPage and PDFNewPage
+  /// for the following ones only; else a message and portrait.
   void PDFOrientation(int orientation);
-  int PDFGetOrientation() const { return CurrentPage().orientation == 'l' ? 2 : 1; }
-  /// Of this and the following pages. A known format lies as PDFOrientation says, a width and
+  int PDFGetOrientation() const { return pages_[PageToSet()].orientation == 'l' ? 2 : 1; }
+  /// Of the same pages. A known format lies as PDFOrientation says, a width and
   /// height are taken as given. Anything else gives a message and A4.
   void PDFFormatPage(const PDFPageFormat& format);
   int PDFPageNumber() const { return pageCount_; }
@@ -281,6 +282,11 @@ class PDFWriter {
                   std::string_view fallback) const;
   Page& CurrentPage() { return pages_[static_cast<std::size_t>(pageCount_ - 1)]; }
   const Page& CurrentPage() const { return pages_[static_cast<std::size_t>(pageCount_ - 1)]; }
+  /// The one that settings of pages apply to: the next one once this one has ended.
+  std::size_t PageToSet() const {
+    const auto next = static_cast<std::size_t>(pageCount_);
+    return pages_.size() > next ? next : next - 1;
+  }
   double AtX(double x) const { return x * scaleFactor_; }
   double AtY(double y) const { return CurrentPage().height - y * scaleFactor_; }
 

@@ -12,8 +12,8 @@
 
 namespace quillary::shell {
 
-void MachineDesktop::OpenInBrowser(const QString& address) {
-  QDesktopServices::openUrl(QUrl(address));
+bool MachineDesktop::OpenInBrowser(const QString& address) {
+  return QDesktopServices::openUrl(QUrl(address));
 }
 
 void MachineDesktop::CopyToClipboard(const QString& text) {

@@ -7,7 +7,7 @@ namespace quillary::shell {
 /// The desktop we really run on.
 class MachineDesktop : public Desktop {
  public:
-  void OpenInBrowser(const QString& address) override;
+  bool OpenInBrowser(const QString& address) override;
   void CopyToClipboard(const QString& text) override;
   bool StartProgram(const QString& name, const QStringList& arguments) override;
   [[noreturn]] void EndProcess(int exitCode) override;

@@ -47,6 +47,36 @@ TEST_F(DocumentCommandsTest, EachDocumentComesOutInBothFormsWhereItWasAskedFor) 
   }
 }
 
+TEST_F(DocumentCommandsTest, DesignAndPaperAreThoseAskedFor) {
+  const auto bytes = [&](const QStringList& more) {
+    return Bytes(Done(Order("invoice", QStringList{"--invoices", invoice} + more)).trimmed());
+  };
+  EXPECT_TRUE(bytes({"--design", "clean"}).contains("(REMITTANCE SLIP) Tj"));
+  EXPECT_TRUE(bytes({"--design", "classic"}).contains("(REMITTANCE SLIP:) Tj"));
+  EXPECT_TRUE(bytes({}).contains("(REMITTANCE SLIP:) Tj")) << "a business that sends invoices";
+  Done({"settings", file, "Document Design", "CLEAN"});
+  EXPECT_TRUE(bytes({}).contains("(REMITTANCE SLIP) Tj"));
+  EXPECT_TRUE(bytes({"--paper", "letter"}).contains("[ 0 0 612.00 792.00]"));
+  EXPECT_EQ(Run(Order("invoice", {"--invoices", invoice, "--paper", "a9"})).exitCode, 2);
+  EXPECT_EQ(Run(Order("invoice", {"--invoices", invoice, "--design", "new"})).exitCode, 2);
+}
+
+TEST_F(DocumentCommandsTest, AFileThatCannotBeWrittenIsAFailure) {
+  ASSERT_TRUE(QDir(folder.path()).mkpath("out/Statement.doc/in the way"));
+  const Result result = Run(Order("statement", {"--invoices", invoice, "--format", "word"}));
+  EXPECT_EQ(result.exitCode, 1);
+  EXPECT_EQ(result.out, "");
+  EXPECT_TRUE(result.err.contains("Statement.doc")) << result.err.toStdString();
+}
+
+TEST_F(DocumentCommandsTest, AMissingLogoIsToldBesideThePath) {
+  QFile::remove(Path("Files/Gardens.jpg"));
+  const Result result = Run(Order("invoice", {"--invoices", invoice}));
+  EXPECT_EQ(result.exitCode, 0);
+  EXPECT_TRUE(result.err.contains("Gardens.jpg was not found")) << result.err.toStdString();
+  EXPECT_EQ(result.out.count('\n'), 1) << "a script reads the path and nothing else";
+}
+
 TEST_F(DocumentCommandsTest, WithoutTaxTheTotalIsLess) {
   const QString whole = Done(Order("invoice", {"--invoices", invoice})).trimmed().section('\n', -1);
   const QByteArray with = Bytes(whole);

@@ -12,6 +12,8 @@ class ReportCommandsTest : public CompanionTest {
     CompanionTest::SetUp();
     file = Path("DATA.MDB");
     Done({"demo", file, "--clients", "30", "--months", "3"});
+    ASSERT_TRUE(QDir(folder.path()).mkdir("Files"));
+    Write("Files/Gardens.jpg", Bytes(QUILLARY_TEST_DATA "/../pdf/data/rgb.jpg"));
   }
   QString file;
 };

@@ -373,6 +373,37 @@ TEST_F(BillingDocumentsTest, HostileTextsNeitherBreakAFileNorLeaveTheFolder) {
   }
 }
 
+TEST_F(BillingDocumentsTest, TheSlipForTheWordProcessorStaysInOnePiece) {
+  const qint64 invoice = AddFullInvoice();
+  for (const int terms : {1, 12, 26, 40}) {
+    Run(Sql("UPDATE infOptions SET TermsOfTrade = {}",
+            QStringList(terms, "Please pay [AMOUNT].").join("\r\n")));
+    Select({invoice});
+    const ReportDocument made = Print(BillingKind::Invoice, BillingForm::Word, TaxMode::Included);
+    int pagesOfSlip = 0;
+    for (const Page& page : made.pages.pages) {
+      bool holds = false;
+      for (const TextRun& run : page.texts) {
+        holds = holds || run.text == "[Please cut here]" || run.text == "Please pay $253.50.";
+        EXPECT_LE(run.top, made.pages.setup.Height() - 280) << run.text.toStdString();
+      }
+      pagesOfSlip += holds ? 1 : 0;
+    }
+    EXPECT_EQ(pagesOfSlip, 1) << terms << " lines of terms";
+    const QByteArray rtf = BytesOf(made);
+    EXPECT_EQ(rtf.count("\\trkeep"), rtf.count("\\trowd")) << "a row is cut by no page";
+    EXPECT_TRUE(rtf.contains("\\jpegblip")) << "the logo for who does not follow its link";
+  }
+}
+
+TEST_F(BillingDocumentsTest, WithoutAViewerThePathIsTold) {
+  Select({AddFullInvoice()});
+  outside.desktop.hasViewer = false;
+  const ReportDocument made = PrintPdf();
+  ASSERT_EQ(made.troubles.size(), 1);
+  EXPECT_TRUE(made.troubles[0].contains(made.docFile)) << made.troubles[0].toStdString();
+}
+
 TEST_F(BillingDocumentsTest, ANameStandsAsItIsWrittenAndOneThatCannotIsTold) {
   const qint64 invoice = AddInvoice(payer, "1", Money(), Money());
   const QString name = QStringLiteral("Café Nguyễn 樹");

@@ -77,7 +77,8 @@ TEST_F(ReportTest, ALogoKeepsItsShapeAndIsLinked) {
   EXPECT_TRUE(done.troubles.isEmpty());
   const QByteArray rtf = FileOf(done);
   EXPECT_TRUE(rtf.contains("{\\field{\\*\\fldinst { INCLUDEPICTURE \""));
-  EXPECT_TRUE(rtf.contains("/Files/La\\{w\\}ns.jpg\" \\\\* MERGEFORMATINET \\\\d }}}\r\n"));
+  EXPECT_TRUE(rtf.contains(
+      "/Files/La\\{w\\}ns.jpg\" \\\\* MERGEFORMATINET \\\\d }}{\\fldrslt {\\pict\\jpegblip"));
 }
 
 TEST_F(ReportTest, AFileThatCannotBeWrittenIsTold) {

@@ -239,9 +239,13 @@ TEST_F(TicksTest, TicksAllThatShows) {
 TEST_F(TicksTest, ShownListIsWhatOneSees) {
   filter.setText("b");
   const PrintList list = ShownList("Clients", &grid);
-  EXPECT_EQ(list.headings, (QStringList{"", "Client"}));
+  EXPECT_EQ(list.headings, QStringList{"Client"}) << "ticks only choose rows";
   ASSERT_EQ(list.rows.size(), 2U);
-  EXPECT_EQ(list.rows[1], (QStringList{"Yes", "Brown"}));
+  EXPECT_EQ(list.rows[1], QStringList{"Brown"});
+  EXPECT_EQ(list.isAmount, std::vector<bool>{false});
+  const PrintList covered = ShownList("Jobs", &grid, "Covered");
+  EXPECT_EQ(covered.headings, (QStringList{"Covered", "Client"}));
+  EXPECT_EQ(covered.rows[1], (QStringList{"Yes", "Brown"}));
 }
 
 }  // namespace

@@ -75,6 +75,16 @@ TEST_F(PrintingTest, TheTickedInvoicesComeOutInBothForms) {
   }
 }
 
+TEST_F(PrintingTest, WithNothingTickedNothingIsWritten) {
+  for (const Document& document : kDocuments) {
+    PressAlt(InvoiceList(), document.letter);
+    const QStringList told = outside.prompter.TakeTold();
+    ASSERT_EQ(told.size(), 1) << document.what;
+    EXPECT_TRUE(told[0].startsWith("There is nothing to print.")) << told[0].toStdString();
+    EXPECT_EQ(Printed(document.wordFile).size(), 0) << document.what;
+  }
+}
+
 TEST_F(PrintingTest, AnInvoiceIsStoredAndPrintedFromItsScreen) {
   const Recordset job = Run(Sql(
       "SELECT MIN(Diary_ID) AS first FROM Diary WHERE Status = 'JI' AND Invoice_ID IS NOT NULL"));
@@ -88,7 +98,13 @@ TEST_F(PrintingTest, AnInvoiceIsStoredAndPrintedFromItsScreen) {
     description->setFocus();
     description->selectAll();
     Keys("SPRING CLEAN");
+    bool isSeen = false;
+    Then("wndReportPreview", [&](QDialog& preview) {
+      isSeen = Find<Screen>(&preview, "frmReportViewer")->isVisible() && preview.isActiveWindow();
+      preview.accept();
+    });
     PressAlt(&screen, Qt::Key_I);
+    EXPECT_TRUE(isSeen) << "the preview opens before the dialog that asked for it";
   });
   navigator.Open(EditInvoice{Id<Invoice>(invoice.Field(u"Invoice_ID").ToLong())});
   EXPECT_EQ(Run(Sql("SELECT Invoice_Description FROM Invoices WHERE Invoice_ID = {}",
@@ -97,7 +113,6 @@ TEST_F(PrintingTest, AnInvoiceIsStoredAndPrintedFromItsScreen) {
                 .ToText(),
             "SPRING CLEAN");
   EXPECT_EQ(Printed("Invoice - *.rtf").size(), 1);
-  EXPECT_TRUE(Find<Screen>(&Window(), "frmReportViewer")->isVisible());
 }
 
 }  // namespace

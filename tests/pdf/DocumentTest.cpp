@@ -216,6 +216,21 @@ TEST_F(DocumentTest, CatalogTellsHowTheFileIsShown) {
   }
 }
 
+TEST_F(DocumentTest, BetweenPagesTheNextOneIsTurned) {
+  Begin(true);
+  writer.PDFEndPage();
+  writer.PDFOrientation(2);
+  EXPECT_EQ(writer.PDFGetOrientation(), 2);
+  writer.PDFNewPage();
+  writer.PDFEndPage();
+  writer.PDFFormatPage(3);
+  writer.PDFNewPage();
+  const std::string bytes = End();
+  EXPECT_EQ(CountOf(bytes, "[ 0 0 595.28 841.89]"), 1) << "the first page stays upright";
+  EXPECT_EQ(CountOf(bytes, "[ 0 0 841.89 595.28]"), 1);
+  EXPECT_EQ(CountOf(bytes, "[ 0 0 792.00 612.00]"), 1);
+}
+
 TEST_F(DocumentTest, PageSizeChangesFromThePageOnWhereItIsSet) {
   Begin(true);
   writer.PDFOrientation(2);

@@ -92,7 +92,11 @@ class ScriptedHeadOffice : public HeadOffice {
 
 class RecordedDesktop : public Desktop {
  public:
-  void OpenInBrowser(const QString& address) override { opened += address; }
+  bool OpenInBrowser(const QString& address) override {
+    opened += address;
+    return hasViewer;
+  }
+  bool hasViewer = true;
   void CopyToClipboard(const QString& text) override { clipboard = text; }
   bool StartProgram(const QString& name, const QStringList& arguments) override;
   void EndProcess(int exitCode) override { endedWith = exitCode; }

@@ -9,7 +9,8 @@ namespace quillary {
 class Desktop {
  public:
   virtual ~Desktop() = default;
-  virtual void OpenInBrowser(const QString& address) = 0;
+  /// False when nothing on the machine opens it.
+  virtual bool OpenInBrowser(const QString& address) = 0;
   virtual void CopyToClipboard(const QString& text) = 0;
   /// Starts a helper program that lies beside ours, or one by its full path, without waiting for
   /// it; false when there is none of that name.

@@ -3,6 +3,7 @@
 #include "kit/Grid.h"
 #include "kit/Layouts.h"
 #include "kit/RowTicks.h"
+#include "kit/ShownList.h"
 
 #include <QScrollBar>
 
@@ -54,6 +55,9 @@ dlgPaymentJobs::dlgPaymentJobs(Business& business, const ScreenTools& tools, Id<
   LayOut();
   connect(ticks_, &RowTicks::ticksChanged, this, &dlgPaymentJobs::TakeTicks);
   connect(cmdClose, &QPushButton::clicked, this, [this] { Close(Accepted); });
+  tools_.runner.OnClick(cmdPrintGrid, objectName(), [this] {
+    tools_.navigator.Open(ShownList(windowTitle(), grdJobs, tr("Covered")));
+  });
   tools_.runner.Run(objectName(), QStringLiteral("ShowPayment"), [this] { Load(); });
   grdJobs->SelectFirst();
   grdJobs->setFocus();
@@ -76,6 +80,8 @@ void dlgPaymentJobs::MakeControls() {
   txtJobsTotal = figure("txtJobsTotal", tr("Sum of the ticked jobs"));
   txtPaymentAmount = figure("txtPaymentAmount", tr("Amount of the payment"));
   txtDifference = figure("txtDifference", tr("Difference"));
+  cmdPrintGrid = MakeButton("cmdPrintGrid", tr("&Print list"), ButtonKind::Plain, "document-print");
+  cmdPrintGrid->setEnabled(tools_.navigator.CanOpen<PrintList>());
   cmdClose = MakeButton("cmdClose", tr("&Close"), ButtonKind::Main);
 }
 
@@ -118,7 +124,7 @@ void dlgPaymentJobs::LayOut() {
   column->addLayout(SumsLine());
   SetContent(column);
   SetRoom({1000, 560});
-  AddActions({cmdClose});
+  AddActions({cmdPrintGrid, cmdClose});
 }
 
 void dlgPaymentJobs::Load() {

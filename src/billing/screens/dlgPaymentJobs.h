@@ -44,6 +44,7 @@ class dlgPaymentJobs : public Dialog {
   QLabel* txtJobsTotal;
   QLabel* txtPaymentAmount;
   QLabel* txtDifference;
+  QPushButton* cmdPrintGrid;
   QPushButton* cmdClose;
 };
 

@@ -85,17 +85,23 @@ class PdfRun {
     pages_->EndDocument();
     made_.TakeItsPlace();
     document_.troubles += TroublesOfTexts(pdf_);
-    Show(business_, document_.docFile);
+    if (!Show(business_, document_.docFile)) {
+      document_.troubles += QStringLiteral(
+                                "No program of this machine shows PDF files. The document "
+                                "lies in %1.")
+                                .arg(QDir::toNativeSeparators(document_.docFile));
+    }
     return std::move(document_);
   }
 
  private:
   /// In the viewer of the user's choice, or in the machine's when there is none or it is gone.
-  static void Show(Business& business, const QString& file) {
+  static bool Show(Business& business, const QString& file) {
     const QString& viewer = business.values.adobePath;
     Desktop& desktop = business.World().desktop;
-    if (!viewer.isEmpty() && desktop.StartProgram(viewer, {QDir::toNativeSeparators(file)})) return;
-    desktop.OpenInBrowser(QUrl::fromLocalFile(file).toString(QUrl::FullyEncoded));
+    if (!viewer.isEmpty() && desktop.StartProgram(viewer, {QDir::toNativeSeparators(file)}))
+      return true;
+    return desktop.OpenInBrowser(QUrl::fromLocalFile(file).toString(QUrl::FullyEncoded));
   }
 
   static PDFHost HostFor(Business& business, const PageFonts& fonts) {

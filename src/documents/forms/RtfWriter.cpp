@@ -146,7 +146,8 @@ class RtfBody {
   void PutRow(const TableBlock& block, const TableRow& row, bool repeats) {
     const double half = kCellGap / 2;
     body_ += "\\trowd\\trgaph" + Number(half) + "\\trleft" + Number(-half) + "\\trpaddt" +
-             Number(kRowPadding) + "\\trpaddft3\\trpaddb" + Number(kRowPadding) + "\\trpaddfb3";
+             Number(kRowPadding) + "\\trpaddft3\\trpaddb" + Number(kRowPadding) +
+             "\\trpaddfb3\\trkeep";
     if (repeats) body_ += "\\trhdr";
     double right = -half;
     size_t column = 0;

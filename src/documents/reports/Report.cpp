@@ -153,11 +153,31 @@ std::optional<PagePicture> Report::LoadPicture(const QString& file, double heigh
 void Report::DrawPict(const QString& picture, double height) {
   auto placed = LoadPicture(picture, height);
   if (!placed) return;
+  const double room = Page().RightEdge() - Page().LeftEdge();
+  if (placed->width > room) {
+    height *= room / placed->width;
+    placed->height = height;
+    placed->width = room;
+  }
   if (Page().CurrentY() + height > Page().BottomEdge()) Page().NewPage();
   placed->x = Page().LeftEdge();
   placed->y = Page().CurrentY();
   Page().AddPicture(*placed);
   Page().AdvanceY(height);
+}
+
+QByteArray Report::PictureForWord(const QString& file) {
+  constexpr double kLogoHeight = 850;
+  QFile bytes(file);
+  if (!bytes.open(QIODevice::ReadOnly)) return "{}";
+  const QByteArray jpeg = bytes.readAll();
+  const JpegHeader header = ReadJpegHeader(jpeg.toStdString());
+  const double room = Page().RightEdge() - Page().LeftEdge();
+  const double width = std::min(room, kLogoHeight * header.width / header.height);
+  const auto number = [](double value) { return QByteArray::number(std::lround(value)); };
+  return "{\\pict\\jpegblip\\picw" + number(header.width) + "\\pich" + number(header.height) +
+         "\\picwgoal" + number(width) + "\\pichgoal" +
+         number(width * header.height / header.width) + "\r\n" + jpeg.toHex() + "}";
 }
 
 void Report::ImportPicture() {
@@ -168,7 +188,7 @@ void Report::ImportPicture() {
   for (const QString& part : QDir::toNativeSeparators(Logo()).split(u'\\'))
     path += (path.isEmpty() ? "" : "\\\\\\\\") + RtfText(part);
   Page().AddRtf("{\\field{\\*\\fldinst { INCLUDEPICTURE \"" + path +
-                "\" \\\\* MERGEFORMATINET \\\\d }}}\r\n");
+                "\" \\\\* MERGEFORMATINET \\\\d }}{\\fldrslt " + PictureForWord(Logo()) + "}}\r\n");
 }
 
 void Report::DrawLineRTF(double x1, double y1, double x2, double y2) {

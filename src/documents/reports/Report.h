@@ -67,14 +67,15 @@ class Report {
   void StoreSubHeading(const QString& text);
   /// The first lines of a report: title, scope and day of printing, and a break.
   void StoreHeadings(const QString& title, const QString& scope);
-  /// A picture at the left margin, as high as told in twips and as wide as it is then. The current
-  /// Y moves to its lower edge. A file that is missing or no JPEG is told to the user in the end,
-  /// and nothing stands in its place.
+  /// A picture at the left margin, as high as told in twips and as wide as it is then,
+  /// within the margins. The current Y moves to its lower edge. A file that is missing or no JPEG
+  /// is told to the user in the end, and nothing stands in its place.
   void DrawPict(const QString& picture, double height);
   /// The logo of the division, which ImportPicture and callers of DrawPict use.
   QString Logo() { return LogoFile(business_, places_.applicationFolder); }
-  /// Links the logo in the file for Word, where it shows only on this machine. A logo that cannot
-  /// be shown is told to the user in the end instead.
+  /// Links the logo in the file for Word, and holds it there too as what the link showed last,
+  /// since other word processors and other machines do not follow it. A logo that cannot be shown
+  /// is told to the user in the end instead.
   void ImportPicture();
   /// A line in the file for Word, in twips; the pages don't get it.
   void DrawLineRTF(double x1, double y1, double x2, double y2);
@@ -90,6 +91,8 @@ class Report {
 
  private:
   void AddTrouble(const QString& text);
+  /// As large as DrawPict would draw a logo.
+  QByteArray PictureForWord(const QString& file);
   std::optional<PagePicture> LoadPicture(const QString& file, double height);
 
   Business& business_;

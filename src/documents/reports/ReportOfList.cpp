@@ -22,7 +22,8 @@ size_t ColumnCount(const PrintList& list) {
 }
 
 /// Plain numbers may be post codes or the numbers of invoices; amounts show a sign or decimals.
-bool LooksLikeMoney(const PrintList& list, size_t column) {
+bool IsMoney(const PrintList& list, size_t column) {
+  if (column < list.isAmount.size()) return list.isAmount[column];
   bool isMoney = false;
   for (const QStringList& row : list.rows) {
     const QString cell = row.value(static_cast<qsizetype>(column)).trimmed();
@@ -93,7 +94,7 @@ ReportDocument ComposeList(Business& business, const ReportPlaces& places, const
   if (widths.empty()) return report.EndDocument();
   std::vector<TableColumn> columns;
   for (size_t i = 0; i < widths.size(); ++i)
-    columns.push_back({LooksLikeMoney(list, i) ? Align::Right : Align::Left, widths[i]});
+    columns.push_back({IsMoney(list, i) ? Align::Right : Align::Left, widths[i]});
   Table table(std::move(columns));
   table.AddHeader(list.headings);
   for (const QStringList& row : list.rows) table.AddRow(row);

@@ -9,8 +9,11 @@ namespace quillary::documents {
 
 void RegisterDocumentScreens(Business& business, const ScreenTools& tools) {
   tools.navigator.Register<PrintList>([&business, tools](const PrintList& list) {
-    const BusyWhile busy(business.World().busy);
-    OpenReportViewer(business, tools, ComposeList(business, PlacesOfReports(), list));
+    const auto compose = [&] {
+      const BusyWhile busy(business.World().busy);
+      return ComposeList(business, PlacesOfReports(), list);
+    };
+    OpenReportViewer(business, tools, compose());
   });
   RegisterBillingDocumentScreens(business, tools);
 }

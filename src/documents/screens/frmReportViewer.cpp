@@ -9,14 +9,18 @@
 #include "kit/FlowLayout.h"
 #include "kit/Layouts.h"
 
+#include <QApplication>
 #include <QComboBox>
+#include <QDialog>
 #include <QDir>
 #include <QFileDialog>
 #include <QPointer>
 #include <QPrintDialog>
 #include <QPrinter>
+#include <QScreen>
 #include <QShortcut>
 #include <QSpinBox>
+#include <QVBoxLayout>
 
 #include <algorithm>
 #include <stdexcept>
@@ -106,17 +110,11 @@ void frmReportViewer::MakeControls() {
 }
 
 QLayout* frmReportViewer::ToolLine() {
-  auto* line = new QHBoxLayout;
-  line->setSpacing(8);
-  line->addWidget(cmdBack);
-  for (QWidget* widget : QList<QWidget*>{cmdPreviousPage, spnPage, lblPages, cmdNextPage})
-    line->addWidget(widget);
-  line->addSpacing(16);
-  for (QWidget* widget : QList<QWidget*>{cmdZoomOut, cmbZoom, cmdZoomIn}) line->addWidget(widget);
-  line->addStretch(1);
-  for (QWidget* widget : QList<QWidget*>{lblHits, txtFind, cmdFindPrevious, cmdFindNext})
-    line->addWidget(widget);
   lblHits->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  auto* line = new FlowLayout;
+  line->AddWidgets(
+      {cmdBack, cmdPreviousPage, spnPage, lblPages, cmdNextPage, cmdZoomOut, cmbZoom, cmdZoomIn});
+  line->AddWidgets({lblHits, txtFind, cmdFindPrevious, cmdFindNext}, Qt::AlignRight);
   return line;
 }
 
@@ -422,7 +420,33 @@ void OpenLiveReport(Business& business, const ScreenTools& tools,
   TellTroubles(business, troubles);
 }
 
+namespace {
+
+/// The dialog that asked is modal, so a tab behind it could be neither seen nor used: the preview
+/// opens in a window of its own before it, and the dialog goes on when that is closed.
+void ShowBefore(QWidget* dialog, Business& business, const ScreenTools& tools,
+                ReportDocument report) {
+  constexpr QSize kRoom(1000, 760);
+  const QStringList troubles = report.troubles;
+  QDialog window(dialog);
+  window.setObjectName(QStringLiteral("wndReportPreview"));
+  auto* viewer = new frmReportViewer(business, tools);
+  window.setWindowTitle(viewer->windowTitle());
+  auto* column = new QVBoxLayout(&window);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->addWidget(viewer);
+  QObject::connect(viewer, &Screen::closeRequested, &window, &QDialog::accept);
+  window.resize(kRoom.boundedTo(dialog->screen()->availableSize()));
+  viewer->ShowReport(std::move(report));
+  TellTroubles(business, troubles);
+  window.exec();
+}
+
+}  // namespace
+
 void OpenReportViewer(Business& business, const ScreenTools& tools, ReportDocument report) {
+  if (QWidget* dialog = QApplication::activeModalWidget())
+    return ShowBefore(dialog, business, tools, std::move(report));
   const QStringList troubles = report.troubles;
   TheViewer(business, tools)->ShowReport(std::move(report));
   TellTroubles(business, troubles);

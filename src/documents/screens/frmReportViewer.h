@@ -101,7 +101,8 @@ void TellTroubles(Business& business, const QStringList& troubles);
 void OpenLiveReport(Business& business, const ScreenTools& tools,
                     std::unique_ptr<LiveReport> report, frmReportViewer::Comes comes);
 
-/// Shows the report in the one viewer, and tells the user what went amiss while it was made.
+/// Shows the report in the one viewer, or from a dialog in a window before it, and tells the user
+/// what went amiss while it was made.
 void OpenReportViewer(Business& business, const ScreenTools& tools, ReportDocument report);
 
 }  // namespace quillary::documents

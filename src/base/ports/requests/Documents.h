@@ -42,6 +42,8 @@ struct PrintList {
   QString title;
   QStringList headings;
   std::vector<QStringList> rows;
+  std::vector<bool> isAmount =
+      {};  // by column; who does not say leaves it to the looks of the rows
 };
 /// The days for what the title says. Nothing when the user gives up.
 struct PickDates {

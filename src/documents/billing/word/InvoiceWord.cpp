@@ -1,6 +1,9 @@
 #include "documents/billing/BillingLayouts.h"
 #include "documents/billing/Letterhead.h"
 #include "documents/billing/word/BillingWord.h"
+#include "documents/pages/TableLayout.h"
+
+#include <algorithm>
 
 namespace quillary::documents {
 namespace {
@@ -48,34 +51,71 @@ void AddClosing(Report& report, const BillingFrame& frame, const InvoiceContent&
     AddWordNotes(report, QString::fromLatin1(kWhole), {frame.generalNotes.join(u'\n')});
 }
 
-/// The slip stands at the foot of a page, to be cut off there.
-void MoveToSlip(Composer& page) {
-  const double place = page.Setup().paper == Paper::Letter ? 11000 : 12000;  // twips
+/// The rows of the slip below its heading, of which the last is not.
+struct SlipRow {
+  QString format;
+  QStringList cells;
+  bool bold = false;
+};
+
+std::vector<SlipRow> SlipRows(const BillingFrame& frame, const InvoiceContent& invoice) {
+  std::vector<SlipRow> rows{{QString::fromLatin1(kHalves),
+                             {invoice.description, QStringLiteral("Invoice No: ") + invoice.number},
+                             true}};
+  if (!invoice.terms.isEmpty())
+    rows.push_back({QString::fromLatin1(kWhole), {invoice.terms.join(u'\n')}, true});
+  QStringList account = EftLines(frame.header);
+  if (!account.isEmpty()) {
+    const QString word = account.takeFirst();
+    rows.push_back({QString::fromLatin1(kSlipBlock), {word, account.join(u'\n')}});
+  }
+  const QStringList sender = SenderLines(frame.header);
+  if (!sender.isEmpty())
+    rows.push_back(
+        {QString::fromLatin1(kSlipBlock), {QStringLiteral("From : "), sender.join(u'\n')}});
+  return rows;
+}
+
+/// What the rows and the lines around them take, in the font that is set.
+double HeightOfSlip(const Composer& page, const std::vector<SlipRow>& rows) {
+  constexpr double kBelowTable = 150;
+  constexpr double kLinesAround = 3;  // the cut, the heading and the date
+  double height = kLinesAround * PageFonts::LineHeight(page.Font()) + 2 * kSlipRule;
+  for (const SlipRow& each : rows) {
+    Table table(each.format);
+    TableRow& row = table.AddRow(each.cells);
+    row.bold = each.bold;
+    const auto widths = FitColumns(table, page.RightEdge() - page.LeftEdge() + kCellGap);
+    height += LayRow(table, row, widths, page.Font(), page.Fonts()).Height() + kBelowTable;
+  }
+  return height;
+}
+
+/// The slip stands at the foot of a page, to be cut off there; one that is higher than the foot
+/// begins so far above that it stays in one piece.
+void MoveToSlip(Composer& page, double height) {
+  const double foot = page.Setup().paper == Paper::Letter ? 11000 : 12000;  // twips
+  const double place =
+      std::max(page.Setup().margins.top, std::min(foot, page.BottomEdge() - height));
   if (page.CurrentY() >= place) page.NewPage();
-  page.SetCurrentY(place);
+  page.SetCurrentY(std::max(place, page.CurrentY()));
 }
 
 void AddSlip(Report& report, const BillingFrame& frame, const InvoiceContent& invoice) {
-  MoveToSlip(report.Page());
   report.SetVSPrinterFontDefault();
+  const std::vector<SlipRow> rows = SlipRows(frame, invoice);
+  MoveToSlip(report.Page(), HeightOfSlip(report.Page(), rows));
   report.Page().AddText(QStringLiteral("[Please cut here]"), Align::Centre);
   report.Page().AddRule(kSlipRule);
   report.Page().AdvanceY(kSlipRule);
   report.Page().SetBold(true);
   report.Page().AddText(QStringLiteral("REMITTANCE SLIP: "));
   report.Page().SetBold(false);
-  AddDescriptionAndNumber(report, invoice);
-  if (!invoice.terms.isEmpty())
-    AddWordRow(report, QString::fromLatin1(kWhole), {invoice.terms.join(u'\n')}, true);
-  QStringList account = EftLines(frame.header);
-  if (!account.isEmpty()) {
-    const QString word = account.takeFirst();
-    AddWordRow(report, QString::fromLatin1(kSlipBlock), {word, account.join(u'\n')});
+  for (const SlipRow& each : rows) {
+    TableRow& row = report.StartTable(each.format).AddRow(each.cells).KeepWithNext();
+    row.bold = each.bold;
+    report.EndTable();
   }
-  const QStringList sender = SenderLines(frame.header);
-  if (!sender.isEmpty())
-    AddWordRow(report, QString::fromLatin1(kSlipBlock),
-               {QStringLiteral("From : "), sender.join(u'\n')});
   report.Page().SetFontSize(6);
   report.Page().AddText(ReportDateText(frame.today));
   report.SetVSPrinterFontDefault();
