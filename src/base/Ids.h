@@ -28,6 +28,7 @@ struct PaymentMethodRow;  // of the list of words; a payment itself keeps the wo
 struct Purchase;
 struct Quote;
 struct QuoteLine;
+struct Receipt;  // of a purchase
 struct Service;
 struct Supplier;
 
@@ -39,6 +40,6 @@ template <typename Row>
 concept NumberedRow =
     OneOf<Row, Account, Bank, BankAccount, Banking, Budget, BudgetPeriod, Client, ClientService,
           Country, Division, Employee, Entry, EntryLine, Frequency, Holiday, Invoice, LedgerEntry,
-          Payment, PaymentMethodRow, Purchase, Quote, QuoteLine, Service, Supplier>;
+          Payment, PaymentMethodRow, Purchase, Quote, QuoteLine, Receipt, Service, Supplier>;
 
 }  // namespace quillary

@@ -1,8 +1,8 @@
 #include "accounts/TaxRepair.h"
+#include "billing/LedgerLines.h"
 #include "billing/payments/JobsAndPaymentChecker.h"
 #include "billing/payments/PaymentJobs.h"
 #include "billing/payments/PaymentsList.h"
-#include "billing/payments/RevenueLines.h"
 #include "cli/Command.h"
 #include "cli/Printing.h"
 #include "cli/WorkingBusiness.h"
@@ -28,8 +28,8 @@ Id<Client> ClientOf(const Arguments& arguments) {
   return *client;
 }
 
-std::vector<billing::RevenueLineForm> LinesOf(const Arguments& arguments) {
-  std::vector<billing::RevenueLineForm> lines;
+std::vector<billing::LedgerLineForm> LinesOf(const Arguments& arguments) {
+  std::vector<billing::LedgerLineForm> lines;
   for (const QString& word : arguments.All("revenue")) {
     if (!word.contains(u'='))
       throw WrongUsage(QStringLiteral("--revenue takes ACCOUNT_ID=AMOUNT, not \"%1\"").arg(word));
@@ -67,12 +67,12 @@ billing::PaymentForm AskedFor(Business& business, const Arguments& arguments, Mo
 
 /// The lines get the payment's date from the save that follows them.
 void StoreLines(Business& business, billing::PaymentForm& form,
-                std::vector<billing::RevenueLineForm> lines) {
-  for (billing::RevenueLineForm& line : lines) {
+                std::vector<billing::LedgerLineForm> lines) {
+  for (billing::LedgerLineForm& line : lines) {
     RequireRevenueAccount(business, *line.glAccountId);
     line.gst = billing::TaxWithin(business, line.amount, form.taxExempt);
     if (form.IsNew()) ThrowIf(billing::SavePaymentDetails(business, form));
-    ThrowIf(billing::SaveAccount(business, *form.paymentId, line, billing::SaveRevenueLine::AsNew));
+    ThrowIf(billing::SaveAccount(business, *form.paymentId, line, billing::SaveLedgerLine::AsNew));
   }
   if (!lines.empty()) ThrowIf(billing::SavePaymentDetails(business, form));
 }
@@ -81,7 +81,7 @@ void RunPay(const Call& call) {
   if (!call.arguments.Has("amount")) throw WrongUsage(QStringLiteral("--amount is missing"));
   const Money amount = AmountOf(call.arguments.options.value(QStringLiteral("amount")));
   const auto jobs = ParseIds<Entry>(call.arguments.All("job"));
-  const std::vector<billing::RevenueLineForm> lines = LinesOf(call.arguments);
+  const std::vector<billing::LedgerLineForm> lines = LinesOf(call.arguments);
   const auto business = OpenCurrentBusiness(call);
   Transaction all(*business);
   billing::PaymentForm form = AskedFor(*business, call.arguments, amount, jobs);

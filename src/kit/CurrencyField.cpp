@@ -19,8 +19,10 @@ void CurrencyField::SetAmount(Money amount) {
 void CurrencyField::TakeTyped() {
   const Money before = amount_;
   const QString typed = text().trimmed();
-  SetAmount(typed.isEmpty() ? Money() : Money::Parse(typed).value_or(before));
+  const std::optional<Money> amount = typed.isEmpty() ? Money() : Money::Parse(typed);
+  SetAmount(amount.value_or(before));
   if (amount_ != before) emit amountChosen();
+  if (!amount) emit amountRefused();
 }
 
 }  // namespace quillary

@@ -7,8 +7,8 @@
 namespace quillary {
 
 /// An amount of money, right-aligned. It takes its currency form when the user leaves it; blank
-/// becomes 0, and what is no amount falls back to the one that stood there. It holds the cents that
-/// it shows and no more.
+/// becomes 0, and what is no amount falls back to the one that stood there, which is announced. It
+/// holds the cents that it shows and no more.
 class CurrencyField : public QLineEdit {
   Q_OBJECT
 
@@ -20,6 +20,8 @@ class CurrencyField : public QLineEdit {
 
  signals:
   void amountChosen();
+  /// What was typed is no amount; the one before stands there again.
+  void amountRefused();
 
  private:
   void TakeTyped();

@@ -26,6 +26,10 @@ class Grid : public QTableView {
   /// The list that a Chip or Choice column is edited from.
   void SetChoices(int column, std::vector<GridChoice> choices);
   void SetRows(std::vector<GridRow> rows);
+  /// Writes one value into a column of some rows; selection and place stay.
+  void SetCells(const std::vector<int>& rows, int column, const Value& value) {
+    model_->SetCells(rows, column, value);
+  }
   /// What an empty list says: what it is, and what to do next.
   void SetEmptyText(const QString& what, const QString& next);
   /// Shows or hides a column, whose room goes to the others.

@@ -25,6 +25,14 @@ void GridModel::SetRows(std::vector<GridRow> rows) {
   endResetModel();
 }
 
+void GridModel::SetCells(const std::vector<int>& rows, int column, const Value& value) {
+  if (rows.empty()) return;
+  for (const int row : rows)
+    rows_[static_cast<size_t>(row)].cells[static_cast<size_t>(column)] = value;
+  const auto [first, last] = std::ranges::minmax(rows);
+  emit dataChanged(index(first, column), index(last, column));
+}
+
 void GridModel::SetChoices(int column, std::vector<GridChoice> choices) {
   choices_[column] = std::move(choices);
 }

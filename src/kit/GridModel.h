@@ -21,6 +21,8 @@ class GridModel : public QAbstractTableModel {
 
   void SetColumns(std::vector<GridColumn> columns);
   void SetRows(std::vector<GridRow> rows);
+  /// Writes one value into a column of some rows, which stay where they are.
+  void SetCells(const std::vector<int>& rows, int column, const Value& value);
   void SetChoices(int column, std::vector<GridChoice> choices);
   const std::vector<GridColumn>& Columns() const { return columns_; }
   const std::vector<GridRow>& Rows() const { return rows_; }

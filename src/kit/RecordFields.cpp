@@ -20,6 +20,7 @@ QWidget* MakeControl(const RecordField& field) {
     case FieldKind::Tick:
       return new QCheckBox(field.label);
     case FieldKind::Choice:
+    case FieldKind::Words:
       return new ComboSearch;
     case FieldKind::Money:
       return new CurrencyField;
@@ -32,10 +33,18 @@ QWidget* MakeControl(const RecordField& field) {
   }
 }
 
+/// Picks the entry of those words, whatever their case; words that the list lacks stay to be seen.
+void ShowWords(ComboSearch* combo, const QString& words) {
+  const int at = words.isEmpty() ? -1 : combo->findText(words, Qt::MatchFixedString);
+  SelectComboItem(combo, at < 0 ? QVariant() : combo->itemData(at));
+  if (at < 0) combo->setEditText(words);
+}
+
 }  // namespace
 
 void RecordFields::Build(const std::vector<RecordField>& fields, QVBoxLayout* into) {
   fields_ = fields;
+  QHBoxLayout* line = nullptr;
   for (const RecordField& field : fields_) {
     QWidget* control = MakeControl(field);
     control->setObjectName(QLatin1StringView(field.name));
@@ -50,9 +59,16 @@ void RecordFields::Build(const std::vector<RecordField>& fields, QVBoxLayout* in
     }
     auto* pair = new QVBoxLayout;
     pair->setSpacing(4);
-    pair->addWidget(MakeLabelFor(control, field.label));
+    QLabel* label = MakeLabelFor(control, field.label);
+    label->setObjectName(QLatin1StringView(field.labelName));
+    pair->addWidget(label);
     pair->addWidget(control);
-    into->addLayout(pair);
+    if (!field.beside) {
+      line = new QHBoxLayout;
+      line->setSpacing(8);
+      into->addLayout(line);
+    }
+    line->addLayout(pair, 1);
   }
 }
 
@@ -64,6 +80,8 @@ Control* RecordFields::Find(const char* name) const {
 }
 
 QString RecordFields::Text(const char* name) const {
+  const QWidget* control = controls_.value(QLatin1StringView(name));
+  if (const auto* words = qobject_cast<const QComboBox*>(control)) return words->currentText();
   return Find<QLineEdit>(name)->text();
 }
 
@@ -90,6 +108,8 @@ void RecordFields::Show(const GridRow* row) const {
     QWidget* control = controls_.value(QLatin1StringView(field.name));
     if (auto* tick = qobject_cast<QCheckBox*>(control))
       tick->setChecked(value.ToBool());
+    else if (field.kind == FieldKind::Words)
+      ShowWords(qobject_cast<ComboSearch*>(control), value.ToText());
     else if (auto* choice = qobject_cast<QComboBox*>(control))
       SelectComboItem(choice, value.IsNull() ? QVariant() : QVariant(value.ToLong()));
     else if (auto* money = qobject_cast<CurrencyField*>(control))

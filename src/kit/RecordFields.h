@@ -16,7 +16,15 @@ class QWidget;
 
 namespace quillary {
 
-enum class FieldKind { Text, Digits, DayAndMonth, Money, Tick, Choice };
+enum class FieldKind {
+  Text,
+  Digits,
+  DayAndMonth,
+  Money,
+  Tick,
+  Choice,  // one of a list
+  Words,   // anything, typed or taken from a list
+};
 
 /// One field of a record, beside its list. Picking a row fills it from the row's cell.
 struct RecordField {
@@ -26,7 +34,9 @@ struct RecordField {
   FieldKind kind = FieldKind::Text;
   int column = -1;                            // of the list
   int width = 0;                              // of the stored column, in letters; 0 sets no limit
-  std::function<void(QComboBox*)> fill = {};  // the entries of a Choice
+  std::function<void(QComboBox*)> fill = {};  // the entries of a list
+  bool beside = false;                        // in the line of the field before it
+  const char* labelName = "";                 // where others look for the label
 };
 
 /// The fields of a record by the names of their controls.

@@ -67,6 +67,7 @@ QBoxLayout* RecordListScreen::ListColumn() {
   if (!list_.hint.isEmpty())
     column->addWidget(MakeParagraph("lblHint", list_.hint, LabelRole::Hint));
   grid_->setMinimumHeight(104);
+  listColumn_ = column;
   return column;
 }
 

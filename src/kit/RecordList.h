@@ -44,6 +44,7 @@ struct RecordList {
   QString hint = {};           // below the list
   QString emptyWhat = QObject::tr("This list is empty.");
   QString emptyNext = QObject::tr("Fill in the fields and add the first record.");
+  Tables shows = {};                // whose rows are listed
   std::vector<GridColumn> columns;  // the first HiddenId is the key of the record
   std::vector<RecordField> fields = {};
 
@@ -74,6 +75,7 @@ class RecordListScreen : public Screen {
   RecordListScreen(RecordList list, const ScreenTools& tools, const Outside& world);
 
   void Reload() override;
+  Tables Shows() const override { return list_.shows; }
   bool MayClose() override;
 
  signals:
@@ -86,6 +88,10 @@ class RecordListScreen : public Screen {
   void ShowOthers();
   /// A further command, in the line below everything.
   void AddCommand(QPushButton* command);
+  /// Something that belongs to the chosen record, below the list.
+  void AddBelowList(QWidget* widget) { listColumn_->addWidget(widget, 1); }
+  std::optional<qint64> ChosenKey() const;
+  Grid* List() const { return grid_; }
   const RecordFields& Fields() const { return fields_; }
   const Outside& World() const { return world_; }
 
@@ -99,7 +105,6 @@ class RecordListScreen : public Screen {
   void ConnectControls();
 
   void ShowChosen();
-  std::optional<qint64> ChosenKey() const;
   bool MayRun(const RecordCommand& command, bool needsRecord);
   bool MayStore(const std::optional<Refusal>& refusal);
   void Insert();
@@ -117,6 +122,7 @@ class RecordListScreen : public Screen {
   RecordFields fields_;
   FormState state_;
   QBoxLayout* commands_;
+  QBoxLayout* listColumn_;
   Grid* grid_;
   QLineEdit* txtFilter;
   QPushButton* cmdInsert = nullptr;

@@ -4,7 +4,6 @@
 
 #include <QCheckBox>
 #include <QKeyEvent>
-#include <QScrollBar>
 
 namespace quillary {
 
@@ -49,9 +48,9 @@ std::vector<qint64> RowTicks::AllTickedKeys() const {
 }
 
 void RowTicks::TickAll(bool on) {
-  std::set<int> shown;
+  std::vector<int> shown;
   for (int row = 0; row < static_cast<int>(grid_->Rows().size()); ++row)
-    if (IsShown(row)) shown.insert(row);
+    if (IsShown(row)) shown.push_back(row);
   Write(shown, on);
 }
 
@@ -59,19 +58,8 @@ void RowTicks::Toggle(int row) {
   Write({row}, !IsTicked(row));
 }
 
-void RowTicks::Write(const std::set<int>& rows, bool on) {
-  const int scrolled = grid_->verticalScrollBar()->value();
-  const auto selected = grid_->SelectedRow();
-  const qint64 key = selected ? grid_->Key(*selected) : 0;
-  std::vector<GridRow> changed = grid_->Rows();
-  for (const int row : rows)
-    changed[static_cast<size_t>(row)].cells[static_cast<size_t>(column_)] = Value(on);
-  {
-    const QSignalBlocker quiet(grid_);  // the same rows stay selected
-    grid_->SetRows(std::move(changed));
-    if (selected) grid_->SelectKey(key);
-  }
-  grid_->verticalScrollBar()->setValue(scrolled);
+void RowTicks::Write(const std::vector<int>& rows, bool on) {
+  grid_->SetCells(rows, column_, Value(on));
   ShowAll();
   emit ticksChanged();
 }

@@ -4,7 +4,6 @@
 
 #include <QObject>
 
-#include <set>
 #include <vector>
 
 class QCheckBox;
@@ -52,7 +51,7 @@ class RowTicks : public QObject {
   bool IsTicked(int row) const;
   bool IsShown(int row) const;
   /// Writes ticks into rows and shows them where they were.
-  void Write(const std::set<int>& rows, bool on);
+  void Write(const std::vector<int>& rows, bool on);
   void ShowAll();
 
   Grid* grid_;

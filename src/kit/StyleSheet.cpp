@@ -111,6 +111,7 @@ QProgressBar::chunk { background: @accent; border-radius: 4px; }
 QFrame[role="card"] { background: @surface; border: 1px solid @line; border-radius: 8px; }
 QLabel[role="title"] { font-size: 19px; font-weight: 700; }
 QLabel[role="figure"] { font-size: 17px; font-weight: 700; }
+QLabel[tone="accent"] { color: @accent; }
 QLabel[role="muted"] { color: @muted; }
 QLabel[role="hint"] { color: @muted; font-size: 12px; }
 QLabel[role="warning"] { color: @warning; }

@@ -16,6 +16,14 @@ std::vector<Choice<Row>> ChoicesOf(Business& business, const Sql& statement) {
   return choices;
 }
 
+// By name.
+std::vector<Choice<Account>> AccountChoicesOf(Business& business, AccountType type) {
+  return ChoicesOf<Account>(business, Sql("SELECT GL_Account_ID, GL_Account_Name "
+                                          "FROM General_Ledger_Accounts WHERE GL_Account_Type = {} "
+                                          "ORDER BY GL_Account_Name; ",
+                                          type));
+}
+
 }  // namespace
 
 std::vector<Choice<Client>> ChoicesOfClients(const Recordset& clients) {
@@ -49,10 +57,11 @@ std::vector<Choice<Employee>> ListEmployeesByName(Business& business) {
 }
 
 std::vector<Choice<Account>> ListRevenueAccountChoices(Business& business) {
-  return ChoicesOf<Account>(business, Sql("SELECT GL_Account_ID, GL_Account_Name "
-                                          "FROM General_Ledger_Accounts WHERE GL_Account_Type = {} "
-                                          "ORDER BY GL_Account_Name; ",
-                                          AccountType::Revenue));
+  return AccountChoicesOf(business, AccountType::Revenue);
+}
+
+std::vector<Choice<Account>> ListExpenseAccountChoices(Business& business) {
+  return AccountChoicesOf(business, AccountType::Expense);
 }
 
 }  // namespace quillary::lists

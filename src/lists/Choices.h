@@ -32,5 +32,7 @@ std::vector<Choice<Employee>> ListEmployeeChoices(Business& business);
 std::vector<Choice<Employee>> ListEmployeesByName(Business& business);
 /// The ledger accounts that revenue can go to.
 std::vector<Choice<Account>> ListRevenueAccountChoices(Business& business);
+/// The ledger accounts that expenses go to.
+std::vector<Choice<Account>> ListExpenseAccountChoices(Business& business);
 
 }  // namespace quillary::lists

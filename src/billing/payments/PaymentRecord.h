@@ -11,7 +11,7 @@
 #include <vector>
 
 /// One payment: money received from the client who is billed. It stands by itself; which jobs it
-/// covers is told in PaymentJobs.h, which revenue it is booked to in RevenueLines.h.
+/// covers is told in PaymentJobs.h, which revenue it is booked to in billing/LedgerLines.h.
 namespace quillary::billing {
 
 /// How a client is used to paying.

@@ -9,17 +9,15 @@
 #include "kit/CurrencyField.h"
 #include "kit/DateField.h"
 #include "kit/Grid.h"
+#include "kit/SplitLines.h"
 
 #include <QCheckBox>
-#include <QKeyEvent>
 #include <QPlainTextEdit>
 
 /// What the payment screen shows and stores.
 namespace quillary::billing {
 
 namespace {
-
-enum LineColumn { kLineAccount, kLineEntry, kLineAmount, kLineTax };
 
 /// Picks the entry of those words, whatever their case; words that the list lacks stay to be seen.
 void ShowWords(ComboSearch* combo, const QString& words) {
@@ -42,7 +40,6 @@ frmPayments::frmPayments(Business& business, const ScreenTools& tools,
   state_.Watch({cmbClient, dtpPaymentDate, txtAmount, txtGST, chkTaxExempt, cmbPaymentMethod,
                 txtChequeNumber, cmbBank, txtBankBranch, txtBankAccountName, txtNotes,
                 chkMarkInvoiceAsPaid});
-  line_.Watch({cmbRevenueAccount, txtAccountAmount, txtAccountGST});
   ConnectFields();
   ConnectCommands();
   tools_.runner.Run(objectName(), QStringLiteral("ShowPayment"), [this] {
@@ -57,7 +54,7 @@ void frmPayments::FillLists() {
   FillCombo(cmbClient, ListPayerChoices(business_, form_.IsNew() ? std::nullopt : form_.clientId));
   FillMethods();
   FillComboWithWords(cmbBank, ListBankNames(business_));
-  FillCombo(cmbRevenueAccount, lists::ListRevenueAccountChoices(business_));
+  lines_->FillAccounts(lists::ListRevenueAccountChoices(business_));
 }
 
 void frmPayments::FillMethods() {
@@ -111,11 +108,6 @@ void frmPayments::ShowTax() {
   txtGST->SetAmount(TaxWithin(business_, txtAmount->Amount(), chkTaxExempt->isChecked()));
 }
 
-void frmPayments::ShowLineTax() {
-  txtAccountGST->SetAmount(
-      TaxWithin(business_, txtAccountAmount->Amount(), chkTaxExempt->isChecked()));
-}
-
 void frmPayments::ShowJobs() {
   const PaidServices services =
       form_.paymentId ? LoadPaidServices(business_, *form_.paymentId) : PaidServices();
@@ -138,24 +130,12 @@ void frmPayments::ShowMissing() {
 }
 
 void frmPayments::LoadAccounts() {
-  lines_ = form_.paymentId ? quillary::billing::LoadAccounts(business_, *form_.paymentId)
-                           : RevenueLines();
-  std::vector<GridRow> rows;
-  for (const RevenueLine& line : lines_.rows)
-    rows.push_back({{line.accountName, line.glEntryId, line.amount, line.gst}});
-  grdRevAccounts->SetRows(std::move(rows));
-  lblAccountTotals->setText(lines_.TotalWords());
-  ShowPickedLine();
-}
-
-void frmPayments::ShowPickedLine() {
-  const auto row = grdRevAccounts->SelectedRow();
-  const RevenueLine* line = row ? &lines_.rows[static_cast<size_t>(*row)] : nullptr;
-  SelectComboItem(cmbRevenueAccount,
-                  line && line->glAccountId ? QVariant(line->glAccountId->Number()) : QVariant());
-  txtAccountAmount->SetAmount(line ? line->amount : Money());
-  txtAccountGST->SetAmount(line ? line->gst : Money());
-  line_.ClearDataChanged();
+  std::vector<SplitLine> lines;
+  if (form_.paymentId)
+    for (const LedgerLine& line : quillary::billing::LoadAccounts(business_, *form_.paymentId).rows)
+      lines.push_back(
+          {line.glEntryId.Number(), line.accountName, line.glAccountId, line.amount, line.gst});
+  lines_->Show(std::move(lines));
 }
 
 PaymentForm frmPayments::Typed() const {
@@ -176,7 +156,7 @@ PaymentForm frmPayments::Typed() const {
 }
 
 bool frmPayments::IsDataChanged() const {
-  return exists_ && (jobsChanged_ || state_.IsDataChanged() || line_.IsDataChanged());
+  return exists_ && (jobsChanged_ || state_.IsDataChanged() || lines_->IsDataChanged());
 }
 
 bool frmPayments::SavePaymentDetails() {
@@ -223,25 +203,25 @@ void frmPayments::OpenPickedJob() {
   ShowJobs();
 }
 
-void frmPayments::StoreLine(SaveRevenueLine as) {
-  RevenueLineForm line{.glAccountId = ComboId<Account>(cmbRevenueAccount),
-                       .amount = txtAccountAmount->Amount(),
-                       .gst = txtAccountGST->Amount()};
-  line.glEntryId = grdRevAccounts->SelectedId<LedgerEntry>();
-  if (!IsAccepted(CheckRevenueAccount(line))) return;
+void frmPayments::StoreLine(SaveLedgerLine as) {
+  const LedgerLineForm line{.glEntryId = IdFrom<LedgerEntry>(lines_->PickedKey()),
+                            .glAccountId = lines_->TypedAccount(),
+                            .amount = lines_->TypedAmount(),
+                            .gst = lines_->TypedTax()};
+  if (!IsAccepted(CheckRevenueAccount(business_, line))) return;
   if (form_.IsNew() && !SavePaymentDetails()) {
     business_.World().prompter.Tell(Tone::Exclamation, QString::fromLatin1(kPaymentNotSaved));
     return;
   }
   if (!IsAccepted(SaveAccount(business_, *form_.paymentId, line, as))) return;
   LoadAccounts();
-  cmbRevenueAccount->setFocus();
+  lines_->FocusAccount();
 }
 
 void frmPayments::RemoveLine() {
-  if (!IsAccepted(RemoveAccount(business_, grdRevAccounts->SelectedId<LedgerEntry>()))) return;
+  if (!IsAccepted(RemoveAccount(business_, IdFrom<LedgerEntry>(lines_->PickedKey())))) return;
   LoadAccounts();
-  grdRevAccounts->setFocus();
+  lines_->FocusList();
 }
 
 void frmPayments::ConnectFields() {
@@ -250,13 +230,10 @@ void frmPayments::ConnectFields() {
   });
   connect(txtAmount, &CurrencyField::amountChosen, this, &frmPayments::ShowTax);
   connect(chkTaxExempt, &QCheckBox::clicked, this, &frmPayments::ShowTax);
-  connect(txtAccountAmount, &CurrencyField::amountChosen, this, &frmPayments::ShowLineTax);
+  lines_->TakeTaxFrom(
+      [this](Money amount) { return TaxWithin(business_, amount, chkTaxExempt->isChecked()); });
   connect(cmbPaymentMethod, &QComboBox::currentTextChanged, this,
           [this](const QString& word) { fraCheque->setVisible(IsPaidByCheque(word)); });
-  for (QWidget* field :
-       {static_cast<QWidget*>(txtAccountAmount), static_cast<QWidget*>(txtAccountGST),
-        static_cast<QWidget*>(cmbRevenueAccount)})
-    field->installEventFilter(this);
 }
 
 void frmPayments::ConnectCommands() {
@@ -270,9 +247,9 @@ void frmPayments::ConnectCommands() {
     ShowMethod(word);
   });
   on(cmdChangeJobsPaidFor, [this] { ChangeJobsPaidFor(); });
-  on(cmdAddRevenueAccount, [this] { StoreLine(SaveRevenueLine::AsNew); });
-  on(cmdUpdateRevenueAccount, [this] { StoreLine(SaveRevenueLine::Picked); });
-  on(cmdRemoveRevenueAccount, [this] { RemoveLine(); });
+  lines_->RunCommands(tools_.runner, objectName(),
+                      {[this] { StoreLine(SaveLedgerLine::AsNew); },
+                       [this] { StoreLine(SaveLedgerLine::Picked); }, [this] { RemoveLine(); }});
   on(cmdSaveOnly, [this] {
     if (SavePaymentDetails()) Close(Accepted);
   });
@@ -281,21 +258,10 @@ void frmPayments::ConnectCommands() {
     if (SavePaymentDetails() && HasItsJobs() && MayLeave()) Close(Accepted);
   });
   connect(cmdCancel, &QPushButton::clicked, this, &Dialog::reject);
-  connect(grdRevAccounts, &Grid::selectedRowChanged, this, &frmPayments::ShowPickedLine);
   connect(grdJobsPaidFor, &Grid::rowOpened, this, [this] {
     tools_.runner.Run(objectName(), QStringLiteral("grdJobsPaidFor_DblClick"),
                       [this] { OpenPickedJob(); });
   });
-}
-
-bool frmPayments::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() != QEvent::KeyPress) return Dialog::eventFilter(watched, event);
-  const int key = static_cast<QKeyEvent*>(event)->key();
-  if (key != Qt::Key_Return && key != Qt::Key_Enter) return Dialog::eventFilter(watched, event);
-  // Enter stores the line that is being typed; it must not save and close over it.
-  grdRevAccounts->setFocus();
-  (grdRevAccounts->SelectedRow() ? cmdUpdateRevenueAccount : cmdAddRevenueAccount)->click();
-  return true;
 }
 
 }  // namespace quillary::billing

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "billing/LedgerLines.h"
 #include "billing/payments/PaymentJobs.h"
-#include "billing/payments/RevenueLines.h"
 #include "kit/Dialog.h"
 #include "kit/Screen.h"
 
@@ -17,6 +17,7 @@ class ComboSearch;
 class CurrencyField;
 class DateField;
 class Grid;
+class SplitLines;
 }  // namespace quillary
 
 namespace quillary::billing {
@@ -36,13 +37,11 @@ class frmPayments : public Dialog {
 
  protected:
   bool IsDataChanged() const override;
-  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   void MakeControls();
   void MakeChequeControls();
   void MakeJobControls();
-  void MakeLineControls();
   void MakeCommands();
   void LayOut();
   QLayout* Caption();
@@ -51,7 +50,6 @@ class frmPayments : public Dialog {
   QWidget* ChequeFrame();
   QLayout* CoverColumn();
   QWidget* JobsFrame();
-  QLayout* LinesPart();
   QLayout* TaxLine();
   void ConnectFields();
   void ConnectCommands();
@@ -64,25 +62,21 @@ class frmPayments : public Dialog {
   void ShowBank(const QString& name);
   void TakeHabits();
   void ShowTax();
-  void ShowLineTax();
   void ShowJobs();
   void ShowMissing();
   void LoadAccounts();
-  void ShowPickedLine();
   PaymentForm Typed() const;
   bool SavePaymentDetails();
   /// Whether the payment may go without jobs; tells and opens the allocation when it may not.
   bool HasItsJobs();
   void ChangeJobsPaidFor();
   void OpenPickedJob();
-  void StoreLine(SaveRevenueLine as);
+  void StoreLine(SaveLedgerLine as);
   void RemoveLine();
 
   Business& business_;
   ScreenTools tools_;
   PaymentForm form_;
-  RevenueLines lines_;
-  FormState line_;
   bool exists_;
   bool jobsChanged_ = false;
   bool saved_ = false;
@@ -108,14 +102,7 @@ class frmPayments : public Dialog {
   QLabel* txtTotal;
   QPushButton* cmdChangeJobsPaidFor;
   QCheckBox* chkMarkInvoiceAsPaid;
-  Grid* grdRevAccounts;
-  QLabel* lblAccountTotals;
-  ComboSearch* cmbRevenueAccount;
-  CurrencyField* txtAccountAmount;
-  CurrencyField* txtAccountGST;
-  QPushButton* cmdRemoveRevenueAccount;
-  QPushButton* cmdUpdateRevenueAccount;
-  QPushButton* cmdAddRevenueAccount;
+  SplitLines* lines_;
   QPushButton* cmdCancel;
   QPushButton* cmdSaveOnly;
   QPushButton* cmdSave;

@@ -6,6 +6,7 @@
 #include "kit/Form.h"
 #include "kit/Grid.h"
 #include "kit/Layouts.h"
+#include "kit/SplitLines.h"
 
 #include <QCheckBox>
 #include <QGroupBox>
@@ -58,7 +59,13 @@ void frmPayments::MakeControls() {
                                "chkMarkInvoiceAsPaid", tr("Mark invoices of the jobs as paid"));
   MakeChequeControls();
   MakeJobControls();
-  MakeLineControls();
+  lines_ = new SplitLines({.word = QStringLiteral("Revenue"),
+                           .gridName = "grdRevAccounts",
+                           .title = tr("Booked to r&evenue accounts"),
+                           .accountLabel = tr("Account &for revenue"),
+                           .emptyWhat = tr("Not split over accounts."),
+                           .emptyNext = tr("Choose an account and an amount, and add it."),
+                           .taxName = business_.values.taxName});
   MakeCommands();
 }
 
@@ -85,26 +92,6 @@ void frmPayments::MakeJobControls() {
   txtTotal = MakeLabel("txtTotal", {}, LabelRole::Figure);
   cmdChangeJobsPaidFor =
       MakeButton("cmdChangeJobsPaidFor", QStringLiteral("Attach jobs being &paid for?"));
-}
-
-void frmPayments::MakeLineControls() {
-  grdRevAccounts = new Grid(QStringLiteral("grdRevAccounts"));
-  grdRevAccounts->SetColumns(
-      {{tr("Revenue account"), ColumnKind::StrongText, 240},
-       {{}, ColumnKind::HiddenId},
-       {tr("Amount"), ColumnKind::Money, 104},
-       {business_.values.taxName + QStringLiteral(" inc."), ColumnKind::Money, 88}});
-  grdRevAccounts->SetEmptyText(tr("Not split over accounts."),
-                               tr("Choose an account and an amount, and add it."));
-  TakeTheRest(grdRevAccounts, 96);
-  lblAccountTotals = MakeLabel("lblAccountTotals", {}, LabelRole::Figure);
-  cmbRevenueAccount = ForField("revenueAccount", Named(new ComboSearch, "cmbRevenueAccount"));
-  txtAccountAmount = Named(new CurrencyField, "txtAccountAmount");
-  txtAccountGST = Named(new CurrencyField, "txtAccountGST");
-  cmdRemoveRevenueAccount =
-      MakeButton("cmdRemoveRevenueAccount", tr("Remo&ve"), ButtonKind::Danger);
-  cmdUpdateRevenueAccount = MakeButton("cmdUpdateRevenueAccount", tr("Appl&y to selected"));
-  cmdAddRevenueAccount = MakeButton("cmdAddRevenueAccount", tr("A&dd"));
 }
 
 void frmPayments::MakeCommands() {
@@ -207,35 +194,11 @@ QWidget* frmPayments::JobsFrame() {
   return fraJobsBeingPaidFor;
 }
 
-QLayout* frmPayments::LinesPart() {
-  auto* head = new QHBoxLayout;
-  head->setSpacing(8);
-  head->addWidget(MakeLabelFor(grdRevAccounts, tr("Booked to r&evenue accounts")));
-  head->addStretch(1);
-  head->addWidget(lblAccountTotals);
-  auto* commands = new QHBoxLayout;
-  commands->setSpacing(8);
-  commands->addWidget(cmdRemoveRevenueAccount);
-  commands->addStretch(1);
-  commands->addWidget(cmdUpdateRevenueAccount);
-  commands->addWidget(cmdAddRevenueAccount);
-  auto* column = new QVBoxLayout;
-  column->setSpacing(8);
-  column->addLayout(head);
-  column->addWidget(grdRevAccounts, 1);
-  column->addLayout(InLine(
-      {{LabelOver(cmbRevenueAccount, tr("Account &for revenue")), 2},
-       {LabelOver(txtAccountAmount, tr("&Line amount")), 1},
-       {LabelOver(txtAccountGST, tr("%1 inc. (&within)").arg(business_.values.taxName)), 1}}));
-  column->addLayout(commands);
-  return column;
-}
-
 QLayout* frmPayments::CoverColumn() {
   auto* column = new QVBoxLayout;
   column->setSpacing(16);
   column->addWidget(JobsFrame(), 3);
-  column->addLayout(LinesPart(), 2);
+  column->addWidget(lines_, 2);
   return column;
 }
 

@@ -1,38 +1,11 @@
 #include "lists/screens/frmPaymentMethods.h"
 
+#include "kit/ScreenDialog.h"
 #include "lists/PaymentMethods.h"
 
 #include <QApplication>
-#include <QDialog>
-#include <QVBoxLayout>
 
 namespace quillary::lists {
-
-namespace {
-
-/// A tab behind a dialog could not be reached, so the list comes in front of it.
-class ListInDialog : public QDialog {
- public:
-  explicit ListInDialog(Screen* list) : QDialog(QApplication::activeModalWidget()), list_(list) {
-    setObjectName(list->objectName() + QStringLiteral("Dialog"));
-    setWindowTitle(list->windowTitle());
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->addWidget(list);
-    resize(720, 480);
-    connect(list, &Screen::closeRequested, this, &ListInDialog::reject);
-    list->Reload();
-    list->setFocus();
-  }
-  void reject() override {
-    if (list_->MayClose()) QDialog::reject();
-  }
-
- private:
-  Screen* list_;
-};
-
-}  // namespace
 
 RecordList PaymentMethodsList(Business& business) {
   return {
@@ -76,7 +49,7 @@ void OpenPaymentMethodsList(Business& business, const ScreenTools& tools) {
     return new RecordListScreen(PaymentMethodsList(business), tools, business.World());
   };
   if (QApplication::activeModalWidget()) {
-    ListInDialog(make()).exec();
+    ScreenDialog(make()).exec();
     return;
   }
   Screen* screen = tools.host.BringToFront(QStringLiteral("frmPaymentMethods"));

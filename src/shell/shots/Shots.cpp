@@ -79,8 +79,9 @@ void Shots::Run(const QString& only) {
       {"lists", &Shots::ScheduleLists}, {"schedule", &Shots::ScheduleDialogs},
       {"invoices", &Shots::Invoices},   {"payments", &Shots::Payments},
       {"documents", &Shots::Documents}, {"reports", &Shots::Reports},
-      {"setup", &Shots::SetupDialogs},  {"menus", &Shots::Menus},
-      {"dialogs", &Shots::Dialogs},     {"boxes", &Shots::Boxes},
+      {"accounts", &Shots::Accounts},   {"setup", &Shots::SetupDialogs},
+      {"menus", &Shots::Menus},         {"dialogs", &Shots::Dialogs},
+      {"boxes", &Shots::Boxes},
   };
   for (const auto& [name, shoot] : groups)
     if (only.isEmpty() || only == QLatin1StringView(name)) (this->*shoot)();

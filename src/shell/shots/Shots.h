@@ -33,6 +33,8 @@ class Shots {
   void InvoiceDialogs();
   void Payments();
   void PaymentDialogs();
+  void Accounts();
+  void PurchaseDialogs();
   void Documents();
   void Reports();
   /// The dialog that `open` opens, a picture for each of its pages.
