@@ -100,6 +100,8 @@ std::vector<Command> ClientCommands();
 std::vector<Command> BalanceCommands();
 std::vector<Command> InvoiceCommands();
 std::vector<Command> PaymentCommands();
+std::vector<Command> PurchaseCommands();
+std::vector<Command> BankingCommands();
 std::vector<Command> DocumentCommands();
 std::vector<Command> ReportCommands();
 std::vector<Command> RepairCommands();

@@ -18,8 +18,8 @@ const std::vector<Command>& AllCommands() {
     for (const auto& group :
          {FileCommands(), StatementCommands(), ScheduleCommands(), DiaryCommands(),
           ClientCommands(), BalanceCommands(), InvoiceCommands(), PaymentCommands(),
-          DocumentCommands(), ReportCommands(), RepairCommands(), BackupCommands(),
-          SettingsCommands()}) {
+          PurchaseCommands(), BankingCommands(), DocumentCommands(), ReportCommands(),
+          RepairCommands(), BackupCommands(), SettingsCommands()}) {
       all.insert(all.end(), group.begin(), group.end());
     }
     return all;

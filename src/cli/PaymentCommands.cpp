@@ -4,6 +4,7 @@
 #include "billing/payments/PaymentJobs.h"
 #include "billing/payments/PaymentsList.h"
 #include "cli/Command.h"
+#include "cli/LedgerLineOptions.h"
 #include "cli/Printing.h"
 #include "cli/WorkingBusiness.h"
 #include "diary/DiaryDay.h"
@@ -14,29 +15,10 @@
 namespace quillary::cli {
 namespace {
 
-Money AmountOf(const QString& text) {
-  const auto amount = Money::Parse(text);
-  if (!amount) throw WrongUsage(QStringLiteral("\"%1\" is no amount").arg(text));
-  if (*amount != amount->Rounded(2))
-    throw WrongUsage(QStringLiteral("\"%1\" is no amount in whole cents").arg(text));
-  return *amount;
-}
-
 Id<Client> ClientOf(const Arguments& arguments) {
   const auto client = arguments.Key<Client>("client");
   if (!client) throw WrongUsage(QStringLiteral("--client is missing"));
   return *client;
-}
-
-std::vector<billing::LedgerLineForm> LinesOf(const Arguments& arguments) {
-  std::vector<billing::LedgerLineForm> lines;
-  for (const QString& word : arguments.All("revenue")) {
-    if (!word.contains(u'='))
-      throw WrongUsage(QStringLiteral("--revenue takes ACCOUNT_ID=AMOUNT, not \"%1\"").arg(word));
-    lines.push_back({.glAccountId = ParseId<Account>(word.section(u'=', 0, 0)),
-                     .amount = AmountOf(word.section(u'=', 1))});
-  }
-  return lines;
 }
 
 /// The screen offers only the jobs of those who are billed to the payer, and only revenue accounts.
@@ -78,10 +60,9 @@ void StoreLines(Business& business, billing::PaymentForm& form,
 }
 
 void RunPay(const Call& call) {
-  if (!call.arguments.Has("amount")) throw WrongUsage(QStringLiteral("--amount is missing"));
-  const Money amount = AmountOf(call.arguments.options.value(QStringLiteral("amount")));
+  const Money amount = AmountOf(call.arguments, "amount");
   const auto jobs = ParseIds<Entry>(call.arguments.All("job"));
-  const std::vector<billing::LedgerLineForm> lines = LinesOf(call.arguments);
+  const std::vector<billing::LedgerLineForm> lines = LedgerLinesOf(call.arguments, "revenue");
   const auto business = OpenCurrentBusiness(call);
   Transaction all(*business);
   billing::PaymentForm form = AskedFor(*business, call.arguments, amount, jobs);
