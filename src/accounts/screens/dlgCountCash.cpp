@@ -43,6 +43,7 @@ dlgCountCash::dlgCountCash(Prompter& prompter)
   column->addStretch(1);
   column->addLayout(total);
   SetContent(column);
+  SetRoom({384, 528});
   QPushButton* cmdCancel = MakeButton("cmdCancel", tr("&Cancel"));
   QPushButton* cmdOK = MakeButton("cmdOK", tr("&Use this amount"), ButtonKind::Main);
   AddActions({cmdCancel, cmdOK});

@@ -65,10 +65,10 @@ void frmBanking::MakeSaveControls() {
 void frmBanking::MakeDepositControls() {
   grdBanking = new Grid(QStringLiteral("grdBanking"));
   grdBanking->setAccessibleName(tr("Previous deposits"));
-  grdBanking->SetColumns({{tr("Date"), ColumnKind::Date, 104},
+  grdBanking->SetColumns({{tr("Date"), ColumnKind::Date, 96},
                           {{}, ColumnKind::HiddenId},
-                          {tr("Cash"), ColumnKind::Money, 96},
-                          {tr("Total"), ColumnKind::Money, 104}});
+                          {tr("Cash"), ColumnKind::Money, 80},
+                          {tr("Total"), ColumnKind::Money, 88}});
   grdBanking->SetEmptyText(tr("Nothing was banked yet."), tr("A saved deposit is listed here."));
   grdBanking->setMinimumHeight(120);
   cmdLoad = MakeButton("cmdLoad", tr("Load"));
