@@ -128,9 +128,7 @@ std::vector<PreviousPurchase> ListPurchasesOf(Business& business, Id<Supplier> s
 QString SupplierRegistrationLabel(Business& business) {
   const auto country =
       business.FirstField(Sql("SELECT Country_ID FROM infPersonalDetails")).ToId<Country>();
-  QString label =
-      GetCountryTaxNames(business, country ? std::optional(country->Number()) : std::nullopt)
-          .registrationName.trimmed();
+  QString label = GetCountryTaxNames(business, country).registrationName.trimmed();
   if (label.endsWith(u':')) label.chop(1);
   return label.isEmpty() ? QStringLiteral("ABN") : label;
 }

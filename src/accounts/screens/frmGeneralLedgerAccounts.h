@@ -22,6 +22,7 @@ class frmGeneralLedgerAccounts : public Screen {
   frmGeneralLedgerAccounts(Business& business, const ScreenTools& tools);
 
   void Reload() override;
+  Tables Shows() const override { return {"General_Ledger_Accounts"}; }
 
  private:
   PageTabs* pages_;
