@@ -27,8 +27,8 @@ SplitLines::SplitLines(const SplitWords& words) {
   connect(grid_, &Grid::selectedRowChanged, this, &SplitLines::ShowPickedLine);
   connect(txtAccountAmount, &CurrencyField::amountChosen, this, &SplitLines::ShowTax);
   connect(cmdTakeTheRest, &QPushButton::clicked, this, &SplitLines::TakeTheRest);
-  for (QLineEdit* field : {static_cast<QLineEdit*>(txtAccountAmount),
-                           static_cast<QLineEdit*>(txtAccountGST), account_->lineEdit()})
+  for (QWidget* field : {static_cast<QWidget*>(txtAccountAmount),
+                         static_cast<QWidget*>(txtAccountGST), static_cast<QWidget*>(account_)})
     field->installEventFilter(this);
 }
 
