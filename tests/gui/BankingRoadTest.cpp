@@ -45,7 +45,7 @@ TEST_F(BankingRoadTest, CashIsBankedOnASlip) {
   EXPECT_EQ(Find<QLabel>(banking, "lblCashReceived")->text(), "$55.00");
   auto* cash = Find<Grid>(banking, "grdCash");
   cash->SelectFirst();
-  cash->setFocus();
+  EnterField(cash);
   PressKey(Qt::Key_Space);
   auto* account = Find<QComboBox>(banking, "cmbBankAccount");
   account->setCurrentIndex(account->findText("Road account"));
@@ -83,7 +83,7 @@ TEST_F(BankingRoadTest, APurchaseByChequeIsClearedAndTakenBack) {
   ASSERT_EQ(grid->Rows().size(), 1U);
   EXPECT_EQ(grid->Rows()[0].cells[2].value.ToText(), "1044");
   grid->SelectFirst();
-  grid->setFocus();
+  EnterField(grid);
   PressKey(Qt::Key_Space);
   PressAlt(cheques, Qt::Key_L);
   EXPECT_EQ(grid->Rows().size(), 0U);

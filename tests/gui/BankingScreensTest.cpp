@@ -5,6 +5,7 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QSpinBox>
 #include <QTabWidget>
 #include <QTimer>
 
@@ -35,7 +36,7 @@ class BankingScreensTest : public ScreenFixture {
   }
   static void Tick(Grid* grid, int row) {
     grid->selectRow(row);
-    grid->setFocus();
+    EnterField(grid);
     PressKey(Qt::Key_Space);
   }
 };
@@ -110,7 +111,7 @@ TEST_F(BankingScreensTest, NotesAndCoinsFillTheAmount) {
   QTimer::singleShot(0, qApp, [] {
     auto* count = qobject_cast<Dialog*>(QApplication::activeModalWidget());
     ASSERT_NE(count, nullptr);
-    EXPECT_TRUE(QTest::qWaitForWindowActive(count));
+    EnterField(Find<QSpinBox>(count, "spnCount10000"));
     TypeKeys("2");
     PressKey(Qt::Key_Tab);
     TypeKeys("1");
@@ -184,7 +185,7 @@ TEST_F(BankingScreensTest, ASupplierIsPickedFromItsList) {
       QWidget* list = QApplication::activeModalWidget();
       auto* grid = Find<Grid>(list, "grdSuppliers");
       grid->SelectFirst();
-      grid->setFocus();
+      EnterField(grid);
       PressKey(Qt::Key_Return);
     });
     ClickOn(&purchase, "cmdShowSuppliers");

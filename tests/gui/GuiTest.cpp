@@ -50,7 +50,7 @@ void Click(QWidget* control) {
 }
 
 void ClickOn(const QObject* in, const char* name) {
-  Click(Find<QPushButton>(in, name));
+  Click(Find<QAbstractButton>(in, name));
 }
 
 void PressAlt(QWidget* screen, Qt::Key letter) {
