@@ -1,5 +1,7 @@
 #include "balances/Debtors.h"
 
+#include <unordered_map>
+
 namespace quillary::balances {
 namespace {
 
@@ -25,6 +27,15 @@ std::vector<DebtorRow> ListByBalance(Business& business, const Sql& balance, Deb
 
 std::vector<DebtorRow> ListDebtors(Business& business, DebtorFilter filter) {
   return ListByBalance(business, Sql("Account_Balance < 0"), filter);
+}
+
+std::vector<DebtorRow> ListDebtors(Business& business, DebtorFilter filter, DebtAge age) {
+  std::unordered_map<Id<Client>, Money> parts;
+  for (const AgedDebt& debt : AgeDebts(business)) parts.emplace(debt.payer, debt.Of(age));
+  std::vector<DebtorRow> debtors = ListDebtors(business, filter);
+  for (DebtorRow& debtor : debtors) debtor.amountOwing = parts[debtor.client];
+  std::erase_if(debtors, [](const DebtorRow& debtor) { return debtor.amountOwing == Money(); });
+  return debtors;
 }
 
 std::vector<DebtorRow> ListCreditors(Business& business, DebtorFilter filter) {

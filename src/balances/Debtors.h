@@ -1,5 +1,6 @@
 #pragma once
 
+#include "balances/DebtAges.h"
 #include "base/Money.h"
 #include "data/Business.h"
 #include "domain/BillingWords.h"
@@ -27,6 +28,8 @@ enum class DebtorFilter { All, Active };
 
 /// Bill-to parties with a negative balance, by display name.
 std::vector<DebtorRow> ListDebtors(Business& business, DebtorFilter filter);
+/// Those of them who owe something of that age, by display name; `amountOwing` is that part.
+std::vector<DebtorRow> ListDebtors(Business& business, DebtorFilter filter, DebtAge age);
 /// Bill-to parties with a positive balance, by display name.
 std::vector<DebtorRow> ListCreditors(Business& business, DebtorFilter filter);
 

@@ -107,5 +107,6 @@ std::vector<Command> ReportCommands();
 std::vector<Command> RepairCommands();
 std::vector<Command> BackupCommands();
 std::vector<Command> SettingsCommands();
+std::vector<Command> TodayCommands();
 
 }  // namespace quillary::cli

@@ -19,7 +19,7 @@ const std::vector<Command>& AllCommands() {
          {FileCommands(), StatementCommands(), ScheduleCommands(), DiaryCommands(),
           ClientCommands(), BalanceCommands(), InvoiceCommands(), PaymentCommands(),
           PurchaseCommands(), BankingCommands(), DocumentCommands(), ReportCommands(),
-          RepairCommands(), BackupCommands(), SettingsCommands()}) {
+          RepairCommands(), BackupCommands(), SettingsCommands(), TodayCommands()}) {
       all.insert(all.end(), group.begin(), group.end());
     }
     return all;

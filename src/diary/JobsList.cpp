@@ -1,6 +1,7 @@
 #include "diary/JobsList.h"
 
 #include "diary/DiaryCommands.h"
+#include "domain/InvoiceDue.h"
 #include "lists/ListedAddress.h"
 
 #include <QSet>
@@ -11,10 +12,11 @@ namespace quillary::diary {
 namespace {
 
 // The trailing blank of the second stands in the list as it is.
-constexpr std::array kFilterWords = {u"- All Jobs -", u"- Uncancelled Jobs - ", u"Job NOT DONE",
-                                     u"Job DONE", u"Job CANCELLED"};
+constexpr std::array kFilterWords = {u"- All Jobs -",  u"- Uncancelled Jobs - ",
+                                     u"Job NOT DONE",  u"Job DONE",
+                                     u"Job CANCELLED", u"Job DONE, INVOICE IS DUE"};
 
-Sql ConditionOf(JobFilter filter) {
+Sql ConditionOf(JobFilter filter, QDate today) {
   switch (filter) {
     case JobFilter::UncancelledJobs:
       return Sql("Diary.Status <> {}", EntryStatus::JobCancelled);
@@ -24,6 +26,8 @@ Sql ConditionOf(JobFilter filter) {
       return Sql("Diary.Status IN {}", CodesOf(EntryGroup::WorkDone));
     case JobFilter::Cancelled:
       return Sql("Diary.Status = {}", EntryStatus::JobCancelled);
+    case JobFilter::DueForInvoice:
+      return IsDueForInvoice(today);
     case JobFilter::AllJobs:
       break;
   }
@@ -38,17 +42,18 @@ constexpr std::array kNothingSelected = {
     "Please select a job to delete.",
 };
 
-Sql ListStatement(const JobsListQuery& query) {
+Sql ListStatement(const JobsListQuery& query, QDate today) {
   return Sql(
       "SELECT Diary.Diary_ID, Diary.Client_ID, Diary.Sequence, Diary.Schedule_Date, "
       "Clients.Display_Name, Clients.Suburb, Clients.Post_Code, Clients.Street, "
       "Clients.Street_Number, Diary.Description, Diary.Total_Price, Diary.Total_GST, "
       "Diary.Status, Diary.Payment_ID "
-      "FROM (Clients INNER JOIN Diary ON Clients.Client_ID = Diary.Client_ID) "
-      "LEFT JOIN Diary_Services ON Diary.Diary_ID = Diary_Services.Diary_ID "
+      "FROM ((Clients INNER JOIN Diary ON Clients.Client_ID = Diary.Client_ID) "
+      "LEFT JOIN Diary_Services ON Diary.Diary_ID = Diary_Services.Diary_ID) "
+      "LEFT JOIN Clients AS Payers ON Clients.Billing_Client_ID = Payers.Client_ID "
       "WHERE Schedule_Date >= {} AND Schedule_Date <= {} AND {} "
       "ORDER BY Diary.Schedule_Date, Diary.Diary_ID DESC;",
-      query.days.from, EndOfDay(query.days.to), ConditionOf(query.filter));
+      query.days.from, EndOfDay(query.days.to), ConditionOf(query.filter, today));
 }
 
 JobsListRow ListedJob(const Record& record) {
@@ -95,7 +100,7 @@ JobsList LoadJobsList(Business& business, const JobsListQuery& query) {
   JobsList list;
   QSet<Id<Entry>> seen;
   // The join with the lines repeats an entry for each of them.
-  for (const Record record : business.RunSQL(ListStatement(query))) {
+  for (const Record record : business.RunSQL(ListStatement(query, business.Today()))) {
     JobsListRow row = ListedJob(record);
     if (seen.contains(row.entry)) continue;
     seen.insert(row.entry);

@@ -18,7 +18,7 @@
 namespace quillary::diary {
 
 /// In the order of JobFilterWords().
-enum class JobFilter { AllJobs, UncancelledJobs, NotDone, Done, Cancelled };
+enum class JobFilter { AllJobs, UncancelledJobs, NotDone, Done, Cancelled, DueForInvoice };
 QStringList JobFilterWords();
 
 struct JobsListQuery {

@@ -24,6 +24,7 @@ QToolBar { background: @surface; border: none; border-bottom: 1px solid @line; p
   spacing: 4px; }
 QToolButton { border: 1px solid transparent; border-radius: 5px; padding: 5px 9px;
   background: transparent; }
+QToolBar QToolButton { padding: 5px 6px; }
 QToolButton:hover { background: @hover; }
 QToolButton:pressed, QToolButton:checked { background: @current; }
 QToolButton:focus { border-color: @accent; }
@@ -75,6 +76,17 @@ QPushButton[kind="link"] { border-color: transparent; color: @muted; padding: 6p
 QPushButton[kind="link"]:hover { color: @accent; }
 QPushButton[kind="link"]:focus { border-color: @accent; }
 QPushButton[kind="link"]:disabled { color: @faint; }
+QPushButton[kind="go"] { color: @accent; background: transparent; border-color: transparent;
+  border-radius: 4px; padding: 2px 4px; min-height: 0px; }
+QPushButton[kind="go"]:hover { background: @hover; }
+QPushButton[kind="go"]:focus { border-color: @accent; }
+QPushButton[kind="go"]:disabled { color: @faint; }
+QPushButton[kind="go"][begins="true"] { padding-left: 0px; }
+QPushButton[kind="go"][strong="true"] { color: @text; font-weight: 600; }
+QPushButton[kind="go"][tone="muted"] { color: @muted; }
+QPushButton[kind="go"][shape="headline"] { color: @text; font-size: 22px; font-weight: 700;
+  border: none; padding: 0px; text-align: left; }
+QPushButton[kind="go"][shape="headline"]:hover { background: transparent; color: @accent; }
 QPushButton[web="true"] { color: @accent; text-decoration: underline; padding: 2px 4px; }
 QLineEdit, QComboBox, QPlainTextEdit, QTextEdit { background: @surface; color: @text;
   border: 1px solid @line; border-radius: 5px; padding: 5px 9px;
@@ -110,6 +122,8 @@ QProgressBar { background: @strip; border: none; border-radius: 4px; min-height:
 QProgressBar::chunk { background: @accent; border-radius: 4px; }
 QFrame[role="card"] { background: @surface; border: 1px solid @line; border-radius: 8px; }
 QLabel[role="title"] { font-size: 19px; font-weight: 700; }
+QFrame[role="row"] { border: none; border-bottom: 1px solid @softLine; }
+QLabel[role="heading"] { font-weight: 600; }
 QLabel[role="figure"] { font-size: 17px; font-weight: 700; }
 QLabel[tone="accent"] { color: @accent; }
 QLabel[role="muted"] { color: @muted; }

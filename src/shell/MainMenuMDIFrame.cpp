@@ -97,8 +97,9 @@ void MainMenuMDI::RestoreWindow() {
 
 void MainMenuMDI::RestoreTabs() {
   const SettingsStore& store = business_.World().settings;
-  // A first start begins with the day's work.
-  const QString kept = store.Read(kWindow, QStringLiteral("Tabs"), QStringLiteral("frmDiary"));
+  // A first start begins with the day's work in front, and how the business stands beside it.
+  const QString kept =
+      store.Read(kWindow, QStringLiteral("Tabs"), QStringLiteral("frmToday,frmDiary"));
   const QString current = store.Read(kWindow, QStringLiteral("Tab"));
   restoring_ = true;
   for (const QString& screen : kept.split(u',', Qt::SkipEmptyParts)) {

@@ -42,7 +42,8 @@ MainSearch::MainSearch(Business& business, const std::vector<MenuCommand>& comma
   setPlaceholderText(tr("Find a client, job or command Ctrl+K"));
   setAccessibleName(tr("Find a client, job or command"));
   setProperty("kind", QStringLiteral("search"));
-  setFixedWidth(280);
+  setMinimumWidth(180);
+  setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
   completer_->setCompletionMode(QCompleter::UnfilteredPopupCompletion);
   completer_->setMaxVisibleItems(16);
   setCompleter(completer_);

@@ -23,6 +23,9 @@ class MainSearch : public QLineEdit {
   MainSearch(Business& business, const std::vector<MenuCommand>& commands, Navigator& navigator,
              CommandRunner& runner);
 
+  /// Wide, but gives way to the commands beside it.
+  QSize sizeHint() const override { return {280, QLineEdit::sizeHint().height()}; }
+
  protected:
   void focusInEvent(QFocusEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;

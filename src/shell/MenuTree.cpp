@@ -100,6 +100,8 @@ Entries Reports() {
        "Account Of Client Report"},
       {"mnuReportsAccountantPack", "Accountant's pack", Opens<ReportOnAccountantPack>(),
        "Accountant Pack"},
+      Break("mnuReportsBreak4"),
+      {"mnuToday", "Today at a glance", Opens<OpenToday>(), "Today", "frmToday"},
   };
 }
 

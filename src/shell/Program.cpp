@@ -22,6 +22,7 @@
 #include "shell/frmAbout.h"
 #include "shell/frmODBCConnection.h"
 #include "shell/frmSelectDatabaseToAccess.h"
+#include "today/screens/TodayScreens.h"
 
 #include <QFileInfo>
 
@@ -110,6 +111,8 @@ void Program::RegisterScreens(Business& business) {
   accounts::RegisterAccountScreens(business, mainMenu_->Tools());
   documents::RegisterDocumentScreens(business, mainMenu_->Tools());
   reports::RegisterReportScreens(business, mainMenu_->Tools());
+  today::RegisterTodayScreens(business, mainMenu_->Tools(),
+                              {.archive = session::ArchiveUnder(settings_.Folder())});
   navigator_.Register<SetDBVersion>(
       [&business](const SetDBVersion&) { maintenance::SetDatabaseVersion(business); });
   navigator_.Register<OpenAbout>([this](const OpenAbout&) { frmAbout(mainMenu_.get()).exec(); });

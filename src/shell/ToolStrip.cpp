@@ -18,6 +18,7 @@ struct ToolDeclaration {
 };
 
 constexpr ToolDeclaration kTools[] = {
+    {"mnuToday", "Today", "go-home", "frmToday"},
     {"mnuDiary", "Diary", "view-calendar", "frmDiary"},
     {"mnuClientFindClient", "Clients", "view-pim-contacts", "frmClientList,frmClients"},
     {"mnuClientsAddClient", "Add client", "list-add", ""},

@@ -70,6 +70,8 @@ const Expected kTree[] = {
     {1, "mnuReportsBreak3", ""},
     {1, "mnuReportsAccountOfClient", "Account of a client"},
     {1, "mnuReportsAccountantPack", "Accountant's pack"},
+    {1, "mnuReportsBreak4", ""},
+    {1, "mnuToday", "Today at a glance"},
     {0, "mnuFunctions", "Fu&nctions"},
     {1, "mnuFunctionsAdjustPrices", "Adjust prices"},
     {1, "mnuBackup", "Backup"},
@@ -320,11 +322,16 @@ TEST_F(MenuTest, WindowTellsItsBusinessAndRemembersItsTabs) {
   EXPECT_EQ(Find<QLabel>(status, "lblDatabase")->text(), "DATA.MDB");
   EXPECT_FALSE(Find<QLabel>(status, "lblBusiness")->text().isEmpty());
   EXPECT_TRUE(Find<QLabel>(status, "lblScheduleFilledTo")->text().startsWith("Schedule filled"));
-  EXPECT_EQ(Find<QTabWidget>(&Window(), "tabs")->count(), 1) << "a first start opens the diary";
+  auto* tabs = Find<QTabWidget>(&Window(), "tabs");
+  EXPECT_EQ(tabs->count(), 2) << "a first start opens today and the diary";
+  EXPECT_EQ(tabs->tabText(tabs->currentIndex()), "Diary") << "where the day's work is";
+  EXPECT_TRUE(tabs->currentWidget()->isAncestorOf(Window().focusWidget())) << "and the keys";
   Command("mnuDiary")->trigger();
-  EXPECT_EQ(Find<QTabWidget>(&Window(), "tabs")->count(), 1) << "one tab a screen";
+  EXPECT_EQ(tabs->count(), 2) << "one tab a screen";
 
   ClickOn(Find<Screen>(&Window(), "frmDiary"), "cmdClose");
+  QTest::qWait(20);
+  emit tabs->tabCloseRequested(0);
   QTest::qWait(20);
   program.reset();
   program = std::make_unique<shell::Program>(outside.Ports(), navigator, folder.path());

@@ -48,6 +48,24 @@ Money SumOf(const std::vector<BankablePayment>& payments) {
   return sum;
 }
 
+std::array<CountedPayments, kBankedKinds.size()> CountUndeposited(Business& business) {
+  std::array<CountedPayments, kBankedKinds.size()> counted;
+  for (const Record row : business.RunSQL(
+           Sql("SELECT UCase(Payments.Payment_Method) AS Method, COUNT(*) AS Payments_Count, "
+               "SUM(Payments.Amount) AS Total "
+               "FROM Payments LEFT JOIN Bankings ON Payments.Banking_ID = Bankings.Banking_ID "
+               "WHERE ") +
+           Sql(kHeldByNoDeposit) + Sql(" GROUP BY UCase(Payments.Payment_Method)"))) {
+    const Stored<PaymentMethod> method(row[size_t{0}].ToText());
+    for (size_t kind = 0; kind < kBankedKinds.size(); ++kind) {
+      if (!method.IsIn(kBankedKinds[kind])) continue;
+      counted[kind].count += static_cast<int>(row[1].ToLong());
+      counted[kind].total += row[2].ToMoney();
+    }
+  }
+  return counted;
+}
+
 PaymentsOnNoTab CountPaymentsOnNoTab(Business& business) {
   PaymentsOnNoTab none;
   Sql onATab("(");

@@ -38,6 +38,13 @@ std::vector<BankablePayment> LoadDeposited(Business& business, PaymentGroup kind
                                            Id<Banking> banking);
 Money SumOf(const std::vector<BankablePayment>& payments);
 
+/// What LoadUndeposited() would give, as count and sum for each of kBankedKinds.
+struct CountedPayments {
+  int count = 0;
+  Money total;
+};
+std::array<CountedPayments, kBankedKinds.size()> CountUndeposited(Business& business);
+
 /// Payments that no deposit holds and that none of the kinds takes: what comes by another method
 /// stands in the bank already.
 struct PaymentsOnNoTab {

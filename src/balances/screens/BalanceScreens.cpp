@@ -8,14 +8,17 @@
 namespace quillary::balances {
 
 void RegisterBalanceScreens(Business& business, const ScreenTools& tools) {
-  tools.navigator.Register<OpenDebtors>([&business, tools](const OpenDebtors&) {
+  tools.navigator.Register<OpenDebtors>([&business, tools](const OpenDebtors& request) {
     auto* debtors =
         qobject_cast<frmDebtors*>(tools.host.BringToFront(QStringLiteral("frmDebtors")));
     if (!debtors) {
       debtors = new frmDebtors(business, tools);
       tools.host.ShowScreen(debtors);
     }
-    debtors->ShowYourself();
+    std::optional<DebtAge> age;
+    for (const DebtAge one : kDebtAges)
+      if (request.age == static_cast<int>(one)) age = one;
+    debtors->ShowYourself(age);
   });
   tools.navigator.Register<RecomputeAmountOwing>([&business](const RecomputeAmountOwing&) {
     RecomputeAmountOwingAfterAsking(business, business.World().prompter);

@@ -4,6 +4,7 @@
 #include "base/ports/requests/Clients.h"
 #include "base/ports/requests/Documents.h"
 #include "base/ports/requests/Scheduling.h"
+#include "kit/Combos.h"
 #include "kit/FlowLayout.h"
 #include "kit/Grid.h"
 #include "kit/Layouts.h"
@@ -12,6 +13,7 @@
 #include "kit/ShownList.h"
 
 #include <QCheckBox>
+#include <QComboBox>
 #include <QGroupBox>
 
 namespace quillary::balances {
@@ -70,6 +72,10 @@ void frmDebtors::MakeControls() {
   txtDebtorFilter = MakeFilterBox(debtors_, "txtDebtorFilter");
   grdDebtors = MakeGrid("grdDebtors", tr("Debtors"), txtDebtorFilter);
   grdDebtors->SetEmptyText(tr("Nobody owes anything."), {});
+  cboAge = Named(new QComboBox, "cboAge");
+  FillComboWithWords(cboAge, {tr("any time"), tr("up to 30 days"), tr("31 to 60 days"),
+                              tr("61 to 90 days"), tr("over 90 days")});
+  cboAge->setToolTip(tr("The newest jobs make up what is owed: payments go to the oldest first"));
   chkTickUntickAll = MakeTickAllBox();
   ticks_ = new RowTicks(grdDebtors, 0, chkTickUntickAll);
   cmdRefreshDebtor =
@@ -119,6 +125,9 @@ QWidget* frmDebtors::DebtorPage() {
   auto* over = new QHBoxLayout;
   over->setSpacing(8);
   over->addWidget(chkTickUntickAll);
+  over->addSpacing(16);
+  over->addWidget(MakeLabelFor(cboAge, tr("Owed &for")));
+  over->addWidget(cboAge);
   over->addStretch(1);
   over->addWidget(txtDebtorFilter);
   over->addWidget(cmdPrintGrid);
@@ -189,19 +198,28 @@ void frmDebtors::ConnectControls() {
   });
   onClick(cmdViewClient,
           [this] { OpenClientOf(pages_->IsShown(debtors_) ? grdDebtors : grdCreditors); });
+  connect(cboAge, &QComboBox::activated, this, &frmDebtors::Reload);
   connect(chkActiveClients, &QCheckBox::toggled, this, &frmDebtors::Reload);
   connect(cmdClose, &QPushButton::clicked, this, &Screen::closeRequested);
   for (const Grid* grid : {grdDebtors, grdCreditors})
     connect(grid, &Grid::rowOpened, cmdViewClient, &QPushButton::click);
 }
 
-void frmDebtors::ShowYourself() {
+void frmDebtors::ShowYourself(std::optional<DebtAge> age) {
+  SelectComboItem(cboAge, age ? static_cast<int>(*age) + 1 : 0);
+  if (age) pages_->ShowPage(debtors_);
   tools_.runner.Run(objectName(), QStringLiteral("ShowYourself"), [this] { Recalculate(); });
   grdDebtors->setFocus();
 }
 
 DebtorFilter frmDebtors::Filter() const {
   return chkActiveClients->isChecked() ? DebtorFilter::Active : DebtorFilter::All;
+}
+
+std::optional<DebtAge> frmDebtors::Age() const {
+  const auto chosen = static_cast<int>(ComboKey(cboAge).value_or(0));
+  if (chosen == 0) return std::nullopt;
+  return static_cast<DebtAge>(chosen - 1);
 }
 
 size_t frmDebtors::Fill(Grid* grid, const std::vector<DebtorRow>& debtors) {
@@ -214,7 +232,9 @@ size_t frmDebtors::Fill(Grid* grid, const std::vector<DebtorRow>& debtors) {
 }
 
 void frmDebtors::LoadDebtorsIntoGrid() {
-  pages_->SetCount(debtors_, Fill(grdDebtors, ListDebtors(business_, Filter())));
+  const auto age = Age();
+  pages_->SetCount(debtors_, Fill(grdDebtors, age ? ListDebtors(business_, Filter(), *age)
+                                                  : ListDebtors(business_, Filter())));
   ticks_->TakeRows();
 }
 

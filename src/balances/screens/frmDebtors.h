@@ -6,6 +6,7 @@
 #include <functional>
 
 class QCheckBox;
+class QComboBox;
 class QLabel;
 class QLineEdit;
 class QPushButton;
@@ -25,7 +26,8 @@ class frmDebtors : public Screen {
  public:
   frmDebtors(Business& business, const ScreenTools& tools);
 
-  void ShowYourself();
+  /// All debtors, or those who owe something of that age.
+  void ShowYourself(std::optional<DebtAge> age = {});
   void LoadDebtorsIntoGrid();
   void LoadCreditorsIntoGrid();
   void Reload() override;
@@ -41,6 +43,8 @@ class frmDebtors : public Screen {
   void LayOut();
   void ConnectControls();
   DebtorFilter Filter() const;
+  /// Nothing: of any age.
+  std::optional<DebtAge> Age() const;
   size_t Fill(Grid* grid, const std::vector<DebtorRow>& debtors);
   void OpenClientOf(const Grid* grid);
   void Recalculate();
@@ -52,6 +56,7 @@ class frmDebtors : public Screen {
   PageTabs* pages_;
   QWidget* debtors_;
   QLineEdit* txtDebtorFilter;
+  QComboBox* cboAge;
   Grid* grdDebtors;
   RowTicks* ticks_;
   QCheckBox* chkTickUntickAll;

@@ -1,23 +1,36 @@
 #include "billing/runs/WithJobRun.h"
 
 #include "base/Text.h"
+#include "domain/BillingWords.h"
 #include "domain/ClientStatus.h"
+#include "domain/EntryStatus.h"
+
+#include <algorithm>
 
 namespace quillary::billing {
 namespace {
 
-Recordset LoadEntries(Business& business, const DateRange& days) {
+/// Entries of clients who are billed with each job, over Clients and, as Clients_1, who pays.
+Sql EntriesOf(const DateRange& days) {
+  return Sql("FROM (Clients INNER JOIN Diary ON Clients.Client_ID = Diary.Client_ID) "
+             "INNER JOIN Clients AS Clients_1 ON Clients.Billing_Client_ID = Clients_1.Client_ID "
+             "WHERE Clients_1.Status In {}",
+             StatusesOf(ClientGroup::Billed)) +
+         Sql(" AND Clients_1.Is_Billed_To = Yes AND Clients_1.Statement_Type = {} "
+             "AND (Diary.Schedule_Date BETWEEN {} AND {}) ",
+             StatementType::WithJob, days.from, EndOfDay(days.to));
+}
+
+Sql IsWaiting() {
+  return Sql("AND Diary.Invoice_ID IS NULL AND Diary.Payment_ID IS NULL AND Diary.Status IN {} ",
+             CodesOf(EntryGroup::NotYetBilled));
+}
+
+Recordset LoadEntries(Business& business, const Sql& entries) {
   return business.RunSQL(
       Sql("SELECT Diary.Diary_ID, Diary.Invoice_ID, Diary.Schedule_Date, Diary.Total_Price, "
-          "Diary.Total_GST, Clients_1.* "
-          "FROM (Clients INNER JOIN Diary ON Clients.Client_ID = Diary.Client_ID) "
-          "INNER JOIN Clients AS Clients_1 ON Clients.Billing_Client_ID = Clients_1.Client_ID "
-          "WHERE Clients_1.Status In ") +
-      StatusesOf(ClientGroup::Billed) +
-      Sql(" AND Clients_1.Is_Billed_To = Yes AND Clients_1.Statement_Type = 'With Job' "
-          "AND (Diary.Schedule_Date BETWEEN {} AND {}) "
-          "ORDER BY Clients_1.Display_Name, Diary.Schedule_Date, Diary.Diary_ID;",
-          days.from, EndOfDay(days.to)));
+          "Diary.Total_GST, Clients_1.* ") +
+      entries + Sql("ORDER BY Clients_1.Display_Name, Diary.Schedule_Date, Diary.Diary_ID;"));
 }
 
 Id<Invoice> InvoiceEntry(Business& business, const Record& entry, const DateRange& days) {
@@ -37,14 +50,12 @@ Id<Invoice> InvoiceEntry(Business& business, const Record& entry, const DateRang
   return invoiceId;
 }
 
-}  // namespace
-
-InvoiceRunCount GenerateWithJobInvoices(Business& business, const DateRange& days,
-                                        const RunProgress& progress) {
+InvoiceRunCount RunEntries(Business& business, const DateRange& days, const Sql& which,
+                           const RunProgress& progress) {
   const BusyWhile busy(business.World().busy);
   Transaction run(business);
   business.Write(Sql("DELETE FROM lstInvoicesToPrint;"));
-  const Recordset entries = LoadEntries(business, days);
+  const Recordset entries = LoadEntries(business, which);
   InvoiceRunCount count;
   int done = 0;
   for (const Record entry : entries) {
@@ -70,6 +81,34 @@ InvoiceRunCount GenerateWithJobInvoices(Business& business, const DateRange& day
   business.PastCommands().Describe(QStringLiteral("Invoices for jobs: ") +
                                    Counted(count.invoices.size(), "invoice"));
   return count;
+}
+
+}  // namespace
+
+InvoiceRunCount GenerateWithJobInvoices(Business& business, const DateRange& days,
+                                        const RunProgress& progress) {
+  return RunEntries(business, days, EntriesOf(days), progress);
+}
+
+WaitingJobs CountWaitingJobs(Business& business) {
+  const QDate today = business.Today();
+  const DateRange ever{QDate(1900, 1, 1), today};
+  WaitingJobs waiting{.days = DateRange::Of(today)};
+  for (const Record row : business.RunSQL(
+           Sql("SELECT Clients_1.Client_ID, COUNT(*) AS Jobs, SUM(Diary.Total_Price) AS Total, "
+               "MIN(Diary.Schedule_Date) AS Oldest ") +
+           EntriesOf(ever) + IsWaiting() + Sql("GROUP BY Clients_1.Client_ID"))) {
+    waiting.jobs += static_cast<int>(row[1].ToLong());
+    waiting.total += row[2].ToMoney();
+    waiting.days.from = std::min(waiting.days.from, row[3].ToDate(today));
+    ++waiting.clients;
+  }
+  return waiting;
+}
+
+InvoiceRunCount InvoiceWaitingJobs(Business& business, const RunProgress& progress) {
+  const DateRange days = CountWaitingJobs(business).days;
+  return RunEntries(business, days, EntriesOf(days) + IsWaiting(), progress);
 }
 
 }  // namespace quillary::billing

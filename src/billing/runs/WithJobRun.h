@@ -13,4 +13,16 @@ namespace quillary::billing {
 InvoiceRunCount GenerateWithJobInvoices(Business& business, const DateRange& days,
                                         const RunProgress& progress = {});
 
+/// The jobs of those clients that are done by today and neither billed by an invoice nor paid.
+struct WaitingJobs {
+  int jobs = 0;
+  int clients = 0;   // who pay for them
+  Money total = {};  // tax included
+  DateRange days;    // from the oldest of them to today; today alone when there are none
+};
+WaitingJobs CountWaitingJobs(Business& business);
+/// Makes an invoice for each of the waiting jobs, and makes these the selection for printing. A
+/// second run finds nothing that the first one has billed.
+InvoiceRunCount InvoiceWaitingJobs(Business& business, const RunProgress& progress = {});
+
 }  // namespace quillary::billing

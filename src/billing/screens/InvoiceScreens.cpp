@@ -11,10 +11,13 @@ namespace quillary::billing {
 
 namespace {
 
-void ShowList(Business& business, const ScreenTools& tools, bool monthly) {
+void ShowList(Business& business, const ScreenTools& tools, const OpenInvoicesList& request) {
+  const bool monthly = request.monthly;
   if (Screen* open = tools.host.BringToFront(QStringLiteral("frmInvoicesList"))) {
     auto* list = static_cast<frmInvoicesList*>(open);
-    if (monthly)
+    if (request.days)
+      list->ShowDays(*request.days, request.ticked);
+    else if (monthly)
       list->ShowYourself(true);
     else
       list->ShowAgain();
@@ -22,7 +25,10 @@ void ShowList(Business& business, const ScreenTools& tools, bool monthly) {
   }
   auto* list = new frmInvoicesList(business, tools);
   tools.host.ShowScreen(list);
-  list->ShowYourself(monthly);
+  if (request.days)
+    list->ShowDays(*request.days, request.ticked);
+  else
+    list->ShowYourself(monthly);
 }
 
 bool Edit(Business& business, const ScreenTools& tools, const InvoiceForm& form) {
@@ -33,9 +39,8 @@ bool Edit(Business& business, const ScreenTools& tools, const InvoiceForm& form)
 
 void RegisterInvoices(Business& business, const ScreenTools& tools) {
   Navigator& navigator = tools.navigator;
-  navigator.Register<OpenInvoicesList>([&business, tools](const OpenInvoicesList& request) {
-    ShowList(business, tools, request.monthly);
-  });
+  navigator.Register<OpenInvoicesList>(
+      [&business, tools](const OpenInvoicesList& request) { ShowList(business, tools, request); });
   navigator.Register<ChooseInvoiceFor>([&business, tools](const ChooseInvoiceFor& request) {
     return dlgInvoiceOptions(business, tools, request).exec() == QDialog::Accepted;
   });

@@ -29,14 +29,15 @@ PaymentForm FormOf(Business& business, const AddPayment& request) {
 
 void RegisterPaymentScreens(Business& business, const ScreenTools& tools) {
   Navigator& navigator = tools.navigator;
-  navigator.Register<OpenPaymentsList>([&business, tools](const OpenPaymentsList&) {
-    if (Screen* open = tools.host.BringToFront(QStringLiteral("frmPaymentsList"))) {
-      open->Reload();
-      return;
+  navigator.Register<OpenPaymentsList>([&business, tools](const OpenPaymentsList& request) {
+    auto* payments =
+        qobject_cast<frmPaymentsList*>(tools.host.BringToFront(QStringLiteral("frmPaymentsList")));
+    if (payments && !request.days) return payments->Reload();
+    if (!payments) {
+      payments = new frmPaymentsList(business, tools);
+      tools.host.ShowScreen(payments);
     }
-    auto* payments = new frmPaymentsList(business, tools);
-    tools.host.ShowScreen(payments);
-    payments->ShowYourself();
+    payments->ShowDays(request.days.value_or(DateRange::MonthOf(business.Today())));
   });
   navigator.Register<OpenJobsAndPaymentChecker>(
       [&business, tools](const OpenJobsAndPaymentChecker&) {

@@ -20,6 +20,8 @@
 #include <QPushButton>
 #include <QShortcut>
 
+#include <set>
+
 /// What the list of invoices shows and does.
 namespace quillary::billing {
 
@@ -96,6 +98,18 @@ void frmInvoicesList::ShowYourself(bool monthly) {
   fgInvoices->setFocus();
 }
 
+void frmInvoicesList::ShowDays(const DateRange& days, const std::vector<Id<Invoice>>& ticked) {
+  FillWithMonths(cboMonth, business_.Today());
+  dtFrom->SetDate(days.from);
+  dtTo->SetDate(days.to);
+  {
+    const QSignalBlocker quiet(chkShowMonthly);
+    chkShowMonthly->setChecked(false);
+  }
+  LoadInvoicesIntoGrid(ticked);
+  fgInvoices->setFocus();
+}
+
 void frmInvoicesList::ShowAgain() {
   if (ticks_->TickedKeys().empty()) LoadInvoicesIntoGrid();
   fgInvoices->setFocus();
@@ -112,11 +126,12 @@ void frmInvoicesList::LoadInvoicesIntoGrid(const std::vector<Id<Invoice>>& ticke
     const auto kept = SelectedInvoice();
     invoices_ =
         LoadInvoicesList(business_, {{dtFrom->Date(), dtTo->Date()}, chkShowMonthly->isChecked()});
+    const std::set<Id<Invoice>> isTicked(ticked.begin(), ticked.end());
     std::vector<GridRow> rows;
     for (const InvoiceListRow& invoice : invoices_) {
       GridRow row;
       row.cells = {
-          std::ranges::find(ticked, invoice.invoiceId) != ticked.end(),
+          isTicked.contains(invoice.invoiceId),
           invoice.invoiceId,
           invoice.displayName,
           invoice.generationDate,

@@ -28,6 +28,8 @@ class frmInvoicesList : public Screen {
 
   /// This month, all invoices or the monthly ones.
   void ShowYourself(bool monthly);
+  /// The invoices of those days, with these ticked.
+  void ShowDays(const DateRange& days, const std::vector<Id<Invoice>>& ticked);
   /// Loads the list again, unless invoices are ticked: who has just printed them as invoices may
   /// want the same ones as statements.
   void ShowAgain();

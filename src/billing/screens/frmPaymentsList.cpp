@@ -119,9 +119,12 @@ void frmPaymentsList::ConnectControls() {
 }
 
 void frmPaymentsList::ShowYourself() {
-  const QDate today = business_.Today();
-  dtpFrom->SetDate(QDate(today.year(), today.month(), 1));
-  dtpTo->SetDate(QDate(today.year(), today.month(), today.daysInMonth()));
+  ShowDays(DateRange::MonthOf(business_.Today()));
+}
+
+void frmPaymentsList::ShowDays(const DateRange& days) {
+  dtpFrom->SetDate(days.from);
+  dtpTo->SetDate(days.to);
   LoadPayments();
   grdPayments->setFocus();
 }

@@ -23,6 +23,7 @@ class frmPaymentsList : public Screen {
 
   /// This month.
   void ShowYourself();
+  void ShowDays(const DateRange& days);
   void LoadPayments();
   void Reload() override { LoadPayments(); }
   Tables Shows() const override { return {"Payments", "Clients", "Diary"}; }

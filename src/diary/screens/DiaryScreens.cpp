@@ -15,14 +15,22 @@ namespace quillary::diary {
 namespace {
 
 /// Shows the screen as its command shows it, from today on, also when it is open already.
-template <typename Kind>
-void ShowAnew(Business& business, const ScreenTools& tools, const char* name) {
+template <typename Kind, typename Show>
+void ShowAnew(Business& business, const ScreenTools& tools, const char* name, const Show& show) {
   auto* screen = qobject_cast<Kind*>(tools.host.BringToFront(QLatin1StringView(name)));
   if (!screen) {
     screen = new Kind(business, tools);
     tools.host.ShowScreen(screen);
   }
-  screen->ShowYourself();
+  show(*screen);
+}
+
+JobsListQuery QueryOf(const OpenJobsList& request, QDate today) {
+  JobsListQuery query = JobsOfMonth(today);
+  if (request.days) query.days = *request.days;
+  if (request.which == OpenJobsList::Which::Done) query.filter = JobFilter::Done;
+  if (request.which == OpenJobsList::Which::DueForInvoice) query.filter = JobFilter::DueForInvoice;
+  return query;
 }
 
 bool Run(Dialog&& dialog) {
@@ -38,10 +46,18 @@ bool TellGone(Business& business) {
 }
 
 void RegisterDiary(Business& business, const ScreenTools& tools) {
-  tools.navigator.Register<OpenDiary>(
-      [&business, tools](const OpenDiary&) { ShowAnew<frmDiary>(business, tools, "frmDiary"); });
-  tools.navigator.Register<OpenJobsList>([&business, tools](const OpenJobsList&) {
-    ShowAnew<frmJobsList>(business, tools, "frmJobsList");
+  tools.navigator.Register<OpenDiary>([&business, tools](const OpenDiary& request) {
+    ShowAnew<frmDiary>(business, tools, "frmDiary", [&](frmDiary& diary) {
+      if (request.days)
+        diary.ShowDays(*request.days);
+      else
+        diary.ShowYourself();
+    });
+  });
+  tools.navigator.Register<OpenJobsList>([&business, tools](const OpenJobsList& request) {
+    ShowAnew<frmJobsList>(business, tools, "frmJobsList", [&](frmJobsList& jobs) {
+      jobs.ShowJobs(QueryOf(request, business.Today()));
+    });
   });
 }
 

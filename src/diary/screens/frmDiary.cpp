@@ -53,6 +53,16 @@ void frmDiary::ShowYourself() {
   grdSchedule->setFocus();
 }
 
+void frmDiary::ShowDays(const DateRange& days) {
+  dtJobDate->SetDate(days.to);
+  dtFrom->SetDate(days.from);
+  dtTo->SetDate(days.to);
+  (days.IsOneDay() ? optShowJobsOn : optShowJobsBetween)->setChecked(true);
+  tools_.runner.Run(objectName(), QStringLiteral("ShowDays"), [this] { LoadEmployees(); });
+  LoadScheduleGrid();
+  grdSchedule->setFocus();
+}
+
 void frmDiary::LoadEmployees() {
   const QVariant kept = cmbEmployees->currentData();
   const auto employees = lists::ListEmployeesByName(business_);

@@ -29,6 +29,8 @@ class frmDiary : public Screen {
 
   /// Sets all dates to today and loads.
   void ShowYourself();
+  /// The same for days of somebody else's choice.
+  void ShowDays(const DateRange& days);
   /// Shows what the dates, the employee and the order ask for, and the totals. The selected entry
   /// stays selected while it is listed.
   void LoadScheduleGrid();

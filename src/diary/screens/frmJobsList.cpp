@@ -163,7 +163,10 @@ void frmJobsList::ConnectControls() {
 }
 
 void frmJobsList::ShowYourself() {
-  const JobsListQuery query = JobsOfMonth(business_.Today());
+  ShowJobs(JobsOfMonth(business_.Today()));
+}
+
+void frmJobsList::ShowJobs(const JobsListQuery& query) {
   dtFrom->SetDate(query.days.from);
   dtTo->SetDate(query.days.to);
   SelectComboItem(cboJobStatus, static_cast<int>(query.filter));

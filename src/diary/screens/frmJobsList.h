@@ -24,6 +24,7 @@ class frmJobsList : public Screen {
 
   /// This month, all jobs.
   void ShowYourself();
+  void ShowJobs(const JobsListQuery& query);
   void LoadScheduleGrid();
   void Reload() override { LoadScheduleGrid(); }
   Tables Shows() const override { return {"Diary", "Diary_Services", "Clients"}; }

@@ -4,6 +4,7 @@
 #include "data/store/FileInTheMaking.h"
 #include "documents/billing/BillingLayouts.h"
 #include "documents/billing/Letterhead.h"
+#include "documents/billing/PrintedInvoices.h"
 #include "documents/billing/clean/CleanParts.h"
 #include "documents/forms/Pdf.h"
 #include "documents/reports/ReportFiles.h"
@@ -271,6 +272,7 @@ ReportDocument PrintBillingDocument(Business& business, const BillingPlaces& pla
                                 ? PrintWord(business, places, order, frame)
                                 : PrintPdf(business, places, order, frame);
   document.troubles += MissingDetails(frame.header);
+  if (order.kind == BillingKind::Invoice) NotePrinted(business, order.invoices);
   return document;
 }
 

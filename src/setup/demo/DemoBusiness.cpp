@@ -22,6 +22,7 @@ DemoCount WriteDemoBusiness(Business& business, const DemoOptions& options) {
   demo::InventVisits(model, business, dice);
   demo::InventMoney(model, dice);
   DemoCount count = demo::WriteModel(business, model);
+  demo::WriteBankings(business, model);
   count.purchases = demo::WritePurchases(business, model, dice);
   whole.Commit();
   return count;

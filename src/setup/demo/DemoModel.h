@@ -121,6 +121,8 @@ void InventMoney(Model& model, Dice& dice);
 void WriteReferenceData(Business& business, const QDate& today);
 /// Suppliers and what was bought from them; returns the number of purchases.
 int WritePurchases(Business& business, const Model& model, Dice& dice);
+/// The takings of each week, banked on its Friday; those of the last days wait.
+void WriteBankings(Business& business, const Model& model);
 DemoCount WriteModel(Business& business, const Model& model);
 
 }  // namespace quillary::setup::demo

@@ -19,9 +19,6 @@ namespace {
 
 /// The demo's owner banks at once; for the pictures some takings wait, and some cheques.
 void LeaveSomethingToBank(Business& business) {
-  business.Write(
-      Sql("INSERT INTO Bank_Accounts (Bank_Account_Name, Bank_Account_Number) "
-          "VALUES ('Business account', '063-001 1022 4417')"));
   business.Write(Sql("INSERT INTO lstBanks (Bank) VALUES ('Harbour Bank')"));
   int at = 0;
   for (const Record row :

@@ -75,12 +75,19 @@ void Shots::Run(const QString& only) {
   program_.MainMenu()->move(0, 0);
   program_.MainMenu()->resize(1280, 720);
   const std::pair<const char*, void (Shots::*)()> groups[] = {
-      {"diary", &Shots::Diary},         {"clients", &Shots::Clients},
-      {"lists", &Shots::ScheduleLists}, {"schedule", &Shots::ScheduleDialogs},
-      {"invoices", &Shots::Invoices},   {"payments", &Shots::Payments},
-      {"documents", &Shots::Documents}, {"reports", &Shots::Reports},
-      {"accounts", &Shots::Accounts},   {"setup", &Shots::SetupDialogs},
-      {"menus", &Shots::Menus},         {"dialogs", &Shots::Dialogs},
+      {"diary", &Shots::Diary},
+      {"today", &Shots::Today},
+      {"clients", &Shots::Clients},
+      {"lists", &Shots::ScheduleLists},
+      {"schedule", &Shots::ScheduleDialogs},
+      {"invoices", &Shots::Invoices},
+      {"payments", &Shots::Payments},
+      {"documents", &Shots::Documents},
+      {"reports", &Shots::Reports},
+      {"accounts", &Shots::Accounts},
+      {"setup", &Shots::SetupDialogs},
+      {"menus", &Shots::Menus},
+      {"dialogs", &Shots::Dialogs},
       {"boxes", &Shots::Boxes},
   };
   for (const auto& [name, shoot] : groups)

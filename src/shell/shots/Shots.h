@@ -24,6 +24,7 @@ class Shots {
   /// The main window with what lies over it.
   void SaveWithOverlays(const QString& name);
   void StartUpScreens();
+  void Today();
   void Diary();
   void Clients();
   void ClientDialogs(Id<Client> client);

@@ -7,14 +7,22 @@
 #include <QString>
 
 #include <optional>
+#include <vector>
 
 /// Requests that open the screens of invoices, payments and balances.
 namespace quillary {
 
-struct OpenPaymentsList {};
-struct OpenDebtors {};
+/// The payments of this month, unless days are named.
+struct OpenPaymentsList {
+  std::optional<DateRange> days = {};
+};
+struct OpenDebtors {
+  std::optional<int> age = {};  // those who owe in the n-th of the ages that debts are listed by
+};
 struct OpenInvoicesList {
-  bool monthly = false;  // in the mode of the monthly run
+  bool monthly = false;                  // in the mode of the monthly run
+  std::optional<DateRange> days = {};    // instead of this month
+  std::vector<Id<Invoice>> ticked = {};  // of these days
 };
 
 /// Asks whether one job gets an invoice, or all jobs of those days of clients who are billed with

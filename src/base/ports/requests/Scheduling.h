@@ -9,7 +9,12 @@
 /// back when the user has finished; the asker then loads its list again.
 namespace quillary {
 
-struct OpenJobsList {};
+/// The jobs of this month, unless days are named.
+struct OpenJobsList {
+  enum class Which { All, Done, DueForInvoice };
+  std::optional<DateRange> days = {};
+  Which which = Which::All;
+};
 struct OpenReschedule {};
 struct OpenJobsAndPaymentChecker {};
 struct OpenListOfClientsWithSchedulingProblem {
