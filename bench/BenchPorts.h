@@ -33,7 +33,7 @@ class BenchPorts : public Prompter,
                  qUtf8Printable(errorLine));
   }
   void ShowBusyPointer(bool) override {}
-  void OpenInBrowser(const QString&) override {}
+  bool OpenInBrowser(const QString&) override { return false; }
   void CopyToClipboard(const QString&) override {}
   bool StartProgram(const QString&, const QStringList&) override { return false; }
   void EndProcess(int) override {}

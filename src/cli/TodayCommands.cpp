@@ -59,9 +59,10 @@ void AddAttention(Figures& figures, const AttentionFigures& attention, int probl
   figures.Add("Clients_With_Scheduling_Problem", problems);
   figures.Add("Due_For_Invoice", attention.dueForInvoice);
   figures.Add("Unpaid_Over_30_Days", attention.overdue);
-  figures.Add("Cash_To_Bank", attention.cashToBank);
-  figures.Add("Cheques_To_Bank", attention.chequesToBank);
-  figures.Add("Cards_To_Bank", attention.cardsToBank);
+  const auto& [cash, cheques, cards] = attention.toBank;
+  figures.Add("Cash_To_Bank", cash.total);
+  figures.Add("Cheques_To_Bank", today::CountedMoney{cheques.count, cheques.total});
+  figures.Add("Cards_To_Bank", today::CountedMoney{cards.count, cards.total});
   figures.Add("Cheques_Not_Cleared", attention.chequesWritten);
   figures.Add("Last_Backup", attention.lastBackup ? Value(*attention.lastBackup) : Value());
 }
@@ -96,9 +97,9 @@ void RunToday(const Call& call) {
   figures.Add("Month_So_Far", year.soFar);
   figures.Add("Month_So_Far_Last_Year", year.soFarLastYear);
   const QString archive = session::ArchiveUnder(session::ProgramFolder());
-  AddAttention(figures, today::LoadAttention(*business, {.archive = archive}),
-               today::CountClientsWithSchedulingProblem(*business));
-  AddRun(figures, today::LoadFridayRun(*business, nullptr));
+  const AttentionFigures attention = today::LoadAttention(*business, {.archive = archive});
+  AddAttention(figures, attention, today::CountClientsWithSchedulingProblem(*business));
+  AddRun(figures, today::LoadFridayRun(*business, attention, nullptr));
   business->CloseConnection();
   if (call.json) call.out << "{\"figures\": ";
   figures.Print(call);

@@ -56,6 +56,10 @@ std::span<const EntryStatusFacts> TableOf(EntryStatus) {
   return kEntryStatuses;
 }
 
+Sql IsInGroup(const char* column, EntryGroup group) {
+  return Sql("NOT ({} NOT IN {})", Sql(column), CodesOf(group));
+}
+
 Sql IsOfKind(const char* column, EntryKind kind) {
   return Sql("LEFT({}, 1) = {}", Sql(column), FirstOf(kind));
 }

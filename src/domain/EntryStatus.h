@@ -57,6 +57,11 @@ inline Sql CodesOf(EntryGroup group) {
   return ListOf<EntryStatus>(group);
 }
 
+/// The same as "{column} IN {CodesOf(group)}" for statements that sum over days or clients. Most of
+/// a diary is done work, so an index of statuses would lead to nearly every row of it; in this form
+/// the store does not try.
+Sql IsInGroup(const char* column, EntryGroup group);
+
 /// Holds in a statement for the codes of that kind, known or not: "LEFT(Diary.Status, 1) = 'J'".
 Sql IsOfKind(const char* column, EntryKind kind);
 

@@ -77,7 +77,7 @@ QPushButton[kind="link"]:hover { color: @accent; }
 QPushButton[kind="link"]:focus { border-color: @accent; }
 QPushButton[kind="link"]:disabled { color: @faint; }
 QPushButton[kind="go"] { color: @accent; background: transparent; border-color: transparent;
-  border-radius: 4px; padding: 2px 4px; min-height: 0px; }
+  border-radius: 4px; padding: 2px 4px; min-height: 0px; outline: none; }
 QPushButton[kind="go"]:hover { background: @hover; }
 QPushButton[kind="go"]:focus { border-color: @accent; }
 QPushButton[kind="go"]:disabled { color: @faint; }
@@ -126,6 +126,7 @@ QFrame[role="row"] { border: none; border-bottom: 1px solid @softLine; }
 QLabel[role="heading"] { font-weight: 600; }
 QLabel[role="figure"] { font-size: 17px; font-weight: 700; }
 QLabel[tone="accent"] { color: @accent; }
+QLabel[tone="down"] { color: @danger; }
 QLabel[role="muted"] { color: @muted; }
 QLabel[role="hint"] { color: @muted; font-size: 12px; }
 QLabel[role="warning"] { color: @warning; }

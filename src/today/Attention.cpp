@@ -1,9 +1,7 @@
 #include "today/Attention.h"
 
-#include "accounts/banking/Bankable.h"
 #include "accounts/banking/Cheques.h"
 #include "domain/BillingWords.h"
-#include "domain/InvoiceDue.h"
 #include "maintenance/backups/LastBackup.h"
 #include "roll/ScheduleCheck.h"
 
@@ -17,26 +15,21 @@ constexpr int kDaysToPay = 30;
 constexpr int kDaysOfBackup = 7;
 
 void CountDue(Business& business, AttentionFigures& figures) {
-  const QDate today = business.Today();
-  const Recordset row = business.RunSQL(
-      Sql("SELECT COUNT(*) AS Jobs, SUM(Diary.Total_Price) AS Total, "
-          "MIN(Diary.Schedule_Date) AS Oldest "
-          "FROM (Clients INNER JOIN Diary ON Clients.Client_ID = Diary.Client_ID) "
-          "INNER JOIN Clients AS Payers ON Clients.Billing_Client_ID = Payers.Client_ID "
-          "WHERE {}",
-          IsDueForInvoice(today)));
-  figures.dueForInvoice = {static_cast<int>(row.Field(size_t{0}).ToLong()), row.Field(1).ToMoney()};
-  figures.daysOfDue = {row.Field(2).ToDate(today), today};
+  figures.due = billing::CountDueJobs(business);
+  const billing::WaitingJobs& withJob = figures.due.withJob;
+  const billing::WaitingJobs& byMonth = figures.due.byMonth;
+  figures.dueForInvoice = {withJob.jobs + byMonth.jobs, withJob.total + byMonth.total};
+  figures.daysOfDue = {std::min(withJob.days.from, byMonth.days.from), business.Today()};
 }
 
 void FindOverdue(Business& business, AttentionFigures& figures) {
   const QDate latest = business.Today().addDays(-kDaysToPay - 1);
   figures.daysOfOverdue = DateRange::Of(latest);
+  // Few clients owe and most invoices are old: the way is from the clients, not by the date.
   for (const Record row : business.RunSQL(
-           Sql("SELECT Invoices.Invoice_ID, Invoices.Total_Amount, Invoices.Generation_Date "
-               "FROM Clients INNER JOIN Invoices ON Clients.Client_ID = Invoices.Client_ID "
-               "WHERE Clients.Account_Balance < 0 AND Invoices.IsPaid = False "
-               "AND Invoices.Statement_Type <> {} AND Invoices.Generation_Date <= {}",
+           Sql("SELECT Invoice_ID, Total_Amount, Generation_Date FROM Invoices "
+               "WHERE Client_ID IN (SELECT Client_ID FROM Clients WHERE Account_Balance < 0) "
+               "AND IsPaid = False AND Statement_Type <> {} AND NOT (Generation_Date > {})",
                StatementType::Statement, EndOfDay(latest)))) {
     figures.overdueInvoices.emplace_back(row[size_t{0}].ToLong());
     figures.overdue.amount += row[1].ToMoney();
@@ -47,10 +40,7 @@ void FindOverdue(Business& business, AttentionFigures& figures) {
 }
 
 void CountMoneyOnItsWay(Business& business, AttentionFigures& figures) {
-  const auto undeposited = accounts::CountUndeposited(business);
-  figures.cashToBank = undeposited[0].total;
-  figures.chequesToBank = {undeposited[1].count, undeposited[1].total};
-  figures.cardsToBank = {undeposited[2].count, undeposited[2].total};
+  figures.toBank = accounts::CountUndeposited(business);
   for (const accounts::UnpresentedCheque& cheque : accounts::ListUnpresentedCheques(business)) {
     ++figures.chequesWritten.count;
     figures.chequesWritten.amount += cheque.amount;

@@ -1,8 +1,10 @@
 #pragma once
 
+#include "accounts/banking/Bankable.h"
 #include "base/DateRange.h"
 #include "base/Money.h"
 #include "base/ports/OutgoingMail.h"
+#include "billing/runs/WithJobRun.h"
 #include "data/Business.h"
 
 #include <optional>
@@ -17,15 +19,14 @@ struct CountedMoney {
 };
 
 struct AttentionFigures {
+  billing::DueJobs due;
   CountedMoney dueForInvoice;  // jobs done whose invoice should be there by now
   DateRange daysOfDue;         // of these jobs, up to today
   CountedMoney overdue;        // invoices unpaid after 30 days, of clients who owe
   DateRange daysOfOverdue;     // on which they were made
   std::vector<Id<Invoice>> overdueInvoices;
-  Money cashToBank;
-  CountedMoney chequesToBank;
-  CountedMoney cardsToBank;
-  CountedMoney chequesWritten;  // to suppliers, not cleared yet
+  accounts::UndepositedPayments toBank;  // cash, cheques, cards
+  CountedMoney chequesWritten;           // to suppliers, not cleared yet
   std::optional<DateTime> lastBackup;
   bool backupIsOld = false;  // older than a week, or there is none
   int mailsInDoubt = 0;

@@ -84,10 +84,9 @@ YearFigures LoadYear(Business& business) {
   const DateTime to = EndOfDay(year.months.back().month.to);
   const DateRange soFar{thisMonth, today};
   const DateRange lastYear{thisMonth.addYears(-1), today.addYears(-1)};
-  AddDays(business.RunSQL(
-              Sql("SELECT Schedule_Date, SUM(Total_Price) AS Total FROM Diary "
-                  "WHERE Schedule_Date BETWEEN {} AND {} AND Status IN {} GROUP BY Schedule_Date",
-                  from, to, CodesOf(EntryGroup::WorkDone))),
+  AddDays(business.RunSQL(Sql("SELECT Schedule_Date, SUM(Total_Price) AS Total FROM Diary "
+                              "WHERE Schedule_Date BETWEEN {} AND {} AND {} GROUP BY Schedule_Date",
+                              from, to, IsInGroup("Status", EntryGroup::WorkDone))),
           year.months, &MonthFigures::done, [&](QDate day, Money amount) {
             if (soFar.Contains(day)) year.soFar += amount;
             if (lastYear.Contains(day)) year.soFarLastYear += amount;

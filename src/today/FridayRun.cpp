@@ -62,12 +62,12 @@ DateRange WeekOf(QDate today) {
   return {today.addDays(1 - kDaysOfWeek), today};
 }
 
-FridayRun LoadFridayRun(Business& business, OutgoingMail* mail) {
+FridayRun LoadFridayRun(Business& business, const AttentionFigures& attention, OutgoingMail* mail) {
   FridayRun run;
   run.week = LoadJobsFigures(business, WeekOf(business.Today()));
-  run.waiting = billing::CountWaitingJobs(business);
+  run.waiting = attention.due.withJob;
   LoadDocuments(business, mail, run);
-  run.toBank = accounts::CountUndeposited(business);
+  run.toBank = attention.toBank;
   return run;
 }
 

@@ -1,11 +1,7 @@
 #pragma once
 
-#include "accounts/banking/Bankable.h"
-#include "base/ports/OutgoingMail.h"
-#include "billing/runs/WithJobRun.h"
+#include "today/Attention.h"
 #include "today/Figures.h"
-
-#include <array>
 
 /// The week's end, as a list to be worked off: jobs marked done, billed, their invoices made into
 /// documents and sent, the takings banked. What is left of each step is read from the business
@@ -19,14 +15,14 @@ struct FridayRun {
   std::vector<Id<Invoice>> toPrint;  // of the week, without a document
   std::vector<Id<Invoice>> toMail;   // of the week, with a document, to clients who take mail
   int onPaper = 0;                   // of the week, with a document, to those who do not
-  std::array<accounts::CountedPayments, accounts::kBankedKinds.size()> toBank;
+  accounts::UndepositedPayments toBank;
 
   int ToBank() const;
 };
 /// The seven days that end today.
 DateRange WeekOf(QDate today);
-/// Without mails nothing is to be mailed.
-FridayRun LoadFridayRun(Business& business, OutgoingMail* mail);
+/// What is due and what is to be banked was read already. Without mails nothing is to be mailed.
+FridayRun LoadFridayRun(Business& business, const AttentionFigures& attention, OutgoingMail* mail);
 
 /// Asks, and marks the open jobs of the week done. False when the user declined, or none is open.
 bool MarkWeekDone(Business& business, Prompter& prompter);

@@ -159,7 +159,9 @@ TEST_F(TodayScreenTest, TheRunIsWorkedOffStepByStep) {
   EXPECT_TRUE(
       QTest::qWaitFor([&] { return !Find<QPushButton>(today, "cmdInvoiceJobs")->isVisible(); }));
   ClickOn(today, "cmdUnprinted");
-  const auto unprinted = today::LoadFridayRun(OpenBusiness(), nullptr).toPrint;
+  const auto unprinted =
+      today::LoadFridayRun(OpenBusiness(), today::LoadAttention(OpenBusiness(), {}), nullptr)
+          .toPrint;
   EXPECT_TRUE(Words(Shown(), "lblTotals").endsWith(QString(" %1 ticked").arg(unprinted.size())));
   ClickOn(&Window(), "cmdUndoLast");
   EXPECT_EQ(OpenBusiness().FirstField(Sql("SELECT COUNT(*) FROM Invoices")).ToLong(), invoices)

@@ -230,10 +230,10 @@ TEST_F(FiguresTest, TakingsAreCountedByTheWayTheyAreBanked) {
   AddPayment("2026-10-30", 7, "CASH");
   Run(Sql("UPDATE Payments SET Banking_ID = 99 WHERE Amount = 7"));
   const AttentionFigures attention = LoadAttention(business(), {});
-  EXPECT_EQ(attention.cashToBank, Money::FromWhole(72)) << "its deposit has gone";
-  EXPECT_EQ(attention.chequesToBank.count, 1);
-  EXPECT_EQ(attention.chequesToBank.amount, Money::FromWhole(40));
-  EXPECT_EQ(attention.cardsToBank.amount, Money::FromWhole(30));
+  EXPECT_EQ(attention.toBank[0].total, Money::FromWhole(72)) << "its deposit has gone";
+  EXPECT_EQ(attention.toBank[1].count, 1);
+  EXPECT_EQ(attention.toBank[1].total, Money::FromWhole(40));
+  EXPECT_EQ(attention.toBank[2].total, Money::FromWhole(30));
 }
 
 TEST_F(FiguresTest, TheLastBackupIsTheNewestOfWhatTheArchiveAndTheBusinessTell) {

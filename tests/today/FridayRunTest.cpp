@@ -46,7 +46,7 @@ class FridayRunTest : public BusinessTest {
     Run(Sql("INSERT INTO Payments (Payment_Date, Amount, Payment_Method) VALUES ({}, 20, 'CASH')",
             business().Today()));
   }
-  FridayRun Now() { return LoadFridayRun(business(), &mail); }
+  FridayRun Now() { return LoadFridayRun(business(), LoadAttention(business(), {}), &mail); }
   /// The i-th step, as its button does it.
   void Step(int step) {
     switch (step) {
@@ -142,7 +142,7 @@ TEST_F(FridayRunTest, WithoutMailNothingWaitsToBeSent) {
   Step(0);
   Step(1);
   Step(2);
-  const FridayRun run = LoadFridayRun(business(), nullptr);
+  const FridayRun run = LoadFridayRun(business(), LoadAttention(business(), {}), nullptr);
   EXPECT_TRUE(run.toMail.empty());
   EXPECT_EQ(run.onPaper, 4);
 }

@@ -48,14 +48,17 @@ Money SumOf(const std::vector<BankablePayment>& payments) {
   return sum;
 }
 
-std::array<CountedPayments, kBankedKinds.size()> CountUndeposited(Business& business) {
-  std::array<CountedPayments, kBankedKinds.size()> counted;
+UndepositedPayments CountUndeposited(Business& business) {
+  UndepositedPayments counted;
   for (const Record row : business.RunSQL(
-           Sql("SELECT UCase(Payments.Payment_Method) AS Method, COUNT(*) AS Payments_Count, "
-               "SUM(Payments.Amount) AS Total "
-               "FROM Payments LEFT JOIN Bankings ON Payments.Banking_ID = Bankings.Banking_ID "
-               "WHERE ") +
-           Sql(kHeldByNoDeposit) + Sql(" GROUP BY UCase(Payments.Payment_Method)"))) {
+           // The deposits that have gone are found first: there are far fewer of them than
+           // payments.
+           Sql("SELECT UCase(Payment_Method) AS Method, COUNT(*) AS Payments_Count, "
+               "SUM(Amount) AS Total FROM Payments "
+               "WHERE Banking_ID IS NULL OR Banking_ID IN (SELECT Held.Banking_ID "
+               "FROM (SELECT DISTINCT Banking_ID FROM Payments) AS Held "
+               "LEFT JOIN Bankings ON Held.Banking_ID = Bankings.Banking_ID WHERE ") +
+           Sql(kHeldByNoDeposit) + Sql(") GROUP BY UCase(Payment_Method)"))) {
     const Stored<PaymentMethod> method(row[size_t{0}].ToText());
     for (size_t kind = 0; kind < kBankedKinds.size(); ++kind) {
       if (!method.IsIn(kBankedKinds[kind])) continue;

@@ -43,7 +43,8 @@ struct CountedPayments {
   int count = 0;
   Money total;
 };
-std::array<CountedPayments, kBankedKinds.size()> CountUndeposited(Business& business);
+using UndepositedPayments = std::array<CountedPayments, kBankedKinds.size()>;
+UndepositedPayments CountUndeposited(Business& business);
 
 /// Payments that no deposit holds and that none of the kinds takes: what comes by another method
 /// stands in the bank already.

@@ -4,6 +4,7 @@
 #include "domain/BillingWords.h"
 #include "domain/ClientStatus.h"
 #include "domain/EntryStatus.h"
+#include "domain/InvoiceDue.h"
 
 #include <algorithm>
 
@@ -90,20 +91,29 @@ InvoiceRunCount GenerateWithJobInvoices(Business& business, const DateRange& day
   return RunEntries(business, days, EntriesOf(days), progress);
 }
 
-WaitingJobs CountWaitingJobs(Business& business) {
+DueJobs CountDueJobs(Business& business) {
   const QDate today = business.Today();
-  const DateRange ever{QDate(1900, 1, 1), today};
-  WaitingJobs waiting{.days = DateRange::Of(today)};
+  const WaitingJobs none{.days = DateRange::Of(today)};
+  DueJobs due{none, none};
   for (const Record row : business.RunSQL(
-           Sql("SELECT Clients_1.Client_ID, COUNT(*) AS Jobs, SUM(Diary.Total_Price) AS Total, "
-               "MIN(Diary.Schedule_Date) AS Oldest ") +
-           EntriesOf(ever) + IsWaiting() + Sql("GROUP BY Clients_1.Client_ID"))) {
-    waiting.jobs += static_cast<int>(row[1].ToLong());
-    waiting.total += row[2].ToMoney();
-    waiting.days.from = std::min(waiting.days.from, row[3].ToDate(today));
-    ++waiting.clients;
+           Sql("SELECT Payers.Client_ID, Payers.Statement_Type, COUNT(*) AS Jobs, "
+               "SUM(Diary.Total_Price) AS Total, MIN(Diary.Schedule_Date) AS Oldest "
+               "FROM (Clients INNER JOIN Diary ON Clients.Client_ID = Diary.Client_ID) "
+               "INNER JOIN Clients AS Payers ON Clients.Billing_Client_ID = Payers.Client_ID "
+               "WHERE {} GROUP BY Payers.Client_ID, Payers.Statement_Type",
+               IsDueForInvoice(today)))) {
+    const StoredStatementType type(row[1].ToText());
+    WaitingJobs& of = type.Is(StatementType::WithJob) ? due.withJob : due.byMonth;
+    of.jobs += static_cast<int>(row[2].ToLong());
+    of.total += row[3].ToMoney();
+    of.days.from = std::min(of.days.from, row[4].ToDate(today));
+    ++of.clients;
   }
-  return waiting;
+  return due;
+}
+
+WaitingJobs CountWaitingJobs(Business& business) {
+  return CountDueJobs(business).withJob;
 }
 
 InvoiceRunCount InvoiceWaitingJobs(Business& business, const RunProgress& progress) {

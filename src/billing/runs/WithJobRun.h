@@ -21,6 +21,12 @@ struct WaitingJobs {
   DateRange days;    // from the oldest of them to today; today alone when there are none
 };
 WaitingJobs CountWaitingJobs(Business& business);
+/// All jobs whose invoice is due (see IsDueForInvoice), by how their payers are billed.
+struct DueJobs {
+  WaitingJobs withJob;
+  WaitingJobs byMonth;
+};
+DueJobs CountDueJobs(Business& business);
 /// Makes an invoice for each of the waiting jobs, and makes these the selection for printing. A
 /// second run finds nothing that the first one has billed.
 InvoiceRunCount InvoiceWaitingJobs(Business& business, const RunProgress& progress = {});

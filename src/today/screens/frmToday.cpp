@@ -7,6 +7,7 @@
 #include "today/screens/MonthChart.h"
 
 #include <QLocale>
+#include <QStyle>
 
 /// What the figures of the screen say.
 namespace quillary::today {
@@ -37,13 +38,14 @@ QString AgoWords(const DateTime& moment, QDate today) {
   return ToShortDateText(moment.date);
 }
 
-QString Takings(const Money& cash, int cheques, const Money& ofCheques, const Money& ofCards) {
+QString Takings(const accounts::UndepositedPayments& toBank) {
+  const auto& [cash, cheques, cards] = toBank;
   QStringList parts;
-  if (cash != Money()) parts += QObject::tr("%1 cash").arg(cash.ToCurrencyText());
-  if (cheques > 0)
-    parts +=
-        QStringLiteral("%1, %2").arg(Counted(Size(cheques), "cheque"), ofCheques.ToCurrencyText());
-  if (ofCards != Money()) parts += QObject::tr("%1 by card").arg(ofCards.ToCurrencyText());
+  if (cash.total != Money()) parts += QObject::tr("%1 cash").arg(cash.total.ToCurrencyText());
+  if (cheques.count > 0)
+    parts += QStringLiteral("%1, %2").arg(Counted(Size(cheques.count), "cheque"),
+                                          cheques.total.ToCurrencyText());
+  if (cards.total != Money()) parts += QObject::tr("%1 by card").arg(cards.total.ToCurrencyText());
   return parts.join(QStringLiteral(" · "));
 }
 
@@ -87,7 +89,7 @@ void frmToday::Load() {
   isDue_ = false;
   tools_.runner.Run(objectName(), QStringLiteral("LoadToday"), [this] {
     attention_ = LoadAttention(business_, places_);
-    run_ = LoadFridayRun(business_, places_.mail);
+    run_ = LoadFridayRun(business_, attention_, places_.mail);
     const JobsFigures day = LoadJobsFigures(business_, DateRange::Of(business_.Today()));
     ShowDay(day);
     ShowOwed(LoadOwed(business_));
@@ -141,6 +143,9 @@ void frmToday::ShowYear(const YearFigures& year) {
   const auto growth = year.Growth();
   const QDate before = business_.Today().addYears(-1);
   lblGrowth->setVisible(growth.has_value());
+  lblGrowth->setProperty("tone",
+                         growth && *growth < 0 ? QStringLiteral("down") : QStringLiteral("accent"));
+  lblGrowth->style()->polish(lblGrowth);
   if (growth)
     lblGrowth->setText(tr("%1%2 % on %3 %4")
                            .arg(*growth > 0 ? QStringLiteral("+") : QString())
@@ -161,8 +166,7 @@ void frmToday::ShowAttention() {
                     : tr("%1 with a scheduling problem").arg(Counted(Size(problems), "client")));
   rowDue->ShowWords(WordsOf(of.dueForInvoice, "job", tr("done, the invoice is due")));
   rowOverdue->ShowWords(WordsOf(of.overdue, "invoice", tr("unpaid over 30 days")));
-  const QString takings = Takings(of.cashToBank, of.chequesToBank.count, of.chequesToBank.amount,
-                                  of.cardsToBank.amount);
+  const QString takings = Takings(of.toBank);
   rowToBank->ShowWords(takings.isEmpty() ? QString() : tr("%1 not banked").arg(takings));
   rowCheques->ShowWords(WordsOf(of.chequesWritten, "cheque", tr("to suppliers not cleared")));
   rowMail->ShowWords(of.mailsInDoubt == 0 ? QString()
@@ -192,7 +196,6 @@ void frmToday::ShowRun() {
   };
   const JobsFigures& week = run_.week;
   const int marked = week.jobs - week.open;
-  const auto& bank = run_.toBank;
   QString sent = run_.toMail.empty() ? QString() : tr("%1 by mail").arg(run_.toMail.size());
   if (run_.onPaper > 0)
     sent +=
@@ -214,8 +217,7 @@ void frmToday::ShowRun() {
                        : tr("all are sent"),
        isUnprinted && run_.toMail.empty()},
       {stepBank, Size(run_.ToBank()),
-       run_.ToBank() == 0 ? tr("all is banked")
-                          : Takings(bank[0].total, bank[1].count, bank[1].total, bank[2].total)}};
+       run_.ToBank() == 0 ? tr("all is banked") : Takings(run_.toBank)}};
   bool isFirst = true;
   for (const Shown& shown : steps) {
     const bool isLeft = shown.left > 0;
