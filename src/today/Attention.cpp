@@ -36,6 +36,7 @@ void FindOverdue(Business& business, AttentionFigures& figures) {
     QDate& first = figures.daysOfOverdue.from;
     first = std::min(first, row[2].ToDate(first));
   }
+  std::ranges::sort(figures.overdueInvoices);
   figures.overdue.count = static_cast<int>(figures.overdueInvoices.size());
 }
 
