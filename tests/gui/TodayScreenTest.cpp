@@ -97,6 +97,15 @@ TEST_F(TodayScreenTest, FiguresLeadToTheRowsThatTheyCount) {
       << Words(Shown(), "lblTotals").toStdString();
 }
 
+TEST_F(TodayScreenTest, SchedulingProblemsAreLookedForInACalmMoment) {
+  const auto* go = Find<QPushButton>(today, "cmdProblems");
+  EXPECT_FALSE(go->isVisible());
+  Run(Sql("DELETE FROM Diary WHERE Status = 'J' AND Schedule_Date > {}", QDate(2026, 11, 4)));
+  ASSERT_TRUE(QTest::qWaitFor([&] { return go->isVisible(); }));
+  ClickOn(today, "cmdProblems");
+  EXPECT_EQ(Shown()->objectName(), "frmListOfClientsWithSchedulingProblem");
+}
+
 TEST_F(TodayScreenTest, AnAgeLeadsToItsDebtors) {
   for (const char* age : {"cmdAge30", "cmdAge60", "cmdAge90", "cmdAgeOver90"}) {
     SCOPED_TRACE(age);

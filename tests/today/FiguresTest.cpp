@@ -236,6 +236,21 @@ TEST_F(FiguresTest, TakingsAreCountedByTheWayTheyAreBanked) {
   EXPECT_EQ(attention.toBank[2].total, Money::FromWhole(30));
 }
 
+TEST_F(FiguresTest, AClientWithSeveralMissingVisitsIsOneProblem) {
+  const auto client = AddClient();
+  const auto inOrder = AddClient();
+  business().values.daysToAdvanceSchedule = 10;
+  Run(Sql("UPDATE infSystem SET Last_Schedule_Ending = {}", On("2026-11-12")));
+  for (const auto& [of, frequency] :
+       {std::pair(client, 7), std::pair(client, 5), std::pair(inOrder, 20)})
+    Run(
+        Sql("INSERT INTO Client_Services (Client_ID, Service_ID, Status, Frequency, Next_Visit) "
+            "VALUES ({}, 1, 'Regular', {}, {})",
+            of, frequency, On("2026-11-03")));
+  AddJob(inOrder, "2026-11-03", "J", 10);
+  EXPECT_EQ(CountClientsWithSchedulingProblem(business()), 1);
+}
+
 TEST_F(FiguresTest, TheLastBackupIsTheNewestOfWhatTheArchiveAndTheBusinessTell) {
   const auto last = [&](const QString& archive) {
     return LoadAttention(business(), {.archive = archive});
