@@ -108,5 +108,6 @@ std::vector<Command> RepairCommands();
 std::vector<Command> BackupCommands();
 std::vector<Command> SettingsCommands();
 std::vector<Command> TodayCommands();
+std::vector<Command> HeadOfficeCommands();
 
 }  // namespace quillary::cli

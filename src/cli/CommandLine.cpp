@@ -19,7 +19,8 @@ const std::vector<Command>& AllCommands() {
          {FileCommands(), StatementCommands(), ScheduleCommands(), DiaryCommands(),
           ClientCommands(), BalanceCommands(), InvoiceCommands(), PaymentCommands(),
           PurchaseCommands(), BankingCommands(), DocumentCommands(), ReportCommands(),
-          RepairCommands(), BackupCommands(), SettingsCommands(), TodayCommands()}) {
+          RepairCommands(), BackupCommands(), SettingsCommands(), TodayCommands(),
+          HeadOfficeCommands()}) {
       all.insert(all.end(), group.begin(), group.end());
     }
     return all;

@@ -183,12 +183,18 @@ class Sequence {
 std::unique_ptr<Business> OpenDatabase(const Outside& outside, const QString& file,
                                        const QString& programFolder) {
   auto business = std::make_unique<Business>(outside, file);
-  outside.headOffice.LogIn();
   business->ConnectToDatabase();
   outside.settings.Write(QStringLiteral("LastAccessedFile"), QStringLiteral("File"), file);
   LoadOptionFlags(*business);
   if (business->values.enableLogging) {
     outside.headOffice.SetLogFile(QDir(programFolder).filePath(QStringLiteral("Log.txt")));
+  }
+  // A business without head office waits for no network.
+  if (business->values.enableOstrel4WebServices) {
+    const Recordset details = business->RunSQL(Sql("SELECT FSE_Code FROM infPersonalDetails"));
+    if (details.HasRows())
+      outside.headOffice.SetFSECode(details.Field(u"FSE_Code").ToText().trimmed());
+    outside.headOffice.LogIn();
   }
   LogActivity(*business, QStringLiteral("Logon"));
   return business;

@@ -167,11 +167,15 @@ bool MainMenuMDI::IsEnabled(const MenuEntry& entry) const {
 
 void MainMenuMDI::EnableHeadOfficeCommands() {
   const bool online = business_.World().headOffice.Online();
+  const bool isOnItsOwn = !business_.values.enableOstrel4WebServices;
   for (const MenuCommand& command : commands_) {
     const QLatin1StringView name(command.entry->name);
     if (name == QLatin1StringView("mnuSetupServices") ||
-        name == QLatin1StringView("mnuUploadDatabase"))
-      command.action->setEnabled(online && command.entry->action.canOpen(navigator_));
+        name == QLatin1StringView("mnuUploadDatabase") ||
+        name == QLatin1StringView("mnuCopyFromOstrel"))
+      command.action->setEnabled(
+          command.entry->action.canOpen(navigator_) &&
+          (online || (isOnItsOwn && name == QLatin1StringView("mnuSetupServices"))));
   }
 }
 

@@ -32,13 +32,15 @@ void MainMenuMDI::ReconnectToInternet() {
         command.action->setEnabled(on && command.entry->action.canOpen(navigator_));
   };
   if (!headOffice.IsConnected()) {
-    enable("mnuSetupServices", false);
+    enable("mnuSetupServices", !business_.values.enableOstrel4WebServices);
     enable("mnuUploadDatabase", false);
+    enable("mnuCopyFromOstrel", false);
     prompter.Tell(Tone::Stop,
                   QStringLiteral("Internet connection unavailable. Please try again later "));
   } else if (headOffice.LogIn()) {
     enable("mnuSetupServices", true);
     enable("mnuUploadDatabase", true);
+    enable("mnuCopyFromOstrel", true);
     prompter.Tell(Tone::Information,
                   QStringLiteral("Internet connection and Session established "));
   } else {

@@ -178,6 +178,8 @@ Entries Functions() {
       {"cmdReconnectToInternet", "Reconnect to Internet", kMainWindow},
       {"mnuUploadDatabase", "Upload database to Ostrel4 Server", Opens<UploadDatabase>(),
        "Upload Database File Start"},
+      {"mnuCopyFromOstrel", "Download data from Bravanti's Online...", Opens<OpenCopyFromOstrel>(),
+       "Copy From Head Office"},
   };
 }
 

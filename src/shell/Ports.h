@@ -4,6 +4,8 @@
 #include "base/ports/Outside.h"
 #include "data/settings/PerUserSettings.h"
 #include "kit/Boxes.h"
+#include "link/OstrelHeadOffice.h"
+#include "session/ProgramFolder.h"
 #include "shell/MachineDesktop.h"
 #include "shell/frmErrorHandler.h"
 
@@ -15,7 +17,7 @@ struct DesktopPorts {
   MessageBoxPrompter prompter;
   MachineDesktop desktop;
   PerUserSettings settings;
-  NoHeadOffice headOffice;
+  link::OstrelHeadOffice headOffice{clock, prompter, session::ProgramFolder()};
   CursorBusyPointer busy;
   Navigator navigator;
   ScreenErrorReporter errors{clock, prompter, desktop, settings, navigator};

@@ -12,6 +12,7 @@
 #include "diary/screens/DiaryScreens.h"
 #include "documents/screens/DocumentScreens.h"
 #include "kit/InputHabits.h"
+#include "link/screens/LinkScreens.h"
 #include "lists/screens/ListScreens.h"
 #include "maintenance/DatabaseVersion.h"
 #include "maintenance/screens/MaintenanceScreens.h"
@@ -103,6 +104,7 @@ void Program::RegisterScreens(Business& business) {
   maintenance::RegisterMaintenanceScreens(business, settings_, mainMenu_->Tools(),
                                           session::ArchiveUnder(settings_.Folder()));
   setup::RegisterSetupScreens(business, mainMenu_->Tools(), settings_.Folder());
+  link::RegisterLinkScreens(business, mainMenu_->Tools(), settings_.Folder());
   lists::RegisterListScreens(business, mainMenu_->Tools());
   diary::RegisterDiaryScreens(business, mainMenu_->Tools());
   clients::RegisterClientScreens(business, mainMenu_->Tools());

@@ -110,6 +110,7 @@ const Expected kTree[] = {
     {1, "mnuRegisterComponents", "Register Components"},
     {1, "cmdReconnectToInternet", "Reconnect to Internet"},
     {1, "mnuUploadDatabase", "Upload database to Ostrel4 Server"},
+    {1, "mnuCopyFromOstrel", "Download data from Bravanti's Online..."},
     {0, "mnuSetup", "&Setup"},
     {1, "mnuSetupPersonalInfo", "Your personal information"},
     {1, "mnuSetupServices", "Services provided"},
@@ -242,6 +243,17 @@ TEST_F(MenuTest, HeadOfficeCommandsFollowTheSession) {
     EXPECT_EQ(Command("mnuSetupServices")->isEnabled(), step.services) << step.told;
     EXPECT_EQ(Command("mnuUploadDatabase")->isEnabled(), step.upload) << step.told;
   }
+}
+
+TEST_F(MenuTest, ABusinessOnItsOwnKeepsItsServices) {
+  navigator.Register<UploadDatabase>([](const UploadDatabase&) {});
+  navigator.Register<OpenServices>([](const OpenServices&) {});
+  Start();
+  program->OpenBusiness().values.enableOstrel4WebServices = false;
+  Command("cmdReconnectToInternet")->trigger();
+  outside.prompter.TakeTold();
+  EXPECT_TRUE(Command("mnuSetupServices")->isEnabled());
+  EXPECT_FALSE(Command("mnuUploadDatabase")->isEnabled());
 }
 
 TEST_F(MenuTest, LeavingAsksFirst) {

@@ -166,5 +166,12 @@ TEST_F(StartUpTest, ActivitiesAreLoggedOnlyInASession) {
   EXPECT_EQ(outside.headOffice.activities, QStringList{"Logon"});
 }
 
+TEST_F(StartUpTest, ABusinessOnItsOwnAsksForNoNetwork) {
+  Run(Sql("UPDATE infOptions SET EnableOstrel4WebServices = False"));
+  outside.headOffice.connected = outside.headOffice.letsIn = true;
+  Start();
+  EXPECT_EQ(outside.headOffice.sessionKey, "");
+}
+
 }  // namespace
 }  // namespace quillary::session

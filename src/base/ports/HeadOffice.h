@@ -2,6 +2,10 @@
 
 #include <QString>
 
+#include <optional>
+#include <utility>
+#include <vector>
+
 namespace quillary {
 
 struct MailServer {
@@ -24,10 +28,20 @@ class HeadOffice {
   /// Empty while no session stands.
   virtual QString SessionKey() const = 0;
   virtual QString FSECode() const = 0;
+  /// Under which code head office knows the business that is open.
+  virtual void SetFSECode(const QString& /*code*/) {}
   virtual MailServer GetSMTPDetails() = 0;
   virtual void LogQuillaryActivity(const QString& activity) = 0;
   /// Where the traffic is logged; an empty path stops the log.
   virtual void SetLogFile(const QString& path) = 0;
+  /// Calls a method of the service that sends mails, with names and values in their order. What the
+  /// reply says; nothing when no reply came.
+  virtual std::optional<QString> CallMessages(
+      const QString& /*method*/, const std::vector<std::pair<QString, QString>>& /*parameters*/) {
+    return std::nullopt;
+  }
+  /// Writes a line to that log.
+  virtual void Trace(const QString& /*text*/) {}
 
   bool Online() const { return !SessionKey().trimmed().isEmpty(); }
 };

@@ -10,6 +10,8 @@ struct OpenServices {};
 struct OpenAcquireServices {
   using Result = bool;
 };
+/// Replaces details, services or clients by what head office holds.
+struct OpenCopyFromOstrel {};
 struct OpenEmployees {};
 struct OpenMiscellaneousSettings {};
 struct OpenBanks {};
