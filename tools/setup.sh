@@ -5,11 +5,11 @@ BUILD_PACKAGES=(
   qt6-base-dev libgl-dev
   libsqlite3-dev mdbtools-dev libglib2.0-dev
   libharfbuzz-dev libfribidi-dev
-  libcurl4-openssl-dev zlib1g-dev libpugixml-dev
+  libcurl4-openssl-dev zlib1g-dev libpugixml-dev libgmime-3.0-dev
   fonts-urw-base35 fonts-noto-core fonts-dejavu-core fonts-dejavu-extra fonts-droid-fallback
 )
-RUN_PACKAGES=(libqt6svg6 breeze-icon-theme)
-TEST_PACKAGES=(libgtest-dev python3 git clang-format qpdf poppler-utils sqlite3
+RUN_PACKAGES=(libqt6svg6 breeze-icon-theme xdg-utils)
+TEST_PACKAGES=(libgtest-dev python3 python3-aiosmtpd openssl git clang-format qpdf poppler-utils sqlite3
   xvfb openbox xdotool x11-apps at-spi2-core dbus-daemon dbus-x11 python3-gi gir1.2-atspi-2.0)
 BENCH_PACKAGES=(libhpdf-dev ledger)
 

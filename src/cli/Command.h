@@ -109,5 +109,6 @@ std::vector<Command> BackupCommands();
 std::vector<Command> SettingsCommands();
 std::vector<Command> TodayCommands();
 std::vector<Command> HeadOfficeCommands();
+std::vector<Command> MailCommands();
 
 }  // namespace quillary::cli

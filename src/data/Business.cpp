@@ -98,8 +98,12 @@ void Business::CloseConnection() {
 void Business::TellCommitted(const std::vector<std::string>& tables) {
   Tables written;
   for (const std::string& table : tables) written.Add(QString::fromStdString(table));
+  TellOfChange(written);
+}
+
+void Business::TellOfChange(const Tables& what) {
   try {
-    commits_.Tell(written);
+    commits_.Tell(what);
   } catch (const std::exception& error) {
     outside_.errors.Report(QStringLiteral("Business"), QStringLiteral("OnCommitted"), error);
   }

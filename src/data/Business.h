@@ -76,6 +76,9 @@ class Business {
   [[nodiscard]] Subscription OnCommitted(Changes::Listener listener) {
     return commits_.Listen(std::move(listener));
   }
+  /// Tells those listeners of a change beside the file, such as of the outbox, by the name under
+  /// which screens show it.
+  void TellOfChange(const Tables& what);
   /// What was done since the start, to be taken back.
   History& PastCommands() { return *history_; }
 

@@ -5,6 +5,7 @@
 #include "data/ActivityLog.h"
 #include "data/schema/Schema.h"
 #include "data/schema/Upgrader.h"
+#include "mail/SmtpServer.h"
 #include "maintenance/backups/ExitBackups.h"
 #include "roll/ScheduleEngine.h"
 #include "session/ProgramFolder.h"
@@ -63,7 +64,7 @@ class Sequence {
     business = screens_.SelectDatabaseToAccess();
     if (!business) return false;
     Reached("SelectDatabaseToAccess");
-    business->values.mailServer = outside_.headOffice.GetSMTPDetails();
+    mail::GetSMTPDetails(*business);
     screens_.ShowProgress();
     Advance(1);
     Open(commandLine);

@@ -4,6 +4,7 @@
 #include "base/ports/requests/Billing.h"
 #include "base/ports/requests/Clients.h"
 #include "base/ports/requests/Documents.h"
+#include "base/ports/requests/Mail.h"
 #include "base/ports/requests/Maintenance.h"
 #include "base/ports/requests/Scheduling.h"
 #include "base/ports/requests/Screens.h"
@@ -63,6 +64,7 @@ Entries Financial() {
 Entries Reports() {
   return {
       {"mnuSentDocuments", "Sent Documents", Opens<OpenSentDocuments>(), "Client Report"},
+      {"mnuOutbox", "Outbox", Opens<OpenOutbox>(), "Outbox", "frmEmailingServices"},
       Break("mnuReportsBreak_0"),
       {"mnuReportsClients", "Clients", Opens<ReportOnClients>(), "Client Report"},
       {"mnuReportsQuotes", "Quotes", Opens<ReportOnQuotes>(), "Quotes Report"},

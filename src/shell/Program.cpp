@@ -14,6 +14,7 @@
 #include "kit/InputHabits.h"
 #include "link/screens/LinkScreens.h"
 #include "lists/screens/ListScreens.h"
+#include "mail/screens/MailScreens.h"
 #include "maintenance/DatabaseVersion.h"
 #include "maintenance/screens/MaintenanceScreens.h"
 #include "reports/screens/ReportScreens.h"
@@ -111,6 +112,7 @@ void Program::RegisterScreens(Business& business) {
   balances::RegisterBalanceScreens(business, mainMenu_->Tools());
   billing::RegisterBillingScreens(business, mainMenu_->Tools());
   accounts::RegisterAccountScreens(business, mainMenu_->Tools());
+  mail::RegisterMailScreens(business, mainMenu_->Tools());
   documents::RegisterDocumentScreens(business, mainMenu_->Tools());
   reports::RegisterReportScreens(business, mainMenu_->Tools());
   today::RegisterTodayScreens(business, mainMenu_->Tools(),

@@ -45,6 +45,7 @@ const Expected kTree[] = {
     {1, "mnuFinancialBudgets", "Yearly budgets"},
     {0, "mnuReports", "&Reports"},
     {1, "mnuSentDocuments", "Sent Documents"},
+    {1, "mnuOutbox", "Outbox"},
     {1, "mnuReportsBreak_0", ""},
     {1, "mnuReportsClients", "Clients"},
     {1, "mnuReportsQuotes", "Quotes"},

@@ -65,6 +65,15 @@ QStringList CollectedErrors::TakeReports() {
   return std::exchange(reports_, {});
 }
 
+std::optional<QString> ScriptedHeadOffice::CallMessages(
+    const QString& method, const std::vector<std::pair<QString, QString>>& parameters) {
+  QString call = method;
+  for (const auto& [name, value] : parameters) call += u' ' + name + u'=' + value;
+  calls += call;
+  const auto reply = replies.find(method);
+  return reply == replies.end() ? std::nullopt : reply->second;
+}
+
 bool ScriptedHeadOffice::LogIn() {
   if (letsIn) sessionKey = QStringLiteral("SESSION");
   return letsIn;

@@ -81,7 +81,13 @@ class ScriptedHeadOffice : public HeadOffice {
   MailServer GetSMTPDetails() override { return mailServer; }
   void LogQuillaryActivity(const QString& activity) override { activities += activity; }
   void SetLogFile(const QString& path) override { logFile = path; }
+  std::optional<QString> CallMessages(
+      const QString& method, const std::vector<std::pair<QString, QString>>& parameters) override;
+  void Trace(const QString& text) override { traced += text; }
 
+  QStringList calls;   // methods with what they were given: "Upload_File FileName=..."
+  QStringList traced;  // lines
+  std::map<QString, std::optional<QString>> replies;
   bool connected = false;
   bool letsIn = false;
   QString sessionKey;

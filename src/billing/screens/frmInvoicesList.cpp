@@ -2,6 +2,7 @@
 
 #include "base/ports/requests/Clients.h"
 #include "base/ports/requests/Documents.h"
+#include "base/ports/requests/Mail.h"
 #include "billing/invoices/InvoiceNumbers.h"
 #include "billing/runs/MonthlyRun.h"
 #include "billing/screens/InvoiceMonths.h"
@@ -78,6 +79,11 @@ void frmInvoicesList::ConnectPrintCommands() {
                                           .from = dtFrom->Date(),
                                           .to = dtTo->Date(),
                                           .priceIncludesGST = !chkPriceExcludesGST->isChecked()});
+  });
+  on(cmdEmailTicked, [this] {
+    tools_.navigator.Open(EmailDocuments{.invoices = ticks_->TickedIds<Invoice>(),
+                                         .days = {dtFrom->Date(), dtTo->Date()},
+                                         .priceIncludesGST = !chkPriceExcludesGST->isChecked()});
   });
   on(cmdPrintReminder, [this] {
     tools_.navigator.Open(PrintReminders{.invoices = ticks_->TickedIds<Invoice>(),

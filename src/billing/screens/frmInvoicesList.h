@@ -80,6 +80,7 @@ class frmInvoicesList : public Screen {
   QPushButton* cmdPrintInvoices;
   QPushButton* cmdPrintStatement;
   QPushButton* cmdPrintReminder;
+  QPushButton* cmdEmailTicked;
   QPushButton* cmdDeleteInvoice;
   QPushButton* cmdClose;
   QPushButton* cmdNewInvoice;

@@ -1,5 +1,6 @@
 #include "base/ports/requests/Clients.h"
 #include "base/ports/requests/Documents.h"
+#include "base/ports/requests/Mail.h"
 #include "billing/screens/InvoiceProgress.h"
 #include "billing/screens/frmInvoicesList.h"
 #include "kit/DateField.h"
@@ -83,6 +84,10 @@ void frmInvoicesList::MakePrintCommands() {
   cmdPrintStatement->setEnabled(to.CanOpen<PrintStatements>());
   cmdPrintReminder = MakeButton("cmdPrintReminder", tr("Print re&minders"));
   cmdPrintReminder->setEnabled(to.CanOpen<PrintReminders>());
+  cmdEmailTicked =
+      MakeButton("cmdEmailTicked", tr("Emai&l ticked…"), ButtonKind::Plain, "mail-send");
+  cmdEmailTicked->setToolTip(tr("A document for each client of the ticked invoices"));
+  cmdEmailTicked->setEnabled(to.CanOpen<EmailDocuments>());
 }
 
 void frmInvoicesList::LayOut() {
@@ -123,7 +128,7 @@ QLayout* frmInvoicesList::SetupLine() {
 
 QLayout* frmInvoicesList::CommandLine() {
   auto* line = new FlowLayout;
-  line->AddWidgets({cmdDeleteInvoice, cmdPrintGrid});
+  line->AddWidgets({cmdDeleteInvoice, cmdPrintGrid, cmdEmailTicked});
   line->AddWidgets({cmdClose, cmdNewInvoice, cmdViewInvoice}, Qt::AlignRight);
   return line;
 }

@@ -2,6 +2,7 @@
 
 #include "base/ports/requests/Clients.h"
 #include "base/ports/requests/Documents.h"
+#include "base/ports/requests/Mail.h"
 #include "clients/DeleteClient.h"
 #include "clients/screens/ClientGrids.h"
 #include "kit/Combos.h"
@@ -50,6 +51,9 @@ void frmClientList::MakeControls() {
   cmdPrintGrid = MakeButton("cmdPrintGrid", tr("&Print"), ButtonKind::Plain, "document-print");
   cmdPrintGrid->setShortcut(QKeySequence::Print);
   cmdPrintGrid->setEnabled(tools_.navigator.CanOpen<PrintList>());
+  cmdMailMerge = MakeButton("cmdMailMerge", tr("Mail &merge..."));
+  cmdMailMerge->setToolTip(tr("Writes a file that word processors merge into letters"));
+  cmdMailMerge->setEnabled(tools_.navigator.CanOpen<OpenMailMerge>());
   cmdClose = MakeButton("cmdClose", tr("Close"));
   cmdClose->setToolTip(tr("Closes this tab (Ctrl+W)"));
   cmdNew = MakeButton("cmdNew", tr("Add ne&w client"), ButtonKind::Plain, "list-add");
@@ -68,7 +72,7 @@ void frmClientList::LayOut() {
   over->AddWidgets({txtSearch, status, chkRegular});
   over->AddWidgets({cmdRefresh}, Qt::AlignRight);
   auto* commands = new FlowLayout;
-  commands->AddWidgets({cmdDelete, cmdPrintGrid, lblCount});
+  commands->AddWidgets({cmdDelete, cmdPrintGrid, cmdMailMerge, lblCount});
   commands->AddWidgets({cmdClose, cmdNew, cmdView}, Qt::AlignRight);
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(16, 16, 16, 16);
@@ -91,6 +95,7 @@ void frmClientList::ConnectControls() {
   onClick(cmdView, [this] { View(); });
   onClick(cmdNew, [this] { tools_.navigator.Open(AddClient{}); });
   onClick(cmdDelete, [this] { Delete(); });
+  onClick(cmdMailMerge, [this] { tools_.navigator.Open(OpenMailMerge{}); });
   onClick(cmdPrintGrid, [this] { tools_.navigator.Open(ShownList(windowTitle(), grdClients)); });
   auto* add = new QShortcut(QKeySequence::New, this);
   add->setContext(Qt::WidgetWithChildrenShortcut);

@@ -54,6 +54,7 @@ class frmClientList : public Screen {
   QLabel* lblCount;
   QPushButton* cmdDelete;
   QPushButton* cmdPrintGrid;
+  QPushButton* cmdMailMerge;
   QPushButton* cmdClose;
   QPushButton* cmdNew;
   QPushButton* cmdView;

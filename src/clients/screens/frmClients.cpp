@@ -6,6 +6,7 @@
 #include "clients/screens/ClientFields.h"
 #include "clients/screens/ClientGrids.h"
 #include "clients/screens/ClientJobsPage.h"
+#include "clients/screens/ClientMailsPage.h"
 #include "clients/screens/ClientMoneyPages.h"
 #include "clients/screens/ClientServicesPage.h"
 #include "clients/screens/ClientSidePanel.h"
@@ -49,6 +50,7 @@ void frmClients::MakePages() {
   invoices_ = new ClientInvoicesPage(desk_);
   payments_ = new ClientPaymentsPage(desk_);
   sites_ = new ClientSitesPage(desk_);
+  mails_ = new ClientMailsPage(desk_);
   side_ = new ClientSidePanel(desk_);
   pages_ = new PageTabs("pages", tr("Parts of the client"));
   pages_->AddPage(details_, tr("Details"));
@@ -59,6 +61,7 @@ void frmClients::MakePages() {
   pages_->AddPage(invoices_, tr("Invoices"));
   pages_->AddPage(payments_, tr("Payments"));
   pages_->AddPage(sites_, tr("Sites"));
+  pages_->AddPage(mails_, tr("Mails"));
 }
 
 QLayout* frmClients::Header() {
@@ -257,12 +260,13 @@ void frmClients::LoadJobs() {
 void frmClients::LoadMoney() {
   pages_->SetCount(invoices_, invoices_->LoadInvoices());
   pages_->SetCount(payments_, payments_->LoadPayments());
+  pages_->SetCount(mails_, mails_->LoadMails());
 }
 
 void frmClients::EnableParts() {
   const ClientParts parts = PartsOf(desk_.edit.client);
   for (const QWidget* page : std::initializer_list<const QWidget*>{
-           services_, billing_, future_, past_, invoices_, payments_, sites_})
+           services_, billing_, future_, past_, invoices_, payments_, sites_, mails_})
     pages_->EnablePage(page, parts.otherTabs);
   services_->EnableSchedule(parts.schedule);
   invoices_->EnableFrame(parts.invoicesAndPayments);

@@ -22,6 +22,7 @@ class ClientJobsPage;
 class ClientPaymentsPage;
 class ClientServicesPage;
 class ClientSidePanel;
+class ClientMailsPage;
 class ClientSitesPage;
 
 /// All that is known of a client: its record, its services, who pays for it, its jobs, invoices,
@@ -46,7 +47,7 @@ class frmClients : public Screen {
   /// Loads the lists again; the fields too unless the user has changed them.
   void Reload() override;
   Tables Shows() const override {
-    return {"Clients", "Client_Services", "Diary", "Payments", "Invoices"};
+    return {"Clients", "Client_Services", "Diary", "Payments", "Invoices", "(outbox)"};
   }
   bool HasEdits() const override { return IsDataChanged(); }
   bool MayClose() override;
@@ -103,6 +104,7 @@ class frmClients : public Screen {
   ClientInvoicesPage* invoices_;
   ClientPaymentsPage* payments_;
   ClientSitesPage* sites_;
+  ClientMailsPage* mails_;
   ClientSidePanel* side_;
   QPushButton* cmdReloadClientScreen;
   QPushButton* cmdClose;

@@ -58,6 +58,7 @@ class PdfRun {
   PdfRun(Business& business, const BillingPlaces& places, const PageDesign& design,
          const QString& pdfTitle, const QString& docTitle, const QString& fileName)
       : business_(business),
+        opensViewer_(places.opensViewer),
         fonts_(places.fonts ? places.fonts
                             : std::make_shared<const PageFonts>(places.report.fontFolder)),
         made_(PathIn(places, fileName), FileInTheMaking::Place::Replacing,
@@ -86,7 +87,7 @@ class PdfRun {
     pages_->EndDocument();
     made_.TakeItsPlace();
     document_.troubles += TroublesOfTexts(pdf_);
-    if (!Show(business_, document_.docFile)) {
+    if (opensViewer_ && !Show(business_, document_.docFile)) {
       document_.troubles += QStringLiteral(
                                 "No program of this machine shows PDF files. The document "
                                 "lies in %1.")
@@ -122,6 +123,7 @@ class PdfRun {
   }
 
   Business& business_;
+  bool opensViewer_;
   std::shared_ptr<const PageFonts> fonts_;
   FileInTheMaking made_;  // outlives the writer, which has it open
   PDFWriter pdf_;

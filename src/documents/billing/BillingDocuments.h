@@ -32,6 +32,8 @@ struct BillingPlaces {
   QString folder = {};  // instead of `Report Doc`
   /// Kept by who prints many files, so that the metrics are read once.
   std::shared_ptr<const PageFonts> fonts = {};
+  /// Whether a PDF file is shown when it is written; not for who makes many.
+  bool opensViewer = true;
 };
 
 /// Prints every invoice from the top of a page, or for each client of the invoices a statement or a

@@ -29,9 +29,6 @@ namespace quillary::documents {
 
 namespace {
 
-const char* const kNoConnection =
-    "Internet connection unavailable or your Session has expired.\r\nPlease log out and restart "
-    "the application or try Functions->Reconnect to Internet";
 const char* const kSent =
     "Email has been sent.\r\nInvoice can be viewed in Reports->Send Documents";
 const char* const kNoteBeforeAnyReport =
@@ -55,7 +52,7 @@ frmReportViewer::frmReportViewer(Business& business, const ScreenTools& tools)
   LayOut();
   ConnectControls();
   cmdEmailFileAsAttachment->setEnabled(report_.isWritten && tools_.navigator.CanOpen<EmailFile>());
-  cmdEmailFileAsAttachment->setVisible(business_.World().headOffice.Online());
+  cmdEmailFileAsAttachment->setVisible(CanEmail());
   vsPr->SetZoom(kFirstZoom);
   ShowZoom();
 }
@@ -269,7 +266,7 @@ void frmReportViewer::ShowPages(ReportDocument report) {
   lblPages->setText(tr("of %1").arg(count));
   lblNote->setText(report_.note);
   cmdSaveTablesAsCSV->setEnabled(HasTables(report_.pages));
-  cmdEmailFileAsAttachment->setVisible(business_.World().headOffice.Online());
+  cmdEmailFileAsAttachment->setVisible(CanEmail());
   vsPr->ShowDocument(&report_.pages);
   Search();
   vsPr->setFocus();
@@ -372,16 +369,24 @@ void frmReportViewer::SaveTablesAsCSV() {
   WriteWhole(*name, tables.empty() ? WriteCsv(report_.pages) : tables.front().content);
 }
 
+bool frmReportViewer::CanEmail() const {
+  return business_.World().headOffice.Online() || MailsWithoutHeadOffice();
+}
+
+bool frmReportViewer::MailsWithoutHeadOffice() const {
+  return business_.values.emailOption == u"VBSENDMAIL" ||
+         !business_.World()
+              .settings.Read(QStringLiteral("Email"), QStringLiteral("SMTP Server"))
+              .isEmpty();
+}
+
 void frmReportViewer::cmdEmailFileAsAttachment_Click() {
-  Prompter& prompter = business_.World().prompter;
-  if (!business_.World().headOffice.IsConnected()) {
-    cmdEmailFileAsAttachment->hide();
-    prompter.Tell(Tone::Stop, QString::fromLatin1(kNoConnection));
+  if (!tools_.navigator.Open(EmailFile{report_.docTitle, report_.docFile})) {
+    if (!business_.World().headOffice.IsConnected() && !MailsWithoutHeadOffice())
+      cmdEmailFileAsAttachment->hide();
     return;
   }
-  const BusyWhile busy(business_.World().busy);
-  if (!tools_.navigator.Open(EmailFile{report_.docTitle, report_.docFile})) return;
-  prompter.Tell(Tone::Information, QString::fromLatin1(kSent));
+  business_.World().prompter.Tell(Tone::Information, QString::fromLatin1(kSent));
   cmdEmailFileAsAttachment->hide();
 }
 

@@ -32,6 +32,9 @@ class frmReportViewer : public Screen {
   Tables Shows() const override;
   const ReportDocument& Shown() const { return report_; }
   /// Lets the user choose an address and mails the file of the report.
+  bool CanEmail() const;
+  /// By the machine's own mail program, or by a mail server.
+  bool MailsWithoutHeadOffice() const;
   void cmdEmailFileAsAttachment_Click();
 
  private:

@@ -128,6 +128,8 @@ const std::vector<StoredSetting>& StoredSettings() {
       {"SMTP Server", User, Text, "Email"},
       {"SMTP UserName", User, Text, "Email"},
       {"SMTP Password", User, Text, "Email", "", true},
+      {"SMTP Security", User, Text, "Email"},
+      {"SMTP Certificates", User, Text, "Email"},
       {"Invoice Printing Format", User, Text, "Invoices", "WORD"},
       {"Document Design", User, Text, "Invoices", "CLASSIC"},
       {"DO_CUSTOM_BACKUP", Installation, YesNo, kBackups, "0"},

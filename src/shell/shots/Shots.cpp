@@ -89,6 +89,7 @@ void Shots::Run(const QString& only) {
       {"menus", &Shots::Menus},
       {"dialogs", &Shots::Dialogs},
       {"boxes", &Shots::Boxes},
+      {"mail", &Shots::Mails},
   };
   for (const auto& [name, shoot] : groups)
     if (only.isEmpty() || only == QLatin1StringView(name)) (this->*shoot)();

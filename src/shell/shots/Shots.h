@@ -38,6 +38,7 @@ class Shots {
   void PurchaseDialogs();
   void Documents();
   void Reports();
+  void Mails();
   /// The dialog that `open` opens, a picture for each of its pages.
   void SaveDialog(const std::function<void()>& open);
   template <typename Request>
