@@ -11,7 +11,7 @@ BUILD_PACKAGES=(
 RUN_PACKAGES=(libqt6svg6 breeze-icon-theme xdg-utils)
 TEST_PACKAGES=(libgtest-dev python3 python3-aiosmtpd openssl git clang-format qpdf poppler-utils sqlite3
   xvfb openbox xdotool x11-apps at-spi2-core dbus-daemon dbus-x11 python3-gi gir1.2-atspi-2.0)
-BENCH_PACKAGES=(libhpdf-dev ledger)
+BENCH_PACKAGES=(python3-aiosmtpd libhpdf-dev ledger)
 
 # Another clone, or a build folder of another name, finds what this one compiled.
 export CCACHE_NOHASHDIR=true

@@ -53,9 +53,9 @@ bool NobodyThere(CURLcode code) {
 }  // namespace
 
 /// One connection, with the library's handle to it.
-class SmtpCourier::Conversation {
+class SmtpConversation {
  public:
-  Conversation(const SmtpServer& server, std::function<bool()> keepGoing)
+  SmtpConversation(const SmtpServer& server, std::function<bool()> keepGoing)
       : keepGoing_(std::move(keepGoing)) {
     static const CURLcode started = curl_global_init(CURL_GLOBAL_DEFAULT);
     handle_ = started == CURLE_OK ? curl_easy_init() : nullptr;
@@ -89,9 +89,9 @@ class SmtpCourier::Conversation {
     Set(CURLOPT_XFERINFODATA, &keepGoing_);
     Set(CURLOPT_NOPROGRESS, 0L);
   }
-  ~Conversation() { curl_easy_cleanup(handle_); }
-  Conversation(const Conversation&) = delete;
-  Conversation& operator=(const Conversation&) = delete;
+  ~SmtpConversation() { curl_easy_cleanup(handle_); }
+  SmtpConversation(const SmtpConversation&) = delete;
+  SmtpConversation& operator=(const SmtpConversation&) = delete;
 
   Delivery Send(const Message& message, const QByteArray& bytes) {
     std::unique_ptr<curl_slist, FreeList> receivers;
@@ -145,7 +145,7 @@ class SmtpCourier::Conversation {
 
 SmtpCourier::SmtpCourier(SmtpServer server, std::function<bool()> keepGoing)
     : server_(std::move(server)),
-      conversation_(std::make_unique<Conversation>(server_, std::move(keepGoing))) {}
+      conversation_(std::make_unique<SmtpConversation>(server_, std::move(keepGoing))) {}
 
 SmtpCourier::~SmtpCourier() = default;
 

@@ -8,6 +8,8 @@
 
 namespace quillary::mail {
 
+class SmtpConversation;
+
 /// Hands mails to a mail server, all of them over one connection. The server's certificate has to
 /// be good; a password is never sent over a line that others can read.
 class SmtpCourier : public Courier {
@@ -20,9 +22,8 @@ class SmtpCourier : public Courier {
   Delivery Send(const Message& message) override;
 
  private:
-  class Conversation;
   SmtpServer server_;
-  std::unique_ptr<Conversation> conversation_;
+  std::unique_ptr<SmtpConversation> conversation_;
 };
 
 }  // namespace quillary::mail

@@ -2,6 +2,7 @@
 
 #include "base/ports/requests/Documents.h"
 #include "base/ports/requests/Mail.h"
+#include "mail/Sending.h"
 #include "mail/SentDocuments.h"
 #include "mail/screens/dlgEmailDocuments.h"
 #include "mail/screens/dlgSentDocuments.h"

@@ -62,7 +62,7 @@ QString dlgEmailDocuments::Facts() const {
   size_t without = 0;
   for (const Id<Client> client : clients) {
     const auto known = mail::LoadClientEmail(business_, {client});
-    without += std::ranges::find(known, client, &ClientAddress::client) == known.end() ? 1 : 0;
+    if (std::ranges::find(known, client, &ClientAddress::client) == known.end()) ++without;
   }
   if (clients.empty()) return tr("No invoice is ticked.");
   QString facts =

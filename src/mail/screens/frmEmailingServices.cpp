@@ -112,7 +112,8 @@ void frmEmailingServices::Reload() {
     const qint64 kept = row ? grdOutbox->Key(*row) : 0;
     mails_ = LoadSent(business_, std::nullopt);
     size_t open = 0;
-    for (const StoredMail& mail : mails_) open += mail.IsOpen() ? 1 : 0;
+    for (const StoredMail& mail : mails_)
+      if (mail.IsOpen()) ++open;
     lblCount->setText(tr("%1 not sent, %2 sent").arg(open).arg(mails_.size() - open));
     if (!chkShowSent->isChecked())
       std::erase_if(mails_, [](const StoredMail& mail) { return !mail.IsOpen(); });

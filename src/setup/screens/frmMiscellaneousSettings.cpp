@@ -99,6 +99,11 @@ void frmMiscellaneousSettings::MakeControls() {
   txtSMTPUserName = Box("txtSMTPUserName", "smtpUserName");
   txtSMTPPassword = Box("txtSMTPPassword", "smtpPassword");
   txtSMTPPassword->setEchoMode(QLineEdit::Password);
+  cboSMTPSecurity = Named(new QComboBox, "cboSMTPSecurity");
+  for (const auto& [words, code] :
+       {std::pair{tr("As is usual on its port"), ""}, std::pair{tr("STARTTLS"), "starttls"},
+        std::pair{tr("TLS"), "tls"}, std::pair{tr("None: others can read it"), "none"}})
+    cboSMTPSecurity->addItem(words, QString::fromLatin1(code));
   optMSWordCompatible = Choice<QRadioButton>("optMSWordCompatible", tr("For a &word processor"));
   optPDF = Choice<QRadioButton>("optPDF", tr("As PD&F"));
   optClean = Choice<QRadioButton>("optClean", tr("Clea&n"));
@@ -155,6 +160,7 @@ QWidget* frmMiscellaneousSettings::MailPage() {
   smtp->addLayout(InLine({{LabelOver(txtSMTPHost, tr("SMTP &host")), 2},
                           {LabelOver(txtSMTPUserName, tr("&User name")), 1},
                           {LabelOver(txtSMTPPassword, tr("&Password")), 1}}));
+  smtp->addLayout(LabelOver(cboSMTPSecurity, tr("Securit&y of the line to the host")));
   auto* frame = new QVBoxLayout;
   frame->addWidget(fraVBSendMail);
   auto* address = InLine({{LabelOver(txtCCEmailAddress, tr("&BCC Email Address")), 1}});
@@ -194,6 +200,7 @@ void frmMiscellaneousSettings::Load() {
   txtSMTPHost->setText(settings.smtpHost);
   txtSMTPUserName->setText(settings.smtpUserName);
   txtSMTPPassword->setText(settings.smtpPassword);
+  cboSMTPSecurity->setCurrentIndex(std::max(0, cboSMTPSecurity->findData(settings.smtpSecurity)));
   (settings.printingFormat == PrintingFormat::Pdf ? optPDF : optMSWordCompatible)->setChecked(true);
   (settings.documentDesign == DocumentDesign::Clean ? optClean : optClassic)->setChecked(true);
   EnableSmtp();
@@ -233,6 +240,7 @@ MiscellaneousSettings frmMiscellaneousSettings::Form() const {
   settings.smtpHost = txtSMTPHost->text();
   settings.smtpUserName = txtSMTPUserName->text();
   settings.smtpPassword = txtSMTPPassword->text();
+  settings.smtpSecurity = cboSMTPSecurity->currentData().toString();
   settings.printingFormat =
       optPDF->isChecked() ? PrintingFormat::Pdf : PrintingFormat::WordProcessor;
   settings.documentDesign = optClean->isChecked() ? DocumentDesign::Clean : DocumentDesign::Classic;

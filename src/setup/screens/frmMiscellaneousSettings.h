@@ -63,6 +63,7 @@ class frmMiscellaneousSettings : public Dialog {
   QLineEdit* txtSMTPHost;
   QLineEdit* txtSMTPUserName;
   QLineEdit* txtSMTPPassword;
+  QComboBox* cboSMTPSecurity;
   QRadioButton* optMSWordCompatible;
   QRadioButton* optPDF;
   QRadioButton* optClean;

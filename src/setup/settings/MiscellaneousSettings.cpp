@@ -71,6 +71,7 @@ void LoadUserSettings(const Business& business, MiscellaneousSettings& settings)
   settings.smtpHost = UserSetting(business, "Email", "SMTP Server");
   settings.smtpUserName = UserSetting(business, "Email", "SMTP UserName");
   settings.smtpPassword = UserSetting(business, "Email", "SMTP Password");
+  settings.smtpSecurity = UserSetting(business, "Email", "SMTP Security");
   settings.printingFormat =
       UserSetting(business, "Invoices", "Invoice Printing Format", "WORD").toUpper() == u"PDF"
           ? PrintingFormat::Pdf
@@ -131,6 +132,7 @@ void WriteUserSettings(const Business& business, const MiscellaneousSettings& se
   SetUserSetting(business, "Email", "SMTP Server", settings.smtpHost);
   SetUserSetting(business, "Email", "SMTP UserName", settings.smtpUserName);
   SetUserSetting(business, "Email", "SMTP Password", settings.smtpPassword);
+  SetUserSetting(business, "Email", "SMTP Security", settings.smtpSecurity);
   SetUserSetting(business, "Invoices", "Invoice Printing Format",
                  settings.printingFormat == PrintingFormat::Pdf ? "PDF" : "WORD");
   SetUserSetting(business, "Invoices", "Document Design",

@@ -42,6 +42,7 @@ struct MiscellaneousSettings {
   QString smtpHost;
   QString smtpUserName;
   QString smtpPassword;
+  QString smtpSecurity;  // "starttls", "tls", "none"; empty for what is usual on the port
   PrintingFormat printingFormat = PrintingFormat::WordProcessor;
   DocumentDesign documentDesign = DocumentDesign::Classic;
 };
