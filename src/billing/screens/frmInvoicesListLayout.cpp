@@ -85,7 +85,7 @@ void frmInvoicesList::MakePrintCommands() {
   cmdPrintReminder = MakeButton("cmdPrintReminder", tr("Print re&minders"));
   cmdPrintReminder->setEnabled(to.CanOpen<PrintReminders>());
   cmdEmailTicked =
-      MakeButton("cmdEmailTicked", tr("Emai&l ticked…"), ButtonKind::Plain, "mail-send");
+      MakeButton("cmdEmailTicked", tr("Email ticked…"), ButtonKind::Plain, "mail-send");
   cmdEmailTicked->setToolTip(tr("A document for each client of the ticked invoices"));
   cmdEmailTicked->setEnabled(to.CanOpen<EmailDocuments>());
 }

@@ -53,7 +53,7 @@ void dlgEmailDocuments::MakeControls() {
   prgRun->setFormat(tr("%v of %m"));
   prgRun->hide();
   cmdCancel = MakeButton("cmdCancel", tr("&Cancel"));
-  cmdSend = MakeButton("cmdSend", tr("&Send"), ButtonKind::Main, "mail-send");
+  cmdSend = MakeButton("cmdSend", tr("&Send"), ButtonKind::Main);
   cmdSend->setEnabled(!asked_.invoices.empty());
 }
 

@@ -43,7 +43,7 @@ frmEmailList::frmEmailList(Business& business, const ScreenTools& tools,
   FillWithRoutes(cmbRoute, {Route::HeadOffice, Route::LocalMailClient, Route::Smtp},
                  ChosenRoute(business));
   cmdCancel = MakeButton("cmdCancel", QStringLiteral("&Cancel"));
-  cmdOK = MakeButton("cmdOK", QStringLiteral("Send"), ButtonKind::Main, "mail-send");
+  cmdOK = MakeButton("cmdOK", QStringLiteral("Send"), ButtonKind::Main);
   LayOut();
   LoadClientEmail(clients);
   connect(fgEmailList, &Grid::selectedRowChanged, this, &frmEmailList::TakeRow);

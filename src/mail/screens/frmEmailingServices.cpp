@@ -53,7 +53,7 @@ void frmEmailingServices::MakeControls() {
   cmdSendAgain->setToolTip(tr("The receiver does not have this mail, so it waits to be sent"));
   cmdRetry = MakeButton("cmdRetry", tr("&Retry what failed"), ButtonKind::Plain, "view-refresh");
   cmdClose = MakeButton("cmdClose", tr("Cl&ose"));
-  cmdSendNow = MakeButton("cmdSendNow", tr("Send &now"), ButtonKind::Main, "mail-send");
+  cmdSendNow = MakeButton("cmdSendNow", tr("Send &now"), ButtonKind::Main);
 }
 
 void frmEmailingServices::LayOut() {
