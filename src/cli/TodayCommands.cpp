@@ -1,6 +1,7 @@
 #include "cli/Command.h"
 #include "cli/Printing.h"
 #include "cli/WorkingBusiness.h"
+#include "mail/MailsUnderWay.h"
 #include "session/ProgramFolder.h"
 #include "today/Attention.h"
 #include "today/FridayRun.h"
@@ -64,6 +65,7 @@ void AddAttention(Figures& figures, const AttentionFigures& attention, int probl
   figures.Add("Cheques_To_Bank", today::CountedMoney{cheques.count, cheques.total});
   figures.Add("Cards_To_Bank", today::CountedMoney{cards.count, cards.total});
   figures.Add("Cheques_Not_Cleared", attention.chequesWritten);
+  figures.Add("Mails_In_Doubt", attention.mailsInDoubt);
   figures.Add("Last_Backup", attention.lastBackup ? Value(*attention.lastBackup) : Value());
 }
 
@@ -72,6 +74,7 @@ void AddRun(Figures& figures, const today::FridayRun& run) {
   figures.Add("Week_To_Invoice", run.waiting.jobs);
   figures.Add("Week_To_Invoice_Amount", run.waiting.total);
   figures.Add("Week_Without_Document", static_cast<int>(run.toPrint.size()));
+  figures.Add("Week_To_Mail", static_cast<int>(run.toMail.size()));
   figures.Add("Week_To_Bank", run.ToBank());
 }
 
@@ -97,9 +100,11 @@ void RunToday(const Call& call) {
   figures.Add("Month_So_Far", year.soFar);
   figures.Add("Month_So_Far_Last_Year", year.soFarLastYear);
   const QString archive = session::ArchiveUnder(session::ProgramFolder());
-  const AttentionFigures attention = today::LoadAttention(*business, {.archive = archive});
+  mail::MailsUnderWay mails(*business);
+  const AttentionFigures attention =
+      today::LoadAttention(*business, {.archive = archive, .mail = &mails});
   AddAttention(figures, attention, today::CountClientsWithSchedulingProblem(*business));
-  AddRun(figures, today::LoadFridayRun(*business, attention, nullptr));
+  AddRun(figures, today::LoadFridayRun(*business, attention, &mails));
   business->CloseConnection();
   if (call.json) call.out << "{\"figures\": ";
   figures.Print(call);

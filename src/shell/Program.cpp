@@ -115,8 +115,10 @@ void Program::RegisterScreens(Business& business) {
   mail::RegisterMailScreens(business, mainMenu_->Tools());
   documents::RegisterDocumentScreens(business, mainMenu_->Tools());
   reports::RegisterReportScreens(business, mainMenu_->Tools());
-  today::RegisterTodayScreens(business, mainMenu_->Tools(),
-                              {.archive = session::ArchiveUnder(settings_.Folder())});
+  mails_ = std::make_unique<mail::MailsUnderWay>(business);
+  today::RegisterTodayScreens(
+      business, mainMenu_->Tools(),
+      {.archive = session::ArchiveUnder(settings_.Folder()), .mail = mails_.get()});
   navigator_.Register<SetDBVersion>(
       [&business](const SetDBVersion&) { maintenance::SetDatabaseVersion(business); });
   navigator_.Register<OpenAbout>([this](const OpenAbout&) { frmAbout(mainMenu_.get()).exec(); });

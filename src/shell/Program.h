@@ -2,6 +2,7 @@
 
 #include "data/settings/LocalSettings.h"
 #include "kit/CommandRunner.h"
+#include "mail/MailsUnderWay.h"
 #include "session/StartUp.h"
 #include "shell/MainMenuMDI.h"
 #include "shell/frmStartUp.h"
@@ -52,6 +53,7 @@ class Program : private session::StartUpScreens {
   bool userLeft_ = false;
   frmStartUp progress_;
   std::unique_ptr<Business> business_;
+  std::unique_ptr<mail::MailsUnderWay> mails_;
   std::unique_ptr<MainMenuMDI> mainMenu_;
 };
 

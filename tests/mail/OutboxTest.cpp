@@ -3,6 +3,7 @@
 #include "mail/HeadOfficeCourier.h"
 #include "mail/LocalMailClient.h"
 #include "mail/MailMerge.h"
+#include "mail/MailsUnderWay.h"
 #include "mail/OutboxRun.h"
 #include "mail/Sending.h"
 #include "mail/SentDocuments.h"
@@ -78,6 +79,27 @@ TEST_F(OutboxTest, EachAnswerOfTheServerLeavesItsMark) {
   courier.tried.clear();
   SendWaiting(business(), outbox, courier);
   EXPECT_EQ(courier.tried, QStringList());
+}
+
+TEST_F(OutboxTest, TellsOthersWhatIsInDoubtAndWhatNoMailCarries) {
+  mail::MailsUnderWay mails(business());
+  const std::vector<Id<Invoice>> both = {Id<Invoice>(7), Id<Invoice>(8)};
+  EXPECT_EQ(mails.NotMailed(both), both) << "without an outbox";
+  EXPECT_FALSE(Outbox::Exists(business())) << "asking makes none";
+  {
+    Outbox outbox(business());
+    NewMail invoice = To("a@x.org");
+    invoice.contents = mail::Contents::Invoice;
+    invoice.invoices = {Id<Invoice>(7)};
+    outbox.Put({invoice});
+    ScriptedCourier courier;
+    courier.answers = {{Outcome::InDoubt, "line lost"}};
+    SendWaiting(business(), outbox, courier);
+    EXPECT_EQ(mails.InDoubt(), 0) << "a run holds it";
+    EXPECT_EQ(mails.NotMailed(both).size(), 0U);
+  }
+  EXPECT_EQ(mails.InDoubt(), 1);
+  EXPECT_EQ(mails.NotMailed(both), std::vector<Id<Invoice>>{Id<Invoice>(8)});
 }
 
 TEST_F(OutboxTest, WhenNobodyAnswersTheRestWaits) {

@@ -70,8 +70,8 @@ frmToday::frmToday(Business& business, const ScreenTools& tools, const Attention
 }
 
 Tables frmToday::Shows() const {
-  return {"Diary",     "Clients",   "Payments",        "Invoices",  "Bankings",
-          "Purchases", "Suppliers", "Client_Services", "infSystem", "Printed_Invoices"};
+  return {"Diary",     "Clients",         "Payments",  "Invoices",         "Bankings", "Purchases",
+          "Suppliers", "Client_Services", "infSystem", "Printed_Invoices", "(outbox)"};
 }
 
 void frmToday::Reload() {

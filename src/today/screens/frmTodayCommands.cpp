@@ -63,6 +63,7 @@ void frmToday::ConnectAttention() {
   });
   on(rowToBank, [&to] { to.Open(OpenBanking{}); });
   on(rowCheques, [&to] { to.Open(OpenChequeReconciliation{}); });
+  on(rowMail, [&to] { to.Open(OpenOutbox{}); });
   on(rowBackup, [&to] { to.Open(OpenCreateCustomBackup{}); });
 }
 
@@ -84,6 +85,7 @@ void frmToday::ConnectRun() {
   OnClick(cmdUnsent, [this, &to] {
     to.Open(OpenInvoicesList{.days = run_.week.days, .ticked = run_.toMail});
   });
+  OnClick(cmdSend, [this, &to] { to.Open(EmailDocuments{.invoices = run_.toMail}); });
   for (QPushButton* button : {cmdTakings, cmdBank})
     OnClick(button, [&to] { to.Open(OpenBanking{}); });
 }
