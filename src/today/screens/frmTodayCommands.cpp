@@ -85,7 +85,7 @@ void frmToday::ConnectRun() {
   OnClick(cmdUnsent, [this, &to] {
     to.Open(OpenInvoicesList{.days = run_.week.days, .ticked = run_.toMail});
   });
-  OnClick(cmdSend, [this, &to] { to.Open(EmailDocuments{.invoices = run_.toMail}); });
+  OnClick(cmdSend, [this, &to] { to.Open(EmailDocuments{.invoices = run_.toMail, .days = {}}); });
   for (QPushButton* button : {cmdTakings, cmdBank})
     OnClick(button, [&to] { to.Open(OpenBanking{}); });
 }
