@@ -110,5 +110,6 @@ std::vector<Command> SettingsCommands();
 std::vector<Command> TodayCommands();
 std::vector<Command> HeadOfficeCommands();
 std::vector<Command> MailCommands();
+std::vector<Command> YearEndCommands();
 
 }  // namespace quillary::cli

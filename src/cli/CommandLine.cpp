@@ -20,7 +20,7 @@ const std::vector<Command>& AllCommands() {
           ClientCommands(), BalanceCommands(), InvoiceCommands(), PaymentCommands(),
           PurchaseCommands(), BankingCommands(), DocumentCommands(), ReportCommands(),
           RepairCommands(), BackupCommands(), SettingsCommands(), TodayCommands(),
-          HeadOfficeCommands(), MailCommands()}) {
+          HeadOfficeCommands(), MailCommands(), YearEndCommands()}) {
       all.insert(all.end(), group.begin(), group.end());
     }
     return all;

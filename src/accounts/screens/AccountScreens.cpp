@@ -9,8 +9,14 @@
 #include "accounts/screens/frmPurchase.h"
 #include "accounts/screens/frmPurchasesList.h"
 #include "accounts/screens/frmSuppliers.h"
+#include "accounts/yearend/PreviousRecords.h"
+#include "accounts/yearend/RevenueAccounts.h"
+#include "accounts/yearend/SortOut.h"
 #include "base/ports/requests/Accounts.h"
+#include "base/ports/requests/Maintenance.h"
+#include "base/ports/requests/Screens.h"
 #include "base/ports/requests/Setup.h"
+#include "data/ActivityLog.h"
 
 namespace quillary::accounts {
 
@@ -74,22 +80,55 @@ void RegisterBankingScreens(Business& business, const ScreenTools& tools) {
   });
 }
 
+/// Asks twice, offers a backup between, and a recomputation of the balances at the end.
+void DeletePrevious(Business& business, const Navigator& navigator) {
+  Prompter& prompter = business.World().prompter;
+  if (!MayDeletePreviousRecords(prompter)) return;
+  LogActivity(business, QStringLiteral("Delete Previous Financial Records"));
+  const auto days = navigator.Open(AskForDays{QObject::tr("Delete previous financial records")});
+  if (!days) return;
+  if (prompter.Ask(QObject::tr("Create a backup now, before anything is deleted?")) == Answer::Yes)
+    navigator.Open(OpenCreateCustomBackup{});
+  if (DeletePreviousRecordsAfterAsking(business, prompter, *days))
+    navigator.Open(RecomputeAmountOwing{});
+}
+
+void RegisterRepairs(Business& business, const ScreenTools& tools) {
+  Navigator& navigator = tools.navigator;
+  const auto run = [tools](const char* command, const std::function<void()>& repair) {
+    tools.runner.Run(QStringLiteral("MainMenuMDI"), QString::fromLatin1(command), repair);
+  };
+  navigator.Register<RecalculateGSTComponent>([&business, run](const RecalculateGSTComponent&) {
+    run("mnuRecalculateGSTComponent_Click",
+        [&] { RecalculateGSTAfterAsking(business, business.World().prompter); });
+  });
+  navigator.Register<DeletePreviousFinancialRecords>([&business, &navigator,
+                                                      run](const DeletePreviousFinancialRecords&) {
+    run("mnuDeletePreviousFinancialRecords_Click", [&] { DeletePrevious(business, navigator); });
+  });
+  navigator.Register<SortOutDatabaseRecords>([&business, run](const SortOutDatabaseRecords&) {
+    run("mnuSortoutDatabaseRecords_Click",
+        [&] { SortOutAfterAsking(business, business.World().prompter); });
+  });
+  navigator.Register<UpdateRevenueAccountIntoDefault>(
+      [&business, run](const UpdateRevenueAccountIntoDefault&) {
+        run("mnuUpdateRevenueAccountIntoDefault_Click",
+            [&] { UpdateRevenueAccountsAfterAsking(business, business.World().prompter); });
+      });
+}
+
 }  // namespace
 
 void RegisterAccountScreens(Business& business, const ScreenTools& tools) {
   RegisterPurchaseScreens(business, tools);
   RegisterBankingScreens(business, tools);
+  RegisterRepairs(business, tools);
   Navigator& navigator = tools.navigator;
   navigator.Register<OpenGeneralLedgerAccounts>(
       [&business, tools](const OpenGeneralLedgerAccounts&) {
         ShowTab(tools, "frmGeneralLedgerAccounts",
                 [&] { return new frmGeneralLedgerAccounts(business, tools); });
       });
-  navigator.Register<RecalculateGSTComponent>([&business, tools](const RecalculateGSTComponent&) {
-    tools.runner.Run(
-        QStringLiteral("MainMenuMDI"), QStringLiteral("mnuRecalculateGSTComponent_Click"),
-        [&business] { RecalculateGSTAfterAsking(business, business.World().prompter); });
-  });
 }
 
 }  // namespace quillary::accounts

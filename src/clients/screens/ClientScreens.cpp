@@ -1,6 +1,8 @@
 #include "clients/screens/ClientScreens.h"
 
 #include "base/ports/requests/Clients.h"
+#include "base/ports/requests/Maintenance.h"
+#include "clients/BillingNames.h"
 #include "clients/screens/dlgClients.h"
 #include "clients/screens/dlgDateWithClients.h"
 #include "clients/screens/frmClientList.h"
@@ -78,6 +80,15 @@ void RegisterClientScreens(Business& business, const ScreenTools& tools) {
                                            "choose this command again."));
         tools.navigator.Open(OpenClientList{});
       });
+  navigator.Register<UpdateBillingNames>([&business, tools](const UpdateBillingNames& request) {
+    const NameOrder order =
+        request.firstNameFirst ? NameOrder::FirstNameFirst : NameOrder::SurnameFirst;
+    tools.runner.Run(
+        QStringLiteral("MainMenuMDI"),
+        request.firstNameFirst ? QStringLiteral("mnuFirstnameSurnameFormat_Click")
+                               : QStringLiteral("mnuSurnameFirstnameFormat_Click"),
+        [&] { UpdateBillingNamesAfterAsking(business, business.World().prompter, order); });
+  });
   navigator.Register<EditGeneralNotes>([&business, tools](const EditGeneralNotes&) {
     return frmGeneralNotes(business, tools).exec() == QDialog::Accepted;
   });

@@ -43,7 +43,7 @@ void CriteriaDialog::MakeControls() {
   if (!sorts_.empty()) sorts_.front()->setChecked(true);
   note_ = MakeParagraph("lblByAccountNote", {});
   cmdCancel = MakeButton("cmdCancel", tr("&Cancel"));
-  cmdPreview = MakeButton("cmdPreview", tr("&Preview"), ButtonKind::Main);
+  cmdPreview = MakeButton("cmdPreview", tr(form_.accept), ButtonKind::Main);
 }
 
 void CriteriaDialog::LayOut() {

@@ -32,6 +32,7 @@ struct CriteriaForm {
   bool client = false;
   std::vector<CriteriaChoice> sorts = {};
   const char* remembered = "";  // under which the days are, where not under the dialog's name
+  const char* accept = "&Preview";
 };
 
 /// Asks for the days of a report and what else it needs.

@@ -4,6 +4,7 @@
 #include "base/ports/requests/Clients.h"
 #include "base/ports/requests/Documents.h"
 #include "base/ports/requests/Scheduling.h"
+#include "base/ports/requests/Screens.h"
 #include "reports/screens/CriteriaDialog.h"
 #include "reports/screens/ReportRun.h"
 
@@ -77,6 +78,13 @@ void RegisterClientReports(const Registration& reports) {
   navigator.Register<ReportOnClients>([reports](const ReportOnClients&) {
     if (const auto chosen = reports.tools_.navigator.Open(PickClientReport{}))
       ShowClients(reports, chosen->which, chosen->order);
+  });
+  navigator.Register<AskForDays>([reports](const AskForDays& request) -> std::optional<DateRange> {
+    CriteriaForm form = DatesForm(request.title, "DaysOfRecords");
+    form.accept = "&Go on";
+    CriteriaDialog dialog(reports.business_, reports.tools_, form);
+    if (dialog.exec() != QDialog::Accepted) return std::nullopt;
+    return dialog.Criteria().days;
   });
   navigator.Register<ReportOnQuotes>([reports](const ReportOnQuotes&) {
     ShowClients(reports, ClientReportCriteria::Which::PendingQuotes,

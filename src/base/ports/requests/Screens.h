@@ -2,6 +2,8 @@
 
 #include "base/DateRange.h"
 
+#include <QString>
+
 #include <optional>
 
 /// Requests that open the screens of the daily work. Areas with more requests get a header of
@@ -13,6 +15,11 @@ struct OpenToday {};
 /// Today, unless days are named.
 struct OpenDiary {
   std::optional<DateRange> days = {};
+};
+/// The days that a command is about. Nothing when the user gives up.
+struct AskForDays {
+  using Result = std::optional<DateRange>;
+  QString title;
 };
 struct OpenAbout {};
 struct OpenODBCConnection {};
