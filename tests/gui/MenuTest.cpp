@@ -197,12 +197,12 @@ TEST_F(MenuTest, ReservedPlacesDoNothing) {
 
 TEST_F(MenuTest, CommandsLogBeforeTheyOpen) {
   outside.headOffice.letsIn = true;
+  Start();
   QStringList loggedWhenOpened;
   navigator.Register<UpdateBillingNames>([&](const UpdateBillingNames& request) {
     loggedWhenOpened = outside.headOffice.activities;
     EXPECT_FALSE(request.firstNameFirst);
   });
-  Start();
   outside.headOffice.activities.clear();
   Command("mnuSurnameFirstnameFormat")->trigger();
   EXPECT_EQ(loggedWhenOpened, QStringList{"Update Billing/Disply name fomrat (Surname/FirstName)"});
