@@ -1,6 +1,7 @@
 #include "mail/MailMerge.h"
 
 #include "data/store/FileInTheMaking.h"
+#include "domain/ClientStatus.h"
 
 namespace quillary::mail {
 
@@ -11,8 +12,9 @@ int WriteMailMerge(Business& business, const QString& path) {
   QByteArray text;
   for (const char* field : kFields) text += (text.isEmpty() ? "" : "\t") + QByteArray(field);
   const Recordset clients =
-      business.RunSQL(Sql("SELECT * FROM Clients WHERE LEFT(Clients.Status, 1) <> 'Q' ORDER BY "
-                          "Clients.Display_Name, Clients.Surname, Clients.First_name;"));
+      business.RunSQL(Sql("SELECT * FROM Clients WHERE {} ORDER BY Clients.Display_Name, "
+                          "Clients.Surname, Clients.First_name;",
+                          IsNoProspect("Clients.Status")));
   for (const Record client : clients) {
     QStringList cells;
     for (const char* field : kFields)

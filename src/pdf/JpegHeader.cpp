@@ -1,6 +1,5 @@
 #include "pdf/JpegHeader.h"
 
-#include "pdf/ByteReader.h"
 #include "pdf/ExifDensity.h"
 #include "pdf/PDFTypes.h"
 
@@ -10,6 +9,60 @@
 
 namespace quillary {
 namespace {
+
+// Reads whole numbers, high byte first, from a run of bytes that may be cut off or hostile. Every
+// step beyond the end throws PDFError.
+class ByteReader {
+ public:
+  explicit ByteReader(std::string_view bytes) : rest_(bytes) {}
+
+  int U8();
+  int U16();
+  std::string_view Take(std::size_t count);
+  // The byte that stands `ahead` bytes further on.
+  int Peek(std::size_t ahead) const;
+  // Moves to the next such byte and returns how many others were passed.
+  std::size_t SkipTo(char byte);
+
+  bool StartsWith(std::string_view bytes) const { return rest_.starts_with(bytes); }
+  std::string_view Rest() const { return rest_; }
+  bool AtEnd() const { return rest_.empty(); }
+
+ private:
+  std::string_view rest_;
+};
+
+[[noreturn]] void RefuseEnd() {
+  throw PDFError("it is cut off");
+}
+
+int ByteReader::U8() {
+  return static_cast<unsigned char>(Take(1).front());
+}
+
+int ByteReader::U16() {
+  const int high = U8();
+  return high * 256 + U8();
+}
+
+std::string_view ByteReader::Take(std::size_t count) {
+  if (count > rest_.size()) RefuseEnd();
+  const std::string_view taken = rest_.substr(0, count);
+  rest_.remove_prefix(count);
+  return taken;
+}
+
+int ByteReader::Peek(std::size_t ahead) const {
+  if (ahead >= rest_.size()) RefuseEnd();
+  return static_cast<unsigned char>(rest_[ahead]);
+}
+
+std::size_t ByteReader::SkipTo(char byte) {
+  const std::size_t passed = rest_.find(byte);
+  if (passed == std::string_view::npos) RefuseEnd();
+  rest_.remove_prefix(passed);
+  return passed;
+}
 
 enum Marker : int {
   kFrameBaseline = 0xC0,

@@ -1,10 +1,23 @@
 #include "roll/DiaryEntries.h"
 
 #include "domain/TaxRate.h"
-#include "roll/Trap.h"
 
 namespace quillary::roll {
 namespace {
+
+// Runs one step of a routine. A failure goes to the error screen under the routine's name and is
+// passed over, so that one bad row does not stop the rest; a failure of the store is thrown on,
+// because nothing that follows it could be trusted.
+template <typename Step>
+void PassOverErrors(Business& business, const QString& procedure, Step&& step) {
+  try {
+    step();
+  } catch (const StorageFailure&) {
+    throw;
+  } catch (const std::exception& error) {
+    business.World().errors.Report(QStringLiteral("Crunchers"), procedure, error);
+  }
+}
 
 // Only blanks count as nothing here; a note that is a mere line break is still a note.
 QString TrimBlanks(const QString& text) {

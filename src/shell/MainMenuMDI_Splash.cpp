@@ -1,7 +1,6 @@
 #include "shell/MainMenuMDI_Splash.h"
 
 #include "kit/Controls.h"
-#include "kit/Pause.h"
 #include "shell/ProgramIcon.h"
 #include "shell/Version.h"
 
@@ -48,6 +47,11 @@ void MainMenuMDI_Splash::ShowOver(const QWidget* frame, QTime now) {
   show();
   repaint();
   QTimer::singleShot(MillisecondsOfPause(now, kShownForSeconds), this, &QWidget::close);
+}
+
+int MillisecondsOfPause(QTime begun, int seconds) {
+  const int goal = qMin(begun.second() + seconds, 59);
+  return qMax(0, (goal - begun.second()) * 1000 - begun.msec());
 }
 
 }  // namespace quillary::shell

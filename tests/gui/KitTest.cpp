@@ -7,9 +7,9 @@
 #include "kit/Grid.h"
 #include "kit/InputHabits.h"
 #include "kit/Keys.h"
-#include "kit/Pause.h"
 #include "kit/Screen.h"
 #include "kit/Theme.h"
+#include "shell/MainMenuMDI_Splash.h"
 #include "support/ScriptedOutside.h"
 
 #include <QHeaderView>
@@ -54,7 +54,7 @@ TEST_F(KitTest, APauseEndsWithTheMinute) {
       {{9, 30, 10, 400}, 0, 0},
   };
   for (const Case& c : cases)
-    EXPECT_EQ(MillisecondsOfPause(c.begun, c.seconds), c.lasts)
+    EXPECT_EQ(shell::MillisecondsOfPause(c.begun, c.seconds), c.lasts)
         << c.seconds << " from " << c.begun.toString("mm:ss.zzz").toStdString();
 }
 

@@ -5,25 +5,26 @@ namespace quillary::setup::demo {
 namespace {
 
 struct StatusShare {
-  const char16_t* status;
+  ClientStatus status;
   int percent;
 };
-constexpr StatusShare kRareStatuses[] = {{u"Billing address", 4}, {u"Quote only", 4},
-                                         {u"Cancelled", 6},       {u"Transferred", 3},
-                                         {u"Quote rejected", 2},  {u"Bad debtor", 2}};
+constexpr StatusShare kRareStatuses[] = {
+    {ClientStatus::BillingAddress, 4}, {ClientStatus::QuoteOnly, 4},
+    {ClientStatus::Cancelled, 6},      {ClientStatus::Transferred, 3},
+    {ClientStatus::QuoteRejected, 2},  {ClientStatus::BadDebtor, 2}};
 constexpr int kFewestForAllStatuses = 20;
 
 // The statuses of all clients in falling order of chance: every rare one at least once, the rest
 // active.
-std::vector<QString> DealStatuses(int clients, Dice& dice) {
-  std::vector<QString> deck;
+std::vector<ClientStatus> DealStatuses(int clients, Dice& dice) {
+  std::vector<ClientStatus> deck;
   if (clients >= kFewestForAllStatuses) {
     for (const StatusShare& share : kRareStatuses) {
       const int count = std::max(1, clients * share.percent / 100);
-      deck.insert(deck.end(), static_cast<size_t>(count), QString::fromUtf16(share.status));
+      deck.insert(deck.end(), static_cast<size_t>(count), share.status);
     }
   }
-  deck.resize(static_cast<size_t>(clients), QStringLiteral("Active"));
+  deck.resize(static_cast<size_t>(clients), ClientStatus::Active);
   dice.Shuffle(deck);
   return deck;
 }
@@ -43,8 +44,8 @@ QString EmailOf(const QString& name, size_t number) {
 }
 
 void NameClient(Client& client, size_t number, Dice& dice) {
-  const bool isCompany =
-      client.status == u"Billing address" || (client.status == u"Active" && dice.Chance(4));
+  const bool isCompany = client.status == ClientStatus::BillingAddress ||
+                         (client.status == ClientStatus::Active && dice.Chance(4));
   if (isCompany) {
     client.firstName =
         QStringLiteral("%1 %2").arg(dice.Pick(kCompanyWords), dice.Pick(kCompanyKinds));
@@ -73,7 +74,7 @@ void SetBilling(Client& client, Dice& dice) {
   constexpr int kWays[] = {55, 20, 25};
   constexpr int kMethods[] = {22, 10, 25, 35, 8};  // adjustments are no way of paying
   client.billing = static_cast<Billing>(dice.Weighted(kWays));
-  if (client.status == u"Billing address") client.billing = Billing::Monthly;
+  if (client.status == ClientStatus::BillingAddress) client.billing = Billing::Monthly;
   client.method = dice.Weighted(kMethods);
   const int quickest = client.billing == Billing::OnTheDay ? 0 : 6;
   client.daysToPay = quickest + dice.Below(client.billing == Billing::OnTheDay ? 4 : 16);
@@ -85,9 +86,11 @@ void SetPeriod(Client& client, const Model& model, Dice& dice) {
   client.since = model.begin;
   if (dice.Chance(35)) client.since = model.begin.addDays(dice.Below(days + 1));
   client.until = model.today.addDays(-1);
-  const bool hasLeft = client.status == u"Cancelled" || client.status == u"Transferred";
+  const bool hasLeft =
+      client.status == ClientStatus::Cancelled || client.status == ClientStatus::Transferred;
   if (hasLeft) client.until = client.since.addDays(dice.Below(days + 1));
-  if (client.status == u"Bad debtor") client.until = model.today.addDays(-dice.Between(60, 120));
+  if (client.status == ClientStatus::BadDebtor)
+    client.until = model.today.addDays(-dice.Between(60, 120));
   client.until = std::min(client.until, model.today.addDays(-1));
 }
 
@@ -115,7 +118,7 @@ Service NewService(int kind, int frequency, const Model& model, Dice& dice) {
   service.price = PriceOf(kServices[static_cast<size_t>(kind)], dice);
   service.frequency = frequency;
   service.nextVisit = ComingVisit(model.today, frequency, dice);
-  service.status = QStringLiteral("Regular");
+  service.status = JobType::Regular;
   if (dice.Chance(15)) service.notes = QString(dice.Pick(kServiceNotes));
   return service;
 }
@@ -145,20 +148,21 @@ void GiveServices(Client& client, const Model& model, Dice& dice) {
   } else if (dice.Chance(12) && mainKind != kHedges) {
     add(kHedges, 84);
   }
-  if (client.status == u"Active" && dice.Chance(10)) {
+  if (client.status == ClientStatus::Active && dice.Chance(10)) {
     Service& casual = add(kGutters + dice.Below(3), 56);
     casual.frequency = 0;
-    casual.status = QStringLiteral("Casual");
+    casual.status = JobType::Casual;
   }
 }
 
 void SettleServices(Client& client) {
-  const bool isQuote = client.status.startsWith(u"Quote");
-  const bool hasLeft = client.status == u"Cancelled" || client.status == u"Transferred" ||
-                       client.status == u"Quote rejected";
+  const bool isQuote = IsProspect(client);
+  const bool hasLeft = client.status == ClientStatus::Cancelled ||
+                       client.status == ClientStatus::Transferred ||
+                       client.status == ClientStatus::QuoteRejected;
   for (Service& service : client.services) {
-    if (isQuote) service.status = QStringLiteral("Quote only");
-    if (hasLeft) service.status = QStringLiteral("Cancelled");
+    if (isQuote) service.status = JobType::QuoteOnly;
+    if (hasLeft) service.status = JobType::Cancelled;
   }
 }
 
@@ -168,13 +172,13 @@ void ShareBills(Model& model, Dice& dice) {
   for (size_t index = 0; index < model.clients.size(); ++index) {
     Client& client = model.clients[index];
     client.billedTo = index;
-    if (client.status == u"Billing address") payers.push_back(index);
+    if (client.status == ClientStatus::BillingAddress) payers.push_back(index);
   }
   if (payers.empty()) return;
   for (size_t index = 0, sites = 0; index < model.clients.size() && sites < payers.size() * 3;
        ++index) {
     Client& client = model.clients[index];
-    if (client.status != u"Active" || dice.Chance(60)) continue;
+    if (client.status != ClientStatus::Active || dice.Chance(60)) continue;
     client.billedTo = payers[sites++ % payers.size()];
     model.clients[client.billedTo].paysForOthers = true;
   }
@@ -183,13 +187,13 @@ void ShareBills(Model& model, Dice& dice) {
 }  // namespace
 
 void InventClients(Model& model, const DemoOptions& options, Dice& dice) {
-  for (const QString& status : DealStatuses(options.clients, dice)) {
+  for (const ClientStatus status : DealStatuses(options.clients, dice)) {
     Client client;
     client.status = status;
     NameClient(client, model.clients.size() + 1, dice);
     SetBilling(client, dice);
     SetPeriod(client, model, dice);
-    if (status != u"Billing address") GiveServices(client, model, dice);
+    if (status != ClientStatus::BillingAddress) GiveServices(client, model, dice);
     SettleServices(client);
     model.clients.push_back(std::move(client));
   }

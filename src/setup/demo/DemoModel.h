@@ -1,6 +1,9 @@
 #pragma once
 
 #include "base/Money.h"
+#include "domain/ClientStatus.h"
+#include "domain/EntryStatus.h"
+#include "domain/JobType.h"
 #include "setup/demo/DemoBusiness.h"
 #include "setup/demo/DemoDice.h"
 
@@ -20,14 +23,14 @@ struct Service {
   Money price;
   int frequency = 0;  // days
   QDate nextVisit;
-  QString status;
+  JobType status = JobType::Regular;
   int employee = 0;  // index into kEmployees; -1 for none
   QString notes;
   int follows = -1;  // index of the client's service whose dates it follows
 };
 
 struct Client {
-  QString status;
+  ClientStatus status = ClientStatus::Active;
   QString firstName;
   QString surname;
   QString displayName;
@@ -51,6 +54,10 @@ struct Client {
   QDate debtorSince;  // invalid for none
 };
 
+inline bool IsProspect(const Client& client) {
+  return client.status == ClientStatus::QuoteOnly || client.status == ClientStatus::QuoteRejected;
+}
+
 struct VisitLine {
   int kind = 0;
   Money price;
@@ -63,7 +70,7 @@ struct Visit {
   QDate date;
   int place = 0;  // within the day
   int employee = 0;
-  QString status;
+  EntryStatus status = EntryStatus::JobOpen;
   QString description;
   QString notes;
   QString time;
@@ -73,7 +80,7 @@ struct Visit {
 
   Money Price() const;
   Money Gst() const;
-  bool IsDone() const { return status == u"JD" || status == u"JI"; }
+  bool IsDone() const { return FactsOf(status).groups.Has(EntryGroup::WorkDone); }
 };
 
 struct Invoice {

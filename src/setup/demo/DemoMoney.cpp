@@ -17,7 +17,7 @@ const Client& PartyOf(const Model& model, const Visit& visit) {
 // What a bad debtor left unpaid is why there is no more work.
 bool IsEverPaid(const Client& party, const QDate& date) {
   constexpr int kUnpaidDays = 70;
-  return party.status != u"Bad debtor" || date < party.until.addDays(-kUnpaidDays);
+  return party.status != ClientStatus::BadDebtor || date < party.until.addDays(-kUnpaidDays);
 }
 
 void Pay(Model& model, size_t party, const QDate& billed, const std::vector<size_t>& visits) {
@@ -38,7 +38,7 @@ void Pay(Model& model, size_t party, const QDate& billed, const std::vector<size
 void Bill(Model& model, Invoice invoice) {
   for (const size_t index : invoice.visits) {
     Visit& visit = model.visits[index];
-    visit.status = QStringLiteral("JI");
+    visit.status = EntryStatus::JobInvoiced;
     invoice.total += visit.Price();
     invoice.gst += visit.Gst();
   }
@@ -91,7 +91,8 @@ void AddLooseMoney(Model& model, Dice& dice) {
   bool hasAdjustment = false;
   for (size_t index = 0; index < model.clients.size(); ++index) {
     const Client& client = model.clients[index];
-    if (client.status != u"Active" || client.billedTo != index || !dice.Chance(4)) continue;
+    if (client.status != ClientStatus::Active || client.billedTo != index || !dice.Chance(4))
+      continue;
     Payment payment;
     payment.party = index;
     payment.date = model.today.addDays(-dice.Between(3, 25));

@@ -22,8 +22,8 @@ void Describe(Visit& visit) {
   visit.description = codes.join(QStringLiteral(", "));
 }
 
-QString PastStatus(Dice& dice) {
-  return dice.Chance(4) ? QStringLiteral("JC") : QStringLiteral("JD");
+EntryStatus PastStatus(Dice& dice) {
+  return dice.Chance(4) ? EntryStatus::JobCancelled : EntryStatus::JobDone;
 }
 
 /// The rhythm of a service backwards from its next visit: the days on which it was done.
@@ -40,7 +40,7 @@ std::vector<QDate> PastDays(const Business& business, const Client& client,
 
 void InventPast(Model& model, const Business& business, size_t index, Dice& dice) {
   const Client& client = model.clients[index];
-  if (client.status.startsWith(u"Quote")) return;
+  if (IsProspect(client)) return;
   std::map<QDate, Visit> byDay;
   for (const Service& service : client.services) {
     const Service& schedule =
@@ -62,11 +62,11 @@ void InventPast(Model& model, const Business& business, size_t index, Dice& dice
   }
 }
 
-Visit UnpricedVisit(size_t client, const QDate& day, const char* words, const char* status) {
+Visit UnpricedVisit(size_t client, const QDate& day, const char* words, EntryStatus status) {
   Visit visit;
   visit.client = client;
   visit.date = day;
-  visit.status = QString(status);
+  visit.status = status;
   visit.description = QString(words);
   visit.time = QStringLiteral("9:00 AM");
   return visit;
@@ -76,36 +76,37 @@ void InventPastVisits(Model& model, const Business& business, Dice& dice) {
   constexpr std::array kReasons = {"Measure back fence", "Look at lawn grubs", "Collect gate key"};
   for (size_t index = 0; index < model.clients.size(); ++index) {
     const Client& client = model.clients[index];
-    if (client.status != u"Active" || !dice.Chance(8)) continue;
+    if (client.status != ClientStatus::Active || !dice.Chance(8)) continue;
     const QDate day = WorkingDay(business, client.since.addDays(-2));
     if (day < model.begin || day >= model.today) continue;
     model.visits.push_back(
-        UnpricedVisit(index, day, dice.Pick(kReasons), dice.Chance(85) ? "VD" : "VC"));
+        UnpricedVisit(index, day, dice.Pick(kReasons),
+                      dice.Chance(85) ? EntryStatus::VisitDone : EntryStatus::VisitCancelled));
   }
 }
 
 /// One entry of today: what stands there already comes first in the day, so that the open jobs keep
 /// their places when the roll makes them anew.
 struct TodayEntry {
-  const char* status;
+  EntryStatus status;
   bool isPaid = false;
   bool hasEmployee = true;
   bool twoServices = false;
 };
 constexpr TodayEntry kToday[] = {
-    {"JD", true},
-    {"JD", false, true, true},
-    {"JI"},
-    {"JC"},
-    {"V"},
-    {"J"},
-    {"J", false, true, true},
-    {"J"},
-    {"J", false, false},
-    {"J"},
-    {"J"},
-    {"J", false, true, true},
-    {"J"},
+    {EntryStatus::JobDone, true},
+    {EntryStatus::JobDone, false, true, true},
+    {EntryStatus::JobInvoiced},
+    {EntryStatus::JobCancelled},
+    {EntryStatus::VisitOpen},
+    {EntryStatus::JobOpen},
+    {EntryStatus::JobOpen, false, true, true},
+    {EntryStatus::JobOpen},
+    {EntryStatus::JobOpen, false, false},
+    {EntryStatus::JobOpen},
+    {EntryStatus::JobOpen},
+    {EntryStatus::JobOpen, false, true, true},
+    {EntryStatus::JobOpen},
 };
 
 // The client's rhythm is laid so that it falls on today, for the past as for the future.
@@ -131,7 +132,8 @@ std::vector<size_t> ClientsOfToday(const Model& model, Dice& dice) {
   std::vector<size_t> candidates;
   for (size_t index = 0; index < model.clients.size(); ++index) {
     const Client& client = model.clients[index];
-    if (client.status == u"Active" && client.billedTo == index) candidates.push_back(index);
+    if (client.status == ClientStatus::Active && client.billedTo == index)
+      candidates.push_back(index);
   }
   dice.Shuffle(candidates);
   candidates.resize(std::min(candidates.size(), std::size(kToday)));
@@ -143,7 +145,7 @@ Visit VisitOfToday(const Model& model, size_t index, const TodayEntry& entry) {
   Visit visit;
   visit.client = index;
   visit.date = model.today;
-  visit.status = QString(entry.status);
+  visit.status = entry.status;
   visit.employee = client.services.front().employee;
   for (const Service& service : client.services) {
     if (service.nextVisit == model.today) visit.lines.push_back(LineOf(service));
@@ -160,11 +162,13 @@ std::vector<Visit> InventToday(Model& model, Dice& dice) {
     const TodayEntry& entry = kToday[place];
     const size_t index = chosen[place];
     Client& client = model.clients[index];
-    if (entry.status == std::string_view("V")) {
-      entries.push_back(UnpricedVisit(index, model.today, "Measure back fence", "V"));
+    if (entry.status == EntryStatus::VisitOpen) {
+      entries.push_back(
+          UnpricedVisit(index, model.today, "Measure back fence", EntryStatus::VisitOpen));
     } else {
       BringToToday(client, model, entry, dice);
-      client.billing = entry.status == std::string_view("JI") ? Billing::PerJob : Billing::OnTheDay;
+      client.billing =
+          entry.status == EntryStatus::JobInvoiced ? Billing::PerJob : Billing::OnTheDay;
       client.daysToPay = entry.isPaid ? 0 : 3;
       entries.push_back(VisitOfToday(model, index, entry));
     }

@@ -86,7 +86,7 @@ void ModelWriter::WriteClients() {
     business_.RunSQL(Sql("UPDATE Clients SET Billing_Client_ID = {} WHERE Client_ID = {}",
                          clientKeys_[client.billedTo], clientKeys_[index]));
     WriteServices(index);
-    if (client.status.startsWith(u"Quote")) WriteQuote(index);
+    if (IsProspect(client)) WriteQuote(index);
   }
   count_.clients = static_cast<int>(model_.clients.size());
 }
@@ -96,9 +96,10 @@ void ModelWriter::InsertClient(const Client& client) {
   const Suburb& suburb = kSuburbs[static_cast<size_t>(client.suburb)];
   const bool paysItself = client.billedTo == clientKeys_.size();
   const bool isMonthly = client.billing == Billing::Monthly;
-  const bool hasLeft = client.status == u"Cancelled" || client.status == u"Transferred";
+  const bool hasLeft =
+      client.status == ClientStatus::Cancelled || client.status == ClientStatus::Transferred;
   const Value none;
-  const bool isQuote = client.status.startsWith(u"Quote");
+  const bool isQuote = IsProspect(client);
   const qint64 key = NewRow<quillary::Client>(
       Sql("INSERT INTO Clients (Is_Billed_To, Status, Display_Name, First_Name, Surname, "
           "Street_Number, Street, Suburb, Post_Code, Phone_1, Phone_2, Email, Notes, "
@@ -119,7 +120,7 @@ void ModelWriter::InsertClient(const Client& client) {
 void ModelWriter::WriteServices(size_t index) {
   std::vector<qint64> keys;
   for (const Service& service : model_.clients[index].services) {
-    const bool isOpen = service.status != u"Cancelled";
+    const bool isOpen = service.status != JobType::Cancelled;
     const qint64 key = NewRow<quillary::ClientService>(Sql(
         "INSERT INTO Client_Services (Client_ID, Service_ID, Employee_ID, Status, Price, "
         "Frequency, Next_Visit, Estimated_Time, Notes, Other_Schedule_Client_Service_ID) "
