@@ -1,5 +1,6 @@
 #include "reports/ClientSelection.h"
 
+#include <algorithm>
 #include <stdexcept>
 
 namespace quillary::reports {
@@ -32,6 +33,32 @@ Sql ChosenClients(Business& business, const std::vector<Id<Client>>& clients, co
       "((lstClientsToPrint INNER JOIN Clients ON lstClientsToPrint.Client_ID = "
       "Clients.Client_ID) INNER JOIN %1 ON Clients.Client_ID = %1.Client_ID) ",
       table);
+}
+
+std::vector<Sql> PortionsOfClients(Business& business) {
+  constexpr size_t kFirst = 40;  // clients
+  constexpr size_t kMost = 320;
+  std::vector<Sql> portions;
+  const Recordset gone = business.RunSQL(
+      Sql("SELECT DISTINCT Diary.Client_ID FROM Diary LEFT JOIN Clients ON Diary.Client_ID = "
+          "Clients.Client_ID WHERE Clients.Client_ID IS NULL"));
+  if (gone.HasRows()) portions.emplace_back("Clients.Client_ID IS NULL AND ");
+  QStringList ids;
+  size_t size = kFirst;
+  const auto close = [&] {
+    if (ids.isEmpty()) return;
+    portions.push_back(
+        Sql("Diary.Client_ID IN ({}) AND ", Sql(qUtf8Printable(ids.join(QStringLiteral(", "))))));
+    ids.clear();
+    size = std::min(kMost, size * 2);
+  };
+  for (const Record row :
+       business.RunSQL(Sql("SELECT Client_ID FROM Clients ORDER BY Display_Name, Client_ID"))) {
+    ids += QString::number(row[u"Client_ID"].ToLong());
+    if (static_cast<size_t>(ids.size()) == size) close();
+  }
+  close();
+  return portions;
 }
 
 QString EmployeeWords(Business& business, const std::optional<Id<Employee>>& employee) {

@@ -110,13 +110,18 @@ ReportData CollectWorkDone(Business& business, const ReportCriteria& criteria) {
   list.summaryOnly = criteria.option == u"summary";
   ReportData data{.title = QStringLiteral("Work Done For Clients")};
   data.scope = {FromTo(criteria.days)};
-  const Sql fields("Diary.Client_ID, Clients.Display_Name, ");
-  const Sql statement =
-      LinesOfDoneJobs(fields, ChosenClients(business, criteria.clients, "Diary"),
-                      Within("Schedule_Date", criteria.days)) +
-      Sql("ORDER BY Clients.Display_Name, Diary.Client_ID, Diary.Schedule_Date, Diary.Diary_ID, "
-          "Services.Service;");
-  data.sections = {CollectList(list, business.RunSQL(statement))};
+  data.sections = {HeadOf(list)};
+  data.rest = StreamList(
+      std::move(list),
+      [&business, days = criteria.days, from = ChosenClients(business, criteria.clients, "Diary"),
+       portions = PortionsOfClients(business),
+       at = size_t{0}]() mutable -> std::optional<Recordset> {
+        if (at == portions.size()) return std::nullopt;
+        return business.RunSQL(LinesOfDoneJobs(Sql("Diary.Client_ID, Clients.Display_Name, "), from,
+                                               portions[at++] + Within("Schedule_Date", days)) +
+                               Sql("ORDER BY Clients.Display_Name, Diary.Client_ID, "
+                                   "Diary.Schedule_Date, Diary.Diary_ID, Services.Service;"));
+      });
   return data;
 }
 

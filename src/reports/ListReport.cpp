@@ -2,6 +2,8 @@
 
 #include "documents/reports/Report.h"
 
+#include <utility>
+
 namespace quillary::reports {
 namespace {
 
@@ -51,6 +53,15 @@ class ListCollector {
     if (!report_.summaryOnly) section_.groups.back().rows.push_back(std::move(made));
   }
 
+  /// The group that is open has no more rows.
+  void End() {
+    if (section_.groups.empty() || !report_.group) return;
+    ReportGroup& group = section_.groups.back();
+    group.showsKey = !report_.summaryOnly;
+    if (report_.hasTotal)
+      group.totals = group_.Under(report_.summaryOnly ? group.key : QStringLiteral("Total"));
+  }
+
   void Finish() {
     End();
     if (report_.hasTotal)
@@ -64,14 +75,6 @@ class ListCollector {
     key_ = key;
     section_.groups.push_back({.key = key.words, .rows = {}, .totals = {}, .showsKey = false});
     group_ = RunningTotals(section_.columns);
-  }
-
-  void End() {
-    if (section_.groups.empty() || !report_.group) return;
-    ReportGroup& group = section_.groups.back();
-    group.showsKey = !report_.summaryOnly;
-    if (report_.hasTotal)
-      group.totals = group_.Under(report_.summaryOnly ? group.key : QStringLiteral("Total"));
   }
 
   const ListReport& report_;
@@ -116,13 +119,53 @@ std::vector<Value> RunningTotals::Under(const QString& word) const {
   return totals;
 }
 
-ReportSection CollectList(const ListReport& report, const Recordset& rows) {
+ReportSection HeadOf(const ListReport& report) {
   ReportSection section;
   for (const ListColumn& column : report.columns) section.columns.push_back(column.column);
+  return section;
+}
+
+ReportSection CollectList(const ListReport& report, const Recordset& rows) {
+  ReportSection section = HeadOf(report);
   ListCollector collector(report, section);
   for (const Record row : rows) collector.Take(row);
   collector.Finish();
   return section;
+}
+
+namespace {
+
+class ListStream : public GroupStream {
+ public:
+  ListStream(ListReport report, NextRows next)
+      : report_(std::move(report)),
+        next_(std::move(next)),
+        section_(HeadOf(report_)),
+        collector_(report_, section_) {}
+
+  std::optional<std::vector<ReportGroup>> Next() override {
+    const std::optional<Recordset> rows = next_();
+    if (!rows) {
+      collector_.Finish();
+      return std::nullopt;
+    }
+    for (const Record row : *rows) collector_.Take(row);
+    collector_.End();
+    return std::exchange(section_.groups, {});
+  }
+  std::vector<Value> Totals() const override { return section_.totals; }
+
+ private:
+  ListReport report_;
+  NextRows next_;
+  ReportSection section_;
+  ListCollector collector_;
+};
+
+}  // namespace
+
+std::shared_ptr<GroupStream> StreamList(ListReport report, NextRows next) {
+  return std::make_shared<ListStream>(std::move(report), std::move(next));
 }
 
 ListColumn FieldColumn(const char* heading, const char* place, CellKind kind, const char* field,

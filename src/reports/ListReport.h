@@ -5,6 +5,8 @@
 #include "reports/ReportData.h"
 
 #include <functional>
+#include <memory>
+#include <optional>
 
 /// The engine of all reports that list rows: declared as columns over the fields of a statement,
 /// grouped where a key changes, totalled by column.
@@ -34,6 +36,13 @@ struct ListReport {
 /// The rows in the order of the recordset; a group ends where its key changes, case aside. The
 /// total counts and sums all rows. Throws NoRecordset for a statement that was refused.
 ReportSection CollectList(const ListReport& report, const Recordset& rows);
+
+/// The same in portions: `next` gives the rows of the next one, and nothing at the end. No group
+/// may have rows in two of them.
+using NextRows = std::function<std::optional<Recordset>()>;
+std::shared_ptr<GroupStream> StreamList(ListReport report, NextRows next);
+/// The section with its columns alone.
+ReportSection HeadOf(const ListReport& report);
 
 /// The column's field as its kind.
 ListColumn FieldColumn(const char* heading, const char* place, CellKind kind, const char* field,

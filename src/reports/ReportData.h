@@ -4,6 +4,8 @@
 
 #include <QStringList>
 
+#include <memory>
+#include <optional>
 #include <vector>
 
 /// What a report says, before anything is known of pages: rows in groups with their totals. Screen,
@@ -67,6 +69,17 @@ struct ReportSection {
   bool showsHeadings = true;       // the headings of the columns
 };
 
+/// The groups of a long list, read in portions, so that its first pages can be shown while others
+/// are still to come and no more than a portion lies in memory.
+class GroupStream {
+ public:
+  virtual ~GroupStream() = default;
+  /// The groups that follow; nothing at the end. A group is never split.
+  virtual std::optional<std::vector<ReportGroup>> Next() = 0;
+  /// Of all groups; known when there are no more.
+  virtual std::vector<Value> Totals() const = 0;
+};
+
 /// One bar of the small chart below a report, and what it stands beside.
 struct ChartBar {
   QString label = {};
@@ -87,6 +100,8 @@ struct ReportData {
   bool landscape = false;
   QStringList troubles = {};           // what the reader has to be told aloud
   std::vector<ReportData> parts = {};  // reports that follow, each on pages of its own
+  /// What the only section has besides its groups and totals, still to be read.
+  std::shared_ptr<GroupStream> rest = {};
 
   const std::vector<ReportSection>& OnPages() const { return printed.empty() ? sections : printed; }
 };

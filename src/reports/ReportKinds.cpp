@@ -4,7 +4,9 @@
 #include "reports/LedgerReport.h"
 
 #include <algorithm>
+#include <iterator>
 #include <stdexcept>
+#include <utility>
 
 namespace quillary::reports {
 namespace {
@@ -54,12 +56,23 @@ const ReportKind* FindReportKind(const QString& name) {
   return at == kinds.end() ? nullptr : &*at;
 }
 
-ReportData CollectReport(Business& business, const ReportKind& kind, ReportCriteria criteria) {
+ReportData BeginReport(Business& business, const ReportKind& kind, ReportCriteria criteria) {
   if (NeedsRange(kind.asks) && !criteria.days.IsValid())
     Refuse(QStringLiteral("Please enter a valid date range."));
   Settle(criteria.sort, kind.sorts, "sort");
   Settle(criteria.option, kind.options, "option");
   return kind.collect(business, criteria);
+}
+
+ReportData CollectReport(Business& business, const ReportKind& kind, ReportCriteria criteria) {
+  ReportData data = BeginReport(business, kind, std::move(criteria));
+  if (const auto rest = std::exchange(data.rest, {})) {
+    ReportSection& section = data.sections.back();
+    while (auto groups = rest->Next())
+      std::move(groups->begin(), groups->end(), std::back_inserter(section.groups));
+    section.totals = rest->Totals();
+  }
+  return data;
 }
 
 }  // namespace quillary::reports

@@ -58,6 +58,8 @@ const ReportKind* FindReportKind(const QString& name);
 /// words for the user, for a range that runs backwards, for a sort or option that the report does
 /// not have, and for a record that is not there.
 ReportData CollectReport(Business& business, const ReportKind& kind, ReportCriteria criteria);
+/// The same, with the rest of a long report still to be read.
+ReportData BeginReport(Business& business, const ReportKind& kind, ReportCriteria criteria);
 
 // The reports of each area.
 std::vector<ReportKind> ClientReportKinds();

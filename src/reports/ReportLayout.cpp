@@ -3,6 +3,10 @@
 #include "documents/billing/Letterhead.h"
 #include "reports/ReportChart.h"
 
+#include <QElapsedTimer>
+
+#include <limits>
+
 namespace quillary::reports {
 namespace {
 
@@ -40,13 +44,22 @@ class SectionTable {
       : section_(section), table_(table), links_(links), hasKeys_(HasKeys(section)) {}
 
   void Fill() {
-    if (section_.showsHeadings) {
-      QStringList headings;
-      for (const ReportColumn& column : section_.columns) headings += column.heading;
-      table_.AddHeader(headings);
-    }
-    for (const ReportGroup& group : section_.groups) AddGroup(group);
-    if (!section_.totals.empty()) AddTotals(section_.totals).RuleAbove();
+    AddHeadings();
+    AddGroups(section_.groups);
+    AddTotal(section_.totals);
+  }
+
+  void AddHeadings() {
+    if (!section_.showsHeadings) return;
+    QStringList headings;
+    for (const ReportColumn& column : section_.columns) headings += column.heading;
+    table_.AddHeader(headings);
+  }
+  void AddGroups(const std::vector<ReportGroup>& groups) {
+    for (const ReportGroup& group : groups) AddGroup(group);
+  }
+  void AddTotal(const std::vector<Value>& totals) {
+    if (!totals.empty()) AddTotals(totals).RuleAbove();
   }
 
  private:
@@ -114,6 +127,12 @@ void AddHead(Business& business, Report& pages, const ReportData& data) {
   pages.StoreBreak();
 }
 
+void AddFoot(Report& pages, const ReportData& data) {
+  if (data.letterhead.isEmpty()) pages.StoreBreak();
+  for (const QString& note : data.notes) pages.Page().AddText(note);
+  DrawChart(pages.Page(), data.chart);
+}
+
 }  // namespace
 
 void AddReport(Business& business, Report& pages, const ReportData& data,
@@ -128,9 +147,7 @@ void AddReport(Business& business, Report& pages, const ReportData& data,
     SectionTable(section, table, links).Fill();
     pages.EndTable();
   }
-  if (data.letterhead.isEmpty()) pages.StoreBreak();
-  for (const QString& note : data.notes) pages.Page().AddText(note);
-  DrawChart(pages.Page(), data.chart);
+  AddFoot(pages, data);
 }
 
 namespace {
@@ -180,10 +197,61 @@ LaidReport LayOutOnce(Business& business, const ReportTarget& target, const Repo
 }  // namespace
 
 LaidReport LayOutReport(Business& business, const ReportTarget& target, const ReportData& data) {
+  if (data.rest) {
+    constexpr int kWhole = std::numeric_limits<int>::max();
+    GrowingReport growing(business, target, data);
+    growing.Grow(kWhole);
+    return {growing.Document(), growing.Links()};
+  }
   std::vector<int> pages;
   // Where the parts begin is known only when they have been laid out.
   if (!data.parts.empty()) LayOutOnce(business, target, data, pages, false);
   return LayOutOnce(business, target, data, pages, target.writesFile);
+}
+
+GrowingReport::GrowingReport(Business& business, const ReportTarget& target, ReportData data)
+    : business_(business),
+      data_(std::move(data)),
+      writesFile_(target.writesFile),
+      report_(std::make_unique<Report>(business, target.places)) {
+  report_->StartLongDocument(target.file, data_.landscape);
+  report_->SetDocTitle(data_.title);
+  report_->Page().SetFooter(QStringLiteral("Page %1 of %2"));
+  AddHead(business_, *report_, data_);
+  const ReportSection& section = data_.sections.back();
+  SectionTable(section, report_->StartTable(FormatOf(section)), links_).AddHeadings();
+  AddPortion();
+  if (!isDone_) document_ = report_->SoFar();
+}
+
+GrowingReport::~GrowingReport() = default;
+
+void GrowingReport::Grow(int milliseconds) {
+  QElapsedTimer timer;
+  timer.start();
+  while (!isDone_ && timer.elapsed() < milliseconds) AddPortion();
+}
+
+void GrowingReport::AddPortion() {
+  ReportSection& section = data_.sections.back();
+  auto groups = data_.rest->Next();
+  if (!groups) return Finish();
+  section.groups = std::move(*groups);
+  SectionTable part(section, report_->EndPart(FormatOf(section)), links_);
+  part.AddHeadings();
+  part.AddGroups(section.groups);
+}
+
+void GrowingReport::Finish() {
+  const ReportSection& section = data_.sections.back();
+  SectionTable end(section, report_->EndPart(FormatOf(section)), links_);
+  end.AddHeadings();
+  end.AddTotal(data_.rest->Totals());
+  report_->EndTable();
+  AddFoot(*report_, data_);
+  document_ = writesFile_ ? report_->EndDocument() : report_->EndWithoutFile();
+  document_.troubles += data_.troubles;
+  isDone_ = true;
 }
 
 }  // namespace quillary::reports

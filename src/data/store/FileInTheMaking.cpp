@@ -116,15 +116,18 @@ void FileInTheMaking::TakeItsPlace() {
   if (content_ == Content::Business) SyncFolderOf(target_);
 }
 
-void WriteWhole(const QString& path, const QByteArray& content) {
+void WriteWhole(const QString& path, const std::function<bool(QFileDevice&)>& write) {
   FileInTheMaking made(path, FileInTheMaking::Place::Replacing, FileInTheMaking::Content::Document);
   QFile file(made.Path());
-  const bool isWritten =
-      file.open(QIODevice::WriteOnly) && file.write(content) == content.size() && file.flush();
+  const bool isWritten = file.open(QIODevice::WriteOnly) && write(file) && file.flush();
   if (!isWritten) throw CannotBeMade(path, file.errorString());
   file.close();
   if (file.error() != QFileDevice::NoError) throw CannotBeMade(path, file.errorString());
   made.TakeItsPlace();
+}
+
+void WriteWhole(const QString& path, const QByteArray& content) {
+  WriteWhole(path, [&](QFileDevice& file) { return file.write(content) == content.size(); });
 }
 
 }  // namespace quillary

@@ -2,6 +2,10 @@
 
 #include <QString>
 
+#include <functional>
+
+class QFileDevice;
+
 namespace quillary {
 
 /// A file is made beside its place and given its name when it is whole, so that nobody ever finds
@@ -49,5 +53,7 @@ class FileInTheMaking {
 /// Puts a document of these bytes in the place of whatever bears its name. Throws StorageFailure
 /// and then leaves what was there.
 void WriteWhole(const QString& path, const QByteArray& content);
+/// The same with a file that `write` fills; it tells whether the file took all.
+void WriteWhole(const QString& path, const std::function<bool(QFileDevice&)>& write);
 
 }  // namespace quillary

@@ -2,9 +2,11 @@
 #include "documents/pages/TableLayout.h"
 
 #include <QStringList>
+#include <QTemporaryFile>
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace quillary::documents {
 
@@ -21,14 +23,19 @@ const char* AlignWord(Align align) {
   return align == Align::Right ? "\\qr" : align == Align::Centre ? "\\qc" : "\\ql";
 }
 
+}  // namespace
+
 /// Writes the body and gathers the fonts and colours that the head has to list.
 class RtfBody {
  public:
-  QByteArray Write(const Composition& document) {
-    for (const Block& block : document.blocks)
-      std::visit([this](const auto& each) { Put(each); }, block);
+  void Take(const Block& block) {
+    std::visit([this](const auto& each) { Put(each); }, block);
+  }
+  /// What has been written so far, once nothing that follows could change it.
+  QByteArray TakeBytes() { return inRaw_ ? QByteArray() : std::exchange(body_, {}); }
+  QByteArray Finish() {
     EndRaw();
-    return body_;
+    return TakeBytes();
   }
 
   QByteArray FontTable() const {
@@ -135,10 +142,11 @@ class RtfBody {
     body_ += block.text;
   }
   void Put(const TableBlock& block) {
-    Begin(true);
+    if (!block.table.GoesOn()) Begin(true);
     bool onTop = true;
     for (const TableRow& row : block.table.Rows()) {
       onTop = onTop && row.isHeader;
+      if (onTop && block.table.GoesOn()) continue;
       PutRow(block, row, onTop);
     }
   }
@@ -177,6 +185,8 @@ class RtfBody {
   bool afterTable_ = false;
 };
 
+namespace {
+
 QByteArray Footer(const QString& text) {
   if (text.isEmpty()) return {};
   QByteArray words = RtfText(text);
@@ -195,15 +205,54 @@ QByteArray PageWords(const PageSetup& setup) {
 
 }  // namespace
 
+namespace {
+
+QByteArray Head(const RtfBody& body, const Composition& document) {
+  return "{\\rtf1\\ansi\\ansicpg1252\\deff0\\uc1\r\n" + body.FontTable() + body.ColourTable() +
+         "{\\info{\\title " + RtfText(document.title) + "}}\r\n" + PageWords(document.setup) +
+         Footer(document.footer);
+}
+
+// A file must not end in a table.
+const char* const kEnd = "\\pard\\plain\\fs2\\sl-1\\slmult0\\par}\r\n";
+
+}  // namespace
+
 QByteArray WriteRtf(const Composition& document) {
   RtfBody body;
-  const QByteArray content = body.Write(document);
-  QByteArray rtf = "{\\rtf1\\ansi\\ansicpg1252\\deff0\\uc1\r\n";
-  rtf += body.FontTable() + body.ColourTable();
-  rtf += "{\\info{\\title " + RtfText(document.title) + "}}\r\n";
-  rtf += PageWords(document.setup) + Footer(document.footer) + content;
-  // A file must not end in a table.
-  return rtf + "\\pard\\plain\\fs2\\sl-1\\slmult0\\par}\r\n";
+  for (const Block& block : document.blocks) body.Take(block);
+  const QByteArray content = body.Finish();
+  return Head(body, document) + content + kEnd;
+}
+
+struct RtfSpool::Parts {
+  RtfBody body;
+  QTemporaryFile file;
+  bool isWhole = true;
+
+  void Put(const QByteArray& bytes) {
+    if (bytes.isEmpty() || !isWhole) return;
+    isWhole = (file.isOpen() || file.open()) && file.write(bytes) == bytes.size();
+  }
+};
+
+RtfSpool::RtfSpool() : parts_(std::make_unique<Parts>()) {}
+RtfSpool::~RtfSpool() = default;
+
+void RtfSpool::Take(const Block& block) {
+  parts_->body.Take(block);
+  parts_->Put(parts_->body.TakeBytes());
+}
+
+bool RtfSpool::WriteTo(QFileDevice& file, const Composition& document) {
+  constexpr qint64 kPiece = 1 << 20;
+  parts_->Put(parts_->body.Finish());
+  if (!parts_->isWhole || !parts_->file.seek(0)) return false;
+  const auto put = [&](const QByteArray& bytes) { return file.write(bytes) == bytes.size(); };
+  if (!put(Head(parts_->body, document))) return false;
+  while (!parts_->file.atEnd())
+    if (!put(parts_->file.read(kPiece))) return false;
+  return parts_->file.error() == QFileDevice::NoError && put(kEnd);
 }
 
 }  // namespace quillary::documents

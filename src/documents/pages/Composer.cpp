@@ -20,33 +20,40 @@ Composer::Composer(std::shared_ptr<const PageFonts> fonts, const PageSetup& setu
 }
 
 void Composer::SetMargins(const Margins& margins) {
-  const bool isUntouched = document_.blocks.empty() && PageCount() == 1;
   setup_.margins = margins;
-  if (!isUntouched) return;
+  if (!isUntouched_ || PageCount() > 1) return;
   document_.setup.margins = margins;
   currentY_ = margins.top;
 }
 
 void Composer::SetCurrentY(double y) {
   // A file that flows can be moved on, not back.
-  if (y > currentY_) document_.blocks.emplace_back(SpaceBlock{y - currentY_});
+  if (y > currentY_) AddBlock(SpaceBlock{y - currentY_});
   currentY_ = y;
 }
 
+void Composer::AddBlock(Block block) {
+  isUntouched_ = false;
+  if (take_)
+    take_(block);
+  else
+    document_.blocks.push_back(std::move(block));
+}
+
 void Composer::NewPage() {
-  document_.blocks.emplace_back(PageBreakBlock{});
+  AddBlock(PageBreakBlock{});
   TurnPage();
 }
 
 void Composer::TurnPage() {
-  document_.pages.emplace_back();
+  document_.pages.Add();
   currentY_ = setup_.margins.top;
 }
 
 void Composer::AddText(const QString& text, Align align) {
   const double room = RightEdge() - LeftEdge();
   const double height = PageFonts::LineHeight(font_);
-  document_.blocks.emplace_back(TextBlock{text, font_, align});
+  AddBlock(TextBlock{text, font_, align});
   for (const QString& line : Fonts().Wrap(text, font_, room)) {
     if (currentY_ + height > BottomEdge() && currentY_ > setup_.margins.top) TurnPage();
     if (!line.isEmpty()) {
@@ -58,15 +65,15 @@ void Composer::AddText(const QString& text, Align align) {
 }
 
 void Composer::AddTable(Table table) {
-  Block& added = document_.blocks.emplace_back(TableBlock{std::move(table), font_, {}});
-  auto& block = std::get<TableBlock>(added);  // stays where it is: placing adds no blocks
+  TableBlock block{std::move(table), font_, {}};
   TablePlacer placer(*this, block.table);
   block.widths = placer.Widths();
   placer.Run();
+  AddBlock(std::move(block));
 }
 
 void Composer::AddRule(double below) {
-  document_.blocks.emplace_back(RuleBlock{below});
+  AddBlock(RuleBlock{below});
   currentY_ += below;
   // It closes what is above it, and stays there.
   const double y = std::min(currentY_, BottomEdge());
@@ -86,25 +93,29 @@ void Composer::AddPicture(const PagePicture& picture) {
 }
 
 void Composer::AddRtf(const QByteArray& raw) {
-  document_.blocks.emplace_back(RawRtfBlock{raw});
+  AddBlock(RawRtfBlock{raw});
 }
 
-void Composer::AddFooters() {
-  if (document_.footer.isEmpty()) return;
-  const PageFont font{.size = kFooterSize};
-  int number = 0;
-  for (Page& page : document_.pages) {
-    QString text = document_.footer;
-    text.replace(QLatin1StringView("%1"), QString::number(++number));
-    text.replace(QLatin1StringView("%2"), QString::number(PageCount()));
-    page.texts.push_back(PlaceText(text, font, Align::Right, LeftEdge(), RightEdge() - LeftEdge(),
-                                   BottomEdge() + kFooterGap, Fonts()));
-  }
+PageList::Footer Composer::FooterOfPages() const {
+  if (document_.footer.isEmpty()) return {};
+  return [words = document_.footer, left = LeftEdge(), room = RightEdge() - LeftEdge(),
+          top = BottomEdge() + kFooterGap, fonts = document_.fonts](int number, int count) {
+    QString text = words;
+    text.replace(QLatin1StringView("%1"), QString::number(number));
+    text.replace(QLatin1StringView("%2"), QString::number(count));
+    return PlaceText(text, {.size = kFooterSize}, Align::Right, left, room, top, *fonts);
+  };
+}
+
+Composition Composer::SoFar() const {
+  Composition made = document_;
+  made.pages.SetFooter(FooterOfPages());
+  return made;
 }
 
 Composition Composer::Finish(const QString& title) {
   document_.title = title;
-  AddFooters();
+  document_.pages.SetFooter(FooterOfPages());
   return std::move(document_);
 }
 

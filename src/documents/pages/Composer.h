@@ -1,8 +1,10 @@
 #pragma once
 
 #include "documents/pages/PageFonts.h"
+#include "documents/pages/PageList.h"
 #include "documents/pages/Table.h"
 
+#include <functional>
 #include <memory>
 #include <variant>
 
@@ -34,12 +36,12 @@ struct RawRtfBlock {
 using Block =
     std::variant<TextBlock, TableBlock, RuleBlock, SpaceBlock, PageBreakBlock, RawRtfBlock>;
 
-/// A finished document: its pages, and beside them what they say.
+/// A document: its pages, and beside them what they say.
 struct Composition {
   QString title;
   PageSetup setup;  // the margins are those that the document began with
   QString footer;
-  std::vector<Page> pages;
+  PageList pages;
   std::vector<Block> blocks;
   std::shared_ptr<const PageFonts> fonts;
 };
@@ -109,21 +111,30 @@ class Composer {
   void AddRtf(const QByteArray& raw);
 
   const PageFonts& Fonts() const { return *document_.fonts; }
+  /// Hands each block on when it is complete, instead of keeping it with the document: for what is
+  /// too long to be held as a whole. To be told before anything is added.
+  using TakeBlock = std::function<void(const Block&)>;
+  void HandBlocksTo(TakeBlock take) { take_ = std::move(take); }
+  /// The document as it is while it is being made; it grows with what is added later.
+  Composition SoFar() const;
   /// The document; the composer is done with then.
   Composition Finish(const QString& title);
 
  private:
   friend class TablePlacer;
 
-  Page& CurrentPage() { return document_.pages.back(); }
+  Page& CurrentPage() { return document_.pages.Last(); }
+  void AddBlock(Block block);
   /// To the next page because this one is full, not because the document says so.
   void TurnPage();
-  void AddFooters();
+  PageList::Footer FooterOfPages() const;
 
   Composition document_;
   PageSetup setup_;
   PageFont font_;
   double currentY_ = 0;
+  TakeBlock take_;
+  bool isUntouched_ = true;
 };
 
 }  // namespace quillary::documents

@@ -75,6 +75,11 @@ class Table {
   /// goes through AddRow, since it may hold the separator.
   void AddBody(const QString& body, QChar separator = u'|');
 
+  /// It goes on a table that ended just above: its header stands there, and comes again only on
+  /// top of further pages.
+  void GoOn() { goesOn_ = true; }
+  bool GoesOn() const { return goesOn_; }
+
   const std::vector<TableColumn>& Columns() const { return columns_; }
   const std::deque<TableRow>& Rows() const { return rows_; }
   /// The width of all columns, in twips.
@@ -83,6 +88,7 @@ class Table {
  private:
   std::vector<TableColumn> columns_;
   std::deque<TableRow> rows_;
+  bool goesOn_ = false;
 };
 
 }  // namespace quillary::documents

@@ -22,10 +22,10 @@ void TablePlacer::Run() {
   while (headers_ < rows.size() && rows[headers_].isHeader) ++headers_;
   for (size_t row = 0; row < headers_; ++row) headerHeight_ += Laid(row).Height();
   // A header at the foot of a page would head nothing.
-  if (headers_ > 0 && headers_ < rows.size() && !AtTop() &&
+  if (!table_.GoesOn() && headers_ > 0 && headers_ < rows.size() && !AtTop() &&
       !Fits(headerHeight_ + std::min(Together(headers_), WholePage() / 2)))
     LeavePage();
-  for (size_t row = 0; row < rows.size(); ++row) {
+  for (size_t row = table_.GoesOn() ? headers_ : 0; row < rows.size(); ++row) {
     Place(row);
     if (row >= headers_) rows_[row].reset();
   }

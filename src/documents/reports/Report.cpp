@@ -50,7 +50,8 @@ QString NoteOn(const QString& file) {
 }
 
 /// Why the file could not be written; nothing when it was.
-std::optional<QString> WriteFile(const QString& path, const QByteArray& content) {
+template <typename Content>
+std::optional<QString> WriteFile(const QString& path, const Content& content) {
   try {
     WriteWhole(path, content);
     return std::nullopt;
@@ -82,8 +83,21 @@ void Report::StartDocument(const QString& fileName, bool landscape) {
                           : QDir(ReportFolder(places_.applicationFolder)).filePath(fileName);
   document_.docTitle = FileNameWithoutExtension(fileName);
   document_.note = NoteOn(document_.docFile);
+  spool_.reset();
   composer_.emplace(fonts_, PageSetup{.paper = places_.paper, .landscape = landscape});
   composer_->SetFontSize(kTextSize);
+}
+
+void Report::StartLongDocument(const QString& fileName, bool landscape) {
+  StartDocument(fileName, landscape);
+  spool_ = std::make_unique<RtfSpool>();
+  composer_->HandBlocksTo([this](const Block& block) { spool_->Take(block); });
+}
+
+ReportDocument Report::SoFar() const {
+  ReportDocument made = document_;
+  if (composer_) made.pages = composer_->SoFar();
+  return made;
 }
 
 Composer& Report::Page() {
@@ -100,6 +114,12 @@ void Report::EndTable() {
   Page().AddTable(std::move(*table_));
   table_.reset();
   Page().AdvanceY(kBelowTable);
+}
+
+Table& Report::EndPart(const QString& format) {
+  if (table_) Page().AddTable(std::move(*table_));
+  table_.emplace(format).GoOn();
+  return *table_;
 }
 
 void Report::StoreBreak() {
@@ -229,7 +249,12 @@ ReportDocument Report::EndWithoutFile() {
 
 ReportDocument Report::EndDocument() {
   document_ = EndWithoutFile();
-  if (const auto why = WriteFile(document_.docFile, WriteRtf(document_.pages))) {
+  const auto why =
+      spool_
+          ? WriteFile(document_.docFile,
+                      [this](QFileDevice& file) { return spool_->WriteTo(file, document_.pages); })
+          : WriteFile(document_.docFile, WriteRtf(document_.pages));
+  if (why) {
     const QString trouble =
         QStringLiteral(
             "The file %1 could not be written: %2. What you see here is complete; "

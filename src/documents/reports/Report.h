@@ -1,5 +1,6 @@
 #pragma once
 
+#include "documents/forms/Rtf.h"
 #include "documents/pages/Composer.h"
 #include "documents/reports/ReportHeader.h"
 
@@ -49,6 +50,11 @@ class Report {
   /// `fileName` is a full path, or a name in `Report Doc`, which is made when it is missing.
   /// Margins of 725 twips, Arial at 8 points. `landscape` lays the pages on their side.
   void StartDocument(const QString& fileName, bool landscape = false);
+  /// The same for a document of thousands of pages that is shown while it is being made: what goes
+  /// into its file waits on the disk, and its tables come in parts.
+  void StartLongDocument(const QString& fileName, bool landscape = false);
+  /// What there is so far of a long document; its pages grow with what is added.
+  ReportDocument SoFar() const;
   /// The subject of the mail; the file's name without its ending unless it is told.
   void SetDocTitle(const QString& title) { document_.docTitle = title; }
   const QString& DocTitle() const { return document_.docTitle; }
@@ -60,6 +66,9 @@ class Report {
   Table& StartTable(const QString& format);
   /// Lays the open table out and leaves 150 twips below it.
   void EndTable();
+  /// Lays out what the open table has so far and goes on with its next part, which gets the same
+  /// header for the pages to come.
+  Table& EndPart(const QString& format);
   /// A rule from margin to margin 78 twips below the current Y, which moves to it. The top and
   /// bottom margins become 725 twips again.
   void StoreBreak();
@@ -100,6 +109,7 @@ class Report {
   std::shared_ptr<const PageFonts> fonts_;
   std::optional<Composer> composer_;
   std::optional<Table> table_;
+  std::unique_ptr<RtfSpool> spool_;  // of a long document
   ReportDocument document_;
 };
 

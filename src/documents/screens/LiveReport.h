@@ -15,8 +15,13 @@ class LiveReport : public QObject {
   Q_OBJECT
 
  public:
-  /// Collects and lays out.
+  /// Collects and lays out. A long report is returned with its first pages.
   virtual ReportDocument Make() = 0;
+  /// Whether more pages are to come.
+  virtual bool IsGrowing() const { return false; }
+  /// Makes more pages for about so long: those that Make() returned grow by them. Returns the
+  /// document as it stands then.
+  virtual ReportDocument Grow(int milliseconds) = 0;
   /// What stands above the pages to choose days and forms with; null for nothing.
   virtual QWidget* MakeBar() = 0;
   /// Opens what the row of that link is made of.

@@ -46,6 +46,12 @@ void PagePreview::ShowDocument(const Composition* document) {
   viewport()->update();
 }
 
+void PagePreview::ShowMorePages() {
+  linkCount_ = document_ == nullptr ? 0 : document_->pages.LinkCount();
+  UpdateScrollBars();
+  viewport()->update();
+}
+
 int PagePreview::PageCount() const {
   return document_ == nullptr ? 0 : static_cast<int>(document_->pages.size());
 }
@@ -206,8 +212,7 @@ void PagePreview::CountLinks() {
   linkCount_ = 0;
   markedLink_ = -1;
   if (document_ == nullptr) return;
-  for (const Page& page : document_->pages)
-    for (const TextRun& run : page.texts) linkCount_ = std::max(linkCount_, run.link + 1);
+  linkCount_ = document_->pages.LinkCount();
 }
 
 int PagePreview::LinkAt(const QPoint& at) const {
@@ -219,7 +224,8 @@ int PagePreview::LinkAt(const QPoint& at) const {
   const double x = (at.x() - LeftOfPages()) / PixelsPerTwip();
   const double y = (down - page * pageHeight) / PixelsPerTwip();
   constexpr double kReach = 40;  // twips around a text
-  for (const TextRun& run : document_->pages[static_cast<size_t>(page)].texts) {
+  const Page shown = document_->pages[static_cast<size_t>(page)];
+  for (const TextRun& run : shown.texts) {
     if (run.link >= 0 && x > run.x - kReach && x < run.x + run.width + kReach && y > run.top &&
         y < run.top + run.height)
       return run.link;
@@ -228,16 +234,17 @@ int PagePreview::LinkAt(const QPoint& at) const {
 }
 
 std::optional<PageHit> PagePreview::PlaceOfLink(int link) const {
-  for (int number = 0; number < PageCount(); ++number) {
-    std::optional<QRectF> place;
-    for (const TextRun& run : document_->pages[static_cast<size_t>(number)].texts) {
-      if (run.link != link) continue;
-      const QRectF text(run.x, run.top, run.width, run.height);
-      place = place ? place->united(text) : text;
-    }
-    if (place) return PageHit{number, place->x(), place->y(), place->width(), place->height()};
+  const size_t number = document_->pages.PageOfLink(link);
+  if (number >= document_->pages.size()) return std::nullopt;
+  std::optional<QRectF> place;
+  const Page page = document_->pages[number];
+  for (const TextRun& run : page.texts) {
+    if (run.link != link) continue;
+    const QRectF text(run.x, run.top, run.width, run.height);
+    place = place ? place->united(text) : text;
   }
-  return std::nullopt;
+  if (!place) return std::nullopt;
+  return PageHit{static_cast<int>(number), place->x(), place->y(), place->width(), place->height()};
 }
 
 void PagePreview::MarkLink(int step) {

@@ -20,6 +20,8 @@ class PagePreview : public QAbstractScrollArea {
 
   /// The document has to outlast its being shown; null shows none.
   void ShowDocument(const Composition* document);
+  /// The document has grown.
+  void ShowMorePages();
 
   /// In percent; 100 is the real size. Ends any fitting.
   void SetZoom(int percent);

@@ -20,9 +20,11 @@
 #include <QScreen>
 #include <QShortcut>
 #include <QSpinBox>
+#include <QTimer>
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <limits>
 #include <stdexcept>
 
 namespace quillary::documents {
@@ -48,6 +50,7 @@ frmReportViewer::frmReportViewer(Business& business, const ScreenTools& tools)
     : Screen(QStringLiteral("frmReportViewer"), QStringLiteral("Report Preview")),
       business_(business),
       tools_(tools) {
+  growth_ = new QTimer(this);
   MakeControls();
   LayOut();
   ConnectControls();
@@ -152,6 +155,8 @@ void frmReportViewer::ConnectControls() {
   connect(cmdBack, &QPushButton::clicked, this, [this] {
     tools_.runner.RunAside(objectName(), QStringLiteral("GoBack"), [this] { GoBack(); });
   });
+  constexpr int kAtATime = 25;  // milliseconds, so that keys and scrolling come between
+  connect(growth_, &QTimer::timeout, this, [this] { Grow(kAtATime); });
   auto* back = new QShortcut(QKeySequence::Back, this);
   back->setContext(Qt::WidgetWithChildrenShortcut);
   connect(back, &QShortcut::activated, cmdBack, &QPushButton::click);
@@ -261,15 +266,44 @@ Tables frmReportViewer::Shows() const {
 void frmReportViewer::ShowPages(ReportDocument report) {
   vsPr->ShowDocument(nullptr);
   report_ = std::move(report);
-  const int count = static_cast<int>(report_.pages.pages.size());
-  spnPage->setRange(1, std::max(1, count));
-  lblPages->setText(tr("of %1").arg(count));
-  lblNote->setText(report_.note);
-  cmdSaveTablesAsCSV->setEnabled(HasTables(report_.pages));
+  ShowPageCount();
+  cmdSaveTablesAsCSV->setEnabled(Live() || HasTables(report_.pages));
   cmdEmailFileAsAttachment->setVisible(CanEmail());
   vsPr->ShowDocument(&report_.pages);
+  if (Live() && Live()->IsGrowing())
+    growth_->start();
+  else
+    growth_->stop();
   Search();
   vsPr->setFocus();
+}
+
+void frmReportViewer::ShowPageCount() {
+  const int count = static_cast<int>(report_.pages.pages.size());
+  const bool isGrowing = Live() && Live()->IsGrowing();
+  spnPage->setRange(1, std::max(1, count));
+  lblPages->setText(isGrowing ? tr("of %1, more to come").arg(count) : tr("of %1").arg(count));
+  lblNote->setText(isGrowing ? tr("More pages are being made.") : report_.note);
+  cmdNextPage->setEnabled(vsPr->CurrentPage() + 1 < count);
+}
+
+void frmReportViewer::Grow(int milliseconds) {
+  if (!Live() || !Live()->IsGrowing()) return growth_->stop();
+  tools_.runner.RunAside(objectName(), QStringLiteral("Grow"), [&] {
+    growth_->stop();  // should it fail, once
+    report_ = Live()->Grow(milliseconds);
+    vsPr->ShowMorePages();
+    ShowPageCount();
+    if (Live()->IsGrowing()) return growth_->start();
+    if (!txtFind->text().isEmpty()) Search();
+    TellTroubles(business_, report_.troubles);
+  });
+}
+
+void frmReportViewer::GrowWhole() {
+  if (!Live() || !Live()->IsGrowing()) return;
+  const BusyWhile busy(business_.World().busy);
+  Grow(std::numeric_limits<int>::max());
 }
 
 void frmReportViewer::ShowPageNumber(int page) {
@@ -324,6 +358,7 @@ void frmReportViewer::ShowHitCount() {
 }
 
 void frmReportViewer::Print() {
+  GrowWhole();
   QPrinter printer(QPrinter::HighResolution);
   FitPrinter(printer, report_.pages);
   QPrintDialog dialog(&printer, this);
@@ -348,6 +383,7 @@ std::optional<QString> frmReportViewer::AskFile(const QString& title, const QStr
 void frmReportViewer::SaveAsPDF() {
   const auto file = AskFile(tr("Save as PDF"), tr("PDF documents"), QStringLiteral("pdf"));
   if (!file) return;
+  GrowWhole();
   const BusyWhile busy(business_.World().busy);
   for (const QString& trouble : WritePdf(report_.pages, *file, business_.Now()))
     business_.World().prompter.Tell(Tone::Exclamation, trouble);
@@ -381,6 +417,7 @@ bool frmReportViewer::MailsWithoutHeadOffice() const {
 }
 
 void frmReportViewer::cmdEmailFileAsAttachment_Click() {
+  GrowWhole();
   if (!tools_.navigator.Open(EmailFile{report_.docTitle, report_.docFile})) {
     if (!business_.World().headOffice.IsConnected() && !MailsWithoutHeadOffice())
       cmdEmailFileAsAttachment->hide();

@@ -10,6 +10,7 @@ class QLabel;
 class QLineEdit;
 class QPushButton;
 class QSpinBox;
+class QTimer;
 class QVBoxLayout;
 
 namespace quillary::documents {
@@ -58,6 +59,11 @@ class frmReportViewer : public Screen {
   void TakeLive();
   LiveReport* Live() const { return live_.empty() ? nullptr : live_.back().get(); }
   void ShowPages(ReportDocument report);
+  /// A long report comes page by page while its first ones can be read.
+  void Grow(int milliseconds);
+  /// For commands that take the whole of it.
+  void GrowWhole();
+  void ShowPageCount();
   void Print();
   void SaveAsPDF();
   void SaveTablesAsCSV();
@@ -69,6 +75,7 @@ class frmReportViewer : public Screen {
   ReportDocument report_;
   std::vector<std::unique_ptr<LiveReport>> live_;  // the one shown last
   bool making_ = false;
+  QTimer* growth_;
   std::vector<PageHit> hits_;
   int hit_ = -1;
 

@@ -56,11 +56,24 @@ ReportRun::ReportRun(Business& business, const ScreenTools& tools, const ReportK
     : business_(business), tools_(tools), kind_(kind), criteria_(criteria) {}
 
 documents::ReportDocument ReportRun::Make() {
-  data_ = CollectReport(business_, kind_, criteria_);
-  LaidReport laid = LayOutReport(
-      business_, {.places = documents::PlacesOfReports(), .file = FileNameOf(kind_, data_)}, data_);
+  growing_.reset();
+  data_ = BeginReport(business_, kind_, criteria_);
+  const ReportTarget target{.places = documents::PlacesOfReports(),
+                            .file = FileNameOf(kind_, data_)};
+  if (data_.rest) {
+    constexpr int kUnnoticed = 60;  // milliseconds, in which most businesses have it whole
+    growing_ = std::make_unique<GrowingReport>(business_, target, data_);
+    growing_->Grow(kUnnoticed);
+    return growing_->Document();
+  }
+  LaidReport laid = LayOutReport(business_, target, data_);
   links_ = std::move(laid.links);
   return std::move(laid.document);
+}
+
+documents::ReportDocument ReportRun::Grow(int milliseconds) {
+  growing_->Grow(milliseconds);
+  return growing_->Document();
 }
 
 QComboBox* ReportRun::MakeChoice(const char* name, const QString& heardAs,
@@ -117,8 +130,9 @@ void ReportRun::TakeDays(const PeriodField* days) {
 }
 
 void ReportRun::OpenLink(int link) {
-  if (link < 0 || static_cast<size_t>(link) >= links_.size()) return;
-  const ReportLink to = links_[static_cast<size_t>(link)];
+  const std::vector<ReportLink>& links = growing_ ? growing_->Links() : links_;
+  if (link < 0 || static_cast<size_t>(link) >= links.size()) return;
+  const ReportLink to = links[static_cast<size_t>(link)];
   const Navigator& navigator = tools_.navigator;
   switch (to.to) {
     case ReportLink::To::Nothing:
@@ -149,7 +163,8 @@ void ReportRun::OpenAccount(const char* report, qint64 account) {
 
 std::vector<ReportRun::CsvTable> ReportRun::Csv() const {
   std::vector<CsvTable> tables;
-  for (CsvFile& file : WriteReportCsvFiles(data_, FileNameOf(kind_, data_)))
+  const ReportData whole = data_.rest ? CollectReport(business_, kind_, criteria_) : data_;
+  for (CsvFile& file : WriteReportCsvFiles(whole, FileNameOf(kind_, data_)))
     tables.push_back({file.name, std::move(file.content)});
   return tables;
 }

@@ -22,6 +22,8 @@ class ReportRun : public documents::LiveReport {
             const ReportCriteria& criteria);
 
   documents::ReportDocument Make() override;
+  bool IsGrowing() const override { return growing_ && !growing_->IsDone(); }
+  documents::ReportDocument Grow(int milliseconds) override;
   QWidget* MakeBar() override;
   void OpenLink(int link) override;
   std::vector<CsvTable> Csv() const override;
@@ -40,6 +42,7 @@ class ReportRun : public documents::LiveReport {
   ReportCriteria criteria_;
   ReportData data_;
   std::vector<ReportLink> links_;
+  std::unique_ptr<GrowingReport> growing_;  // of a report too long to be made at once
 };
 
 /// Makes the report and shows it in the viewer; what it refuses is told to the user.
