@@ -156,9 +156,10 @@ class Bench {
         longest = std::max(longest, Seconds([&] { report->Grow(kAtATime); }));
     });
     const double memory = MostMemory() - before;
-    std::printf("work done for all clients, a year: %zu pages in %.1f s, of which %.0f ms at most "
-                "without a pause\n",
-                report->Document().pages.pages.size(), first + rest, 1000 * longest);
+    std::printf(
+        "work done for all clients, a year: %zu pages in %.1f s, of which %.0f ms at most "
+        "without a pause\n",
+        report->Document().pages.pages.size(), first + rest, 1000 * longest);
     std::printf("first page: %.0f ms, at most %.0f: %s\n", 1000 * first,
                 1000 * kMostSecondsToFirstPage,
                 first <= kMostSecondsToFirstPage ? "reached" : "MISSED");

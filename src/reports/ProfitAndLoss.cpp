@@ -5,6 +5,7 @@
 #include "reports/ListReport.h"
 
 #include <QHash>
+#include <QSet>
 
 #include <algorithm>
 
@@ -34,24 +35,27 @@ Selection SelectionOf(const DateRange& days, bool onCash) {
                                Within("Schedule_Date", days)};
 }
 
-/// One pass over the diary in its own order. On cash the days are tried on the sums: tried on the
-/// rows, the jobs would be looked up payment by payment, all over the table, in twice the time.
-Sql SumsByDayAndService(const DateRange& days, bool onCash) {
-  const Sql sums(
-      "Diary_Services.Service_ID, Sum(IIf(Diary_Services.Diary_Service_ID IS NULL, "
-      "Diary.Total_Price, Diary_Services.Price)) AS SumOfGL_Amount, "
-      "Sum(IIf(Diary_Services.Diary_Service_ID IS NULL, Diary.Total_GST, Diary_Services.GST)) AS "
-      "SumOfGST_Included FROM ");
-  const Sql lines("LEFT JOIN Diary_Services ON Diary.Diary_ID = Diary_Services.Diary_ID ");
-  if (onCash)
-    return Sql("SELECT Payments.Payment_Date AS On_Day, ") + sums +
-           Sql("(Diary LEFT JOIN Payments ON Diary.Payment_ID = Payments.Payment_ID) ") + lines +
-           Sql("GROUP BY Payments.Payment_Date, Diary_Services.Service_ID HAVING ") +
-           Within("Payments.Payment_Date", days);
-  return Sql("SELECT Diary.Schedule_Date AS On_Day, ") + sums + Sql("Diary ") + lines +
-         Sql("WHERE Diary.Status IN {} AND ", CodesOf(EntryGroup::LiveJobs)) +
-         Within("Diary.Schedule_Date", days) +
-         Sql(" GROUP BY Diary.Schedule_Date, Diary_Services.Service_ID");
+/// The lines of jobs with numbers from `first` on for some thousand, each with what tells its
+/// day: null where its job does not count. They are added up here and not by the store, which would
+/// sort them all by day first, in twice the time; and in portions, so that only few lie in memory.
+/// The outer join has the jobs looked up line by line, not the other way round.
+constexpr qint64 kLinesAtOnce = 20'000;
+Sql LinesFrom(qint64 first, bool onCash) {
+  const Sql day = onCash ? Sql("Diary.Payment_ID")
+                         : Sql("IIf(Diary.Status IN {}, Diary.Schedule_Date, Null)",
+                               CodesOf(EntryGroup::LiveJobs));
+  return Sql("SELECT ") + day +
+         Sql(" AS Counts_On, Diary_Services.Diary_ID, Diary_Services.Service_ID, "
+             "Diary_Services.Price, Diary_Services.GST FROM "
+             "Diary_Services LEFT JOIN Diary ON Diary_Services.Diary_ID = Diary.Diary_ID WHERE "
+             "Diary_Services.Diary_Service_ID BETWEEN {} AND {}",
+             first, first + kLinesAtOnce - 1);
+}
+
+/// The jobs that count on some day.
+Sql JobsThatCount(bool onCash) {
+  return onCash ? Sql(" FROM Diary WHERE Payment_ID IS NOT NULL")
+                : Sql(" FROM Diary WHERE Status IN {}", CodesOf(EntryGroup::LiveJobs));
 }
 
 Money AmountOf(const AccountSum& sum, TaxMode mode) {
@@ -73,9 +77,9 @@ bool IsOnCash(const Business& business) {
 
 BookDays::BookDays(Business& business, const DateRange& days) {
   LoadAccounts(business);
+  LoadPayments(business, days);
   LoadJobs(business, days);
   LoadLedger(business, days);
-  LoadCash(business, days);
 }
 
 void BookDays::LoadAccounts(Business& business) {
@@ -95,15 +99,68 @@ size_t BookDays::PlaceOf(qint64 account) const {
   return accounts_.size() - 1;
 }
 
+void BookDays::LoadPayments(Business& business, const DateRange& days) {
+  // In the order in which they lie: by days they would be looked up all over the table.
+  const Recordset payments =
+      business.RunSQL(Sql("SELECT Payment_ID, Payment_Date, Amount, GST_Included FROM Payments"));
+  dayOfPayment_.reserve(static_cast<qsizetype>(payments.RowCount()));
+  for (const Record row : payments) {
+    const QDate day = row[u"Payment_Date"].ToDate();
+    if (!days.Contains(day)) continue;
+    dayOfPayment_.insert(row[u"Payment_ID"].ToLong(), day);
+    DaySum& sum = cash_.Of(day, 0);
+    sum.amount += row[u"Amount"].ToMoney();
+    sum.tax += row[u"GST_Included"].ToMoney();
+  }
+}
+
+std::optional<QDate> BookDays::DayOf(const Record& job, bool onCash) const {
+  const Value& on = job[u"Counts_On"];
+  if (on.IsNull()) return std::nullopt;
+  if (!onCash) return on.ToDate();
+  const auto at = dayOfPayment_.constFind(on.ToLong());
+  return at == dayOfPayment_.constEnd() ? std::nullopt : std::optional(*at);
+}
+
 void BookDays::LoadJobs(Business& business, const DateRange& days) {
   QHash<qint64, size_t> accountOfService;
   for (const Record row :
        business.RunSQL(Sql("SELECT Service_ID, Default_GL_Account_ID FROM Services")))
     accountOfService[row[u"Service_ID"].ToLong()] = PlaceOf(row[u"Default_GL_Account_ID"].ToLong());
-  for (const Record row : business.RunSQL(SumsByDayAndService(days, IsOnCash(business)))) {
-    jobs_.push_back({row[u"On_Day"].ToDate(),
-                     accountOfService.value(row[u"Service_ID"].ToLong(), accounts_.size() - 1),
-                     row[u"SumOfGL_Amount"].ToMoney(), row[u"SumOfGST_Included"].ToMoney()});
+  const bool onCash = IsOnCash(business);
+  // Hardly ever is there one without lines, and counting is quicker than looking for it.
+  const qint64 count =
+      business.FirstField(Sql("SELECT Count(*) AS How_Many") + JobsThatCount(onCash)).ToLong();
+  QSet<qint64> jobsWithLines;
+  jobsWithLines.reserve(count);
+  const auto nextLine = [&](qint64 from) {
+    return business.FirstField(
+        Sql("SELECT MIN(Diary_Service_ID) AS First_ID FROM Diary_Services "
+            "WHERE Diary_Service_ID >= {}",
+            from));
+  };
+  for (Value first = nextLine(0); !first.IsNull();
+       first = nextLine(first.ToLong() + kLinesAtOnce)) {
+    for (const Record line : business.RunSQL(LinesFrom(first.ToLong(), onCash))) {
+      if (line[u"Counts_On"].IsNull()) continue;
+      jobsWithLines.insert(line[u"Diary_ID"].ToLong());
+      const auto day = DayOf(line, onCash);
+      if (!day || !days.Contains(*day)) continue;
+      const qint64 service = line[u"Service_ID"].ToLong();
+      DaySum& sum = jobs_.Of(*day, accountOfService.value(service, accounts_.size() - 1));
+      sum.amount += line[u"Price"].ToMoney();
+      sum.tax += line[u"GST"].ToMoney();
+    }
+  }
+  if (count == jobsWithLines.size()) return;
+  const Sql fields = Sql("SELECT Diary_ID, Total_Price, Total_GST, {} AS Counts_On",
+                         Sql(onCash ? "Payment_ID" : "Schedule_Date"));
+  for (const Record job : business.RunSQL(fields + JobsThatCount(onCash))) {
+    const auto day = DayOf(job, onCash);
+    if (!day || !days.Contains(*day) || jobsWithLines.contains(job[u"Diary_ID"].ToLong())) continue;
+    DaySum& sum = jobs_.Of(*day, accounts_.size() - 1);
+    sum.amount += job[u"Total_Price"].ToMoney();
+    sum.tax += job[u"Total_GST"].ToMoney();
   }
 }
 
@@ -113,23 +170,24 @@ void BookDays::LoadLedger(Business& business, const DateRange& days) {
                "Sum(GST_Included) AS SumOfGST_Included FROM General_Ledger_Entries "
                "WHERE Not IsNull(Purchase_ID) AND ") +
            reports::Within("Entry_Date", days) + Sql(" GROUP BY Entry_Date, GL_Account_ID")))
-    ledger_.push_back({row[u"Entry_Date"].ToDate(), PlaceOf(row[u"GL_Account_ID"].ToLong()),
-                       row[u"SumOfGL_Amount"].ToMoney(), row[u"SumOfGST_Included"].ToMoney()});
+    ledger_.sums.push_back({row[u"Entry_Date"].ToDate(), PlaceOf(row[u"GL_Account_ID"].ToLong()),
+                            row[u"SumOfGL_Amount"].ToMoney(), row[u"SumOfGST_Included"].ToMoney()});
 }
 
-void BookDays::LoadCash(Business& business, const DateRange& days) {
-  for (const Record row :
-       business.RunSQL(Sql("SELECT Payment_Date, Sum(Amount) AS SumOfAmount, Sum(GST_Included) AS "
-                           "SumOfGST_Included FROM Payments WHERE ") +
-                       reports::Within("Payment_Date", days) + Sql(" GROUP BY Payment_Date")))
-    cash_.push_back({row[u"Payment_Date"].ToDate(), 0, row[u"SumOfAmount"].ToMoney(),
-                     row[u"SumOfGST_Included"].ToMoney()});
+BookDays::DaySum& BookDays::DaySums::Of(QDate day, size_t account) {
+  if (places_.size() <= account) places_.resize(account + 1);
+  size_t& place = places_[account][day.toJulianDay()];
+  if (place == 0) {
+    sums.push_back({day, account, {}, {}});
+    place = sums.size();
+  }
+  return sums[place - 1];
 }
 
 std::vector<AccountSum> BookDays::SumOf(const DaySums& sums, const DateRange& days,
                                         bool isOfLedger) const {
   std::vector<std::optional<AccountSum>> byAccount(accounts_.size());
-  for (const DaySum& sum : sums) {
+  for (const DaySum& sum : sums.sums) {
     if (!days.Contains(sum.day)) continue;
     const AccountFacts& facts = accounts_[sum.account];
     auto& of = byAccount[sum.account];
@@ -159,7 +217,7 @@ ProfitAndLoss BookDays::Within(const DateRange& days) const {
     return a.number != b.number ? a.number < b.number : a.name < b.name;
   });
   figures.expense.insert(figures.expense.end(), spent.begin(), spent.end());
-  for (const DaySum& sum : cash_) {
+  for (const DaySum& sum : cash_.sums) {
     if (!days.Contains(sum.day)) continue;
     figures.cashReceived += sum.amount;
     figures.taxOfCash += sum.tax;

@@ -3,6 +3,10 @@
 #include "documents/billing/BillingRows.h"
 #include "reports/ReportKinds.h"
 
+#include <QHash>
+
+#include <utility>
+
 /// Profit and loss: what was earned by ledger account, and what was spent.
 namespace quillary::reports {
 
@@ -49,12 +53,22 @@ class BookDays {
     Money amount;
     Money tax;
   };
-  using DaySums = std::vector<DaySum>;
+  struct DaySums {
+    DaySum& Of(QDate day, size_t account);
+
+    std::vector<DaySum> sums;
+
+   private:
+    std::vector<QHash<qint64, size_t>> places_;  // by account and day, counted from 1
+  };
 
   void LoadAccounts(Business& business);
+  /// What was received, and the day of each payment.
+  void LoadPayments(Business& business, const DateRange& days);
   void LoadJobs(Business& business, const DateRange& days);
   void LoadLedger(Business& business, const DateRange& days);
-  void LoadCash(Business& business, const DateRange& days);
+  /// When a job or line counts; nothing when it is paid on no day of these books.
+  std::optional<QDate> DayOf(const Record& job, bool onCash) const;
   /// The place of an account of that number, of none when there is no such account.
   size_t PlaceOf(qint64 account) const;
   std::vector<AccountSum> SumOf(const DaySums& sums, const DateRange& days, bool isOfLedger) const;
@@ -63,6 +77,7 @@ class BookDays {
   DaySums jobs_;
   DaySums ledger_;
   DaySums cash_;
+  QHash<qint64, QDate> dayOfPayment_;
 };
 
 /// The figures of these days alone.

@@ -4,6 +4,11 @@ namespace quillary {
 namespace {
 
 std::optional<size_t> IndexOf(const ResultColumns& columns, QStringView name) {
+  // Nearly always the name is written as the column's, and this is asked for every field read.
+  for (size_t index = 0; index < columns.size(); ++index) {
+    const QString& column = columns[index].name;
+    if (column.size() == name.size() && QStringView(column) == name) return index;
+  }
   for (size_t index = 0; index < columns.size(); ++index) {
     if (columns[index].name.compare(name, Qt::CaseInsensitive) == 0) return index;
   }
