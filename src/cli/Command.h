@@ -111,5 +111,7 @@ std::vector<Command> TodayCommands();
 std::vector<Command> HeadOfficeCommands();
 std::vector<Command> MailCommands();
 std::vector<Command> YearEndCommands();
+std::vector<Command> QuoteCommands();
+std::vector<Command> BudgetCommands();
 
 }  // namespace quillary::cli

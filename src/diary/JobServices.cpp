@@ -60,6 +60,14 @@ JobServices LoadServices(Business& business, Id<Entry> entry) {
   return services;
 }
 
+void StoreServiceLine(Business& business, Id<Entry> entry, const JobServiceForm& form,
+                      SaveLine as) {
+  if (as == SaveLine::AsNew)
+    InsertLine(business, entry, form);
+  else
+    UpdateLine(business, form);
+}
+
 std::optional<Refusal> SaveService(Business& business, Job& job, const JobServiceForm& form,
                                    SaveLine as) {
   if (!form.service) {
@@ -73,11 +81,7 @@ std::optional<Refusal> SaveService(Business& business, Job& job, const JobServic
   if (stored.IsNew()) {
     if (std::optional<Refusal> refusal = SaveJob(business, stored)) return refusal;
   }
-  if (as == SaveLine::AsNew) {
-    InsertLine(business, *stored.entry, form);
-  } else {
-    UpdateLine(business, form);
-  }
+  StoreServiceLine(business, *stored.entry, form, as);
   UpdateTotalPriceAndGST(business, *stored.entry);
   save.Commit();
   job = stored;

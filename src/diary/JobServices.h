@@ -37,6 +37,10 @@ struct JobServiceForm {
 
 enum class SaveLine { AsNew, Selected };
 
+/// Writes one line with the tax inside its price, and nothing that follows from it. Throws
+/// WriteFailed when the selected one has gone.
+void StoreServiceLine(Business& business, Id<Entry> entry, const JobServiceForm& form, SaveLine as);
+
 /// Adds a line to the job, or changes the selected one, with the tax inside its price, and then the
 /// job's totals. Refuses a form without service, and a change without a selected line. A new job is
 /// saved first, so that the line has an entry; what SaveJob() refuses is refused here too.

@@ -15,6 +15,8 @@ QString ShownText(const GridColumn& column, const GridCell& cell,
       return cell.value.ToMoney().ToCurrencyText();
     case ColumnKind::Date:
       return ToShortDateText(cell.value.ToDate());
+    case ColumnKind::Bar:
+      return QStringLiteral("%1 %").arg(qRound(cell.value.ToDouble() * 100));
     case ColumnKind::Tick:
     case ColumnKind::Mark:
       return {};

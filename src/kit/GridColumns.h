@@ -21,6 +21,7 @@ enum class ColumnKind {
   Mark,      // a box that is ticked while the row is marked; holds no value
   Chip,      // a status: its word on the row's hue; edited from choices when there are some
   Choice,    // one of a list: shows the word of the stored key
+  Bar,       // a share, 1 being the whole: a bar with its percentage
   HiddenId,  // never shown; the first one is the key that tells rows apart
 };
 

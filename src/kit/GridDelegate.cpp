@@ -46,6 +46,30 @@ void PaintWords(QPainter* painter, const QStyleOptionViewItem& option, const QMo
   painter->drawText(inner, index.data(Qt::TextAlignmentRole).toInt(), words);
 }
 
+/// The bar is full at 1 and stays so beyond; the words say how far.
+void PaintBar(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index,
+              const Roles& roles, const HueColours& hue) {
+  constexpr int kBarHeight = 8;
+  constexpr int kWordsWidth = 56;
+  const Value share = index.data(kValueRole).value<Value>();
+  if (share.IsNull()) return;
+  const QRectF whole(option.rect.left() + kMargin, option.rect.center().y() - kBarHeight / 2,
+                     option.rect.width() - 2 * kMargin - kWordsWidth, kBarHeight);
+  QRectF part = whole;
+  part.setWidth(whole.width() * qBound(0.0, share.ToDouble(), 1.0));
+  painter->setRenderHint(QPainter::Antialiasing);
+  painter->setPen(Qt::NoPen);
+  painter->setBrush(roles.line);
+  painter->drawRoundedRect(whole, kBarHeight / 2.0, kBarHeight / 2.0);
+  painter->setBrush(index.data(kHueRole).toInt() == static_cast<int>(Hue::None) ? roles.accent
+                                                                                : hue.bar);
+  painter->drawRoundedRect(part, kBarHeight / 2.0, kBarHeight / 2.0);
+  painter->setPen(roles.text);
+  painter->setFont(option.font);
+  painter->drawText(option.rect.adjusted(0, 0, -kMargin, 0), Qt::AlignRight | Qt::AlignVCenter,
+                    index.data().toString());
+}
+
 /// The list of a cell. Moving through it by keys decides nothing: Enter, Tab or a click in the
 /// opened list do.
 class CellCombo : public QComboBox {
@@ -99,6 +123,8 @@ void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
   painter->drawLine(option.rect.bottomLeft(), option.rect.bottomRight());
   if (kind == ColumnKind::Chip) {
     PaintChip(painter, option.rect, index.data().toString(), hue, option.font);
+  } else if (kind == ColumnKind::Bar) {
+    PaintBar(painter, option, index, roles, hue);
   } else if (kind == ColumnKind::Tick || kind == ColumnKind::Mark) {
     QStyleOptionViewItem box(option);
     box.rect = QRect(option.rect.left() + kMargin, option.rect.center().y() - 8, 16, 16);

@@ -51,6 +51,7 @@ ReportData CollectLedger(Business& business, const ReportCriteria& criteria) {
               "General_Ledger_Accounts ON General_Ledger_Entries.GL_Account_ID = "
               "General_Ledger_Accounts.GL_Account_ID WHERE ") +
           Within("Entry_Date", criteria.days) +
+          OfAccount("General_Ledger_Entries.GL_Account_ID", criteria.record) +
           Sql(" ORDER BY General_Ledger_Accounts.GL_Account_Number, "
               "General_Ledger_Accounts.GL_Account_Name, General_Ledger_Entries.GL_Account_ID, "
               "Entry_Date, GL_Entry_ID;")))};

@@ -2,6 +2,7 @@
 #include "documents/reports/ReportFiles.h"
 #include "domain/BillingWords.h"
 #include "domain/EntryStatus.h"
+#include "domain/TaxRate.h"
 #include "reports/DiarySheet.h"
 #include "reports/Headings.h"
 #include "reports/ListReport.h"
@@ -41,7 +42,11 @@ Sql NewestQuote(const std::vector<Id<Client>>& clients) {
 
 // The quote.
 
-ReportSection QuoteServices(const Recordset& lines, const QString& taxHeading) {
+/// `net` takes the tax out of each price.
+ReportSection QuoteServices(Business& business, const Recordset& lines, bool net) {
+  const TaxRate rate = TaxRate::Of(business);
+  const QString taxHeading =
+      net ? QStringLiteral("%1 exc.").arg(business.values.taxName) : TaxHeading(business);
   ReportSection section;
   section.columns = {
       {"Service", "<+2in", CellKind::Text, Total::Word},
@@ -53,13 +58,20 @@ ReportSection QuoteServices(const Recordset& lines, const QString& taxHeading) {
   for (const Record row : lines) {
     // A quote without services is one row of the joined tables, without a line.
     if (row[u"Quote_Service_ID"].IsNull()) continue;
-    group.rows.push_back(
-        {.cells = {row[u"Service"].ToText(), row[u"Line_Notes"].ToText(),
-                   row[u"Price"].IsNull() ? Value() : Value(row[u"Price"].ToMoney())}});
+    Money price = row[u"Price"].ToMoney();
+    if (net) price -= rate.CalculateGSTComponent(price);
+    group.rows.push_back({.cells = {row[u"Service"].ToText(), row[u"Line_Notes"].ToText(),
+                                    row[u"Price"].IsNull() ? Value() : Value(price)}});
     totals.Add(group.rows.back().cells);
   }
   section.totals = totals.Under(QStringLiteral("Total"));
   return section;
+}
+
+Money TotalOfQuote(const Recordset& lines) {
+  Money total;
+  for (const Record row : lines) total += row[u"Price"].ToMoney();
+  return total;
 }
 
 ReportData CollectQuote(Business& business, const ReportCriteria& criteria) {
@@ -96,7 +108,14 @@ ReportData CollectQuote(Business& business, const ReportCriteria& criteria) {
               {{.cells = {QStringLiteral("FOR: "), client.Field(u"Display_Name").ToText() + u'\n' +
                                                        AddressLines(client.Row(0))}}}));
   data.sections.push_back(Block({"<+7in"}, {{.cells = {QStringLiteral("QUOTE DETAILS: ")}}}, true));
-  data.sections.push_back(QuoteServices(lines, TaxHeading(business)));
+  const bool net = criteria.option == u"without-tax";
+  data.sections.push_back(QuoteServices(business, lines, net));
+  if (net) {
+    const Money total = TotalOfQuote(lines);
+    const Money tax = total - data.sections.back().totals.back().ToMoney();
+    data.notes = {QStringLiteral("%1: %2    Total with %1: %3")
+                      .arg(business.values.taxName, tax.ToCurrencyText(), total.ToCurrencyText())};
+  }
   return data;
 }
 
@@ -221,7 +240,13 @@ ReportData CollectDiaryTotals(Business& business, const ReportCriteria& criteria
 
 std::vector<ReportKind> SheetKinds() {
   return {
-      {"quote", "Quote", "Quote.doc", Asks::Quote, CollectQuote},
+      {"quote",
+       "Quote",
+       "Quote.doc",
+       Asks::Quote,
+       CollectQuote,
+       {},
+       {{"with-tax", "Prices include tax"}, {"without-tax", "Prices exclude tax"}}},
       {"pay-in-slip", "Pay-in slip", "PayIn Slip.doc", Asks::Deposit, CollectPayInSlip},
       {"diary-totals", "Diary totals", "Diary Totals.doc", Asks::Days, CollectDiaryTotals},
       {"diary-sheet",

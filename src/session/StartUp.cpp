@@ -1,5 +1,6 @@
 #include "session/StartUp.h"
 
+#include "accounts/budgets/BudgetPeriods.h"
 #include "base/Errors.h"
 #include "base/OwnFiles.h"
 #include "data/ActivityLog.h"
@@ -146,7 +147,7 @@ class Sequence {
     roll::AdvanceScheduleGlobally(*business);
     Advance(2);
     Reached("AdvanceScheduleGlobally");
-    // Budgets join here; nothing else at start-up depends on them.
+    accounts::InitializeBudgets(*business);
     Advance(1);
     Reached("Budget_Manager.Initialize");
     LoadTaxName(*business);  // for the screens that open with the main menu

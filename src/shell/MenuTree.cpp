@@ -57,7 +57,8 @@ Entries Financial() {
       Break("mnuFinancialBreak3"),
       {"mmuJobsList", "Jobs", Opens<OpenJobsList>(), "Jobs", "frmJobsList"},
       Break("mnuFinancialBreak4"),
-      {"mnuFinancialBudgets", "Yearly budgets", kNothing},
+      {"mnuFinancialBudgets", "Yearly budgets", Opens<OpenBudgets>(), "Yearly budgets",
+       "frmBudgets"},
   };
 }
 
@@ -202,7 +203,8 @@ Entries Setup() {
                 "frmGeneralLedgerAccounts"},
                {"mnuSetupFinancialBankAccounts", "Bank accounts", Opens<OpenBankAccounts>(),
                 "Setup Bank Accounts", "frmBankAccounts"},
-               {"mnuSetupFinancialBudgets", "Budgets", kNothing},
+               {"mnuSetupFinancialBudgets", "Budgets", Opens<OpenSetupBudgets>(), "Setup Budgets",
+                "frmSetupBudgets"},
            }),
       Menu("mnuSetupTechnical", "Technical settings",
            {

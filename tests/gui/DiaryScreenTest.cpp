@@ -336,16 +336,19 @@ TEST_F(DiaryScreenTest, ThePickedRangeAndItsOptionAgreeWithTheList) {
   }
 }
 
-TEST_F(DiaryScreenTest, AnEntryWithoutAScreenIsNotEdited) {
+TEST_F(DiaryScreenTest, EachKindOfEntryOpensItsOwnScreen) {
   AddEntry(2, "Q", 5, 0, 1);
   Open();
-  const auto* edit = Find<QPushButton>(screen, "cmdEditJob");
-  for (const auto& [key, on] : {std::pair{1, true}, {4, true}, {6, false}}) {
+  for (const auto& [key, name] : {std::pair{1, "frmJobs"}, {4, "frmVisit"}, {6, "frmQuote"}}) {
     grid->SelectKey(key);
-    EXPECT_EQ(edit->isEnabled(), on) << key;
+    QString opened;
+    QTimer::singleShot(0, screen, [&] {
+      opened = QApplication::activeModalWidget()->objectName();
+      static_cast<QDialog*>(QApplication::activeModalWidget())->reject();
+    });
+    ClickOn(screen, "cmdEditJob");
+    EXPECT_EQ(opened, name);
   }
-  grid->clearSelection();
-  EXPECT_TRUE(edit->isEnabled()) << "it says that a job has to be selected";
 }
 
 TEST_F(DiaryScreenTest, PrintingRecomputesWhatTheClientOwes) {

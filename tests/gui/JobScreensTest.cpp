@@ -268,19 +268,6 @@ TEST_F(JobScreensTest, OpeningTheJobsListAgainShowsThisMonth) {
   EXPECT_EQ(Find<Grid>(&jobs, "grdSchedule")->model()->rowCount(), 1);
 }
 
-TEST_F(JobScreensTest, AQuoteOfTheListHasNoScreen) {
-  AddEntry(1, "Q", 0);
-  AddEntry(1, "V", 0, {2026, 11, 3});
-  Screen& jobs = OpenTab(OpenJobsList{});
-  auto* status = Find<QComboBox>(&jobs, "cboJobStatus");
-  status->setCurrentIndex(status->findText("- Uncancelled Jobs - "));
-  emit status->activated(status->currentIndex());
-  for (const auto& [key, on] : {std::pair{1, false}, {2, true}}) {
-    Find<Grid>(&jobs, "grdSchedule")->SelectKey(key);
-    EXPECT_EQ(Find<QPushButton>(&jobs, "cmdEditJob")->isEnabled(), on) << key;
-  }
-}
-
 TEST_F(JobScreensTest, OpensTheJobOfTheListByEnter) {
   AddEntry(1, "J", 55);
   Screen& jobs = OpenTab(OpenJobsList{});

@@ -1,13 +1,16 @@
 #include "accounts/screens/AccountScreens.h"
 
 #include "accounts/TaxRepair.h"
+#include "accounts/budgets/BudgetPeriods.h"
 #include "accounts/screens/dlgCountCash.h"
 #include "accounts/screens/frmBanking.h"
 #include "accounts/screens/frmBanks.h"
+#include "accounts/screens/frmBudgets.h"
 #include "accounts/screens/frmChequeReconciliation.h"
 #include "accounts/screens/frmGeneralLedgerAccounts.h"
 #include "accounts/screens/frmPurchase.h"
 #include "accounts/screens/frmPurchasesList.h"
+#include "accounts/screens/frmSetupBudgets.h"
 #include "accounts/screens/frmSuppliers.h"
 #include "accounts/yearend/PreviousRecords.h"
 #include "accounts/yearend/RevenueAccounts.h"
@@ -102,6 +105,17 @@ void RegisterRepairs(Business& business, const ScreenTools& tools) {
     run("mnuRecalculateGSTComponent_Click",
         [&] { RecalculateGSTAfterAsking(business, business.World().prompter); });
   });
+  navigator.Register<quillary::RecalculateBudgets>(
+      [&business, run](const quillary::RecalculateBudgets&) {
+        run("mnuFunctionsRecalculateBudgets_Click", [&] {
+          int corrections = 0;
+          {
+            const BusyWhile busy(business.World().busy);
+            corrections = accounts::RecalculateBudgets(business);
+          }
+          business.World().prompter.Tell(Tone::Information, BudgetsVerifiedWords(corrections));
+        });
+      });
   navigator.Register<DeletePreviousFinancialRecords>([&business, &navigator,
                                                       run](const DeletePreviousFinancialRecords&) {
     run("mnuDeletePreviousFinancialRecords_Click", [&] { DeletePrevious(business, navigator); });
@@ -124,6 +138,12 @@ void RegisterAccountScreens(Business& business, const ScreenTools& tools) {
   RegisterBankingScreens(business, tools);
   RegisterRepairs(business, tools);
   Navigator& navigator = tools.navigator;
+  navigator.Register<OpenBudgets>([&business, tools](const OpenBudgets&) {
+    ShowTab(tools, "frmBudgets", [&] { return new frmBudgets(business, tools); });
+  });
+  navigator.Register<OpenSetupBudgets>([&business, tools](const OpenSetupBudgets&) {
+    ShowTab(tools, "frmSetupBudgets", [&] { return new frmSetupBudgets(business, tools); });
+  });
   navigator.Register<OpenGeneralLedgerAccounts>(
       [&business, tools](const OpenGeneralLedgerAccounts&) {
         ShowTab(tools, "frmGeneralLedgerAccounts",

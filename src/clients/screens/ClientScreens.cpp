@@ -7,6 +7,7 @@
 #include "clients/screens/dlgDateWithClients.h"
 #include "clients/screens/frmClientList.h"
 #include "clients/screens/frmClients.h"
+#include "clients/screens/frmCreateAQuote.h"
 #include "clients/screens/frmGeneralNotes.h"
 
 #include <QPointer>
@@ -69,6 +70,16 @@ void RegisterClientScreens(Business& business, const ScreenTools& tools) {
     auto* list = new frmClientList(business, tools);
     tools.host.ShowScreen(list);
     list->ShowYourself();
+  });
+  navigator.Register<OpenCreateAQuote>([&business, tools](const OpenCreateAQuote& request) {
+    const QString name = QStringLiteral("frmCreateAQuote");
+    auto* quotes = qobject_cast<frmCreateAQuote*>(tools.host.BringToFront(name));
+    const bool isNew = quotes == nullptr;
+    if (isNew) {
+      quotes = new frmCreateAQuote(business, tools);
+      tools.host.ShowScreen(quotes);
+    }
+    if (isNew || request.client) quotes->ShowClient(request.client);
   });
   navigator.Register<OpenTransferOfPayments>(
       [&business, tools, open](const OpenTransferOfPayments&) {

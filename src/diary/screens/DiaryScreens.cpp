@@ -7,6 +7,7 @@
 #include "diary/screens/frmJobs.h"
 #include "diary/screens/frmJobsList.h"
 #include "diary/screens/frmListOfClientsWithSchedulingProblem.h"
+#include "diary/screens/frmQuote.h"
 #include "diary/screens/frmReschedule.h"
 #include "diary/screens/frmVisit.h"
 
@@ -73,6 +74,14 @@ void RegisterEntries(Business& business, const ScreenTools& tools) {
   navigator.Register<EditVisit>([&business, tools](const EditVisit& request) {
     const auto visit = LoadVisit(business, request.entry);
     return visit ? Run(frmVisit(business, tools, *visit)) : TellGone(business);
+  });
+  navigator.Register<EditQuoteVisit>([&business, tools](const EditQuoteVisit& request) {
+    if (const auto visit = LoadQuoteVisit(business, request.entry))
+      return Run(frmQuote(business, tools, *visit));
+    business.World().prompter.Tell(Tone::Stop,
+                                   QStringLiteral("Sorry, I can't find this quote record! I won't "
+                                                  "be able to load this quote."));
+    return false;
   });
   navigator.Register<AddVisit>([&business, tools](const AddVisit& request) {
     return Run(frmVisit(business, tools, NewVisit(business, request.client)));

@@ -179,8 +179,18 @@ void RegisterReportScreens(Business& business, const ScreenTools& tools) {
     criteria.record = record;
     reports.Show(report, criteria);
   };
-  tools.navigator.Register<PrintQuote>(
-      [ofRecord](const PrintQuote& request) { ofRecord("quote", request.quote.Number()); });
+  tools.navigator.Register<PrintQuote>([reports](const PrintQuote& request) {
+    ReportCriteria criteria;
+    criteria.record = request.quote.Number();
+    criteria.option = QString::fromLatin1(request.pricesExcludeTax ? "without-tax" : "with-tax");
+    reports.Show("quote", criteria);
+  });
+  tools.navigator.Register<ShowLedgerEntries>([reports](const ShowLedgerEntries& request) {
+    ReportCriteria criteria;
+    criteria.days = request.days;
+    criteria.record = request.account.Number();
+    reports.Show("ledger-entries", criteria);
+  });
   tools.navigator.Register<PrintPayInSlip>([ofRecord](const PrintPayInSlip& request) {
     ofRecord("pay-in-slip", request.banking.Number());
   });

@@ -85,6 +85,7 @@ void Shots::Run(const QString& only) {
       {"documents", &Shots::Documents},
       {"reports", &Shots::Reports},
       {"accounts", &Shots::Accounts},
+      {"quotes", &Shots::Quotes},
       {"setup", &Shots::SetupDialogs},
       {"menus", &Shots::Menus},
       {"dialogs", &Shots::Dialogs},

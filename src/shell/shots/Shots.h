@@ -36,6 +36,7 @@ class Shots {
   void PaymentDialogs();
   void Accounts();
   void PurchaseDialogs();
+  void Quotes();
   void Documents();
   void Reports();
   void Mails();

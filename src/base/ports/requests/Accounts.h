@@ -15,6 +15,8 @@ struct OpenSuppliers {};
 struct OpenGeneralLedgerAccounts {};
 struct OpenBankAccounts {};
 struct RecalculateBudgets {};
+struct OpenBudgets {};
+struct OpenSetupBudgets {};
 struct RecalculateGSTComponent {};
 struct RecomputeAmountOwing {};
 struct UpdateRevenueAccountIntoDefault {};

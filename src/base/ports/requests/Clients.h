@@ -17,7 +17,10 @@ struct OpenClient {
 };
 /// The payments of the client in view, to be recorded under another.
 struct OpenTransferOfPayments {};
-struct OpenCreateAQuote {};
+/// The quotes of the client, of nobody yet without one.
+struct OpenCreateAQuote {
+  std::optional<Id<Client>> client = {};
+};
 /// Edits the text that is printed on all invoices, statements and reminders.
 struct EditGeneralNotes {
   using Result = bool;

@@ -52,6 +52,12 @@ struct PickDates {
 };
 struct PrintQuote {
   Id<Quote> quote;
+  bool pricesExcludeTax = false;
+};
+/// The ledger entries of an account in these days.
+struct ShowLedgerEntries {
+  Id<Account> account;
+  DateRange days;
 };
 struct PrintPayInSlip {
   Id<Banking> banking;
