@@ -1,7 +1,7 @@
-#include "accounts/banking/Deposits.h"
 #include "data/access/ConvertAccessFile.h"
 #include "diary/DiaryCommands.h"
 #include "diary/JobServices.h"
+#include "fault/worker/BookWork.h"
 #include "maintenance/Salvage.h"
 #include "roll/ScheduleEngine.h"
 #include "session/AccessConversion.h"
@@ -99,23 +99,6 @@ void SaveMuch(Business& business) {
   diary::DeleteEntry(business, Id<Entry>(jobs.Row(0)[size_t{0}].ToLong()));
 }
 
-/// Banks everything that waits.
-void BankAll(Business& business) {
-  accounts::DepositForm form{.bankAccount = Id<BankAccount>(1), .bankingDate = QDate(2026, 11, 2)};
-  const auto tick = [&](PaymentGroup kind, accounts::BankedPayments& tab) {
-    Money sum;
-    for (const auto& payment : accounts::LoadUndeposited(business, kind)) {
-      tab.ticked.push_back(payment.payment);
-      sum += payment.amount;
-    }
-    return sum;
-  };
-  form.cashBanked = tick(PaymentGroup::BankedAsCash, form.cash);
-  tick(PaymentGroup::BankedAsCheque, form.cheques);
-  tick(PaymentGroup::BankedAsCard, form.others);
-  accounts::SaveDeposit(business, business.World().prompter, form);
-}
-
 /// Puts another file in the place of this one; the old one goes to Archive.
 int Replace(const QString& work, const QString& file, int operation) {
   ScriptedOutside outside;
@@ -144,7 +127,7 @@ int Run(const QString& work, const QString& file, int operation, const QString& 
     const auto business = Open(outside, work, file);
     if (work == u"roll") roll::AdvanceScheduleGlobally(*business);
     if (work == u"save") SaveMuch(*business);
-    if (work == u"deposit") BankAll(*business);
+    if (const auto books = BookWork(work)) books(*business);
     if (work == u"ladder") session::UpgradeFile(*business, business->DatabaseFolder());
     if (work == u"hold") {
       std::puts("open");

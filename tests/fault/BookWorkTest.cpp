@@ -1,6 +1,6 @@
 #include "FaultFiles.h"
-#include "accounts/banking/Deposits.h"
 #include "data/store/Integrity.h"
+#include "fault/worker/BookWork.h"
 #include "support/FailingDisk.h"
 
 #include <QProcess>
@@ -8,26 +8,40 @@
 namespace quillary {
 namespace {
 
-/// A deposit of 300 payments is there whole or was never begun, whatever the disk does and whenever
-/// the process dies.
-class DepositTest : public FaultTest {
+/// A deposit, the deletion of a year's records and their sorting out are there whole or were never
+/// begun, whatever the disk does and whenever the process dies.
+class BookWorkTest : public FaultTest, public ::testing::WithParamInterface<const char*> {
  protected:
   void SetUp() override {
     FaultTest::SetUp();
-    Run(Sql("INSERT INTO Bank_Accounts (Bank_Account_Name) VALUES ('Business')"));
-    for (int payment = 0; payment < 300; ++payment)
-      Run(
-          Sql("INSERT INTO Payments (Payment_Method, Amount, Payment_Date) "
-              "VALUES ({}, 10, #2026/10/30#)",
-              payment % 3 == 0   ? "CASH"
-              : payment % 3 == 1 ? "CHEQUE"
-                                 : "EFT"));
+    FillBooks();
     business().CloseConnection();
     start_ = Bytes(business().DatabaseFile());
     before_ = Look();
     ASSERT_TRUE(Work(0));
     after_ = Look();
     ASSERT_NE(before_, after_);
+  }
+
+  /// Something for each of the works, spread over the year.
+  void FillBooks() {
+    Run(Sql("INSERT INTO Bank_Accounts (Bank_Account_Name) VALUES ('Business')"));
+    const char* const methods[] = {"CASH", "CHEQUE", "EFT"};
+    for (int number = 0; number < 240; ++number) {
+      const QDate day = QDate(2026, 1, 1).addDays(number);
+      Run(
+          Sql("INSERT INTO Payments (Client_ID, Payment_Method, Amount, Payment_Date) "
+              "VALUES (1, {}, {}, {})",
+              methods[number % 3], number % 5 == 0 ? 0 : 10, day));
+      Run(Sql("INSERT INTO General_Ledger_Entries (Payment_ID, GL_Amount) VALUES ({}, {})",
+              number + 1, number % 7 == 0 ? 9 : 10));
+      Run(Sql("INSERT INTO Purchases (Amount, Purchase_Date) VALUES ({}, {})", number % 4, day));
+      Run(
+          Sql("INSERT INTO Diary (Client_ID, Status, Schedule_Date, Total_Price) "
+              "VALUES (1, 'JD', {}, 5)",
+              day));
+      Run(Sql("INSERT INTO Diary_Services (Diary_ID, Price, GST) VALUES ({}, 20, 2)", number + 1));
+    }
   }
 
   void Begin() {
@@ -38,21 +52,11 @@ class DepositTest : public FaultTest {
     Business file(outside.Ports(), business().DatabaseFile());
     return Dump(file);
   }
-  /// Whether the deposit was made without a failure.
-  bool Bank() {
+  /// Whether it was done without a failure.
+  bool DoHere() {
     try {
       Business file(outside.Ports(), business().DatabaseFile());
-      accounts::DepositForm form{.bankAccount = Id<BankAccount>(1),
-                                 .bankingDate = QDate(2026, 11, 2)};
-      const auto tick = [&](PaymentGroup kind, accounts::BankedPayments& tab) {
-        for (const auto& payment : accounts::LoadUndeposited(file, kind))
-          tab.ticked.push_back(payment.payment);
-      };
-      tick(PaymentGroup::BankedAsCash, form.cash);
-      tick(PaymentGroup::BankedAsCheque, form.cheques);
-      tick(PaymentGroup::BankedAsCard, form.others);
-      form.cashBanked = Money::FromWhole(10 * static_cast<qint64>(form.cash.ticked.size()));
-      accounts::SaveDeposit(file, outside.prompter, form);
+      BookWork(GetParam())(file);
       file.CloseConnection();
       return true;
     } catch (const StorageFailure&) {
@@ -63,7 +67,7 @@ class DepositTest : public FaultTest {
   std::optional<int> Work(int operation) {
     QProcess process;
     process.start(QStringLiteral(QUILLARY_BIN "/fault_worker"),
-                  {"deposit", business().DatabaseFile(), QString::number(operation)});
+                  {GetParam(), business().DatabaseFile(), QString::number(operation)});
     EXPECT_TRUE(process.waitForFinished(60'000));
     if (process.exitStatus() == QProcess::CrashExit) return std::nullopt;
     EXPECT_EQ(process.exitCode(), 0) << process.readAllStandardError().toStdString();
@@ -75,7 +79,7 @@ class DepositTest : public FaultTest {
   QStringList after_;
 };
 
-TEST_F(DepositTest, AFailingDiskLeavesTheStateBeforeOrAfter) {
+TEST_P(BookWorkTest, AFailingDiskLeavesTheStateBeforeOrAfter) {
   FailingDisk disk;
   for (const DiskFault fault : {DiskFault::WriteOnce, DiskFault::SyncOnce, DiskFault::FullFromOn}) {
     int undone = 0;
@@ -84,23 +88,23 @@ TEST_F(DepositTest, AFailingDiskLeavesTheStateBeforeOrAfter) {
       ASSERT_LT(operation, 2000);
       Begin();
       disk.FailAt(operation, fault);
-      const bool done = Bank();
+      const bool done = DoHere();
       const bool failed = disk.HasFailed();
       disk.Mend();
       ASSERT_EQ(FindDamage(business().DatabaseFile()), QStringList());
       const QStringList left = Look();
-      ASSERT_TRUE(left == before_ || left == after_) << "pieces of a deposit";
+      ASSERT_TRUE(left == before_ || left == after_) << "pieces of it";
       if (left == before_) {
         ++undone;
         ASSERT_FALSE(done) << "it was undone in silence";
       }
       if (!failed) break;
     }
-    EXPECT_GT(undone, 0) << "no failure reached the deposit";
+    EXPECT_GT(undone, 0) << "no failure reached it";
   }
 }
 
-TEST_F(DepositTest, AKilledProcessLeavesTheStateBeforeOrAfter) {
+TEST_P(BookWorkTest, AKilledProcessLeavesTheStateBeforeOrAfter) {
   Begin();
   const int operations = Work(0).value_or(0);
   ASSERT_GT(operations, 5);
@@ -112,12 +116,18 @@ TEST_F(DepositTest, AKilledProcessLeavesTheStateBeforeOrAfter) {
     ASSERT_FALSE(Work(operation)) << "it lived";
     ASSERT_EQ(FindDamage(business().DatabaseFile()), QStringList());
     const QStringList left = Look();
-    ASSERT_TRUE(left == before_ || left == after_) << "pieces of a deposit";
+    ASSERT_TRUE(left == before_ || left == after_) << "pieces of it";
     (left == before_ ? before : after) += 1;
   }
   EXPECT_GT(before, 0);
   EXPECT_GT(after, 0);
 }
+
+INSTANTIATE_TEST_SUITE_P(Whole, BookWorkTest,
+                         ::testing::Values("deposit", "delete-previous", "sort-out"),
+                         [](const auto& work) {
+                           return QString(work.param).remove('-').toStdString();
+                         });
 
 }  // namespace
 }  // namespace quillary
