@@ -2,6 +2,7 @@
 
 #include "base/OwnFiles.h"
 #include "base/Text.h"
+#include "data/store/FileInTheMaking.h"
 
 #include <QDir>
 #include <QFile>
@@ -55,6 +56,17 @@ QString FileIn(const QString& folder) {
   return QDir(folder).filePath(QStringLiteral("outbox.db"));
 }
 
+/// Beside its place, and whole before it takes it: who dies here leaves no piece of an outbox,
+/// which nobody could open any more.
+void MakeFile(const QString& path) {
+  FileInTheMaking made(path);
+  Connection file(made.Path());
+  file.Open(OpenMode::Create);
+  file.Run(std::string_view(kMakeTable));
+  file.Close();
+  made.TakeItsPlace();
+}
+
 QString ListOf(const std::vector<Id<Invoice>>& invoices) {
   QString list = QStringLiteral(",");
   for (const Id<Invoice> invoice : invoices) list += QString::number(invoice.Number()) + u',';
@@ -103,12 +115,13 @@ Outbox::Outbox(Business& business)
     : business_(business),
       folder_(FolderOf(business.DatabaseFile())),
       connection_(FileIn(folder_), [&business] { return business.Now(); }) {
-  const bool isNew = !Exists(business);
-  if (isNew && !MakeOwnFolder(folder_))
-    throw std::runtime_error(
-        QStringLiteral("The folder %1 for mails cannot be made.").arg(folder_).toStdString());
-  connection_.Open(isNew ? OpenMode::Create : OpenMode::Existing);
-  if (!connection_.Schema().FindTable(u"Mails")) connection_.Run(std::string_view(kMakeTable));
+  if (!Exists(business)) {
+    if (!MakeOwnFolder(folder_))
+      throw std::runtime_error(
+          QStringLiteral("The folder %1 for mails cannot be made.").arg(folder_).toStdString());
+    MakeFile(FileIn(folder_));
+  }
+  connection_.Open(OpenMode::Existing);
 }
 
 Outbox::~Outbox() {

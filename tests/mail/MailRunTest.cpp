@@ -96,7 +96,8 @@ TEST_F(MailRunTest, OneMailIsSentAndRemembered) {
 TEST_F(MailRunTest, EveryClientGetsItsInvoiceOnceThoughTheServerFailsAndTheProgramIsKilled) {
   constexpr int kClients = 300;
   MailServerProcess server;
-  server.Start({"--fail-every", "7"});
+  // Slow enough to be killed in time on a busy machine.
+  server.Start({"--fail-every", "7", "--pause", "0.01"});
   const QString invoices = AddInvoices(kClients);
   const QStringList run = QStringList{"mail-documents", File(), "invoice", "--invoices", invoices} +
                           ServerWords(server);

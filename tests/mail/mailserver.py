@@ -32,6 +32,7 @@ def serve(arguments):
 
         async def handle_DATA(self, server, session, envelope):
             Keep.seen += 1
+            time.sleep(arguments.pause)
             if arguments.fail_every and Keep.seen % arguments.fail_every == 0:
                 return "451 4.3.0 Try again later"
             name = f"{time.time_ns()}-{Keep.seen}"
@@ -107,6 +108,7 @@ parser.add_argument("folder")
 parser.add_argument("--security", default="none")
 parser.add_argument("--login")
 parser.add_argument("--port", type=int, default=0)
+parser.add_argument("--pause", type=float, default=0)
 parser.add_argument("--fail-every", type=int)
 parser.add_argument("--drop-every", type=int)
 arguments = parser.parse_args()
