@@ -1,5 +1,7 @@
 #include "diary/JobServices.h"
 
+#include "balances/ClientBalance.h"
+#include "domain/Payer.h"
 #include "domain/TaxRate.h"
 
 namespace quillary::diary {
@@ -23,6 +25,12 @@ void UpdateLine(Business& business, const JobServiceForm& form) {
                      "WHERE Diary_Service_ID = {}; ",
                      form.service, form.price, TaxInside(business, form.price), form.line),
                  Rows::Exactly(1));
+}
+
+/// What a done job costs is owed from the moment its lines are stored.
+void FollowLines(Business& business, Id<Entry> entry) {
+  UpdateTotalPriceAndGST(business, entry);
+  balances::RecalculateClientBalance(business, PayerOf(business, entry));
 }
 
 }  // namespace
@@ -82,7 +90,7 @@ std::optional<Refusal> SaveService(Business& business, Job& job, const JobServic
     if (std::optional<Refusal> refusal = SaveJob(business, stored)) return refusal;
   }
   StoreServiceLine(business, *stored.entry, form, as);
-  UpdateTotalPriceAndGST(business, *stored.entry);
+  FollowLines(business, *stored.entry);
   save.Commit();
   job = stored;
   return std::nullopt;
@@ -94,7 +102,7 @@ std::optional<Refusal> RemoveService(Business& business, std::optional<Id<Entry>
   Transaction removal(business);
   business.Write(Sql("DELETE FROM Diary_Services WHERE Diary_Service_ID = {}", line),
                  Rows::Exactly(1));
-  UpdateTotalPriceAndGST(business, *entry);
+  FollowLines(business, *entry);
   removal.Commit();
   return std::nullopt;
 }

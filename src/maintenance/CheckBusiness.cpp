@@ -231,7 +231,7 @@ class Check {
                    .arg(client)
                    .arg(balance.ToCurrencyText(), computed[client].ToCurrencyText()));
     }
-    // A line that is changed on a job counts in the balance from the job's next save on.
+    // A balance is a cache that any recalculation brings up to date.
     Add("Clients", rows, QStringLiteral("Account_Balance is not what jobs and payments come to"),
         Weight::Note);
   }

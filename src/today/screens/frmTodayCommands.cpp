@@ -13,6 +13,15 @@
 /// Where the figures of the screen lead, and what the steps of the run do.
 namespace quillary::today {
 
+namespace {
+
+/// A figure that counts nothing has no days; its list opens on the days it shows by itself.
+std::optional<DateRange> IfAny(const DateRange& days) {
+  return days.IsValid() ? std::optional(days) : std::nullopt;
+}
+
+}  // namespace
+
 void frmToday::OnClick(QPushButton* button, std::function<void()> command) {
   tools_.runner.OnClick(button, objectName(), [this, command = std::move(command)] {
     command();
@@ -55,11 +64,11 @@ void frmToday::ConnectAttention() {
   on(rowProblems, [&to] { to.Open(OpenListOfClientsWithSchedulingProblem{}); });
   on(rowNoEmployee, [this, &to] { to.Open(OpenDiary{DateRange::Of(business_.Today())}); });
   on(rowDue, [this, &to] {
-    to.Open(OpenJobsList{attention_.daysOfDue, OpenJobsList::Which::DueForInvoice});
+    to.Open(OpenJobsList{IfAny(attention_.daysOfDue), OpenJobsList::Which::DueForInvoice});
   });
   on(rowOverdue, [this, &to] {
-    to.Open(
-        OpenInvoicesList{.days = attention_.daysOfOverdue, .ticked = attention_.overdueInvoices});
+    to.Open(OpenInvoicesList{.days = IfAny(attention_.daysOfOverdue),
+                             .ticked = attention_.overdueInvoices});
   });
   on(rowToBank, [&to] { to.Open(OpenBanking{}); });
   on(rowCheques, [&to] { to.Open(OpenChequeReconciliation{}); });
@@ -70,20 +79,20 @@ void frmToday::ConnectAttention() {
 void frmToday::ConnectRun() {
   const Navigator& to = tools_.navigator;
   Prompter& prompter = business_.World().prompter;
-  OnClick(cmdWeek, [this, &to] { to.Open(OpenDiary{run_.week.days}); });
+  OnClick(cmdWeek, [this, &to] { to.Open(OpenDiary{IfAny(run_.week.days)}); });
   OnClick(cmdMarkDone, [this, &prompter] { MarkWeekDone(business_, prompter); });
   OnClick(cmdWaiting, [this, &to] {
-    to.Open(OpenJobsList{run_.waiting.days, OpenJobsList::Which::DueForInvoice});
+    to.Open(OpenJobsList{IfAny(run_.waiting.days), OpenJobsList::Which::DueForInvoice});
   });
   OnClick(cmdInvoiceJobs, [this, &prompter] { InvoiceWeek(business_, prompter); });
   OnClick(cmdUnprinted, [this, &to] {
-    to.Open(OpenInvoicesList{.days = run_.week.days, .ticked = run_.toPrint});
+    to.Open(OpenInvoicesList{.days = IfAny(run_.week.days), .ticked = run_.toPrint});
   });
   OnClick(cmdMakeDocuments, [this, &to] {
     to.Open(PrintInvoices{.invoices = run_.toPrint, .fileNamePart = tr("of the week")});
   });
   OnClick(cmdUnsent, [this, &to] {
-    to.Open(OpenInvoicesList{.days = run_.week.days, .ticked = run_.toMail});
+    to.Open(OpenInvoicesList{.days = IfAny(run_.week.days), .ticked = run_.toMail});
   });
   OnClick(cmdSend, [this, &to] { to.Open(EmailDocuments{.invoices = run_.toMail, .days = {}}); });
   for (QPushButton* button : {cmdTakings, cmdBank})
