@@ -57,6 +57,8 @@ Screen* MainMenuMDI::CurrentScreen() const {
 
 void MainMenuMDI::CloseTab(int index) {
   Screen* screen = ScreenAt(index);
+  // A dialog stands over a command of the screen, which is to go on afterwards.
+  if (QApplication::activeModalWidget()) return;
   if (!screen || !screen->MayClose()) return;
   QWidget* area = tabs_->widget(index);
   tabs_->removeTab(index);

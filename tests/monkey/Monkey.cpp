@@ -3,7 +3,6 @@
 #include "gui/Hand.h"
 
 #include <QApplication>
-#include <QFileDialog>
 #include <QMessageBox>
 #include <QTimer>
 
@@ -87,12 +86,15 @@ void Monkey::GoBack(QWidget* front) {
     return QCoreApplication::exit();  // quit() would ask before the window closes
   }
   if (++goingBack_ > kStepsToTheWayOut) {
-    return steps_.Find(QStringLiteral("A dead end: neither Esc nor Enter leads out of %1 (%2)")
-                           .arg(Hand::NameOf(front), front->windowTitle()));
+    return steps_.Find(
+        QStringLiteral("A dead end: neither Esc nor Enter nor a button leads out of %1 (%2)")
+            .arg(Hand::NameOf(front), front->windowTitle()));
   }
   if (qobject_cast<QMessageBox*>(front)) return AnswerBox(front);
-  const bool isEnter = goingBack_ > kStepsToTheWayOut / 2 && goingBack_ % 4 == 0 &&
-                       !qobject_cast<QFileDialog*>(front);
+  // A payment that lacks its jobs holds its screen until it is told which; that is a button's
+  // doing.
+  if (goingBack_ > kStepsToTheWayOut / 2 && goingBack_ % 3 == 0) return ClickButton(front);
+  const bool isEnter = goingBack_ % 4 == 3 && !IsOfTheSystem(front);
   steps_.Add((isEnter ? QStringLiteral("Enter out of ") : QStringLiteral("Esc out of ")) +
              Hand::NameOf(front));
   Hand::Press(front, isEnter ? Qt::Key_Return : Qt::Key_Escape);

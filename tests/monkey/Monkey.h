@@ -30,6 +30,7 @@ class Monkey : public QObject {
 
   // Moves.cpp: one step each.
   void LeaveAlone();
+  static bool IsOfTheSystem(const QWidget* front);
   void Move(QWidget* front);
   void AnswerBox(QWidget* box);
   void UseWindow(QWidget* front);

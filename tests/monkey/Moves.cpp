@@ -59,9 +59,13 @@ void Monkey::LeaveAlone() {
     window_.menuBar()->findChild<QAction*>(QLatin1StringView(name))->setEnabled(false);
 }
 
+bool Monkey::IsOfTheSystem(const QWidget* front) {
+  return qobject_cast<const QFileDialog*>(front) || front->inherits("QAbstractPrintDialog");
+}
+
 void Monkey::Move(QWidget* front) {
   if (qobject_cast<QMessageBox*>(front)) return AnswerBox(front);
-  if (qobject_cast<QFileDialog*>(front) || front->inherits("QAbstractPrintDialog")) {
+  if (IsOfTheSystem(front)) {
     steps_.Add(QStringLiteral("Esc out of the system's ") + front->metaObject()->className());
     return Hand::Press(front, Qt::Key_Escape);
   }

@@ -1,5 +1,6 @@
 #include "billing/invoices/InvoiceRecord.h"
 
+#include "balances/ClientBalance.h"
 #include "billing/invoices/InvoiceJobs.h"
 #include "billing/invoices/InvoiceNumbers.h"
 #include "domain/EntryStatus.h"
@@ -21,6 +22,8 @@ void TakeJobsOfNewInvoice(Business& business, const InvoiceForm& form) {
   business.Write(Sql("UPDATE Diary SET Invoice_ID = {}, Status = {} WHERE Diary_ID = {}",
                      form.invoiceId, EntryStatus::JobInvoiced, *form.forJob),
                  Rows::Exactly(1));
+  // An open job that is billed counts as done.
+  balances::RecalculateClientBalance(business, PayerOf(business, *form.forJob));
 }
 
 void WriteInvoice(Business& business, const InvoiceForm& form) {
