@@ -36,6 +36,7 @@ class Monkey : public QObject {
   void UseWindow(QWidget* front);
   void Choose();
   void ClickButton(QWidget* front);
+  void PutRight(QWidget* front);
   void UseField(QWidget* front);
   void UseCombo(QWidget* front);
   void UseList(QWidget* front);

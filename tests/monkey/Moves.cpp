@@ -19,13 +19,14 @@ namespace quillary::monkey {
 
 namespace {
 
-/// What would end the run or its history, or leads to another file.
+/// What would end the run or its history, leads to another file, or fails by design.
 constexpr const char* kLeftAlone[] = {
     "mnuExit",
     "mnuFunctionsRestoreBackup",
     "mnuCreateDBOfAllTransferredClients",
     "mnuFunctionsDebugTest1",
     "mnuSetupTechnicalODBC",
+    "mnuUpdateRevenueAccountIntoDefault",
 };
 
 void AddCommands(const std::vector<shell::MenuEntry>& entries, QStringList& names) {
@@ -123,6 +124,15 @@ void Monkey::ClickButton(QWidget* front) {
   steps_.Add(QStringLiteral("clicks %1 \"%2\" of %3")
                  .arg(Hand::NameOf(button), button->text(), Hand::NameOf(front)));
   QTest::mouseClick(button, Qt::LeftButton);
+}
+
+void Monkey::PutRight(QWidget* front) {
+  for (QAbstractButton* button : Hand::Buttons(front)) {
+    if (button->objectName() != QLatin1StringView("cmdSaveOnly")) continue;
+    steps_.Add(QStringLiteral("saves ") + Hand::NameOf(front));
+    return QTest::mouseClick(button, Qt::LeftButton);
+  }
+  ClickButton(front);
 }
 
 void Monkey::UseField(QWidget* front) {

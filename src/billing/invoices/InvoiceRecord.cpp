@@ -19,11 +19,16 @@ Id<Invoice> InsertInvoice(Business& business) {
 void TakeJobsOfNewInvoice(Business& business, const InvoiceForm& form) {
   AttachJobs(business, *form.invoiceId, form.jobsToAttach);
   if (!form.forJob) return;
+  const bool wasOwed =
+      business
+          .FirstField(Sql("SELECT Diary_ID FROM Diary WHERE Diary_ID = {} AND ", *form.forJob) +
+                      IsInGroup("Status", EntryGroup::WorkDone))
+          .ToLong() != 0;
   business.Write(Sql("UPDATE Diary SET Invoice_ID = {}, Status = {} WHERE Diary_ID = {}",
                      form.invoiceId, EntryStatus::JobInvoiced, *form.forJob),
                  Rows::Exactly(1));
-  // An open job that is billed counts as done.
-  balances::RecalculateClientBalance(business, PayerOf(business, *form.forJob));
+  // An open job that is billed counts as done from now on.
+  if (!wasOwed) balances::RecalculateClientBalance(business, PayerOf(business, *form.forJob));
 }
 
 void WriteInvoice(Business& business, const InvoiceForm& form) {
