@@ -13,7 +13,7 @@ namespace {
 constexpr int kStepsOfARound = 100;
 /// Well below what the history keeps.
 constexpr int kCommandsOfARound = 30;
-constexpr int kStepsToTheWayOut = 60;
+constexpr int kStepsToTheWayOut = 200;
 
 std::set<QString> InWords(const std::vector<maintenance::Finding>& findings) {
   std::set<QString> words;
@@ -93,7 +93,7 @@ void Monkey::GoBack(QWidget* front) {
   if (qobject_cast<QMessageBox*>(front)) return AnswerBox(front);
   // A payment that lacks its jobs holds its screen until it is told which; that is a button's
   // doing.
-  if (goingBack_ > kStepsToTheWayOut / 2 && goingBack_ % 3 == 0) return ClickButton(front);
+  if (goingBack_ > kStepsToTheWayOut / 8 && goingBack_ % 3 == 0) return ClickButton(front);
   const bool isEnter = goingBack_ % 4 == 3 && !IsOfTheSystem(front);
   steps_.Add((isEnter ? QStringLiteral("Enter out of ") : QStringLiteral("Esc out of ")) +
              Hand::NameOf(front));

@@ -132,6 +132,7 @@ void Monkey::PutRight(QWidget* front) {
     steps_.Add(QStringLiteral("saves ") + Hand::NameOf(front));
     return QTest::mouseClick(button, Qt::LeftButton);
   }
+  if (Random(2) == 0) return UseList(front);
   ClickButton(front);
 }
 
