@@ -1,6 +1,5 @@
 #pragma once
 
-#include "maintenance/CheckBusiness.h"
 #include "monkey/MonkeyOutside.h"
 #include "shell/Program.h"
 #include "support/Contents.h"

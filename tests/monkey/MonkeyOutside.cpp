@@ -80,6 +80,9 @@ void NotedBoxes::Tell(Tone tone, const QString& text, const QString& title) {
 
 void FoundErrors::ReportError(const QString& form, const QString& errorLine,
                               const QString& procedure, const QString& furtherInformation) {
+  // What Undo took from under an open screen is told when it is to be stored, and nothing is.
+  if (errorLine.contains(QLatin1StringView("is no longer there")))
+    return steps_.AddSaid(QStringLiteral("    told: ") + errorLine);
   steps_.Find(QStringLiteral("%1, %2: %3 %4").arg(form, procedure, errorLine, furtherInformation));
 }
 

@@ -19,7 +19,8 @@ namespace quillary::monkey {
 
 namespace {
 
-/// What would end the run or its history, leads to another file, or fails by design.
+/// What would end the run or its history, leads to another file, fails by design, or deletes by
+/// design what other rows point to.
 constexpr const char* kLeftAlone[] = {
     "mnuExit",
     "mnuFunctionsRestoreBackup",
@@ -27,6 +28,7 @@ constexpr const char* kLeftAlone[] = {
     "mnuFunctionsDebugTest1",
     "mnuSetupTechnicalODBC",
     "mnuUpdateRevenueAccountIntoDefault",
+    "mnuDeletePreviousFinancialRecords",
 };
 
 void AddCommands(const std::vector<shell::MenuEntry>& entries, QStringList& names) {
