@@ -196,6 +196,9 @@ std::optional<Refusal> SavePaymentDetails(Business& business, PaymentForm& form)
   }
   if (form.markInvoicesAsPaid) MarkInvoicesAsPaid(business, *stored.paymentId);
   balances::RecalculateClientBalance(business, *form.clientId);
+  // The payer of the job need not be the one who pays, and what was open counts as done now.
+  const auto payer = form.forJob ? PayerOf(business, *form.forJob) : std::nullopt;
+  if (payer && payer != form.clientId) balances::RecalculateClientBalance(business, payer);
   if (clientBefore && clientBefore != form.clientId)
     balances::RecalculateClientBalance(business, *clientBefore);
   business.Write(
