@@ -1,7 +1,8 @@
 #include "kit/Controls.h"
 
+#include "kit/Shortcuts.h"
+
 #include <QIcon>
-#include <QShortcut>
 #include <QStyle>
 
 namespace quillary {
@@ -104,9 +105,7 @@ QLineEdit* MakeFilterBox(QWidget* screen, const char* name) {
   box->setToolTip(QObject::tr("Shows the rows that hold all the words typed (Ctrl+F)"));
   box->setClearButtonEnabled(true);
   box->setProperty("kind", QStringLiteral("search"));
-  auto* find = new QShortcut(QKeySequence::Find, screen);
-  find->setContext(Qt::WidgetWithChildrenShortcut);
-  QObject::connect(find, &QShortcut::activated, box, [box] {
+  AddShortcut(screen, QKeySequence::Find, QObject::tr("Filters the list"), [box] {
     box->setFocus(Qt::ShortcutFocusReason);
     box->selectAll();
   });

@@ -1,13 +1,13 @@
 #include "kit/RecordList.h"
 
 #include "kit/Layouts.h"
+#include "kit/Shortcuts.h"
 
 #include <QCheckBox>
 #include <QComboBox>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QScrollArea>
-#include <QShortcut>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -151,9 +151,7 @@ void RecordListScreen::ConnectControls() {
     if (!button) return;
     tools_.runner.OnClick(button, objectName(), [this, command] { (this->*command)(); });
     if (keys == QKeySequence::UnknownKey) return;
-    auto* shortcut = new QShortcut(QKeySequence(keys), this);
-    shortcut->setContext(Qt::WidgetWithChildrenShortcut);
-    connect(shortcut, &QShortcut::activated, button, [button] { button->click(); });
+    AddShortcut(this, keys, button);
   };
   on(cmdInsert, QKeySequence::New, &RecordListScreen::Insert);
   on(cmdUpdate, QKeySequence::Save, &RecordListScreen::Update);

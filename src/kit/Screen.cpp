@@ -1,10 +1,10 @@
 #include "kit/Screen.h"
 
 #include "kit/Controls.h"
+#include "kit/Shortcuts.h"
 
 #include <QApplication>
 #include <QHBoxLayout>
-#include <QShortcut>
 #include <QTimer>
 
 namespace quillary {
@@ -24,9 +24,7 @@ bool IsEditingACell(const QWidget* screen) {
 Screen::Screen(const QString& name, const QString& title) {
   setObjectName(name);
   setWindowTitle(title);
-  auto* reload = new QShortcut(QKeySequence::Refresh, this);
-  reload->setContext(Qt::WidgetWithChildrenShortcut);
-  connect(reload, &QShortcut::activated, this, [this] { Reload(); });
+  AddShortcut(this, QKeySequence::Refresh, tr("Loads the screen again"), [this] { Reload(); });
 }
 
 void Screen::TakeCommit(const Tables& written) {

@@ -24,8 +24,8 @@ void UseRoomyDisplay(const QDir& folder) {
 
 }  // namespace
 
-/// quillary_shots DIR [--dark] [--only GROUP]: pictures of all screens, or of one group of them, on
-/// a demo business, without a display.
+/// quillary_shots DIR [--dark] [--only GROUP] [--pictures NAME,NAME…]: pictures of all screens, of
+/// one group of them, or of those named, on a demo business, without a display.
 int main(int argc, char** argv) {
   using namespace quillary;
   QTemporaryDir home;
@@ -36,15 +36,18 @@ int main(int argc, char** argv) {
   const QStringList words = QCoreApplication::arguments().mid(1);
   const bool dark = words.contains(QStringLiteral("--dark"));
   const qsizetype only = words.indexOf(QStringLiteral("--only"));
+  const qsizetype named = words.indexOf(QStringLiteral("--pictures"));
   if (words.isEmpty() || words.first().startsWith(u'-')) {
-    std::cerr << "Usage: quillary_shots DIR [--dark] [--only GROUP]\n";
+    std::cerr << "Usage: quillary_shots DIR [--dark] [--only GROUP] [--pictures NAME,NAME...]\n";
     return 2;
   }
   QDir().mkpath(words.first());
   QLoggingCategory::setFilterRules(QStringLiteral("default.warning=false"));
   ApplyTheme(application, dark ? ThemeChoice::Dark : ThemeChoice::Light);
   try {
-    shell::Shots(words.first()).Run(only < 0 ? QString() : words.value(only + 1));
+    shell::Shots shots(words.first());
+    if (named >= 0) shots.SaveOnly(words.value(named + 1).split(u','));
+    shots.Run(only < 0 ? QString() : words.value(only + 1));
   } catch (const std::exception& error) {
     std::cerr << "quillary_shots: " << error.what() << '\n';
     return 1;

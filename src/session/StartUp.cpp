@@ -75,12 +75,16 @@ class Sequence {
   }
 
   void TellFailure(const std::exception& error) const {
-    outside_.prompter.Tell(
-        Tone::Stop,
-        QStringLiteral("%1.\nI've already been to %2. Please email this message to me at %3.\n\n"
-                       "You can also visit the Quillary website under FAQ section (%4) for a "
-                       "possible solution to this problem.\n")
-            .arg(ErrorLine(error), activity_, kSupportAddress, kSupportPage));
+    const Support support = ReadSupport(settings_);
+    QString told = QStringLiteral("%1.\nI've already been to %2.").arg(ErrorLine(error), activity_);
+    if (!support.address.isEmpty())
+      told += QStringLiteral(" Please email this message to me at %1.").arg(support.address);
+    if (!support.faqPage.isEmpty())
+      told += QStringLiteral(
+                  "\n\nYou can also visit the Quillary website under FAQ section (%1) for "
+                  "a possible solution to this problem.\n")
+                  .arg(support.faqPage);
+    outside_.prompter.Tell(Tone::Stop, told);
   }
 
   std::unique_ptr<Business> business;

@@ -2,12 +2,23 @@
 
 #include <QString>
 
-namespace quillary::session {
+namespace quillary {
 
-// Where users are sent for help. A build for a group puts its own in place.
-inline const QString kSupportAddress = QStringLiteral("support@quillary.example");
-inline const QString kSupportPage = QStringLiteral("https://www.quillary.example/faq");
-inline const QString kManualPage = QStringLiteral("https://www.quillary.example/manual");
-inline const QString kWebSite = QStringLiteral("https://www.quillary.example/");
+class LocalSettings;
 
-}  // namespace quillary::session
+namespace session {
+
+/// Where users are sent for help: what the installation's settings say. Empty where they say
+/// nothing, and then nothing is offered.
+struct Support {
+  QString address;     // of mail
+  QString faqPage;     // questions and answers, on the internet
+  QString manualPage;  // the group's own edition of the manual
+  QString webSite;
+};
+
+/// From the section "SUPPORT" of qy.ini: Address, FAQ, Manual, Website.
+Support ReadSupport(const LocalSettings& settings);
+
+}  // namespace session
+}  // namespace quillary

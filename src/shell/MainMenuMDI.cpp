@@ -10,7 +10,6 @@
 #include "shell/Version.h"
 
 #include <QMenuBar>
-#include <QShortcut>
 #include <QStatusBar>
 #include <QVBoxLayout>
 
@@ -48,16 +47,35 @@ void MainMenuMDI::BuildCommands() {
   BuildUndoTool();
   txtFind = new MainSearch(business_, commands_, navigator_, runner_);
   tools_->AddAtEnd(txtFind);
-  const auto key = [this](const QKeySequence& keys, const std::function<void()>& run) {
-    connect(new QShortcut(keys, this), &QShortcut::activated, this, run);
-  };
-  key(QKeySequence(Qt::CTRL | Qt::Key_K), [this] {
-    txtFind->setFocus(Qt::ShortcutFocusReason);
-    txtFind->selectAll();
-  });
-  key(QKeySequence::Close, [this] {
-    if (centre_->currentWidget() == tabs_) CloseTab(tabs_->currentIndex());
-  });
+  AddShortcut(this, QKeySequence(Qt::CTRL | Qt::Key_K), tr("Finds a client, job or command"),
+              [this] {
+                txtFind->setFocus(Qt::ShortcutFocusReason);
+                txtFind->selectAll();
+              });
+  // Both, whichever the desktop takes for its own.
+  for (const auto keys : {Qt::CTRL | Qt::Key_W, Qt::CTRL | Qt::Key_F4})
+    AddShortcut(this, keys, tr("Closes the screen in front"), [this] {
+      if (centre_->currentWidget() == tabs_) CloseTab(tabs_->currentIndex());
+    });
+  Find("mnuHelpManual").setShortcut(QKeySequence::HelpContents);
+  Find("mnuHelpShortcuts").setShortcut(QKeySequence(Qt::CTRL | Qt::Key_F1));
+}
+
+QAction& MainMenuMDI::Find(const char* command) const {
+  return *menuBar()->findChild<QAction*>(QLatin1StringView(command));
+}
+
+std::vector<ShortcutLine> MainMenuMDI::OwnShortcuts() const {
+  std::vector<ShortcutLine> lines = ShortcutsOf(this, tabs_);
+  for (const MenuCommand& command : commands_)
+    if (!command.action->shortcut().isEmpty())
+      lines.push_back(
+          {command.action->shortcut().toString(QKeySequence::NativeText), command.path.last()});
+  for (const auto& [menu, caption] : menuCaptions_)
+    if (const QKeySequence keys = QKeySequence::mnemonic(menu->text()); !keys.isEmpty())
+      lines.push_back(
+          {keys.toString(QKeySequence::NativeText), tr("Menu: %1").arg(PlainCaption(caption))});
+  return lines;
 }
 
 void MainMenuMDI::BuildCentre() {

@@ -3,6 +3,7 @@
 #include "data/Business.h"
 #include "data/settings/LocalSettings.h"
 #include "kit/Screen.h"
+#include "kit/Shortcuts.h"
 #include "shell/MainSearch.h"
 #include "shell/MenuBuilder.h"
 #include "shell/ToolStrip.h"
@@ -33,6 +34,10 @@ class MainMenuMDI : public QMainWindow, public ScreenHost {
   void ShowYourself();
   /// Puts the name of the tax in place of "GST" in four captions.
   void RenameMenuCaptions(const QString& taxName);
+  /// The screen that the user is at; null when none is open.
+  Screen* CurrentScreen() const;
+  /// The keys of the frame itself, without those of its screens.
+  std::vector<ShortcutLine> OwnShortcuts() const;
   ScreenTools Tools() { return {navigator_, *this, runner_}; }
 
   void ShowScreen(Screen* screen) override;
@@ -50,6 +55,7 @@ class MainMenuMDI : public QMainWindow, public ScreenHost {
   void BuildCommands();
   void BuildCentre();
   void BuildStatusBar();
+  QAction& Find(const char* command) const;
   void Choose(const MenuEntry& entry);
   void RunOwn(const QString& name);
   void EnableCommands();
@@ -63,7 +69,6 @@ class MainMenuMDI : public QMainWindow, public ScreenHost {
   void DebugTest1();
 
   Screen* ScreenAt(int tab) const;
-  Screen* CurrentScreen() const;
   void CloseTab(int index);
   bool AllTabsMayClose();
   void TabChanged();

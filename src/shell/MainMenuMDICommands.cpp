@@ -1,6 +1,5 @@
 #include "kit/Theme.h"
 #include "session/ProgramFolder.h"
-#include "session/Support.h"
 #include "shell/MainMenuMDI.h"
 
 #include <QApplication>
@@ -14,7 +13,6 @@ void MainMenuMDI::RunOwn(const QString& name) {
       {"cmdReconnectToInternet", [this] { ReconnectToInternet(); }},
       {"mnuRegisterComponents", [this] { RegisterComponents(); }},
       {"mnuFunctionsDebugTest1", [this] { DebugTest1(); }},
-      {"mnuHelpIndex", [this] { business_.World().desktop.OpenInBrowser(session::kManualPage); }},
       {"mnuExit", [this] { close(); }},
       {"mnuAppearanceSystem", [&] { UseTheme(name); }},
       {"mnuAppearanceLight", [&] { UseTheme(name); }},

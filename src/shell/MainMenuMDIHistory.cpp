@@ -2,7 +2,6 @@
 #include "shell/MainMenuMDI.h"
 
 #include <QMenu>
-#include <QShortcut>
 #include <QStatusBar>
 
 /// What the frame does after a commit: open screens follow, and what was done can be taken back.
@@ -36,9 +35,9 @@ void MainMenuMDI::BuildUndoTool() {
   connect(tool_undo->menu(), &QMenu::triggered, this,
           [this](const QAction* action) { Undo(action->data().toInt()); });
   tools_->addWidget(tool_undo);
-  connect(new QShortcut(QKeySequence::Undo, this), &QShortcut::activated, this, [this] { Undo(); });
-  connect(new QShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z), this),
-          &QShortcut::activated, this, [this] { Redo(); });
+  AddShortcut(this, QKeySequence::Undo, tr("Takes the latest command back"), [this] { Undo(); });
+  AddShortcut(this, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z),
+              tr("Does again what was taken back"), [this] { Redo(); });
 }
 
 void MainMenuMDI::BuildLastDone() {

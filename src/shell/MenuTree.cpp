@@ -4,6 +4,7 @@
 #include "base/ports/requests/Billing.h"
 #include "base/ports/requests/Clients.h"
 #include "base/ports/requests/Documents.h"
+#include "base/ports/requests/Help.h"
 #include "base/ports/requests/Mail.h"
 #include "base/ports/requests/Maintenance.h"
 #include "base/ports/requests/Scheduling.h"
@@ -233,7 +234,10 @@ Entries Setup() {
 
 Entries Help() {
   return {
-      {"mnuHelpIndex", "User manual (on the internet)", kMainWindow},
+      {"mnuHelpManual", "User manual", Opens<OpenManual>()},
+      {"mnuHelpFAQ", "FAQ", Opens<OpenFAQ>()},
+      {"mnuHelpShortcuts", "Shortcuts", Opens<OpenShortcuts>()},
+      {"mnuHelpIndex", "User manual (on the internet)", Opens<OpenManualInBrowser>()},
       Break("mnuHelpBreak1"),
       {"mnuHelpAboutQuillary", "About Quillary", Opens<OpenAbout>()},
   };

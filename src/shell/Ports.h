@@ -2,6 +2,7 @@
 
 #include "base/ports/Navigator.h"
 #include "base/ports/Outside.h"
+#include "data/settings/LocalSettings.h"
 #include "data/settings/PerUserSettings.h"
 #include "kit/Boxes.h"
 #include "link/OstrelHeadOffice.h"
@@ -20,7 +21,9 @@ struct DesktopPorts {
   link::OstrelHeadOffice headOffice{clock, prompter, session::ProgramFolder()};
   CursorBusyPointer busy;
   Navigator navigator;
-  ScreenErrorReporter errors{clock, prompter, desktop, settings, navigator};
+  LocalSettings installation{session::ProgramFolder(), prompter};
+  ScreenErrorReporter errors{clock,    prompter,  desktop,
+                             settings, navigator, session::ReadSupport(installation)};
 
   Outside All() { return {clock, prompter, errors, busy, settings, headOffice, desktop}; }
 };

@@ -34,7 +34,9 @@ Program::Program(const Outside& outside, Navigator& navigator, const QString& pr
     : outside_(outside),
       navigator_(navigator),
       settings_(programFolder, outside.prompter),
-      runner_(outside.errors, outside.busy) {
+      runner_(outside.errors, outside.busy),
+      manual_(outside, session::ToolsFolder(),
+              [this] { return mainMenu_ ? mainMenu_->CurrentScreen() : nullptr; }) {
   InputHabits::Install();
 }
 
@@ -121,6 +123,7 @@ void Program::RegisterScreens(Business& business) {
       {.archive = session::ArchiveUnder(settings_.Folder()), .mail = mails_.get()});
   navigator_.Register<SetDBVersion>(
       [&business](const SetDBVersion&) { maintenance::SetDatabaseVersion(business); });
+  RegisterHelp();
   navigator_.Register<OpenAbout>([this](const OpenAbout&) { frmAbout(mainMenu_.get()).exec(); });
   navigator_.Register<OpenODBCConnection>([this](const OpenODBCConnection&) {
     frmODBCConnection(outside_, settings_.Folder(), mainMenu_.get()).exec();

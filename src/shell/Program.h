@@ -1,9 +1,11 @@
 #pragma once
 
 #include "data/settings/LocalSettings.h"
+#include "help/screens/ManualKey.h"
 #include "kit/CommandRunner.h"
 #include "mail/MailsUnderWay.h"
 #include "session/StartUp.h"
+#include "session/Support.h"
 #include "shell/MainMenuMDI.h"
 #include "shell/frmStartUp.h"
 
@@ -43,11 +45,15 @@ class Program : private session::StartUpScreens {
   void StepReached(const QString& activity) override { lastStep_ = activity; }
 
   void RegisterScreens(Business& business);
+  void RegisterHelp();
+  void OpenManualPage();
+  void ShowShortcuts();
 
   Outside outside_;
   Navigator& navigator_;
   LocalSettings settings_;
   CommandRunner runner_;
+  help::ManualKey manual_;
   QString file_;
   QString lastStep_;
   bool userLeft_ = false;

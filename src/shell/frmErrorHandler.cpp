@@ -31,8 +31,13 @@ QString DescriptionOf(const QString& errorLine) {
 }  // namespace
 
 frmErrorHandler::frmErrorHandler(Prompter& prompter, Desktop& desktop,
-                                 const SettingsStore& settings, const Navigator& navigator)
-    : prompter_(prompter), desktop_(desktop), settings_(settings), navigator_(navigator) {
+                                 const SettingsStore& settings, const Navigator& navigator,
+                                 const session::Support& support)
+    : prompter_(prompter),
+      desktop_(desktop),
+      settings_(settings),
+      navigator_(navigator),
+      support_(support) {
   setObjectName(QStringLiteral("frmErrorHandler"));
   setWindowTitle(QStringLiteral("Ouch! An error has occured."));
   setModal(true);
@@ -69,6 +74,10 @@ frmErrorHandler::frmErrorHandler(Prompter& prompter, Desktop& desktop,
   Text1->setLineWrapMode(QPlainTextEdit::NoWrap);
   LayOut();
   ConnectCommands();
+  for (QWidget* part : std::initializer_list<QWidget*>{cmdEmail, Label2})
+    part->setHidden(support_.address.isEmpty());
+  for (QWidget* part : std::initializer_list<QWidget*>{Label5, lblHere})
+    part->setHidden(support_.webSite.isEmpty());
 }
 
 void frmErrorHandler::LayOut() {
@@ -116,7 +125,10 @@ void frmErrorHandler::ConnectCommands() {
     prompter_.Tell(Tone::Information,
                    QStringLiteral("The site asks for the name and password of your business. They "
                                   "are those of your head-office login."));
-    desktop_.OpenInBrowser(session::kWebSite);
+    if (!desktop_.OpenInBrowser(support_.webSite))
+      prompter_.Tell(
+          Tone::Exclamation,
+          tr("No browser answers on this machine. The address is\n%1").arg(support_.webSite));
   });
   connect(cmdEmail, &QPushButton::clicked, this, &frmErrorHandler::Email);
 }
@@ -127,7 +139,7 @@ void frmErrorHandler::ShowDump(const QString& failure, const QString& dump) {
   Text1->hide();
   cmdErrorDetails->setEnabled(true);
   resize(kWidth, layout()->totalHeightForWidth(kWidth));
-  cmdEmail->setFocus();
+  (support_.address.isEmpty() ? cmdContinue : cmdEmail)->setFocus();
 }
 
 void frmErrorHandler::ShowDetails() {
@@ -145,17 +157,19 @@ void frmErrorHandler::Email() {
     return;
   }
   const QString subject = QStringLiteral("Quillary v") + VersionText();
-  if (navigator_.Open(SendMail{session::kSupportAddress, subject, Text1->toPlainText()}))
+  if (navigator_.Open(SendMail{support_.address, subject, Text1->toPlainText()}))
     prompter_.Tell(Tone::Information, QStringLiteral("Error report successfully sent via email!"));
 }
 
 ScreenErrorReporter::ScreenErrorReporter(const Clock& clock, Prompter& prompter, Desktop& desktop,
-                                         const SettingsStore& settings, const Navigator& navigator)
+                                         const SettingsStore& settings, const Navigator& navigator,
+                                         const session::Support& support)
     : clock_(clock),
       prompter_(prompter),
       desktop_(desktop),
       settings_(settings),
-      navigator_(navigator) {}
+      navigator_(navigator),
+      support_(support) {}
 
 ScreenErrorReporter::~ScreenErrorReporter() = default;
 
@@ -170,7 +184,8 @@ void ScreenErrorReporter::ReportError(const QString& form, const QString& errorL
   report.time = clock_.Now();
   NoteActiveControl(report, QApplication::focusWidget(), QApplication::activeWindow());
   if (!screen_)
-    screen_ = std::make_unique<frmErrorHandler>(prompter_, desktop_, settings_, navigator_);
+    screen_ =
+        std::make_unique<frmErrorHandler>(prompter_, desktop_, settings_, navigator_, support_);
   screen_->ShowDump(DescriptionOf(errorLine), BuildErrorDump(report));
   if (!screen_->isVisible()) screen_->exec();
 }

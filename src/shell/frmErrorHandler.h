@@ -4,6 +4,7 @@
 #include "base/ports/ErrorReporter.h"
 #include "base/ports/Navigator.h"
 #include "base/ports/Outside.h"
+#include "session/Support.h"
 #include "shell/ErrorDump.h"
 
 #include <QDialog>
@@ -18,8 +19,9 @@ class frmErrorHandler : public QDialog {
   Q_OBJECT
 
  public:
+  /// What the installation names no address of is not offered.
   frmErrorHandler(Prompter& prompter, Desktop& desktop, const SettingsStore& settings,
-                  const Navigator& navigator);
+                  const Navigator& navigator, const session::Support& support);
 
   /// `failure` is what happened, in words for the user.
   void ShowDump(const QString& failure, const QString& dump);
@@ -34,6 +36,7 @@ class frmErrorHandler : public QDialog {
   Desktop& desktop_;
   const SettingsStore& settings_;
   const Navigator& navigator_;
+  session::Support support_;
 
   QLabel* Label1;
   QLabel* lblFailure;
@@ -55,7 +58,8 @@ class frmErrorHandler : public QDialog {
 class ScreenErrorReporter : public ErrorReporter {
  public:
   ScreenErrorReporter(const Clock& clock, Prompter& prompter, Desktop& desktop,
-                      const SettingsStore& settings, const Navigator& navigator);
+                      const SettingsStore& settings, const Navigator& navigator,
+                      const session::Support& support);
   ~ScreenErrorReporter() override;
   void ReportError(const QString& form, const QString& errorLine, const QString& procedure,
                    const QString& furtherInformation) override;
@@ -74,6 +78,7 @@ class ScreenErrorReporter : public ErrorReporter {
   Desktop& desktop_;
   const SettingsStore& settings_;
   const Navigator& navigator_;
+  session::Support support_;
   std::unique_ptr<frmErrorHandler> screen_;
   std::vector<Refused> refused_;  // since the latest report, oldest first
 };

@@ -20,6 +20,7 @@ class ErrorScreenTest : public ::testing::Test {
 
   ScriptedOutside outside;
   Navigator navigator;
+  session::Support support{"support@example.org", {}, {}, "https://www.example.org/"};
 };
 
 TEST_F(ErrorScreenTest, DumpHasItsLinesInOrder) {
@@ -51,7 +52,7 @@ TEST_F(ErrorScreenTest, DumpHasItsLinesInOrder) {
 
 TEST_F(ErrorScreenTest, DumpNamesWhatWasRefusedBefore) {
   shell::ScreenErrorReporter reporter(outside.clock, outside.prompter, outside.desktop,
-                                      outside.settings, navigator);
+                                      outside.settings, navigator, support);
   reporter.NoteRefused({"UPDATE Diary SET Nothing = 1", "no column Nothing", "Diary"});
   const auto reported = [&](const QString& further) {
     QString dump;
@@ -85,7 +86,7 @@ TEST_F(ErrorScreenTest, DumpNamesScreenAndControl) {
 
 TEST_F(ErrorScreenTest, ReportWaitsForContinue) {
   shell::ScreenErrorReporter reporter(outside.clock, outside.prompter, outside.desktop,
-                                      outside.settings, navigator);
+                                      outside.settings, navigator, support);
   QString dump;
   QTimer::singleShot(0, qApp, [&] {
     QWidget* screen = QApplication::activeModalWidget();
@@ -106,7 +107,8 @@ TEST_F(ErrorScreenTest, ReportWaitsForContinue) {
 }
 
 TEST_F(ErrorScreenTest, CopiesAndLeaves) {
-  shell::frmErrorHandler screen(outside.prompter, outside.desktop, outside.settings, navigator);
+  shell::frmErrorHandler screen(outside.prompter, outside.desktop, outside.settings, navigator,
+                                support);
   screen.ShowDump("what happened", "the dump");
   ClickOn(&screen, "cmdCopy");
   EXPECT_EQ(outside.desktop.clipboard, "the dump");
@@ -120,6 +122,27 @@ TEST_F(ErrorScreenTest, CopiesAndLeaves) {
   EXPECT_TRUE(outside.desktop.endedWith.has_value()) << "at once, without a question";
 }
 
+TEST_F(ErrorScreenTest, OffersNoAddressThatTheInstallationDoesNotName) {
+  struct Case {
+    session::Support support;
+    bool mail;
+    bool web;
+  };
+  const Case cases[] = {{{}, false, false},
+                        {{"help@example.org", {}, {}, {}}, true, false},
+                        {{{}, {}, {}, "https://example.org/"}, false, true}};
+  for (const Case& given : cases) {
+    shell::frmErrorHandler screen(outside.prompter, outside.desktop, outside.settings, navigator,
+                                  given.support);
+    screen.ShowDump("what happened", "the dump");
+    screen.show();
+    EXPECT_EQ(Find<QPushButton>(&screen, "cmdEmail")->isVisible(), given.mail);
+    EXPECT_EQ(Find<QLabel>(&screen, "Label2")->isVisible(), given.mail);
+    EXPECT_EQ(Find<QPushButton>(&screen, "lblHere")->isVisible(), given.web);
+    EXPECT_EQ(Find<QLabel>(&screen, "Label5")->isVisible(), given.web);
+  }
+}
+
 TEST_F(ErrorScreenTest, MailsOnlyThroughItsOwnSender) {
   QStringList sent;
   navigator.Register<SendMail>([&](const SendMail& mail) {
@@ -131,7 +154,8 @@ TEST_F(ErrorScreenTest, MailsOnlyThroughItsOwnSender) {
       {"vbSendMail", "Error report successfully sent via email!"}};
   for (const auto& [option, told] : cases) {
     outside.settings.Write("Email", "Email Option", option);
-    shell::frmErrorHandler screen(outside.prompter, outside.desktop, outside.settings, navigator);
+    shell::frmErrorHandler screen(outside.prompter, outside.desktop, outside.settings, navigator,
+                                  support);
     screen.ShowDump("what happened", "the dump");
     ClickOn(&screen, "cmdEmail");
     EXPECT_EQ(outside.prompter.TakeTold(), QStringList{told});

@@ -124,8 +124,16 @@ TEST_F(StartUpTest, AFailureTellsWhereItHadBeen) {
   EXPECT_FALSE(started);
   const QStringList told = outside.prompter.TakeTold();
   ASSERT_EQ(told.size(), 1);
-  EXPECT_TRUE(told.first().contains("I've already been to LoadHolidaysIntoArray. Please email"))
-      << told.first().toStdString();
+  EXPECT_TRUE(told.first().endsWith("I've already been to LoadHolidaysIntoArray."))
+      << "this installation names nobody to turn to: " << told.first().toStdString();
+
+  settings.WriteLocalSetting("SUPPORT", "Address", "help@example.org");
+  settings.WriteLocalSetting("SUPPORT", "FAQ", "https://example.org/faq");
+  EXPECT_FALSE(Start());
+  const QString pointed = outside.prompter.TakeTold().value(0);
+  EXPECT_TRUE(pointed.contains("Please email this message to me at help@example.org.\n\nYou can"))
+      << pointed.toStdString();
+  EXPECT_TRUE(pointed.contains("under FAQ section (https://example.org/faq)"));
 }
 
 TEST_F(StartUpTest, AFileThatWillNotOpenIsToldWithBothFolders) {

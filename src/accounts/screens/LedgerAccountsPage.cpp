@@ -4,8 +4,7 @@
 #include "kit/Grid.h"
 #include "kit/Keys.h"
 #include "kit/Layouts.h"
-
-#include <QShortcut>
+#include "kit/Shortcuts.h"
 
 namespace quillary::accounts {
 
@@ -100,9 +99,7 @@ void LedgerAccountsPage::ConnectControls() {
                          std::function<void()> command) {
     tools_.runner.OnClick(button, QStringLiteral("frmGeneralLedgerAccounts"), std::move(command));
     if (keys == QKeySequence::UnknownKey) return;
-    auto* shortcut = new QShortcut(QKeySequence(keys), this);
-    shortcut->setContext(Qt::WidgetWithChildrenShortcut);
-    connect(shortcut, &QShortcut::activated, button, [button] { button->click(); });
+    AddShortcut(this, keys, button);
   };
   on(insert_, QKeySequence::New, [this] { Store(InsertLedgerAccount(business_, type_, Typed())); });
   on(update_, QKeySequence::Save,

@@ -7,9 +7,8 @@
 #include "kit/Form.h"
 #include "kit/Grid.h"
 #include "kit/Layouts.h"
+#include "kit/Shortcuts.h"
 #include "kit/ShownList.h"
-
-#include <QShortcut>
 
 namespace quillary::accounts {
 
@@ -133,9 +132,7 @@ void frmPurchasesList::ConnectControls() {
   tools_.runner.OnClick(cmdPrintPurchases, objectName(),
                         [this] { tools_.navigator.Open(ShownList(windowTitle(), grdPurchases)); });
   cmdPrintPurchases->setEnabled(tools_.navigator.CanOpen<PrintList>());
-  auto* add = new QShortcut(QKeySequence::New, this);
-  add->setContext(Qt::WidgetWithChildrenShortcut);
-  connect(add, &QShortcut::activated, cmdAddPurchase, &QPushButton::click);
+  AddShortcut(this, QKeySequence::New, cmdAddPurchase);
   for (DateField* field : {dtpFrom, dtpTo})
     connect(field, &DateField::dateChosen, this, &frmPurchasesList::LoadPurchases);
   connect(cmdClose, &QPushButton::clicked, this, &Screen::closeRequested);

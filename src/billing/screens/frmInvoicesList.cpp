@@ -13,13 +13,13 @@
 #include "kit/Form.h"
 #include "kit/Grid.h"
 #include "kit/RowTicks.h"
+#include "kit/Shortcuts.h"
 #include "kit/ShownList.h"
 
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
 #include <QPushButton>
-#include <QShortcut>
 
 #include <set>
 
@@ -56,9 +56,7 @@ void frmInvoicesList::ConnectControls() {
   connect(cmdClose, &QPushButton::clicked, this, &Screen::closeRequested);
   connect(fgInvoices, &Grid::rowOpened, cmdViewInvoice, &QPushButton::click);
   connect(ticks_, &RowTicks::ticksChanged, this, &frmInvoicesList::ShowTotals);
-  auto* add = new QShortcut(QKeySequence::New, this);
-  add->setContext(Qt::WidgetWithChildrenShortcut);
-  connect(add, &QShortcut::activated, cmdNewInvoice, &QPushButton::click);
+  AddShortcut(this, QKeySequence::New, cmdNewInvoice);
 }
 
 void frmInvoicesList::ConnectPrintCommands() {

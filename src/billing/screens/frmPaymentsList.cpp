@@ -8,9 +8,8 @@
 #include "kit/Form.h"
 #include "kit/Grid.h"
 #include "kit/Layouts.h"
+#include "kit/Shortcuts.h"
 #include "kit/ShownList.h"
-
-#include <QShortcut>
 
 namespace quillary::billing {
 
@@ -109,9 +108,7 @@ void frmPaymentsList::ConnectControls() {
   tools_.runner.OnClick(cmdPrintGrid, objectName(),
                         [this] { tools_.navigator.Open(ShownList(windowTitle(), grdPayments)); });
   cmdPrintGrid->setEnabled(tools_.navigator.CanOpen<PrintList>());
-  auto* add = new QShortcut(QKeySequence::New, this);
-  add->setContext(Qt::WidgetWithChildrenShortcut);
-  connect(add, &QShortcut::activated, cmdAdd, &QPushButton::click);
+  AddShortcut(this, QKeySequence::New, cmdAdd);
   for (DateField* field : {dtpFrom, dtpTo})
     connect(field, &DateField::dateChosen, this, &frmPaymentsList::LoadPayments);
   connect(cmdClose, &QPushButton::clicked, this, &Screen::closeRequested);

@@ -10,12 +10,12 @@
 #include "kit/Form.h"
 #include "kit/Grid.h"
 #include "kit/Layouts.h"
+#include "kit/Shortcuts.h"
 #include "kit/ShownList.h"
 
 #include <QCheckBox>
 #include <QComboBox>
 #include <QKeyEvent>
-#include <QShortcut>
 
 namespace quillary::clients {
 
@@ -97,9 +97,7 @@ void frmClientList::ConnectControls() {
   onClick(cmdDelete, [this] { Delete(); });
   onClick(cmdMailMerge, [this] { tools_.navigator.Open(OpenMailMerge{}); });
   onClick(cmdPrintGrid, [this] { tools_.navigator.Open(ShownList(windowTitle(), grdClients)); });
-  auto* add = new QShortcut(QKeySequence::New, this);
-  add->setContext(Qt::WidgetWithChildrenShortcut);
-  connect(add, &QShortcut::activated, cmdNew, &QPushButton::click);
+  AddShortcut(this, QKeySequence::New, cmdNew);
 }
 
 void frmClientList::ShowYourself() {

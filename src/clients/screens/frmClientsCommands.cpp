@@ -8,11 +8,11 @@
 #include "clients/screens/frmNewBillingAddress.h"
 #include "kit/Chip.h"
 #include "kit/PageTabs.h"
+#include "kit/Shortcuts.h"
 
 #include <QLabel>
 #include <QPushButton>
 #include <QScrollArea>
-#include <QShortcut>
 
 /// The client screen's commands, and how it is left.
 namespace quillary::clients {
@@ -49,9 +49,7 @@ void frmClients::ConnectCommands() {
   desk_.OnClick(cmdCloseAndSave, [this] { CloseAndSave(); });
   desk_.OnClick(cmdReloadClientScreen, [this] { ReloadAfterAsking(); });
   connect(cmdClose, &QPushButton::clicked, this, &Screen::closeRequested);
-  auto* save = new QShortcut(QKeySequence::Save, this);
-  save->setContext(Qt::WidgetWithChildrenShortcut);
-  connect(save, &QShortcut::activated, cmdSave, &QPushButton::click);
+  AddShortcut(this, QKeySequence::Save, cmdSave);
 }
 
 bool frmClients::Accept(const std::optional<Refusal>& refusal) {

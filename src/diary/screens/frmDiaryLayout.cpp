@@ -4,11 +4,11 @@
 #include "diary/screens/frmDiary.h"
 #include "kit/Controls.h"
 #include "kit/FlowLayout.h"
+#include "kit/Shortcuts.h"
 
 #include <QButtonGroup>
 #include <QHBoxLayout>
 #include <QPainter>
-#include <QShortcut>
 #include <QVBoxLayout>
 
 /// How the diary looks, and which key and click leads where.
@@ -192,14 +192,9 @@ QLayout* frmDiary::CommandLine() {
 }
 
 void frmDiary::ConnectControls() {
-  const auto key = [this](const QKeySequence& keys, QPushButton* button) {
-    auto* shortcut = new QShortcut(keys, this);
-    shortcut->setContext(Qt::WidgetWithChildrenShortcut);
-    connect(shortcut, &QShortcut::activated, button, [button] { button->click(); });
-  };
-  key(QKeySequence(Qt::ALT | Qt::Key_Left), cmdPreviousDay);
-  key(QKeySequence(Qt::ALT | Qt::Key_Right), cmdNextDay);
-  key(QKeySequence(Qt::ALT | Qt::Key_Home), cmdToday);
+  AddShortcut(this, QKeySequence(Qt::ALT | Qt::Key_Left), cmdPreviousDay);
+  AddShortcut(this, QKeySequence(Qt::ALT | Qt::Key_Right), cmdNextDay);
+  AddShortcut(this, QKeySequence(Qt::ALT | Qt::Key_Home), cmdToday);
 
   connect(cmdPreviousDay, &QPushButton::clicked, this, [this] { MoveDay(-1); });
   connect(cmdNextDay, &QPushButton::clicked, this, [this] { MoveDay(1); });

@@ -8,6 +8,7 @@
 #include "documents/screens/PagePrinting.h"
 #include "kit/FlowLayout.h"
 #include "kit/Layouts.h"
+#include "kit/Shortcuts.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -18,7 +19,6 @@
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QScreen>
-#include <QShortcut>
 #include <QSpinBox>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -157,17 +157,13 @@ void frmReportViewer::ConnectControls() {
   });
   constexpr int kAtATime = 25;  // milliseconds, so that keys and scrolling come between
   connect(growth_, &QTimer::timeout, this, [this] { Grow(kAtATime); });
-  auto* back = new QShortcut(QKeySequence::Back, this);
-  back->setContext(Qt::WidgetWithChildrenShortcut);
-  connect(back, &QShortcut::activated, cmdBack, &QPushButton::click);
+  AddShortcut(this, QKeySequence::Back, cmdBack);
   connect(vsPr, &PagePreview::linkOpened, this, [this](int link) {
     tools_.runner.Run(objectName(), QStringLiteral("OpenLink"), [this, link] {
       if (Live()) Live()->OpenLink(link);
     });
   });
-  auto* print = new QShortcut(QKeySequence::Print, this);
-  print->setContext(Qt::WidgetWithChildrenShortcut);
-  connect(print, &QShortcut::activated, cmdPrint, &QPushButton::click);
+  AddShortcut(this, QKeySequence::Print, cmdPrint);
   ConnectPages();
   ConnectSearch();
 }
@@ -189,9 +185,7 @@ void frmReportViewer::ConnectPages() {
   connect(cmbZoom->lineEdit(), &QLineEdit::returnPressed, this, &frmReportViewer::TakeZoom);
   for (const auto& [keys, button] :
        {std::pair{QKeySequence::ZoomIn, cmdZoomIn}, std::pair{QKeySequence::ZoomOut, cmdZoomOut}}) {
-    auto* shortcut = new QShortcut(keys, this);
-    shortcut->setContext(Qt::WidgetWithChildrenShortcut);
-    connect(shortcut, &QShortcut::activated, button, &QPushButton::click);
+    AddShortcut(this, keys, button);
   }
 }
 
@@ -202,9 +196,7 @@ void frmReportViewer::ConnectSearch() {
   connect(cmdFindPrevious, &QPushButton::clicked, this, [this] { GoToHit(-1); });
   for (const auto& [keys, button] : {std::pair{QKeySequence::FindNext, cmdFindNext},
                                      std::pair{QKeySequence::FindPrevious, cmdFindPrevious}}) {
-    auto* shortcut = new QShortcut(keys, this);
-    shortcut->setContext(Qt::WidgetWithChildrenShortcut);
-    connect(shortcut, &QShortcut::activated, button, &QPushButton::click);
+    AddShortcut(this, keys, button);
   }
 }
 

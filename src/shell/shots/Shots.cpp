@@ -45,11 +45,20 @@ QString MakeDemo(const QString& folder, const Outside& outside) {
 Shots::Shots(const QString& folder)
     : folder_(folder), program_(ports_.All(), ports_.navigator, session::ProgramFolder()) {}
 
+void Shots::Store(const QPixmap& picture, const QString& name) {
+  ++number_;
+  if (!wanted_.isEmpty() && !wanted_.contains(name)) return;
+  made_ += name;
+  const QString file =
+      wanted_.isEmpty()
+          ? QStringLiteral("%1-%2.png").arg(number_, 2, 10, QLatin1Char('0')).arg(name)
+          : name + QStringLiteral(".png");
+  picture.save(QDir(folder_).filePath(file));
+}
+
 void Shots::Save(QWidget* widget, const QString& name) {
   Hands::Settle();
-  const QString file =
-      QStringLiteral("%1-%2.png").arg(++number_, 2, 10, QLatin1Char('0')).arg(name);
-  widget->grab().save(QDir(folder_).filePath(file));
+  Store(widget->grab(), name);
 }
 
 void Shots::SaveWithOverlays(const QString& name) {
@@ -62,9 +71,7 @@ void Shots::SaveWithOverlays(const QString& name) {
     painter.drawPixmap(window->mapFromGlobal(over->mapToGlobal(QPoint(0, 0))), over->grab());
   }
   painter.end();
-  const QString file =
-      QStringLiteral("%1-%2.png").arg(++number_, 2, 10, QLatin1Char('0')).arg(name);
-  picture.save(QDir(folder_).filePath(file));
+  Store(picture, name);
 }
 
 void Shots::Run(const QString& only) {
@@ -91,9 +98,13 @@ void Shots::Run(const QString& only) {
       {"dialogs", &Shots::Dialogs},
       {"boxes", &Shots::Boxes},
       {"mail", &Shots::Mails},
+      {"help", &Shots::Help},
   };
   for (const auto& [name, shoot] : groups)
     if (only.isEmpty() || only == QLatin1StringView(name)) (this->*shoot)();
+  for (const QString& name : wanted_)
+    if (!made_.contains(name))
+      throw std::runtime_error("no picture is named " + name.toStdString());
 }
 
 void Shots::SaveDialog(const std::function<void()>& open) {
@@ -205,7 +216,8 @@ void Shots::Dialogs() {
   report.activeForm = QStringLiteral("frmDiary");
   report.activeControl = QStringLiteral("grdSchedule");
   report.time = DateTime(QDate(2026, 11, 2), QTime(9, 30));
-  frmErrorHandler errors(ports_.prompter, ports_.desktop, ports_.settings, ports_.navigator);
+  frmErrorHandler errors(ports_.prompter, ports_.desktop, ports_.settings, ports_.navigator,
+                         {"support@example.org", {}, {}, "https://www.example.org/"});
   errors.ShowDump(QStringLiteral("No current record for the field Client_ID"),
                   BuildErrorDump(report));
   errors.show();

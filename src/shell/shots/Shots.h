@@ -18,9 +18,12 @@ class Shots {
   explicit Shots(const QString& folder);
   /// `only` names one group, such as "diary"; empty makes the pictures of all.
   void Run(const QString& only);
+  /// Keeps only these pictures, under their bare names. Run() throws when one of them was not made.
+  void SaveOnly(const QStringList& names) { wanted_ = names; }
 
  private:
   void Save(QWidget* widget, const QString& name);
+  void Store(const QPixmap& picture, const QString& name);
   /// The main window with what lies over it.
   void SaveWithOverlays(const QString& name);
   void StartUpScreens();
@@ -49,6 +52,7 @@ class Shots {
   void SetupDialogs();
   void CloseScreen();
   void Menus();
+  void Help();
   void Dialogs();
   void Boxes();
 
@@ -56,6 +60,8 @@ class Shots {
   DesktopPorts ports_;
   Program program_;
   int number_ = 0;
+  QStringList wanted_;
+  QStringList made_;
 };
 
 }  // namespace quillary::shell

@@ -1,0 +1,73 @@
+#include "help/screens/ManualBrowser.h"
+
+#include "kit/Roles.h"
+
+#include <QEvent>
+#include <QFileInfo>
+
+namespace quillary::help {
+
+namespace {
+
+constexpr int kPictureWidth = 700;
+
+QString PageStyle(const Roles& roles) {
+  return QStringLiteral(
+             "h1 { font-size: 20pt; font-weight: 600; margin-bottom: 8px; }"
+             "h2 { font-size: 14pt; font-weight: 600; margin-top: 24px; margin-bottom: 6px; }"
+             "h3 { font-size: 11pt; font-weight: 600; margin-top: 16px; margin-bottom: 4px; }"
+             "p { margin-top: 6px; margin-bottom: 6px; line-height: 130%; }"
+             "li { margin-top: 3px; margin-bottom: 3px; line-height: 130%; }"
+             "th { text-align: left; padding: 4px 16px 4px 0; color: %2; }"
+             "td { padding: 4px 16px 4px 0; }"
+             "code { color: %2; } a { color: %1; text-decoration: none; }")
+      .arg(roles.accent.name(), roles.muted.name());
+}
+
+}  // namespace
+
+ManualBrowser::ManualBrowser() {
+  setObjectName(QStringLiteral("txtManual"));
+  setAccessibleName(tr("The manual's page"));
+  setOpenLinks(false);
+  setFrameShape(QFrame::NoFrame);
+  document()->setDocumentMargin(24);
+  connect(this, &QTextBrowser::anchorClicked, this, [this](const QUrl& link) {
+    if (link.isRelative() || link.isLocalFile())
+      setSource(link);
+    else
+      emit leavesManual(link.toString());
+  });
+}
+
+QVariant ManualBrowser::loadResource(int type, const QUrl& name) {
+  if (type == QTextDocument::StyleSheetResource) return PageStyle(RolesOf(palette()));
+  if (type == QTextDocument::ImageResource) return LoadPicture(name);
+  return QTextBrowser::loadResource(type, name);
+}
+
+QVariant ManualBrowser::LoadPicture(const QUrl& name) {
+  const QFileInfo plain((name.isRelative() ? source().resolved(name) : name).toLocalFile());
+  const QFileInfo dark(plain.dir(), QStringLiteral("dark/") + plain.fileName());
+  QPixmap picture(RolesOf(palette()).dark && dark.exists() ? dark.filePath() : plain.filePath());
+  if (picture.isNull()) return {};
+  // Drawn with all the dots that the display has.
+  const qreal dots = devicePixelRatioF();
+  const int width = qRound(qMin<qreal>(kPictureWidth, picture.width()) * dots);
+  picture = picture.scaledToWidth(width, Qt::SmoothTransformation);
+  picture.setDevicePixelRatio(dots);
+  return picture;
+}
+
+void ManualBrowser::doSetSource(const QUrl& name, QTextDocument::ResourceType type) {
+  // The same page again keeps its place unless another is named.
+  QTextBrowser::doSetSource(name, type);
+  if (name.hasFragment()) scrollToAnchor(name.fragment());
+}
+
+void ManualBrowser::changeEvent(QEvent* event) {
+  QTextBrowser::changeEvent(event);
+  if (event->type() == QEvent::PaletteChange && !source().isEmpty()) reload();
+}
+
+}  // namespace quillary::help
