@@ -71,23 +71,28 @@ void DateField::TakeTyped() {
     SetDate(date_);
 }
 
+QCalendarWidget* MakeCalendar(const char* name, QDate shown, QDate today) {
+  auto* calendar = new QCalendarWidget;
+  calendar->setObjectName(QLatin1StringView(name));
+  calendar->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
+  calendar->setFirstDayOfWeek(Qt::Monday);
+  calendar->setSelectedDate(shown);
+  QTextCharFormat marked;
+  marked.setFontWeight(QFont::Bold);
+  calendar->setDateTextFormat(today, marked);
+  QTextCharFormat weekend;
+  weekend.setForeground(RolesOf(calendar->palette()).muted);
+  for (const Qt::DayOfWeek day : {Qt::Saturday, Qt::Sunday})
+    calendar->setWeekdayTextFormat(day, weekend);
+  return calendar;
+}
+
 void DateField::ShowPicker() {
   // What is typed but not yet taken belongs to the day that the calendar opens on.
   TakeTyped();
   auto* menu = new QMenu(this);
   menu->setAttribute(Qt::WA_DeleteOnClose);
-  auto* calendar = new QCalendarWidget(menu);
-  calendar->setObjectName(QStringLiteral("calendar"));
-  calendar->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
-  calendar->setFirstDayOfWeek(Qt::Monday);
-  calendar->setSelectedDate(date_);
-  QTextCharFormat marked;
-  marked.setFontWeight(QFont::Bold);
-  calendar->setDateTextFormat(today_, marked);
-  QTextCharFormat weekend;
-  weekend.setForeground(RolesOf(palette()).muted);
-  for (const Qt::DayOfWeek day : {Qt::Saturday, Qt::Sunday})
-    calendar->setWeekdayTextFormat(day, weekend);
+  QCalendarWidget* calendar = MakeCalendar("calendar", date_, today_);
   auto* holder = new QWidgetAction(menu);
   holder->setDefaultWidget(calendar);
   menu->addAction(holder);

@@ -3,6 +3,8 @@
 #include <QDate>
 #include <QLineEdit>
 
+class QCalendarWidget;
+
 namespace quillary {
 
 /// A day, typed as an owner types it ("2/11", "2 Nov 26", "2026-11-02") or picked from a calendar
@@ -39,5 +41,8 @@ class DateField : public QLineEdit {
   QAction* arrow_;
   QString format_ = QStringLiteral("ddd d MMM yyyy");
 };
+
+/// A calendar that opens on a day, as all of them look: today marked, weekends muted.
+QCalendarWidget* MakeCalendar(const char* name, QDate shown, QDate today);
 
 }  // namespace quillary

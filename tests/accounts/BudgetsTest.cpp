@@ -116,6 +116,14 @@ TEST_F(BudgetsTest, FiguresAreThoseOfTheDaysAskedFor) {
     EXPECT_EQ(words(lines[1]), c.fuel) << choices[c.choice].words.toStdString();
   }
   EXPECT_EQ(LoadBudgets(business(), year, choices[6].days)[1].Share(), 1.5);
+  Run(
+      Sql("INSERT INTO General_Ledger_Accounts (GL_Account_ID, GL_Account_Name, GL_Account_Type) "
+          "VALUES (3, 'Mower', 'Asset')"));
+  Book(3, {2026, 7, 9}, 400);
+  const auto lines = LoadBudgets(business(), year, year.days);
+  EXPECT_EQ(lines[2].Difference(), Money::FromWhole(-400)) << "spent, though no expense";
+  EXPECT_EQ(TotalsByKind(lines, &BudgetLine::actual),
+            "Revenue $2,450.00, Expense $300.00, Asset $400.00");
 }
 
 TEST_F(BudgetsTest, BudgetsAreSetAndFilledFromTheYearBefore) {

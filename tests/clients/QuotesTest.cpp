@@ -1,4 +1,5 @@
 #include "ClientsTest.h"
+#include "balances/ClientBalance.h"
 #include "clients/quotes/Prospects.h"
 
 namespace quillary::clients {
@@ -49,6 +50,22 @@ TEST_F(QuotesTest, ASaveStoresTheProspectOnceAndTheLinesThatHaveAService) {
   ASSERT_TRUE(again);
   EXPECT_EQ(again->Total(), Money::FromWhole(130));
   EXPECT_EQ(again->services[1].name, "Hedge");
+}
+
+TEST_F(QuotesTest, AClientWhoWasBilledToAnotherOwesItsJobsItself) {
+  for (const char* name : {"Payer", "Zimmer"})
+    Run(
+        Sql("INSERT INTO Clients (Status, Display_Name, Billing_Client_ID, Is_Billed_To) "
+            "VALUES ('Active', {}, 1, True)",
+            name));
+  AddJob(2, "JD", "2026-10-01", 30);
+  balances::RecalculateClientBalance(business(), Id<Client>(2));
+  const auto owed = [&] { return Rows(Sql("SELECT Account_Balance FROM Clients")); };
+  ASSERT_EQ(owed(), "-30,0");
+  Prospect prospect = *LoadProspect(business(), Id<Client>(2));
+  QuoteForm quote = NewQuote(business());
+  ASSERT_FALSE(SaveRecords(business(), prospect, quote));
+  EXPECT_EQ(owed(), "0,-30");
 }
 
 TEST_F(QuotesTest, TheNameIsFormedInTheUsersOrder) {

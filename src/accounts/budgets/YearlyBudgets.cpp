@@ -71,10 +71,23 @@ std::vector<BudgetLine> LoadBudgets(Business& business, const BudgetYear& year,
     lines.push_back(
         {Id<Account>(key), row[u"GL_Account_Number"].ToText(), row[u"GL_Account_Name"].ToText(),
          row[u"GL_Account_Type"].ToText(),
-         FromText<AccountType>(row[u"GL_Account_Type"].ToText()) == AccountType::Expense, yearly,
+         FromText<AccountType>(row[u"GL_Account_Type"].ToText()) == AccountType::Revenue, yearly,
          ShareOf(yearly, months), actual.value(key)});
   }
   return lines;
+}
+
+QString TotalsByKind(const std::vector<BudgetLine>& lines, Money BudgetLine::*amount) {
+  std::vector<std::pair<QString, Money>> kinds;
+  for (const BudgetLine& line : lines) {
+    auto kind = std::find_if(kinds.begin(), kinds.end(),
+                             [&](const auto& known) { return known.first == line.kind; });
+    if (kind == kinds.end()) kind = kinds.insert(kinds.end(), {line.kind, Money()});
+    kind->second += line.*amount;
+  }
+  QStringList words;
+  for (const auto& [kind, sum] : kinds) words += kind + u' ' + sum.ToCurrencyText();
+  return words.join(QStringLiteral(", "));
 }
 
 std::vector<BudgetDays> BudgetDaysOf(const BudgetYear& year, QDate today) {

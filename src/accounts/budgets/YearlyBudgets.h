@@ -13,14 +13,14 @@ struct BudgetLine {
   QString number;
   QString name;
   QString kind;  // "Revenue", "Expense", as stored
-  bool isExpense = false;
+  bool isRevenue = false;
   Money yearly;  // the budget of the whole year
   Money budget;  // its share of the days asked for, by months
   Money actual;  // what the account's entries of these days come to
 
-  /// How far the account stays below its budget when it is spent from, and above it otherwise; so
-  /// what is below 0 is worse than budgeted.
-  Money Difference() const { return isExpense ? budget - actual : actual - budget; }
+  /// How far revenue is above its budget, and what is spent, on expenses or assets, below; so what
+  /// is below 0 is worse than budgeted.
+  Money Difference() const { return isRevenue ? actual - budget : budget - actual; }
   /// Actual as a share of the budget; nothing without a budget.
   std::optional<double> Share() const;
 };
@@ -29,6 +29,9 @@ struct BudgetLine {
 /// budget's share is by calendar months that these touch.
 std::vector<BudgetLine> LoadBudgets(Business& business, const BudgetYear& year,
                                     const DateRange& days);
+
+/// The sum of one of the amounts for each kind of account: "Revenue $1.00, Expense $2.00".
+QString TotalsByKind(const std::vector<BudgetLine>& lines, Money BudgetLine::*amount);
 
 /// What can be looked at of a year: all of it, from its start up to the month of `today`, and each
 /// of its months.

@@ -11,6 +11,7 @@
 #include "accounts/screens/frmPurchase.h"
 #include "accounts/screens/frmPurchasesList.h"
 #include "accounts/screens/frmSetupBudgets.h"
+#include "accounts/screens/frmSortOut.h"
 #include "accounts/screens/frmSuppliers.h"
 #include "accounts/yearend/PreviousRecords.h"
 #include "accounts/yearend/RevenueAccounts.h"
@@ -96,6 +97,24 @@ void DeletePrevious(Business& business, const Navigator& navigator) {
     navigator.Open(RecomputeAmountOwing{});
 }
 
+/// The steps of the repair show in a tab of their own, and stay there to be read or printed.
+void SortOut(Business& business, const ScreenTools& tools) {
+  frmSortOut* steps = nullptr;
+  SortOutListener listener;
+  listener.begins = [&](const std::vector<RepairCount>& before) {
+    ShowTab(tools, "frmSortOut", [&] { return new frmSortOut(business, tools); });
+    steps = qobject_cast<frmSortOut*>(tools.host.BringToFront(QStringLiteral("frmSortOut")));
+    if (steps) steps->Begin(before);
+  };
+  listener.step = [&](int step, int) {
+    if (steps) steps->ShowStep(step);
+  };
+  listener.ended = [&](const std::vector<RepairCount>& after) {
+    if (steps) steps->End(after);
+  };
+  SortOutAfterAsking(business, business.World().prompter, listener);
+}
+
 void RegisterRepairs(Business& business, const ScreenTools& tools) {
   Navigator& navigator = tools.navigator;
   const auto run = [tools](const char* command, const std::function<void()>& repair) {
@@ -120,10 +139,10 @@ void RegisterRepairs(Business& business, const ScreenTools& tools) {
                                                       run](const DeletePreviousFinancialRecords&) {
     run("mnuDeletePreviousFinancialRecords_Click", [&] { DeletePrevious(business, navigator); });
   });
-  navigator.Register<SortOutDatabaseRecords>([&business, run](const SortOutDatabaseRecords&) {
-    run("mnuSortoutDatabaseRecords_Click",
-        [&] { SortOutAfterAsking(business, business.World().prompter); });
-  });
+  navigator.Register<SortOutDatabaseRecords>(
+      [&business, run, tools](const SortOutDatabaseRecords&) {
+        run("mnuSortoutDatabaseRecords_Click", [&] { SortOut(business, tools); });
+      });
   navigator.Register<UpdateRevenueAccountIntoDefault>(
       [&business, run](const UpdateRevenueAccountIntoDefault&) {
         run("mnuUpdateRevenueAccountIntoDefault_Click",

@@ -124,16 +124,13 @@ void frmBudgets::FillDays() {
 void frmBudgets::Load() {
   const auto selected = grdBudgets->SelectedId<Account>();
   lines_.clear();
-  Money revenue;
-  Money expense;
   std::vector<GridRow> rows;
   if (cmbYear->currentIndex() >= 0 && cmbDays->currentIndex() >= 0)
     lines_ = LoadBudgets(business_, years_[static_cast<size_t>(cmbYear->currentIndex())],
                          days_[static_cast<size_t>(cmbDays->currentIndex())].days);
   for (const BudgetLine& line : lines_) {
-    (line.isExpense ? expense : revenue) += line.actual;
     const auto share = line.Share();
-    const bool isOver = line.isExpense && share && *share > 1;
+    const bool isOver = !line.isRevenue && share && *share > 1;
     rows.push_back({{line.account, line.name, line.number, line.kind, line.budget, line.actual,
                      line.Difference(), Value(share)},
                     isOver ? Hue::Red : Hue::None,
@@ -141,8 +138,7 @@ void frmBudgets::Load() {
   }
   grdBudgets->SetRows(std::move(rows));
   if (selected) grdBudgets->SelectId(*selected);
-  lblTotals->setText(
-      tr("Revenue %1, expense %2").arg(revenue.ToCurrencyText(), expense.ToCurrencyText()));
+  lblTotals->setText(tr("Booked: %1").arg(TotalsByKind(lines_, &BudgetLine::actual)));
 }
 
 void frmBudgets::ShowEntries(int row) {

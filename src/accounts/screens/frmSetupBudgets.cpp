@@ -9,11 +9,6 @@
 #include <QComboBox>
 
 namespace quillary::accounts {
-namespace {
-
-constexpr int kAmountColumn = 4;
-
-}  // namespace
 
 frmSetupBudgets::frmSetupBudgets(Business& business, const ScreenTools& tools)
     : Screen(QStringLiteral("frmSetupBudgets"), QStringLiteral("Budgets")),
@@ -113,12 +108,9 @@ void frmSetupBudgets::Load() {
     if (const auto last = BudgetYearOf(business_, year->days.from.addDays(-1)))
       before = LoadBudgets(business_, *last, last->days);
   }
-  Money revenue;
-  Money expense;
   std::vector<GridRow> rows;
   for (size_t at = 0; at < lines_.size(); ++at) {
     const BudgetLine& line = lines_[at];
-    (line.isExpense ? expense : revenue) += line.yearly;
     const auto lastYears = [&](Money BudgetLine::*amount) {
       return Value(before.empty() ? std::optional<Money>() : std::optional(before[at].*amount));
     };
@@ -133,8 +125,7 @@ void frmSetupBudgets::Load() {
     fill->setToolTip(before.empty() ? tr("There is no financial year before this one.")
                                     : QString());
   }
-  lblTotals->setText(tr("Budgeted: revenue %1, expense %2")
-                         .arg(revenue.ToCurrencyText(), expense.ToCurrencyText()));
+  lblTotals->setText(tr("Budgeted: %1").arg(TotalsByKind(lines_, &BudgetLine::yearly)));
 }
 
 void frmSetupBudgets::TakeAmount(int row, const Value& value) {

@@ -177,24 +177,25 @@ std::vector<RepairCount> CountWhatToSortOut(Business& business) {
   return SortingOut(business, {}).Run();
 }
 
-bool SortOutAfterAsking(Business& business, Prompter& prompter, const StepProgress& progress) {
-  QString ahead;
+bool SortOutAfterAsking(Business& business, Prompter& prompter, const SortOutListener& listener) {
+  std::vector<RepairCount> before;
   {
     const BusyWhile busy(business.World().busy);
-    ahead = WordsOf(CountWhatToSortOut(business));
+    before = CountWhatToSortOut(business);
   }
   const Answer answer = prompter.AskBeforeLosing(
       BackupWarning() +
       QStringLiteral("\n\nThis will delete unnecessary records in your database "
                      "\n(e.g. Payments and Purchases with 0.00 amount...)\n\n") +
-      QStringLiteral("Continue?\n\n") + ahead);
+      QStringLiteral("Continue?\n\n") + WordsOf(before));
   if (answer != Answer::Yes) return false;
   LogActivity(business, QStringLiteral("Sort out Database Records"));
-  QString done;
+  if (listener.begins) listener.begins(before);
   {
     const BusyWhile busy(business.World().busy);
-    done = WordsOf(SortOutRecords(business, progress));
+    SortOutRecords(business, listener.step);
     business.PastCommands().Describe(QStringLiteral("Database records sorted out"));
+    if (listener.ended) listener.ended(CountWhatToSortOut(business));
   }
   prompter.Tell(
       Tone::Information,
@@ -202,8 +203,7 @@ bool SortOutAfterAsking(Business& business, Prompter& prompter, const StepProgre
           "You might need to check the Payment and Purchase records if these records have "
           "corresponding GL entries. To check: \n"
           "For Payments, click on Financial -> Payments received -> Find old payment\n"
-          "For Purchases, click on Financial -> Purchases -> Find old Purchases\n\n%1")
-          .arg(done));
+          "For Purchases, click on Financial -> Purchases -> Find old Purchases"));
   return true;
 }
 

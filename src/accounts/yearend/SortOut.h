@@ -19,7 +19,14 @@ std::vector<RepairCount> SortOutRecords(Business& business, const StepProgress& 
 /// What SortOutRecords() would do; nothing is changed.
 std::vector<RepairCount> CountWhatToSortOut(Business& business);
 
+/// What hears of the menu command, in this order; any may be empty.
+struct SortOutListener {
+  std::function<void(const std::vector<RepairCount>& before)> begins = {};  // once it is allowed
+  StepProgress step = {};
+  std::function<void(const std::vector<RepairCount>& after)> ended = {};  // what is left to do
+};
 /// The menu command: asks, saying what each step will do; sorts out; tells. False when declined.
-bool SortOutAfterAsking(Business& business, Prompter& prompter, const StepProgress& progress = {});
+bool SortOutAfterAsking(Business& business, Prompter& prompter,
+                        const SortOutListener& listener = {});
 
 }  // namespace quillary::accounts

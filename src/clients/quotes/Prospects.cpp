@@ -2,6 +2,7 @@
 
 #include "balances/ClientBalance.h"
 #include "clients/BillingNames.h"
+#include "domain/Payer.h"
 
 namespace quillary::clients {
 namespace {
@@ -89,8 +90,14 @@ std::optional<Refusal> SaveRecords(Business& business, Prospect& prospect, Quote
   Transaction save(business);
   Prospect client = prospect;
   QuoteForm form = quote;
+  const auto paidBy = client.client ? PayerOf(business, *client.client) : std::nullopt;
   StoreProspect(business, client);
   SaveQuote(business, *client.client, form);
+  if (paidBy && paidBy != client.client) {
+    // What another was billed for is the client's own from here on.
+    balances::RecalculateClientBalance(business, client.client);
+    balances::RecalculateClientBalance(business, paidBy);
+  }
   save.Commit();
   prospect = client;
   quote = form;

@@ -1,5 +1,6 @@
 #include "diary/screens/dlgQuotePostponed.h"
 
+#include "kit/DateField.h"
 #include "kit/Dialog.h"
 #include "kit/Layouts.h"
 
@@ -10,12 +11,11 @@ namespace quillary::diary {
 std::optional<QDate> dlgQuotePostponed::GetDate(Prompter& prompter, QDate today) {
   class Asking : public Dialog {
    public:
-    Asking(Prompter& prompter, QDate day)
+    Asking(Prompter& prompter, QDate today)
         : Dialog("dlgQuotePostponed", tr("Quote postponed"), prompter) {
-      calDate = Named(new QCalendarWidget, "calDate", tr("Day of the quote"));
-      calDate->setSelectedDate(day);
-      calDate->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
-      calDate->setGridVisible(true);
+      calDate = MakeCalendar("calDate", today.addDays(1), today);
+      calDate->setAccessibleName(tr("Day of the quote"));
+      calDate->setMinimumWidth(288);
       auto* column = new QVBoxLayout;
       column->setSpacing(12);
       column->addWidget(
@@ -35,7 +35,7 @@ std::optional<QDate> dlgQuotePostponed::GetDate(Prompter& prompter, QDate today)
    private:
     QCalendarWidget* calDate;
   };
-  Asking dialog(prompter, today.addDays(1));
+  Asking dialog(prompter, today);
   if (dialog.exec() != QDialog::Accepted) return std::nullopt;
   return dialog.Day();
 }

@@ -1,4 +1,6 @@
 #include "accounts/budgets/YearlyBudgets.h"
+#include "accounts/screens/frmSortOut.h"
+#include "accounts/yearend/SortOut.h"
 #include "base/ports/requests/Accounts.h"
 #include "base/ports/requests/Clients.h"
 #include "diary/screens/dlgQuotePostponed.h"
@@ -16,19 +18,20 @@ namespace quillary::shell {
 
 namespace {
 
-void BookSomething(Business& business) {
-  const auto period = accounts::InitializeBudgets(business);
+/// Budgets near to what was booked, some above it and some below, and a year before.
+void SetSomeBudgets(Business& business) {
+  accounts::InitializeBudgets(business);
+  const accounts::BudgetYear year = accounts::ListBudgetYears(business).front();
+  business.Write(Sql("INSERT INTO Budget_Periods (Starting_Date, Ending_Date) VALUES ({}, {})",
+                     year.days.from.addYears(-1), year.days.from.addDays(-1)));
+  const accounts::BudgetYear before = accounts::ListBudgetYears(business).back();
+  const DateRange sofar{year.days.from, business.Today()};
   int at = 0;
-  for (const Record account :
-       business.RunSQL(Sql("SELECT GL_Account_ID FROM General_Ledger_Accounts"))) {
-    business.Write(
-        Sql("INSERT INTO General_Ledger_Entries (GL_Account_ID, Entry_Date, GL_Amount) "
-            "VALUES ({}, {}, {})",
-            account[size_t{0}], business.Today(), 900 + 410 * at));
-    business.Write(
-        Sql("UPDATE Budgets SET Budget_Amount = {} WHERE GL_Account_ID = {} AND "
-            "Budget_Period_ID = {}",
-            6000 + 700 * at++, account[size_t{0}], period));
+  for (const accounts::BudgetLine& line : accounts::LoadBudgets(business, year, sofar)) {
+    const double dollars = line.actual.ToDouble() * 3 * (0.7 + 0.12 * (at++ % 5)) + 600;
+    const Money amount = Money::FromWhole(100 * qRound(dollars / 100));
+    accounts::SetBudget(business, before, line.account, amount);
+    accounts::SetBudget(business, year, line.account, amount);
   }
 }
 
@@ -66,13 +69,27 @@ void Shots::Quotes() {
   }
   SaveDialog(
       [&] { diary::dlgQuotePostponed::GetDate(business.World().prompter, business.Today()); });
-  BookSomething(business);
+  SetSomeBudgets(business);
   tools.navigator.Open(OpenBudgets{});
   Save(window, QStringLiteral("frmBudgets"));
   small(QStringLiteral("frmBudgets-at-150-percent"));
   CloseScreen();
   tools.navigator.Open(OpenSetupBudgets{});
   Save(window, QStringLiteral("frmSetupBudgets"));
+  small(QStringLiteral("frmSetupBudgets-at-150-percent"));
+  CloseScreen();
+  business.Write(Sql("INSERT INTO Payments (Client_ID, Amount) VALUES (1, 0)"));
+  business.Write(Sql("INSERT INTO Purchases (Amount) VALUES (0)"));
+  business.Write(Sql("UPDATE Diary SET Total_Price = 1 WHERE Diary_ID < 20"));
+  auto* steps = new accounts::frmSortOut(business, tools);
+  tools.host.ShowScreen(steps);
+  steps->Begin(accounts::CountWhatToSortOut(business));
+  steps->ShowStep(9);
+  Save(window, QStringLiteral("frmSortOut-at-work"));
+  accounts::SortOutRecords(business);
+  steps->Reload();
+  Save(window, QStringLiteral("frmSortOut"));
+  small(QStringLiteral("frmSortOut-at-150-percent"));
   CloseScreen();
 }
 
