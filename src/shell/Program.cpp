@@ -9,9 +9,11 @@
 #include "base/ports/requests/Setup.h"
 #include "billing/screens/BillingScreens.h"
 #include "clients/screens/ClientScreens.h"
+#include "data/schema/Schema.h"
 #include "diary/screens/DiaryScreens.h"
 #include "documents/screens/DocumentScreens.h"
 #include "kit/InputHabits.h"
+#include "kit/ScreenDialog.h"
 #include "link/screens/LinkScreens.h"
 #include "lists/screens/ListScreens.h"
 #include "mail/screens/MailScreens.h"
@@ -21,14 +23,29 @@
 #include "session/AccessConversion.h"
 #include "session/ProgramFolder.h"
 #include "setup/screens/SetupScreens.h"
+#include "setup/screens/frmFirstTime.h"
+#include "shell/FirstDoors.h"
 #include "shell/frmAbout.h"
 #include "shell/frmODBCConnection.h"
-#include "shell/frmSelectDatabaseToAccess.h"
 #include "today/screens/TodayScreens.h"
 
 #include <QFileInfo>
 
 namespace quillary::shell {
+namespace {
+
+/// Shows screens as long as there is no window with tabs.
+class DialogHost : public ScreenHost {
+ public:
+  void ShowScreen(Screen* screen) override {
+    auto* dialog = new ScreenDialog(screen);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->open();
+  }
+  Screen* BringToFront(const QString&) override { return nullptr; }
+};
+
+}  // namespace
 
 Program::Program(const Outside& outside, Navigator& navigator, const QString& programFolder)
     : outside_(outside),
@@ -47,6 +64,7 @@ Program::~Program() {
 
 bool Program::Start(const QString& commandLine) {
   userLeft_ = false;
+  setUpForced_ = commandLine == u"-i";
   business_ = session::StartUp(outside_, settings_, commandLine, *this);
   if (!business_) {
     progress_.close();
@@ -67,8 +85,7 @@ std::unique_ptr<Business> Program::SelectDatabaseToAccess() {
     if (opened.isEmpty()) return nullptr;
     return session::OpenDatabase(outside_, opened, settings_.Folder());
   }
-  frmSelectDatabaseToAccess dialog(outside_, settings_.Folder());
-  auto business = dialog.Choose();
+  auto business = FirstDoors(outside_, settings_, runner_).Choose();
   userLeft_ = !business;
   return business;
 }
@@ -93,8 +110,20 @@ void Program::CloseProgress() {
   progress_.close();
 }
 
-void Program::ShowFirstTime(Business&) {
-  if (navigator_.CanOpen<OpenFirstTime>()) navigator_.Open(OpenFirstTime{});
+void Program::ShowFirstTime(Business& business) {
+  // Whoever names the file wants to work in it at once.
+  if (!file_.isEmpty() && !setUpForced_) return;
+  // The screens of the set-up open over the checklist, since there is no main window yet.
+  DialogHost host;
+  const ScreenTools tools{navigator_, host, runner_};
+  setup::RegisterSetupScreens(business, tools, settings_.Folder());
+  link::RegisterLinkScreens(business, tools, settings_.Folder());
+  lists::RegisterListScreens(business, tools);
+  accounts::RegisterAccountScreens(business, tools);
+  // Their rules go by values that the start loads later, from a file of this version only.
+  const Value version = business.LookupField(QStringLiteral("infSystem.Database_Version"));
+  if (version.ToLong() == kSchemaVersion) LoadSharedValues(business);
+  setup::frmFirstTime::ShowYourself(business, settings_, tools);
 }
 
 void Program::ShowMainMenu(Business& business) {

@@ -57,6 +57,7 @@ class Program : private session::StartUpScreens {
   QString file_;
   QString lastStep_;
   bool userLeft_ = false;
+  bool setUpForced_ = false;
   frmStartUp progress_;
   std::unique_ptr<Business> business_;
   std::unique_ptr<mail::MailsUnderWay> mails_;

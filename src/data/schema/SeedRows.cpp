@@ -68,6 +68,12 @@ std::vector<Sql> DivisionRows() {
   return rows;
 }
 
+QStringList DeliveredNaturesOfBusiness() {
+  QStringList natures;
+  for (const DivisionSeed& division : kDivisions) natures += QString::fromLatin1(division.nature);
+  return natures;
+}
+
 std::vector<Sql> CountryRows() {
   std::vector<Sql> rows;
   for (const CountrySeed& country : kCountries) {

@@ -3,6 +3,7 @@
 #include "data/store/Sql.h"
 
 #include <QString>
+#include <QStringList>
 
 #include <vector>
 
@@ -11,6 +12,8 @@
 namespace quillary {
 
 std::vector<Sql> DivisionRows();
+/// What those divisions do, in the order of their numbers.
+QStringList DeliveredNaturesOfBusiness();
 /// Without the tax names, which a column of a later version holds.
 std::vector<Sql> CountryRows();
 std::vector<Sql> HolidayRows();

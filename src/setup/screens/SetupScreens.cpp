@@ -1,6 +1,7 @@
 #include "setup/screens/SetupScreens.h"
 
 #include "base/ports/requests/Setup.h"
+#include "setup/screens/SheetScreen.h"
 #include "setup/screens/frmEmployees.h"
 #include "setup/screens/frmMiscellaneousSettings.h"
 #include "setup/screens/frmPersonalInformation.h"
@@ -21,6 +22,14 @@ void RegisterSetupScreens(Business& business, const ScreenTools& tools,
   navigator.Register<OpenEmployees>([&business, tools](const OpenEmployees&) {
     ShowTab(tools, "frmEmployees",
             [&] { return new RecordListScreen(EmployeesList(business), tools, business.World()); });
+  });
+  navigator.Register<OpenFixClientDetails>([&business, tools](const OpenFixClientDetails&) {
+    ShowTab(tools, "frmInitialSetup_ClientDetails",
+            [&] { return new SheetScreen(ClientDetailsSheet(business), business, tools); });
+  });
+  navigator.Register<OpenScheduleClients>([&business, tools](const OpenScheduleClients&) {
+    ShowTab(tools, "frmInitialSetup_Schedules",
+            [&] { return new SheetScreen(SchedulesSheet(business), business, tools); });
   });
 }
 
