@@ -107,6 +107,7 @@ std::vector<Command> ReportCommands();
 std::vector<Command> RepairCommands();
 std::vector<Command> BackupCommands();
 std::vector<Command> SettingsCommands();
+std::vector<Command> ImportClientsCommands();
 std::vector<Command> TodayCommands();
 std::vector<Command> HeadOfficeCommands();
 std::vector<Command> MailCommands();

@@ -16,12 +16,12 @@ const std::vector<Command>& AllCommands() {
   static const std::vector<Command> commands = [] {
     std::vector<Command> all;
     for (const auto& group :
-         {FileCommands(),       StatementCommands(), ScheduleCommands(), DiaryCommands(),
-          ClientCommands(),     BalanceCommands(),   InvoiceCommands(),  PaymentCommands(),
-          PurchaseCommands(),   BankingCommands(),   DocumentCommands(), ReportCommands(),
-          RepairCommands(),     BackupCommands(),    SettingsCommands(), TodayCommands(),
-          HeadOfficeCommands(), MailCommands(),      YearEndCommands(),  QuoteCommands(),
-          BudgetCommands()}) {
+         {FileCommands(),     StatementCommands(),  ScheduleCommands(), DiaryCommands(),
+          ClientCommands(),   BalanceCommands(),    InvoiceCommands(),  PaymentCommands(),
+          PurchaseCommands(), BankingCommands(),    DocumentCommands(), ReportCommands(),
+          RepairCommands(),   BackupCommands(),     SettingsCommands(), ImportClientsCommands(),
+          TodayCommands(),    HeadOfficeCommands(), MailCommands(),     YearEndCommands(),
+          QuoteCommands(),    BudgetCommands()}) {
       all.insert(all.end(), group.begin(), group.end());
     }
     return all;

@@ -105,7 +105,8 @@ void SheetScreen::Reload() {
 }
 
 bool SheetScreen::eventFilter(QObject* watched, QEvent* event) {
-  if (watched == grid_ && event->type() == QEvent::KeyPress) {
+  // While a cell is edited the editor has the focus, and its keys are its own.
+  if (watched == grid_ && event->type() == QEvent::KeyPress && grid_->hasFocus()) {
     const auto* press = static_cast<QKeyEvent*>(event);
     if (press->matches(QKeySequence::Paste)) {
       cmdPaste->click();

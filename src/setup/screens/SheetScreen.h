@@ -33,8 +33,8 @@ struct SheetDeclaration {
   std::function<SheetOutcome(const SheetBlock&)> write;
 };
 
-/// The screen of such a sheet. Typing begins in the cell that the cursor is in, Enter goes down, Tab
-/// to the right, Ctrl+V writes a block copied from a spreadsheet.
+/// The screen of such a sheet. Typing begins in the cell that the cursor is in, Enter goes down,
+/// Tab to the right, Ctrl+V writes a block copied from a spreadsheet.
 class SheetScreen : public Screen {
   Q_OBJECT
 

@@ -12,8 +12,7 @@ using clients::ClientRecord;
 QString NameOf(Business& business, const ClientRecord& client) {
   const bool surnameFirst =
       business.World().settings.Read(QStringLiteral("Display Format"),
-                                     QStringLiteral("Billing Name Format"),
-                                     QStringLiteral("FS")) ==
+                                     QStringLiteral("Billing Name Format"), QStringLiteral("FS")) ==
       clients::CodeOf(clients::NameOrder::SurnameFirst);
   const QString first = client.firstName.trimmed();
   const QString last = client.surname.trimmed();
@@ -107,8 +106,7 @@ SheetOutcome WriteClients(Business& business, const SheetBlock& block) {
     auto client = IdFrom<Client>(block.KeyOf(at));
     const bool isNew = !client;
     if (const auto refusal = StoreClientRow(business, client, cells)) {
-      outcome.troubles.push_back(
-          {static_cast<int>(at), TitleOf(refusal->field), refusal->message});
+      outcome.troubles.push_back({static_cast<int>(at), TitleOf(refusal->field), refusal->message});
       continue;
     }
     ++(isNew ? outcome.added : outcome.changed);

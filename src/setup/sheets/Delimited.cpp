@@ -14,23 +14,12 @@ class Reader {
   explicit Reader(QChar separator) : separator_(separator) {}
 
   void Take(QChar character) {
-    if (character == u'"' && (quoted_ || cell_.trimmed().isEmpty())) {
-      // A mark after a closing one was a doubled one: it belongs to the text.
-      if (!quoted_ && closed_) cell_ += character;
-      else if (!quoted_) cell_.clear();
-      closed_ = quoted_;
-      quoted_ = !quoted_;
-      return;
-    }
-    if (character == u'"' && closed_) {
-      cell_ += character;
-      quoted_ = true;
-      closed_ = false;
-      return;
-    }
-    closed_ = closed_ && character.isSpace() && character != u'\n';
-    if (quoted_)
-      cell_ += character;
+    if (quoted_) return TakeQuoted(character);
+    const bool isMark = character == u'"';
+    if (isMark && closed_) return Reopen();
+    closed_ = false;
+    if (isMark && cell_.trimmed().isEmpty())
+      Open();
     else if (character == separator_)
       EndCell();
     else if (character == u'\n')
@@ -44,6 +33,21 @@ class Reader {
   }
 
  private:
+  void Open() {
+    cell_.clear();
+    quoted_ = true;
+  }
+  void TakeQuoted(QChar character) {
+    quoted_ = character != u'"';
+    closed_ = !quoted_;
+    if (quoted_) cell_ += character;
+  }
+  /// A mark right after a closing one is a doubled one: it belongs to the text.
+  void Reopen() {
+    cell_ += u'"';
+    quoted_ = true;
+    closed_ = false;
+  }
   void EndCell() {
     row_ += cell_.trimmed();
     cell_.clear();
@@ -71,12 +75,17 @@ QChar SeparatorOf(const QString& text) {
   constexpr std::array<char16_t, 3> kSeparators = {u'\t', u';', u','};
   std::array<int, 3> counts{};
   bool quoted = false;
-  for (const QChar character : text) {
-    if (character == u'"') quoted = !quoted;
+  bool atStart = true;  // of a cell: elsewhere a quotation mark is a part of the text
+  for (const QChar character : text.trimmed()) {
+    if (character == u'"' && (quoted || atStart)) quoted = !quoted;
+    atStart = false;
     if (quoted) continue;
     if (character == u'\n') break;
-    for (size_t at = 0; at < kSeparators.size(); ++at)
-      if (character == kSeparators[at]) ++counts[at];
+    for (size_t at = 0; at < kSeparators.size(); ++at) {
+      if (character != kSeparators[at]) continue;
+      ++counts[at];
+      atStart = true;
+    }
   }
   const auto most = std::ranges::max_element(counts) - counts.begin();
   return kSeparators[static_cast<size_t>(most)];
@@ -93,9 +102,8 @@ QString TextOfExport(const QByteArray& bytes) {
     QStringDecoder decoder(*encoding);
     return decoder(bytes);
   }
-  QStringDecoder utf8(QStringDecoder::Utf8);
-  const QString text = utf8(bytes);
-  return utf8.hasError() ? QString::fromLatin1(bytes) : text;
+  const QString text = QString::fromUtf8(bytes);
+  return text.contains(QChar::ReplacementCharacter) ? QString::fromLatin1(bytes) : text;
 }
 
 }  // namespace quillary::setup

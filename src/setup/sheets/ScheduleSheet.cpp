@@ -157,8 +157,7 @@ std::vector<SheetColumn> ScheduleSheetColumns(Business& business) {
           {"Status", kTitles[kKind], 90, WordsIn<JobType>(JobTypeGroup::OfferedByHand)},
           {"Next_Visit", kTitles[kNextVisit], 110, {}},
           {"Frequency", kTitles[kFrequency], 90, {}},
-          {"Employee_Name", kTitles[kEmployee], 130,
-           WordsOf(lists::ListEmployeesByName(business))},
+          {"Employee_Name", kTitles[kEmployee], 130, WordsOf(lists::ListEmployeesByName(business))},
           {"Price", kTitles[kPrice], 90, {}},
           {"Notes", kTitles[kNotes], 200, {}}};
 }
@@ -180,13 +179,11 @@ std::vector<SheetRow> LoadScheduleSheet(Business& business) {
     SheetRow sheetRow{service.IsNull() ? -row[u"Client_ID"].ToLong() : service.ToLong(),
                       {row[u"Display_Name"].ToText()}};
     if (!service.IsNull())
-      sheetRow.cells += QStringList{row[u"Service"].ToText(),
-                         row[u"Status"].ToText(),
-                         WordsOfDate(row[u"Next_Visit"]),
-                         row[u"Frequency"].ToText(),
-                         row[u"Employee_Name"].ToText(),
-                         row[u"Price"].ToMoney().ToCurrencyText(),
-                         row[u"Notes"].ToText()};
+      sheetRow.cells +=
+          QStringList{row[u"Service"].ToText(),        row[u"Status"].ToText(),
+                      WordsOfDate(row[u"Next_Visit"]), row[u"Frequency"].ToText(),
+                      row[u"Employee_Name"].ToText(),  row[u"Price"].ToMoney().ToCurrencyText(),
+                      row[u"Notes"].ToText()};
     while (sheetRow.cells.size() < static_cast<qsizetype>(std::size(kTitles)))
       sheetRow.cells += QString();
     rows.push_back(std::move(sheetRow));

@@ -4,6 +4,11 @@
 #include "maintenance/backups/BackupPlaces.h"
 #include "maintenance/backups/Backups.h"
 #include "session/ProgramFolder.h"
+#include "setup/screens/frmFirstTime.h"
+#include "setup/screens/frmFirstTime_PortData.h"
+#include "setup/screens/frmNewBusiness.h"
+#include "shell/RecentFiles.h"
+#include "shell/frmWelcome.h"
 #include "shell/shots/Shots.h"
 
 #include <QDir>
@@ -11,7 +16,32 @@
 /// The pictures of settings, backups and the first day.
 namespace quillary::shell {
 
+void Shots::FirstDay() {
+  RecentFiles recent(ports_.settings);
+  recent.PutInFront(program_.OpenBusiness().DatabaseFile());
+  recent.Save();
+  SaveDialog([this] { frmWelcome(ports_.settings).Choose(); });
+  const Outside outside = ports_.All();
+  CommandRunner runner(outside.errors, outside.busy);
+  SaveDialog([&] { setup::frmNewBusiness(outside, runner, QStringLiteral("/home/robin")).exec(); });
+  setup::OlderData found;
+  found.verdo = QStringLiteral("C:/Verdo398");
+  SaveDialog([&] { setup::frmFirstTime_PortData(outside.prompter, found).exec(); });
+  LocalSettings settings(session::ProgramFolder(), outside.prompter);
+  SaveDialog([&] {
+    setup::frmFirstTime(program_.OpenBusiness(), settings, program_.MainMenu()->Tools()).exec();
+  });
+  MainMenuMDI* window = program_.MainMenu();
+  window->Tools().navigator.Open(OpenFixClientDetails{});
+  Save(window, QStringLiteral("frmInitialSetup_ClientDetails"));
+  CloseScreen();
+  window->Tools().navigator.Open(OpenScheduleClients{});
+  Save(window, QStringLiteral("frmInitialSetup_Schedules"));
+  CloseScreen();
+}
+
 void Shots::SetupDialogs() {
+  FirstDay();
   MainMenuMDI* window = program_.MainMenu();
   window->Tools().navigator.Open(OpenEmployees{});
   window->findChild<Grid*>(QStringLiteral("lstEmployees"))->SelectFirst();

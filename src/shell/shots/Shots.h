@@ -49,6 +49,7 @@ class Shots {
   void SaveRequest(const Request& request) {
     SaveDialog([&] { program_.MainMenu()->Tools().navigator.Open(request); });
   }
+  void FirstDay();
   void SetupDialogs();
   void CloseScreen();
   void Menus();
