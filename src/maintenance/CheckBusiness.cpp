@@ -28,7 +28,9 @@ struct Link {
 // the reference lists can be edited at any time, and a monthly run that comes to nothing leaves its
 // burnt number in the jobs.
 constexpr Link kLinks[] = {
-    {"Diary_Services", "Diary_Service_ID", "Diary_ID", "Diary", "Diary_ID", Weight::Wrong},
+    // The future of a cancelled client goes without its lines; the repair of all records takes
+    // them.
+    {"Diary_Services", "Diary_Service_ID", "Diary_ID", "Diary", "Diary_ID", Weight::Note},
     {"Diary", "Diary_ID", "Client_ID", "Clients", "Client_ID", Weight::Wrong},
     {"Diary", "Diary_ID", "Payment_ID", "Payments", "Payment_ID", Weight::Wrong},
     {"Diary", "Diary_ID", "Invoice_ID", "Invoices", "Invoice_ID", Weight::Note},

@@ -12,10 +12,12 @@ TEST_F(CompanionTest, CheckTellsWhatIsWrongAndFails) {
   EXPECT_EQ(Done({"check", "good.mdb"}), "good.mdb: in order\n");
   Done({"sql", "good.mdb", "UPDATE Diary SET Invoice_ID = 4711 WHERE Diary_ID = 1"});
   EXPECT_TRUE(Done({"check", "good.mdb"}).startsWith("note:  Diary: Invoice_ID"));
-  Done({"sql", "good.mdb", "INSERT INTO Diary_Services (Diary_ID) VALUES (99999)"});
+  Done(
+      {"sql", "good.mdb", "INSERT INTO Client_Services (Client_ID, Service_ID) VALUES (99999, 1)"});
   const Result result = Run({"check", "good.mdb"});
   EXPECT_EQ(result.exitCode, 1);
-  EXPECT_TRUE(result.out.contains("wrong: Diary_Services: Diary_ID points to nothing in Diary"));
+  EXPECT_TRUE(
+      result.out.contains("wrong: Client_Services: Client_ID points to nothing in Clients"));
   EXPECT_EQ(result.err, "quillaryctl: good.mdb: 1 findings\n");
 }
 

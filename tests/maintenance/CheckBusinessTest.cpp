@@ -34,7 +34,7 @@ struct Spoilt {
 TEST_F(CheckTest, EachFaultIsFoundAndNothingElse) {
   const Spoilt cases[] = {
       {"a line whose job is gone", "INSERT INTO Diary_Services (Diary_ID) VALUES (99999)",
-       "wrong Diary_Services Diary_ID points to nothing in Diary, 1 row: "},
+       "note Diary_Services Diary_ID points to nothing in Diary, 1 row: "},
       {"a service whose client is gone",
        "INSERT INTO Client_Services (Client_ID, Service_ID) VALUES (99999, 1)",
        "wrong Client_Services Client_ID points to nothing in Clients"},
