@@ -114,5 +114,6 @@ std::vector<Command> MailCommands();
 std::vector<Command> YearEndCommands();
 std::vector<Command> QuoteCommands();
 std::vector<Command> BudgetCommands();
+std::vector<Command> OlderCommands();
 
 }  // namespace quillary::cli

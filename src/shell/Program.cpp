@@ -19,6 +19,7 @@
 #include "mail/screens/MailScreens.h"
 #include "maintenance/DatabaseVersion.h"
 #include "maintenance/screens/MaintenanceScreens.h"
+#include "older/screens/frmConvY12RY1.h"
 #include "reports/screens/ReportScreens.h"
 #include "session/AccessConversion.h"
 #include "session/ProgramFolder.h"
@@ -135,6 +136,8 @@ void Program::ShowMainMenu(Business& business) {
 void Program::RegisterScreens(Business& business) {
   maintenance::RegisterMaintenanceScreens(business, settings_, mainMenu_->Tools(),
                                           session::ArchiveUnder(settings_.Folder()));
+  older::RegisterOlderScreens(business, mainMenu_->Tools(),
+                              session::ArchiveUnder(settings_.Folder()));
   setup::RegisterSetupScreens(business, mainMenu_->Tools(), settings_.Folder());
   link::RegisterLinkScreens(business, mainMenu_->Tools(), settings_.Folder());
   lists::RegisterListScreens(business, mainMenu_->Tools());

@@ -3,6 +3,7 @@
 #include "diary/JobServices.h"
 #include "fault/worker/BookWork.h"
 #include "maintenance/Salvage.h"
+#include "older/ImportOlder.h"
 #include "roll/ScheduleEngine.h"
 #include "session/AccessConversion.h"
 #include "session/StartUp.h"
@@ -127,6 +128,9 @@ int Run(const QString& work, const QString& file, int operation, const QString& 
     const auto business = Open(outside, work, file);
     if (work == u"roll") roll::AdvanceScheduleGlobally(*business);
     if (work == u"save") SaveMuch(*business);
+    if (work == u"import")
+      older::ImportOlder(*business, accessFile,
+                         QFileInfo(file).absolutePath() + QStringLiteral("/Archive"));
     if (const auto books = BookWork(work)) books(*business);
     if (work == u"ladder") session::UpgradeFile(*business, business->DatabaseFolder());
     if (work == u"hold") {
