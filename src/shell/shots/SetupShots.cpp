@@ -60,6 +60,7 @@ void Shots::SetupDialogs() {
   SaveRequest(OpenCreateCustomBackup{});
   SaveRequest(OpenRestoreBackup{});
   SaveRequest(OpenCreateDBOfTransferred{});
+  SaveRequest(ImportFromBravantiOne{});
 }
 
 }  // namespace quillary::shell
