@@ -71,7 +71,7 @@ TEST_F(ReportTest, ALogoKeepsItsShapeAndIsLinked) {
                           folder.filePath("Files/La{w}ns.jpg")));
   const ReportDocument done = Letter("Invoice.rtf");
   ASSERT_EQ(done.pages.pages[0].pictures.size(), 2u);
-  const PagePicture& second = done.pages.pages[0].pictures[1];  // 60 x 40 pixels
+  const PagePicture second = done.pages.pages[0].pictures[1];  // 60 x 40 pixels
   EXPECT_NEAR(second.width, 1500, 0.01);
   EXPECT_NEAR(second.y, 725 + 1000, 0.01);
   EXPECT_TRUE(done.troubles.isEmpty());

@@ -77,9 +77,13 @@ std::optional<Value> ReadValue(QDataStream& in) {
 
 std::optional<AccessTable> ReadTable(QDataStream& in) {
   AccessTable table;
+  quint32 leftOut = 0;
   quint32 columns = 0;
-  in >> table.schema.name >> table.columnsLeftOut >> table.declaredRows >> table.lastCounter >>
-      columns;
+  in >> table.schema.name >> leftOut;
+  // One by one: Qt would make room for as many as are announced before it looks for the first.
+  for (quint32 i = 0; i < leftOut && in.status() == QDataStream::Ok; ++i)
+    table.columnsLeftOut += Read<QString>(in).ToText();
+  in >> table.declaredRows >> table.lastCounter >> columns;
   for (quint32 i = 0; i < columns && in.status() == QDataStream::Ok; ++i) {
     jet::Column column;
     quint8 type = 0;
@@ -109,7 +113,9 @@ QByteArray PackTables(const std::vector<AccessTable>& tables) {
   out.setVersion(kStreamVersion);
   out << static_cast<quint32>(tables.size());
   for (const AccessTable& table : tables) {
-    out << table.schema.name << table.columnsLeftOut << table.declaredRows << table.lastCounter
+    out << table.schema.name << static_cast<quint32>(table.columnsLeftOut.size());
+    for (const QString& column : table.columnsLeftOut) out << column;
+    out << table.declaredRows << table.lastCounter
         << static_cast<quint32>(table.schema.columns.size());
     for (const jet::Column& column : table.schema.columns) {
       out << column.name << static_cast<quint8>(column.type) << static_cast<qint32>(column.width);
