@@ -21,7 +21,7 @@ const std::vector<Command>& AllCommands() {
           PurchaseCommands(), BankingCommands(),    DocumentCommands(), ReportCommands(),
           RepairCommands(),   BackupCommands(),     SettingsCommands(), ImportClientsCommands(),
           TodayCommands(),    HeadOfficeCommands(), MailCommands(),     YearEndCommands(),
-          QuoteCommands(),    BudgetCommands(), OlderCommands()}) {
+          QuoteCommands(),    BudgetCommands(),     OlderCommands()}) {
       all.insert(all.end(), group.begin(), group.end());
     }
     return all;
