@@ -39,14 +39,16 @@ Manual::Manual(const QString& folder) : folder_(folder) {
   for (auto match = link.globalMatch(index); match.hasNext();) pages += match.next().captured(1);
   pages.removeDuplicates();
   for (const QString& page : pages) ReadPage(page);
+  for (const Passage& passage : passages_)
+    if (passage.level == 1) headings_.insert(passage.place.section(u'#', 0, 0), passage.place);
 }
 
 void Manual::ReadPage(const QString& file) {
-  static const QRegularExpression head(QStringLiteral("<h([1-3])>(.*?)</h\\1>"));
+  static const QRegularExpression heading(QStringLiteral("<h([1-3])>(.*?)</h\\1>"));
   static const QRegularExpression anchor(QStringLiteral("<a name=\"([^\"]+)\">"));
   const QString page = ReadWhole(QDir(folder_).filePath(file));
   std::vector<QRegularExpressionMatch> heads;
-  for (auto match = head.globalMatch(page); match.hasNext();) heads.push_back(match.next());
+  for (auto match = heading.globalMatch(page); match.hasNext();) heads.push_back(match.next());
   for (size_t at = 0; at < heads.size(); ++at) {
     const QString inner = heads[at].captured(2);
     const QString name = anchor.match(inner).captured(1);
@@ -60,6 +62,11 @@ void Manual::ReadPage(const QString& file) {
   for (size_t at = 0; at < anchors.size(); ++at) {
     const QString name = anchors[at].captured(1);
     places_.insert(name, file + u'#' + name);
+    // The last heading that begins before the name does, or that holds it.
+    for (size_t head = 0; head < heads.size(); ++head)
+      if (heads[head].capturedStart() < anchors[at].capturedStart())
+        headings_.insert(file + u'#' + name,
+                         passages_[passages_.size() - heads.size() + head].place);
     // Names that stand side by side share what follows them.
     size_t last = at;
     while (last + 1 < anchors.size() &&

@@ -28,6 +28,8 @@ class Manual {
   const std::vector<Passage>& Passages() const { return passages_; }
   /// Where the name is explained; empty when it is not.
   QString PlaceOf(const QString& name) const { return places_.value(name); }
+  /// The place of the heading under which a place lies; the same for a heading's own.
+  QString HeadingOf(const QString& place) const { return headings_.value(place, place); }
   /// All names that are explained.
   QStringList Names() const { return places_.keys(); }
   /// What stands behind the name, up to the next name: the words that explain it.
@@ -43,6 +45,7 @@ class Manual {
   std::vector<Passage> passages_;
   QHash<QString, QString> places_;
   QHash<QString, QString> words_;
+  QHash<QString, QString> headings_;
 };
 
 /// Where the manual of this installation lies, seen from the folder of the running program. Empty

@@ -10,6 +10,7 @@
 #include <QSet>
 #include <QTextBrowser>
 #include <QTimer>
+#include <QWindow>
 
 namespace quillary {
 namespace {
@@ -224,7 +225,8 @@ TEST_F(ManualTest, F1ExplainsTheMarkedCommandAndADialogThatWaits) {
     EXPECT_TRUE(ShownPlace().endsWith("#frmAbout")) << ShownPlace().toStdString();
     for (QWidget* window : QApplication::topLevelWidgets())
       if (window->objectName() == "frmManual") {
-        EXPECT_EQ(window->parentWidget(), dialog) << "or the dialog would keep it from being used";
+        EXPECT_EQ(window->windowHandle()->transientParent(), dialog->windowHandle())
+            << "or the dialog would keep it from being used";
       }
     dialog->done(QDialog::Rejected);
   });

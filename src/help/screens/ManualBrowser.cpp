@@ -4,12 +4,13 @@
 
 #include <QEvent>
 #include <QFileInfo>
+#include <QScrollBar>
 
 namespace quillary::help {
 
 namespace {
 
-constexpr int kPictureWidth = 700;
+constexpr int kPictureWidth = 860;
 
 QString PageStyle(const Roles& roles) {
   return QStringLiteral(
@@ -32,6 +33,10 @@ ManualBrowser::ManualBrowser() {
   setOpenLinks(false);
   setFrameShape(QFrame::NoFrame);
   document()->setDocumentMargin(24);
+  // Once the user has settled on a size.
+  later_.setSingleShot(true);
+  later_.setInterval(100);
+  connect(&later_, &QTimer::timeout, this, &ManualBrowser::ShowAnew);
   connect(this, &QTextBrowser::anchorClicked, this, [this](const QUrl& link) {
     if (link.isRelative() || link.isLocalFile())
       setSource(link);
@@ -53,21 +58,42 @@ QVariant ManualBrowser::LoadPicture(const QUrl& name) {
   if (picture.isNull()) return {};
   // Drawn with all the dots that the display has.
   const qreal dots = devicePixelRatioF();
-  const int width = qRound(qMin<qreal>(kPictureWidth, picture.width()) * dots);
+  const int width = qRound(qMin(pictureWidth_, picture.width()) * dots);
   picture = picture.scaledToWidth(width, Qt::SmoothTransformation);
   picture.setDevicePixelRatio(dots);
   return picture;
 }
 
 void ManualBrowser::doSetSource(const QUrl& name, QTextDocument::ResourceType type) {
-  // The same page again keeps its place unless another is named.
+  pictureWidth_ = RoomForPictures();
   QTextBrowser::doSetSource(name, type);
+  shown_ = source().resolved(name);
   if (name.hasFragment()) scrollToAnchor(name.fragment());
+  emit shown();
+}
+
+void ManualBrowser::ShowAnew() {
+  if (source().isEmpty()) return;
+  const QScrollBar* bar = verticalScrollBar();
+  const double place = bar->maximum() > 0 ? double(bar->value()) / bar->maximum() : 0;
+  pictureWidth_ = RoomForPictures();
+  reload();
+  verticalScrollBar()->setValue(qRound(place * verticalScrollBar()->maximum()));
+}
+
+int ManualBrowser::RoomForPictures() const {
+  const int room = viewport()->width() - 2 * int(document()->documentMargin()) - 2;
+  return qBound(160, room, kPictureWidth);
+}
+
+void ManualBrowser::resizeEvent(QResizeEvent* event) {
+  QTextBrowser::resizeEvent(event);
+  if (RoomForPictures() != pictureWidth_) later_.start();
 }
 
 void ManualBrowser::changeEvent(QEvent* event) {
   QTextBrowser::changeEvent(event);
-  if (event->type() == QEvent::PaletteChange && !source().isEmpty()) reload();
+  if (event->type() == QEvent::PaletteChange) later_.start();
 }
 
 }  // namespace quillary::help

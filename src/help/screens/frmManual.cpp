@@ -4,10 +4,10 @@
 #include "kit/Layouts.h"
 #include "kit/Shortcuts.h"
 
-#include <QDialog>
 #include <QKeyEvent>
 #include <QSplitter>
 #include <QVBoxLayout>
+#include <QWindow>
 
 namespace quillary::help {
 
@@ -31,6 +31,7 @@ frmManual::frmManual(const Manual& manual, Desktop& desktop, Prompter& prompter,
   lblFound = MakeLabel("lblFound", {}, LabelRole::Hint);
   lstPassages = Named(new QListWidget, "lstPassages", tr("Contents"));
   lstPassages->setTextElideMode(Qt::ElideRight);
+  lstPassages->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   txtManual = new ManualBrowser;
   cmdBack = MakeButton("cmdBack", tr("&Back"), ButtonKind::Plain, "go-previous");
   cmdForward = MakeButton("cmdForward", tr("&Forward"), ButtonKind::Plain, "go-next");
@@ -43,7 +44,7 @@ frmManual::frmManual(const Manual& manual, Desktop& desktop, Prompter& prompter,
   });
   connect(lstPassages, &QListWidget::itemClicked, this, &frmManual::OpenLine);
   connect(lstPassages, &QListWidget::itemActivated, this, &frmManual::OpenLine);
-  connect(txtManual, &ManualBrowser::sourceChanged, this, &frmManual::MarkLine);
+  connect(txtManual, &ManualBrowser::shown, this, &frmManual::MarkLine);
   connect(txtManual, &ManualBrowser::leavesManual, this, &frmManual::LeaveFor);
   connect(txtManual, &QTextBrowser::backwardAvailable, cmdBack, &QWidget::setEnabled);
   connect(txtManual, &QTextBrowser::forwardAvailable, cmdForward, &QWidget::setEnabled);
@@ -123,8 +124,9 @@ void frmManual::ListFound(const QString& words) {
   lstPassages->clear();
   const auto found = manual_.Find(words);
   for (const Passage* passage : found) AddLine(*passage, false);
-  lblFound->setText(found.empty() ? tr("Nothing found. Fewer or shorter words find more.")
-                                  : tr("%n passage(s)", nullptr, int(found.size())));
+  lblFound->setText(found.empty()       ? tr("Nothing found. Fewer or shorter words find more.")
+                    : found.size() == 1 ? tr("1 passage")
+                                        : tr("%1 passages").arg(found.size()));
   lblFound->show();
 }
 
@@ -133,9 +135,12 @@ void frmManual::OpenLine(const QListWidgetItem* line) {
 }
 
 void frmManual::MarkLine() {
-  const QString place = txtManual->source().toString();
+  const QUrl page = txtManual->Shown();
+  QString place = page.fileName();
+  if (page.hasFragment()) place += u'#' + page.fragment();
+  const QString heading = manual_.HeadingOf(place);
   for (int at = 0; at < lstPassages->count(); ++at)
-    if (place.endsWith(u'/' + lstPassages->item(at)->data(kPlaceRole).toString()))
+    if (lstPassages->item(at)->data(kPlaceRole).toString() == heading)
       return lstPassages->setCurrentRow(at);
 }
 
@@ -149,19 +154,11 @@ void frmManual::ShowPlace(const QString& place) {
 }
 
 void frmManual::StandOver(QWidget* dialog) {
-  if (parentWidget() != dialog) {
-    const QRect place = geometry();
-    const bool moved = isVisible();
-    setParent(dialog, Qt::Window);
-    if (moved) setGeometry(place);
-    // The dialog must not take it along when it goes.
-    if (auto* waiting = qobject_cast<QDialog*>(dialog))
-      connect(waiting, &QDialog::finished, this, [this, waiting] {
-        if (parentWidget() != waiting) return;
-        const bool shown = isVisible();
-        StandOver(nullptr);
-        setVisible(shown);
-      });
+  winId();  // makes the window, whose leader is then the dialog's; Qt blocks all others meanwhile
+  QWindow* leader = dialog ? dialog->windowHandle() : nullptr;
+  if (windowHandle()->transientParent() != leader) {
+    hide();
+    windowHandle()->setTransientParent(leader);
   }
   show();
   raise();
