@@ -18,6 +18,7 @@ QString PageStyle(const Roles& roles) {
              "h2 { font-size: 14pt; font-weight: 600; margin-top: 24px; margin-bottom: 6px; }"
              "h3 { font-size: 11pt; font-weight: 600; margin-top: 16px; margin-bottom: 4px; }"
              "p { margin-top: 6px; margin-bottom: 6px; line-height: 130%; }"
+             ".picture { line-height: 100%; margin-top: 12px; margin-bottom: 12px; }"
              "li { margin-top: 3px; margin-bottom: 3px; line-height: 130%; }"
              "th { text-align: left; padding: 4px 16px 4px 0; color: %2; }"
              "td { padding: 4px 16px 4px 0; }"
