@@ -5,7 +5,7 @@ BUILD_PACKAGES=(
   qt6-base-dev libgl-dev
   libsqlite3-dev mdbtools-dev libglib2.0-dev
   libharfbuzz-dev libfribidi-dev
-  libcurl4-openssl-dev zlib1g-dev libpugixml-dev libgmime-3.0-dev
+  libcurl4-openssl-dev libseccomp-dev zlib1g-dev libpugixml-dev libgmime-3.0-dev
   cmark-gfm
   fonts-urw-base35 fonts-noto-core fonts-dejavu-core fonts-dejavu-extra fonts-droid-fallback
 )

@@ -2,7 +2,9 @@
 
 #include "base/DateTime.h"
 #include "base/Errors.h"
+#include "base/Version.h"
 #include "cli/Command.h"
+#include "cli/Completion.h"
 #include "cli/Parsing.h"
 
 namespace quillary::cli {
@@ -24,6 +26,13 @@ const std::vector<Command>& AllCommands() {
           QuoteCommands(),    BudgetCommands(),     OlderCommands()}) {
       all.insert(all.end(), group.begin(), group.end());
     }
+    all.push_back({"completion",
+                   "",
+                   "Prints what bash needs to complete this command line.",
+                   {},
+                   0,
+                   0,
+                   [](const Call& call) { PrintCompletion(AllCommands(), call.out); }});
     return all;
   }();
   return commands;
@@ -38,7 +47,7 @@ void PrintOptions(const std::vector<Option>& options, QTextStream& out) {
 }
 
 void PrintHelp(QTextStream& out) {
-  out << "quillaryctl [--today YYYY-MM-DD] [--json] COMMAND ...\n\n"
+  out << "Usage: quillaryctl [--today YYYY-MM-DD] [--json] COMMAND ...\n\n"
          "Works on a business file without a screen.\n\n"
          "Commands:\n";
   for (const Command& command : AllCommands()) {
@@ -75,6 +84,10 @@ int Run(const QStringList& words, QTextStream& out, QTextStream& err) {
   }
   if (line.help) {
     PrintHelp(out);
+    return kDone;
+  }
+  if (line.version) {
+    out << "quillaryctl " << VersionText() << '\n';
     return kDone;
   }
   CompanionWorld world(ClockFor(line), out, err);

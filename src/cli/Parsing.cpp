@@ -84,7 +84,8 @@ class Parser {
     line_.help = line_.arguments.Has("help");
     line_.json = line_.arguments.Has("json");
     line_.yes = line_.arguments.Has("yes");
-    if (line_.help) return;
+    line_.version = line_.arguments.Has("version");
+    if (line_.help || line_.version) return;
     line_.today = line_.arguments.Date("today");
     if (line_.command == nullptr) throw WrongUsage(QStringLiteral("a command is missing"));
     const auto given = line_.arguments.positional.size();
@@ -140,6 +141,7 @@ const std::vector<Option>& GlobalOptions() {
       {"today", "YYYY-MM-DD", "take that day for today"},
       {"json", nullptr, "print JSON"},
       {"yes", nullptr, "answer questions with Yes instead of No"},
+      {"version", nullptr, "print which version this is, and do nothing"},
       {"help", nullptr, "print help, also on a command, and do nothing"},
   };
   return options;

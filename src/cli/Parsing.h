@@ -17,6 +17,7 @@ struct CommandLine {
   bool help = false;
   bool json = false;
   bool yes = false;
+  bool version = false;
   std::optional<QDate> today;
 };
 

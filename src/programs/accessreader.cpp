@@ -52,7 +52,8 @@ void SendRows(MdbFile& file) {
 
 void SendFile(const QString& path) {
   MdbFile file(path);
-  if (!ForbidFiles()) throw UnreadableFile(QStringLiteral("the reader cannot be limited"));
+  if (!ForbidAllButReading(kPipe))
+    throw UnreadableFile(QStringLiteral("the reader cannot be limited"));
   const std::vector<AccessTable> tables = file.ReadTables();
   Send(wire::FrameKind::Tables, wire::PackTables(tables));
   for (size_t i = 0; i < tables.size(); ++i) {

@@ -1,11 +1,11 @@
 #include "base/Errors.h"
+#include "base/Version.h"
 #include "kit/Theme.h"
 #include "session/ProgramFolder.h"
 #include "shell/DayRun.h"
 #include "shell/Ports.h"
 #include "shell/Program.h"
 #include "shell/ProgramIcon.h"
-#include "shell/Version.h"
 
 #include <QApplication>
 #include <QLoggingCategory>
@@ -67,6 +67,8 @@ Options ReadOptions(const QStringList& arguments) {
       options.help = true;
     else if (word == u"--version")
       options.version = true;
+    else if (!word.startsWith(u'-') && options.file.isEmpty())
+      options.file = word;  // what the desktop says for a business that was double-clicked
     else
       options.rest += word;
   }
@@ -74,11 +76,18 @@ Options ReadOptions(const QStringList& arguments) {
 }
 
 const char* const kHelp =
-    "Usage: quillary [-i] [--file PATH] [--day-run DIR]\n"
+    "Usage: quillary [-i] [--day-run DIR] [[--file] PATH]\n"
+    "\n"
+    "Runs a home-services business, which is one file, from one desk. Where the business is open\n"
+    "already, its window comes to the front.\n"
+    "\n"
+    "Options:\n"
     "  -i             opens the first-run setup again\n"
     "  --file PATH    opens this business file without asking\n"
     "  --day-run DIR  does the day's first job without a user and lays a picture of the\n"
-    "                 main window into DIR\n";
+    "                 main window into DIR\n"
+    "  --version      says which version this is\n"
+    "  --help         says this\n";
 
 int RunDesktop(DesktopApplication& application, const Options& options) {
   shell::DesktopPorts ports;
@@ -103,7 +112,8 @@ int RunDesktop(DesktopApplication& application, const Options& options) {
 /// What needs no display is answered before one is asked for. Nothing when the program is to run.
 std::optional<int> AnswerWithoutDisplay(const Options& options) {
   if (options.help || options.version) {
-    std::cout << (options.help ? kHelp : qPrintable(shell::VersionText() + u'\n'));
+    std::cout << (options.help ? kHelp
+                               : qPrintable(QStringLiteral("quillary %1\n").arg(VersionText())));
     return 0;
   }
   if (options.wrong.isEmpty()) return std::nullopt;
@@ -123,7 +133,7 @@ int main(int argc, char** argv) {
 
   DesktopApplication application(argc, argv);
   QApplication::setApplicationName(QStringLiteral("Quillary"));
-  QApplication::setApplicationVersion(shell::VersionText());
+  QApplication::setApplicationVersion(VersionText());
   QApplication::setDesktopFileName(QStringLiteral("quillary"));
   QApplication::setQuitOnLastWindowClosed(false);  // the main window decides when we leave
   QApplication::setWindowIcon(shell::ProgramIcon());

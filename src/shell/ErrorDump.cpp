@@ -1,7 +1,7 @@
 #include "shell/ErrorDump.h"
 
+#include "base/Version.h"
 #include "kit/Screen.h"
-#include "shell/Version.h"
 
 #include <QAbstractButton>
 #include <QComboBox>

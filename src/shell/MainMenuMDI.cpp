@@ -1,13 +1,13 @@
 #include "shell/MainMenuMDI.h"
 
 #include "base/Text.h"
+#include "base/Version.h"
 #include "data/ActivityLog.h"
 #include "kit/Controls.h"
 #include "kit/Theme.h"
 #include "session/BusinessFacts.h"
 #include "shell/MainMenuMDI_Splash.h"
 #include "shell/ProgramIcon.h"
-#include "shell/Version.h"
 
 #include <QMenuBar>
 #include <QStatusBar>

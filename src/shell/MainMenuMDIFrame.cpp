@@ -1,8 +1,8 @@
+#include "base/Version.h"
 #include "data/ActivityLog.h"
 #include "session/StartUp.h"
 #include "shell/MainMenuMDI.h"
 #include "shell/ProgramIcon.h"
-#include "shell/Version.h"
 
 #include <QAbstractButton>
 #include <QApplication>

@@ -1,8 +1,8 @@
 #include "shell/MainMenuMDI_Splash.h"
 
+#include "base/Version.h"
 #include "kit/Controls.h"
 #include "shell/ProgramIcon.h"
-#include "shell/Version.h"
 
 #include <QApplication>
 #include <QTimer>

@@ -59,6 +59,7 @@ Program::Program(const Outside& outside, Navigator& navigator, const QString& pr
 }
 
 Program::~Program() {
+  frontDoor_.reset();
   // The screens refer to the business until they go.
   mainMenu_.reset();
 }
@@ -79,6 +80,10 @@ std::unique_ptr<Business> Program::SelectDatabaseToAccess() {
     if (!QFileInfo(file_).isFile()) {
       outside_.prompter.Tell(Tone::Exclamation,
                              QStringLiteral("Couldn't find the database file : ") + file_);
+      return nullptr;
+    }
+    if (AskToTheFront(file_, settings_.Folder())) {
+      userLeft_ = true;
       return nullptr;
     }
     const QString opened = session::ConvertIfAccessFile(
@@ -131,6 +136,7 @@ void Program::ShowMainMenu(Business& business) {
   mainMenu_ = std::make_unique<MainMenuMDI>(business, settings_, navigator_, runner_);
   RegisterScreens(business);
   mainMenu_->ShowYourself();
+  frontDoor_ = std::make_unique<FrontDoor>(business.DatabaseFile(), settings_.Folder(), *mainMenu_);
 }
 
 void Program::RegisterScreens(Business& business) {

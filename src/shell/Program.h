@@ -6,6 +6,7 @@
 #include "mail/MailsUnderWay.h"
 #include "session/StartUp.h"
 #include "session/Support.h"
+#include "shell/FrontDoor.h"
 #include "shell/MainMenuMDI.h"
 #include "shell/frmStartUp.h"
 
@@ -24,7 +25,8 @@ class Program : private session::StartUpScreens {
   void UseFile(const QString& path) { file_ = path; }
   /// Runs the start-up sequence. False when it ended early; the user has been told why.
   bool Start(const QString& commandLine);
-  /// Whether the start ended because the user chose no file, which is no failure.
+  /// Whether the start ended because the user chose no file, or one whose window is there already,
+  /// which is no failure.
   bool UserLeft() const { return userLeft_; }
 
   MainMenuMDI* MainMenu() { return mainMenu_.get(); }
@@ -62,6 +64,7 @@ class Program : private session::StartUpScreens {
   std::unique_ptr<Business> business_;
   std::unique_ptr<mail::MailsUnderWay> mails_;
   std::unique_ptr<MainMenuMDI> mainMenu_;
+  std::unique_ptr<FrontDoor> frontDoor_;
 };
 
 }  // namespace quillary::shell

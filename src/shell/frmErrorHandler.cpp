@@ -1,9 +1,9 @@
 #include "shell/frmErrorHandler.h"
 
+#include "base/Version.h"
 #include "base/ports/requests/Mail.h"
 #include "kit/Controls.h"
 #include "session/Support.h"
-#include "shell/Version.h"
 
 #include <QApplication>
 #include <QFontDatabase>

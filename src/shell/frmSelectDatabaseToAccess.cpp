@@ -5,6 +5,7 @@
 #include "session/AccessConversion.h"
 #include "session/ProgramFolder.h"
 #include "session/StartUp.h"
+#include "shell/FrontDoor.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -18,8 +19,8 @@ namespace quillary::shell {
 
 namespace {
 
-const QString kForm = QStringLiteral("Form");
-const QString kShow = QStringLiteral("Show DB Selection");
+const QString kSelection = QStringLiteral("Form");
+const QString kShowSelection = QStringLiteral("Show DB Selection");
 
 }  // namespace
 
@@ -107,8 +108,8 @@ void frmSelectDatabaseToAccess::Load() {
   // the program's folder.
   if (proposed.isEmpty()) proposed = QDir(programFolder_).filePath(QStringLiteral("DATA.MDB"));
   Propose(proposed);
-  chkShowThisWindow->setChecked(outside_.settings.Read(kForm, kShow, QStringLiteral("1")).toInt() !=
-                                0);
+  chkShowThisWindow->setChecked(
+      outside_.settings.Read(kSelection, kShowSelection, QStringLiteral("1")).toInt() != 0);
 }
 
 void frmSelectDatabaseToAccess::Propose(const QString& path) {
@@ -155,13 +156,14 @@ void frmSelectDatabaseToAccess::cmdOK_Click() {
 }
 
 void frmSelectDatabaseToAccess::Open(const QString& path) {
+  if (AskToTheFront(path, programFolder_)) return reject();
   const QString file =
       session::ConvertIfAccessFile(outside_, path, session::ArchiveUnder(programFolder_));
   if (file.isEmpty()) return;
   const BusyWhile busy(outside_.busy);
   recent_.PutInFront(file);
   recent_.Save();
-  outside_.settings.Write(kForm, kShow, chkShowThisWindow->isChecked() ? "1" : "0");
+  outside_.settings.Write(kSelection, kShowSelection, chkShowThisWindow->isChecked() ? "1" : "0");
   business_ = session::OpenDatabase(outside_, file, programFolder_);
   accept();
 }

@@ -1,8 +1,8 @@
+#include "base/Version.h"
 #include "base/ports/requests/Mail.h"
 #include "gui/GuiTest.h"
 #include "kit/CommandRunner.h"
 #include "shell/ErrorDump.h"
-#include "shell/Version.h"
 #include "shell/frmErrorHandler.h"
 
 #include <QPlainTextEdit>
@@ -33,7 +33,7 @@ TEST_F(ErrorScreenTest, DumpHasItsLinesInOrder) {
   const QStringList lines = shell::BuildErrorDump(report).split(u'\n');
   EXPECT_EQ(lines.first(), shell::GetSystemVersion());
   EXPECT_TRUE(lines.first().contains(" (Build "));
-  const QStringList expected = {"Version: " + shell::VersionText(),
+  const QStringList expected = {"Version: " + VersionText(),
                                 "Error: 91 - The statement gave no recordset",
                                 "Form: frmDiary",
                                 "Subroutine: LoadScheduleGrid",
@@ -160,7 +160,7 @@ TEST_F(ErrorScreenTest, MailsOnlyThroughItsOwnSender) {
     ClickOn(&screen, "cmdEmail");
     EXPECT_EQ(outside.prompter.TakeTold(), QStringList{told});
   }
-  EXPECT_EQ(sent, QStringList{"Quillary v" + shell::VersionText() + "|the dump"});
+  EXPECT_EQ(sent, QStringList{"Quillary v" + VersionText() + "|the dump"});
 }
 
 TEST_F(ErrorScreenTest, LastChanceTellsMemoryFromTheRest) {

@@ -1,6 +1,6 @@
 #include "data/access/ReaderProcess.h"
 
-#include "base/Text.h"
+#include "base/OwnPrograms.h"
 
 #include <QFileInfo>
 #include <QtEndian>
@@ -23,12 +23,8 @@ namespace {
 constexpr int kPipeOfReader = 3;
 constexpr size_t kGulp = 64 * 1024;
 
-/// Beside the running program, or where QUILLARY_ACCESS_READER says.
 QString ReaderProgram() {
-  const QString elsewhere = qEnvironmentVariable("QUILLARY_ACCESS_READER");
-  if (!elsewhere.isEmpty()) return elsewhere;
-  const QString self = QFileInfo(QStringLiteral("/proc/self/exe")).symLinkTarget();
-  return ParentFolder(self) + QStringLiteral("/quillary-accessreader");
+  return OwnProgram(QStringLiteral("quillary-accessreader"), "QUILLARY_ACCESS_READER");
 }
 
 AccessFailure CannotStart(const QString& program, int error) {
