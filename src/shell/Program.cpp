@@ -126,6 +126,7 @@ void Program::ShowFirstTime(Business& business) {
   link::RegisterLinkScreens(business, tools, settings_.Folder());
   lists::RegisterListScreens(business, tools);
   accounts::RegisterAccountScreens(business, tools);
+  older::RegisterOlderScreens(business, tools, session::ArchiveUnder(settings_.Folder()));
   // Their rules go by values that the start loads later, from a file of this version only.
   const Value version = business.LookupField(QStringLiteral("infSystem.Database_Version"));
   if (version.ToLong() == kSchemaVersion) LoadSharedValues(business);
