@@ -7,7 +7,8 @@ namespace {
 
 std::vector<DebtorRow> ListByBalance(Business& business, const Sql& balance, DebtorFilter filter) {
   Sql statement =
-      Sql("SELECT Client_ID, Status, Display_Name, Phone_1, Account_Balance, Statement_Type "
+      Sql("SELECT Client_ID, Status, Display_Name, Phone_1, Account_Balance, Statement_Type, "
+          "Debtor_Since "
           "FROM Clients WHERE ") +
       balance + Sql(" AND NOT(Account_Balance IS NULL) AND Is_Billed_To = Yes ");
   if (filter == DebtorFilter::Active) {
@@ -18,7 +19,8 @@ std::vector<DebtorRow> ListByBalance(Business& business, const Sql& balance, Deb
     rows.push_back({Id<Client>(row[u"Client_ID"].ToLong()), row[u"Display_Name"].ToText(),
                     StoredClientStatus(row[u"Status"].ToText()), row[u"Phone_1"].ToText(),
                     -row[u"Account_Balance"].ToMoney(),
-                    StoredStatementType(row[u"Statement_Type"].ToText())});
+                    StoredStatementType(row[u"Statement_Type"].ToText()),
+                    row[u"Debtor_Since"].ToDate()});
   }
   return rows;
 }

@@ -21,6 +21,7 @@ struct DebtorRow {
   QString phone1;
   Money amountOwing;  // the balance negated, so a creditor's is negative
   StoredStatementType statementType;
+  QDate since = {};  // when the debt began; invalid for a creditor
 };
 
 /// Active takes in active clients, billing addresses and bad debtors.

@@ -34,8 +34,11 @@ std::optional<Visit> LoadVisit(Business& business, Id<Entry> entry) {
 }
 
 std::optional<Refusal> CheckVisit(const Visit& visit) {
-  if (visit.employee) return std::nullopt;
-  return Refusal{QStringLiteral("Please select an employee."), QStringLiteral("employee")};
+  if (!visit.client)
+    return Refusal{QStringLiteral("Please select a client."), QStringLiteral("client")};
+  if (!visit.employee)
+    return Refusal{QStringLiteral("Please select an employee."), QStringLiteral("employee")};
+  return std::nullopt;
 }
 
 std::optional<Refusal> SaveVisit(Business& business, Visit& visit) {

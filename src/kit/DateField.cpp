@@ -11,6 +11,7 @@
 #include <QMenu>
 #include <QRegularExpression>
 #include <QTextCharFormat>
+#include <QToolTip>
 #include <QWidgetAction>
 
 namespace quillary {
@@ -64,11 +65,17 @@ void DateField::Choose(QDate date) {
 }
 
 void DateField::TakeTyped() {
-  const auto typed = ParseTypedDate(WithoutWeekday(text()), today_);
-  if (typed && *typed != date_)
-    Choose(*typed);
-  else
-    SetDate(date_);
+  const QString words = text().trimmed();
+  const auto typed = ParseTypedDate(WithoutWeekday(words), today_);
+  if (typed && *typed != date_) return Choose(*typed);
+  SetDate(date_);
+  if (!typed && !words.isEmpty()) SayRefused(words);
+}
+
+void DateField::SayRefused(const QString& typed) {
+  const QString stays = text().isEmpty() ? tr("It is left blank.") : tr("%1 stays.").arg(text());
+  QToolTip::showText(mapToGlobal(QPoint(0, height())),
+                     tr("\"%1\" is no day. %2").arg(typed.toHtmlEscaped(), stays), this);
 }
 
 QCalendarWidget* MakeCalendar(const char* name, QDate shown, QDate today) {

@@ -9,7 +9,7 @@ namespace quillary {
 
 /// A day, typed as an owner types it ("2/11", "2 Nov 26", "2026-11-02") or picked from a calendar
 /// (the arrow, Alt+Down or F4). Up and Down move by a day, Page Up and Page Down by a month. What
-/// is no date falls back to the day that stood there.
+/// is no date falls back to the day that stood there, and a note below the field says so.
 class DateField : public QLineEdit {
   Q_OBJECT
 
@@ -32,6 +32,7 @@ class DateField : public QLineEdit {
 
  private:
   void TakeTyped();
+  void SayRefused(const QString& typed);
   void Choose(QDate date);
   void ShowPicker();
   void DressArrow();

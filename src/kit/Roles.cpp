@@ -23,9 +23,10 @@ Roles MakeLight() {
   r.strip = QColor("#F4F5F7");
   r.raised = QColor("#F8F9FB");
   r.line = QColor("#DCDFE4");
+  r.edge = QColor("#7F8796");
   r.softLine = QColor("#ECEFF3");
   r.text = QColor("#1D2330");
-  r.muted = QColor("#667085");
+  r.muted = QColor("#5C667A");
   r.faint = QColor("#A3AAB8");
   r.accent = QColor("#1F6F54");
   r.onAccent = QColor("#FFFFFF");
@@ -53,9 +54,10 @@ Roles MakeDark() {
   r.strip = QColor("#1E2126");
   r.raised = QColor("#2B3037");
   r.line = QColor("#3A3F48");
+  r.edge = QColor("#7A8291");
   r.softLine = QColor("#2E333B");
   r.text = QColor("#E7E9EE");
-  r.muted = QColor("#9AA3B2");
+  r.muted = QColor("#ABB3C1");
   r.faint = QColor("#636B79");
   r.accent = QColor("#4FB08C");
   r.onAccent = QColor("#10231B");

@@ -22,7 +22,8 @@ struct Roles {
   QColor surface;   // screens, menus, fields
   QColor strip;     // behind the tabs
   QColor raised;    // table heads, status bar, wells
-  QColor line;      // around fields and tables
+  QColor line;      // around tables and groups
+  QColor edge;      // around what can be typed into or ticked: 3:1 against what is behind it
   QColor softLine;  // between rows
   QColor text;
   QColor muted;   // labels, hints

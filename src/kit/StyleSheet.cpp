@@ -89,11 +89,12 @@ QPushButton[kind="go"][shape="headline"] { color: @text; font-size: 22px; font-w
 QPushButton[kind="go"][shape="headline"]:hover { background: transparent; color: @accent; }
 QPushButton[web="true"] { color: @accent; text-decoration: underline; padding: 2px 4px; }
 QLineEdit, QComboBox, QPlainTextEdit, QTextEdit { background: @surface; color: @text;
-  border: 1px solid @line; border-radius: 5px; padding: 5px 9px;
+  border: 1px solid @edge; border-radius: 5px; padding: 5px 9px;
   selection-background-color: @selection; selection-color: @text; }
 QLineEdit, QComboBox { min-height: 19px; }
 QLineEdit:focus, QComboBox:focus, QPlainTextEdit:focus, QTextEdit:focus { border-color: @accent; }
-QLineEdit:disabled, QComboBox:disabled { color: @faint; background: @raised; }
+QLineEdit:disabled, QComboBox:disabled { color: @faint; background: @raised;
+  border-color: @line; }
 QLineEdit:read-only, QPlainTextEdit:read-only { background: @raised; }
 QLineEdit[kind="search"] { background: @strip; }
 QComboBox:editable { padding: 0px 0px 0px 2px; min-height: 29px; }
@@ -182,7 +183,7 @@ QString HouseStyleSheet(bool dark) {
       {"@warning", r.warning},
       {"@danger", r.danger},
       {"@current", r.dark ? r.hover : QColor("#E8ECF1")},
-      {"@edge", r.Of(Hue::Neutral).edge.darker(r.dark ? 90 : 115)},
+      {"@edge", r.edge},
       {"@scroll", r.dark ? QColor("#4A515D") : QColor("#CBD0D9")},
   };
   QString sheet =

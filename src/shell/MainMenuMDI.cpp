@@ -57,6 +57,7 @@ void MainMenuMDI::BuildCommands() {
     AddShortcut(this, keys, tr("Closes the screen in front"), [this] {
       if (centre_->currentWidget() == tabs_) CloseTab(tabs_->currentIndex());
     });
+  AddTabShortcuts();
   Find("mnuHelpManual").setShortcut(QKeySequence::HelpContents);
   Find("mnuHelpShortcuts").setShortcut(QKeySequence(Qt::CTRL | Qt::Key_F1));
 }

@@ -70,12 +70,16 @@ class MainMenuMDI : public QMainWindow, public ScreenHost {
 
   Screen* ScreenAt(int tab) const;
   void CloseTab(int index);
+  void AddTabShortcuts();
+  void GoToTab(int index);
   bool AllTabsMayClose();
   void TabChanged();
   void YieldMnemonics(const Screen* screen);
   void RestoreWindow();
   void RestoreTabs();
   void StoreWindow();
+  void MakeTray();
+  void ComeBack();
   void LeaveTray();
 
   void FollowCommits();

@@ -7,8 +7,10 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QCloseEvent>
+#include <QMenu>
 #include <QScrollArea>
 #include <QSet>
+#include <QShortcut>
 #include <QTabBar>
 #include <QTimer>
 
@@ -65,6 +67,33 @@ void MainMenuMDI::CloseTab(int index) {
   area->deleteLater();
   if (tabs_->count() == 0) centre_->setCurrentIndex(0);
   TabChanged();
+  // The keys go on where the work does.
+  if (Screen* next = CurrentScreen(); next && !next->isAncestorOf(QApplication::focusWidget()))
+    next->setFocus();
+}
+
+void MainMenuMDI::AddTabShortcuts() {
+  // Of the window, so that they work where nothing has the focus, too.
+  const auto key = [this](const QKeySequence& keys, const QString& what, auto run) {
+    auto* shortcut = new QShortcut(keys, this);
+    shortcut->setWhatsThis(what);
+    connect(shortcut, &QShortcut::activated, this, run);
+  };
+  for (int number = 1; number <= 8; ++number)
+    key(Qt::CTRL | static_cast<Qt::Key>(Qt::Key_0 + number),
+        tr("Shows screen number %1").arg(number), [this, number] { GoToTab(number - 1); });
+  const auto step = [this](int by) {
+    if (const int count = tabs_->count()) GoToTab((tabs_->currentIndex() + by + count) % count);
+  };
+  key(Qt::CTRL | Qt::Key_Tab, tr("Shows the next screen"), [step] { step(1); });
+  key(Qt::CTRL | Qt::SHIFT | Qt::Key_Tab, tr("Shows the screen before"), [step] { step(-1); });
+}
+
+void MainMenuMDI::GoToTab(int index) {
+  if (index >= tabs_->count() || QApplication::activeModalWidget()) return;
+  tabs_->setCurrentIndex(index);
+  if (Screen* screen = CurrentScreen(); !screen->isAncestorOf(QApplication::focusWidget()))
+    screen->setFocus();
 }
 
 void MainMenuMDI::TabChanged() {
@@ -158,20 +187,35 @@ void MainMenuMDI::changeEvent(QEvent* event) {
   if (event->type() != QEvent::WindowStateChange) return;
   if (!isMinimized()) return LeaveTray();
   if (!QSystemTrayIcon::isSystemTrayAvailable()) return;
-  if (!tray_) {
-    tray_ = new QSystemTrayIcon(ProgramIcon(), this);
-    connect(tray_, &QSystemTrayIcon::activated, this,
-            [this](QSystemTrayIcon::ActivationReason reason) {
-              if (reason != QSystemTrayIcon::DoubleClick) return;
-              showNormal();
-              activateWindow();
-              LeaveTray();
-            });
-  }
+  if (!tray_) MakeTray();
   tray_->setToolTip(QStringLiteral("Quillary version ") + VersionText());
   tray_->show();
   // Hiding inside the change itself would be undone by it.
   QTimer::singleShot(0, this, &QWidget::hide);
+}
+
+void MainMenuMDI::MakeTray() {
+  tray_ = new QSystemTrayIcon(ProgramIcon(), this);
+  tray_->setObjectName(QStringLiteral("tray"));
+  auto* menu = new QMenu(this);
+  menu->setObjectName(QStringLiteral("mnuTray"));
+  connect(menu->addAction(tr("&Restore")), &QAction::triggered, this, &MainMenuMDI::ComeBack);
+  connect(menu->addAction(tr("E&xit")), &QAction::triggered, this, [this] {
+    ComeBack();  // what it asks is asked over the window
+    close();
+  });
+  tray_->setContextMenu(menu);
+  // Some trays send one click and never two, others two and never one.
+  connect(tray_, &QSystemTrayIcon::activated, this,
+          [this](QSystemTrayIcon::ActivationReason reason) {
+            if (reason != QSystemTrayIcon::Context) ComeBack();
+          });
+}
+
+void MainMenuMDI::ComeBack() {
+  showNormal();
+  activateWindow();
+  LeaveTray();
 }
 
 void MainMenuMDI::LeaveTray() {

@@ -202,6 +202,9 @@ TEST_F(JobsTest, LinesAreRefusedWithoutServiceOrSelection) {
 
 TEST_F(JobsTest, AVisitKeepsItsStateAndMayFallOnAHoliday) {
   AddHoliday("02/11");
+  Visit nobodys = NewVisit(business(), {});
+  nobodys.employee = Id<Employee>(1);
+  EXPECT_EQ(SaveVisit(business(), nobodys)->message, "Please select a client.");
   Visit visit = NewVisit(business(), client);
   visit.employee = {};
   EXPECT_EQ(SaveVisit(business(), visit)->message, "Please select an employee.");
@@ -234,7 +237,7 @@ TEST_F(JobsTest, AWriteThatIsRefusedOrHitsNothingLeavesAllAsItWas) {
   Job gone = job;
   gone.entry = Id<Entry>(99);
   gone.client = AddPayer();
-  Visit visit{.entry = gone.entry, .employee = Id<Employee>(1)};
+  Visit visit{.entry = gone.entry, .client = gone.client, .employee = Id<Employee>(1)};
   const JobServiceForm line{Id<EntryLine>(99), Id<Service>(1), Money::FromWhole(5)};
   const std::pair<const char*, std::function<void()>> cases[] = {
       {"a job that has gone is saved", [&] { SaveJob(business(), gone); }},

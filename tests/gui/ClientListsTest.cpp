@@ -64,9 +64,9 @@ TEST_F(ClientListsTest, DebtorsAndCreditorsAreComputedOnOpening) {
   auto* debtors = Find<Grid>(screen, "grdDebtors");
   auto* creditors = Find<Grid>(screen, "grdCreditors");
   ASSERT_EQ(RowCount(debtors), 1) << "a stale balance is put right first";
-  EXPECT_EQ(Cell(debtors, 0, 2) + Cell(debtors, 0, 6), "Abbott, Anna$55.00");
+  EXPECT_EQ(Cell(debtors, 0, 2) + Cell(debtors, 0, 7), "Abbott, Anna$55.00");
   ASSERT_EQ(RowCount(creditors), 1);
-  EXPECT_EQ(Cell(creditors, 0, 2) + Cell(creditors, 0, 6), "Strata Pty-$20.00");
+  EXPECT_EQ(Cell(creditors, 0, 2) + Cell(creditors, 0, 7), "Strata Pty-$20.00");
 
   Run(Sql("UPDATE Clients SET Status = 'Cancelled' WHERE Client_ID = 1"));
   Click(Find<QWidget>(screen, "chkActiveClients"));
@@ -74,7 +74,7 @@ TEST_F(ClientListsTest, DebtorsAndCreditorsAreComputedOnOpening) {
   Click(Find<QWidget>(screen, "chkActiveClients"));
   Run(Sql("UPDATE Diary SET Total_Price = 60"));
   navigator.Open(OpenDebtors{});
-  EXPECT_EQ(Cell(debtors, 0, 6), "$60.00") << "opening the open list computes anew";
+  EXPECT_EQ(Cell(debtors, 0, 7), "$60.00") << "opening the open list computes anew";
   debtors->SelectFirst();
   QTest::keyClick(debtors, Qt::Key_Return);
   EXPECT_EQ(host.shown->windowTitle(), "Client: Abbott, Anna");

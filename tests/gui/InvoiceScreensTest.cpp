@@ -194,6 +194,10 @@ TEST_F(InvoiceScreensTest, JobsOfANewInvoiceAreAttachedWithItsFirstSave) {
   UseDialog(AddInvoice{1_client, {}}, [&](Dialog& invoice) {
     Then([&](Dialog& list) {
       TickAll(&list);
+      outside.prompter.Expect("This job stands on another invoice:", Answer::No);
+      ClickOn(&list, "cmdAttachJobsToInvoice");
+      EXPECT_TRUE(list.isVisible());
+      outside.prompter.Expect("invoice 1001\n\nTake it off there?", Answer::Yes);
       ClickOn(&list, "cmdAttachJobsToInvoice");
     });
     ClickOn(&invoice, "cmdShowListOfJobs");

@@ -7,12 +7,16 @@
 #include "kit/Grid.h"
 #include "kit/InputHabits.h"
 #include "kit/Keys.h"
+#include "kit/Roles.h"
 #include "kit/Screen.h"
 #include "kit/Theme.h"
 #include "shell/MainMenuMDI_Splash.h"
 #include "support/ScriptedOutside.h"
 
 #include <QHeaderView>
+#include <QToolTip>
+
+#include <cmath>
 
 namespace quillary {
 namespace {
@@ -259,13 +263,14 @@ TEST_F(KitTest, DateFieldTakesWhatAnOwnerTypes) {
   struct Case {
     const char* typed;
     QDate date;
+    const char* told = "";
   };
   const QDate today(2026, 11, 2);
   const Case cases[] = {{"5/12", {2026, 12, 5}},
                         {"2026-11-30", {2026, 11, 30}},
                         {"Tue 3 Nov 2026", {2026, 11, 3}},
-                        {"31/11/2026", today},
-                        {"soon", today},
+                        {"31/11/2026", today, "\"31/11/2026\" is no day. Mon 2 Nov 2026 stays."},
+                        {"soon", today, "\"soon\" is no day. Mon 2 Nov 2026 stays."},
                         {"", today}};
   for (const Case& c : cases) {
     DateField field(today);
@@ -277,6 +282,9 @@ TEST_F(KitTest, DateFieldTakesWhatAnOwnerTypes) {
     QTest::keyClick(&field, Qt::Key_Return);
     EXPECT_EQ(field.Date(), c.date) << c.typed;
     EXPECT_EQ(field.text(), c.date.toString("ddd d MMM yyyy")) << c.typed;
+    EXPECT_EQ(QToolTip::text(), c.told) << c.typed;
+    QToolTip::hideText();
+    EXPECT_TRUE(QTest::qWaitFor([] { return !QToolTip::isVisible(); }));
   }
 }
 
@@ -290,6 +298,37 @@ TEST_F(KitTest, DateFieldMovesByKeys) {
     field.SetDate({2026, 11, 30});
     QTest::keyClick(&field, key);
     EXPECT_EQ(field.Date(), date) << key;
+  }
+}
+
+double Luminance(const QColor& colour) {
+  const auto part = [](double value) {
+    return value <= 0.03928 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
+  };
+  return 0.2126 * part(colour.redF()) + 0.7152 * part(colour.greenF()) +
+         0.0722 * part(colour.blueF());
+}
+
+double Contrast(const QColor& one, const QColor& other) {
+  const double first = Luminance(one);
+  const double second = Luminance(other);
+  return (std::max(first, second) + 0.05) / (std::min(first, second) + 0.05);
+}
+
+TEST_F(KitTest, WordsAndFieldsStandOutInBothThemes) {
+  for (const Roles* roles : {&LightRoles(), &DarkRoles()}) {
+    SCOPED_TRACE(roles->dark ? "dark" : "light");
+    for (const QColor& behind : {roles->surface, roles->strip, roles->raised}) {
+      for (const QColor& words :
+           {roles->text, roles->muted, roles->accent, roles->warning, roles->danger})
+        EXPECT_GE(Contrast(words, behind), 4.5) << words.name().toStdString();
+      EXPECT_GE(Contrast(roles->edge, behind), 3);
+    }
+    for (const QColor& words : {roles->text, roles->muted})
+      EXPECT_GE(Contrast(words, roles->selection), 4.5) << words.name().toStdString();
+    EXPECT_GE(Contrast(roles->onAccent, roles->accent), 4.5);
+    for (const HueColours& hue : roles->hues)
+      EXPECT_GE(Contrast(hue.words, hue.fill), 4.5) << hue.words.name().toStdString();
   }
 }
 

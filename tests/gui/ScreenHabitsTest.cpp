@@ -163,6 +163,28 @@ TEST_F(TabHabitsTest, LeavingAsksForTheEditsOfEachTab) {
   EXPECT_EQ(outside.settings.Read("Main window", "Tab", {}), "frmDiary");
 }
 
+TEST_F(TabHabitsTest, KeysGoToScreens) {
+  Start();
+  StartAgain("frmDiary,frmHoliday,frmDivisions");
+  const auto shown = [&] {
+    return Tabs()->currentWidget()->findChild<Screen*>()->objectName().toStdString();
+  };
+  if (auto* splash = Window().findChild<QWidget*>("MainMenuMDI_Splash")) splash->close();
+  Window().activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&Window()));
+  const auto press = [&](Qt::Key key, Qt::KeyboardModifiers with) {
+    QTest::keyClick(&Window(), key, with);
+    EXPECT_TRUE(Tabs()->currentWidget()->isAncestorOf(QApplication::focusWidget())) << key;
+    return shown();
+  };
+  EXPECT_EQ(press(Qt::Key_2, Qt::ControlModifier), "frmHoliday");
+  EXPECT_EQ(press(Qt::Key_8, Qt::ControlModifier), "frmHoliday") << "there is no eighth";
+  EXPECT_EQ(press(Qt::Key_Tab, Qt::ControlModifier), "frmDivisions");
+  EXPECT_EQ(press(Qt::Key_Tab, Qt::ControlModifier), "frmDiary") << "round the end";
+  EXPECT_EQ(press(Qt::Key_Tab, Qt::ControlModifier | Qt::ShiftModifier), "frmDivisions");
+  EXPECT_EQ(press(Qt::Key_W, Qt::ControlModifier), "frmHoliday") << "and the keys stay there";
+}
+
 TEST_F(TabHabitsTest, RestoredTabsNameTheTaxOfTheCountryAndNeedTheirCommand) {
   Start();
   program->OpenBusiness().RunSQL(

@@ -29,6 +29,7 @@ constexpr const char* kLeftAlone[] = {
     "mnuSetupTechnicalODBC",
     "mnuUpdateRevenueAccountIntoDefault",
     "mnuDeletePreviousFinancialRecords",
+    "mnuSortoutDatabaseRecords",
 };
 
 void AddCommands(const std::vector<shell::MenuEntry>& entries, QStringList& names) {

@@ -31,13 +31,14 @@ std::vector<GridColumn> Columns() {
           {QObject::tr("Status"), ColumnKind::Chip, 152},
           {QObject::tr("Phone"), ColumnKind::Text, 160},
           {QObject::tr("Invoice type"), ColumnKind::Text, 120},
+          {QObject::tr("Since"), ColumnKind::Date, 104},
           {QObject::tr("Amount owing"), ColumnKind::Money, 136}};
 }
 
 GridRow RowOf(const DebtorRow& debtor) {
   GridRow row;
   row.cells = {false,         debtor.client,        debtor.displayName, debtor.status,
-               debtor.phone1, debtor.statementType, debtor.amountOwing};
+               debtor.phone1, debtor.statementType, debtor.since,       debtor.amountOwing};
   row.hue = HueOf(debtor.status);
   return row;
 }
@@ -76,6 +77,7 @@ void frmDebtors::MakeControls() {
   FillComboWithWords(cboAge, {tr("any time"), tr("up to 30 days"), tr("31 to 60 days"),
                               tr("61 to 90 days"), tr("over 90 days")});
   cboAge->setToolTip(tr("The newest jobs make up what is owed: payments go to the oldest first"));
+  lblOwing = Named(MakeLabel("", {}, LabelRole::Figure), "lblOwing", tr("Owed by those listed"));
   chkTickUntickAll = MakeTickAllBox();
   ticks_ = new RowTicks(grdDebtors, 0, chkTickUntickAll);
   cmdRefreshDebtor =
@@ -128,6 +130,8 @@ QWidget* frmDebtors::DebtorPage() {
   over->addSpacing(16);
   over->addWidget(MakeLabelFor(cboAge, tr("Owed &for")));
   over->addWidget(cboAge);
+  over->addSpacing(16);
+  over->addWidget(lblOwing);
   over->addStretch(1);
   over->addWidget(txtDebtorFilter);
   over->addWidget(cmdPrintGrid);
@@ -233,8 +237,12 @@ size_t frmDebtors::Fill(Grid* grid, const std::vector<DebtorRow>& debtors) {
 
 void frmDebtors::LoadDebtorsIntoGrid() {
   const auto age = Age();
-  pages_->SetCount(debtors_, Fill(grdDebtors, age ? ListDebtors(business_, Filter(), *age)
-                                                  : ListDebtors(business_, Filter())));
+  const std::vector<DebtorRow> debtors =
+      age ? ListDebtors(business_, Filter(), *age) : ListDebtors(business_, Filter());
+  pages_->SetCount(debtors_, Fill(grdDebtors, debtors));
+  Money owing;
+  for (const DebtorRow& debtor : debtors) owing += debtor.amountOwing;
+  lblOwing->setText(tr("%1 owed").arg(owing.ToCurrencyText()));
   ticks_->TakeRows();
 }
 

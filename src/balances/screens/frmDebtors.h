@@ -58,6 +58,7 @@ class frmDebtors : public Screen {
   QLineEdit* txtDebtorFilter;
   QComboBox* cboAge;
   Grid* grdDebtors;
+  QLabel* lblOwing;
   RowTicks* ticks_;
   QCheckBox* chkTickUntickAll;
   QPushButton* cmdRefreshDebtor;

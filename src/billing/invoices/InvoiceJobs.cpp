@@ -63,6 +63,39 @@ void AttachJobs(Business& business, Id<Invoice> invoiceId, const std::vector<Id<
   attaching.Commit();
 }
 
+QDate MonthOfInvoice(Business& business, std::optional<Id<Invoice>> invoiceId) {
+  if (!invoiceId) return business.Today();
+  const Recordset row = business.RunSQL(
+      Sql("SELECT From_Date, Generation_Date FROM Invoices WHERE Invoice_ID = {}", *invoiceId));
+  if (row.EndOfFile()) return business.Today();
+  const QDate made = row.Field(u"Generation_Date").ToDate(business.Today());
+  return row.Field(u"From_Date").ToDate(made);
+}
+
+QString QuestionBeforeAttaching(Business& business, std::optional<Id<Invoice>> invoiceId,
+                                const std::vector<Id<Entry>>& diaryIds) {
+  QStringList leaving;
+  for (const Id<Entry> diaryId : diaryIds) {
+    const auto job = LoadJobToInvoice(business, diaryId);
+    if (!job || !job->invoiceId || job->invoiceId == invoiceId) continue;
+    leaving += QStringLiteral("%1, %2, %3: invoice %4")
+                   .arg(job->displayName, ToShortDateText(job->scheduleDate),
+                        job->totalPrice.ToCurrencyText(),
+                        business
+                            .FirstField(Sql("SELECT Invoice_Number FROM Invoices "
+                                            "WHERE Invoice_ID = {}",
+                                            *job->invoiceId))
+                            .ToText());
+  }
+  if (leaving.isEmpty()) return {};
+  const bool isOne = leaving.size() == 1;
+  return (isOne ? QStringLiteral("This job stands on another invoice:")
+                : QStringLiteral("These jobs stand on other invoices:")) +
+         QStringLiteral("\n\n") + leaving.join(u'\n') +
+         (isOne ? QStringLiteral("\n\nTake it off there?")
+                : QStringLiteral("\n\nTake them off there?"));
+}
+
 std::optional<Refusal> RemoveJob(Business& business, InvoiceForm& form,
                                  std::optional<Id<Entry>> diaryId) {
   if (!diaryId) return Refusal{"Please select a job to remove.", "jobs"};

@@ -31,6 +31,13 @@ AttachedJobs LoadAttachedJobs(Business& business, const InvoiceForm& form);
 /// the stored totals of both invoices until they are saved again.
 void AttachJobs(Business& business, Id<Invoice> invoiceId, const std::vector<Id<Entry>>& diaryIds);
 
+/// The month whose jobs the invoice is for; of one that is not stored yet, today's.
+QDate MonthOfInvoice(Business& business, std::optional<Id<Invoice>> invoiceId);
+/// What to ask before the jobs are attached: which of them stand on another invoice, that they
+/// would leave. Empty when none does.
+QString QuestionBeforeAttaching(Business& business, std::optional<Id<Invoice>> invoiceId,
+                                const std::vector<Id<Entry>>& diaryIds);
+
 /// Takes a job off its invoice, or out of those that a new one will attach. The status stays: an
 /// invoiced job goes on counting as invoiced. Refuses when no job is selected.
 std::optional<Refusal> RemoveJob(Business& business, InvoiceForm& form,

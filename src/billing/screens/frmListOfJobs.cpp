@@ -32,7 +32,7 @@ frmListOfJobs::frmListOfJobs(Business& business, const ScreenTools& tools,
   ConnectControls();
   tools_.runner.Run(objectName(), QStringLiteral("ShowYourself"), [this] {
     FillWithMonths(cboMonth, business_.Today());
-    TakeMonth(cboMonth->currentIndex());
+    TakeMonthOf(MonthOfInvoice(business_, invoiceId_));
     ListJobs();
     fgJobs->setFocus();
   });
@@ -127,6 +127,17 @@ void frmListOfJobs::TakeMonth(int month) {
   dtEndDate->SetDate(days.days.to);
 }
 
+void frmListOfJobs::TakeMonthOf(QDate day) {
+  if (const auto month = diary::PickerMonthOf(business_.Today(), day)) {
+    cboMonth->setCurrentIndex(static_cast<int>(*month));
+    return TakeMonth(cboMonth->currentIndex());
+  }
+  cboMonth->setCurrentIndex(-1);
+  const DateRange days = DateRange::MonthOf(day);
+  dtStartDate->SetDate(days.from);
+  dtEndDate->SetDate(days.to);
+}
+
 void frmListOfJobs::ListJobs() {
   jobs_ = diary::ListPickableJobs(business_, clientId_, {dtStartDate->Date(), dtEndDate->Date()});
   std::vector<GridRow> rows;
@@ -164,6 +175,9 @@ void frmListOfJobs::ShowTotals() {
 
 void frmListOfJobs::AttachTicked() {
   const auto ticked = ticks_->TickedIds<Entry>();
+  const QString question = QuestionBeforeAttaching(business_, invoiceId_, ticked);
+  if (!question.isEmpty() && business_.World().prompter.AskBeforeLosing(question) != Answer::Yes)
+    return;
   if (invoiceId_) AttachJobs(business_, *invoiceId_, ticked);
   chosen_.insert(ticked.begin(), ticked.end());
   Close(Accepted);

@@ -40,6 +40,7 @@ class frmListOfJobs : public Dialog {
   QLayout* LegendLine();
   void ConnectControls();
   void TakeMonth(int month);
+  void TakeMonthOf(QDate day);
   void ListJobs();
   void ShowTotals();
   void AttachTicked();

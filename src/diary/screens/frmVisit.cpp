@@ -34,7 +34,7 @@ frmVisit::frmVisit(Business& business, const ScreenTools& tools, const Visit& vi
 }
 
 void frmVisit::MakeControls() {
-  cmbClients = Named(new ComboSearch, "cmbClients");
+  cmbClients = ForField("client", Named(new ComboSearch, "cmbClients"));
   txtDate = Named(new DateField(business_.Today()), "txtDate");
   cmbEmployee = ForField("employee", Named(new ComboSearch, "cmbEmployee"));
   txtPurpose = Named(new QLineEdit, "txtPurpose");
