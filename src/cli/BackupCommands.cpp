@@ -6,6 +6,7 @@
 #include "maintenance/backups/BackupPlaces.h"
 #include "maintenance/backups/ExitBackups.h"
 #include "maintenance/backups/TransferredClients.h"
+#include "maintenance/oneclient/BringBack.h"
 #include "session/ProgramFolder.h"
 
 #include <QDir>
@@ -61,6 +62,55 @@ void RunRestore(const Call& call) {
     throw CommandFailure(
         QStringLiteral("restoring loses what was entered since the backup; --yes allows it"));
   PrintFile(call, maintenance::RestoreBackup(*business, backup, Archive()));
+}
+
+QString SinceWord(maintenance::Since since) {
+  switch (since) {
+    case maintenance::Since::Missing:
+      return QStringLiteral("gone");
+    case maintenance::Since::Changed:
+      return QStringLiteral("changed");
+    case maintenance::Since::New:
+      break;
+  }
+  return QStringLiteral("new");
+}
+
+/// The rows that --rows names; all that can come back without it.
+std::vector<size_t> ChosenRows(const Call& call, const maintenance::ClientComparison& comparison) {
+  if (!call.arguments.Has("rows")) return comparison.AllThatCanComeBack();
+  std::vector<size_t> places;
+  for (const QString& word : OptionText(call, "rows").split(u',')) {
+    const qint64 row = ParseKey(word.trimmed());
+    if (row > static_cast<qint64>(comparison.Differences().size()))
+      throw CommandFailure(QStringLiteral("there is no row %1").arg(row));
+    places.push_back(static_cast<size_t>(row - 1));
+  }
+  return places;
+}
+
+void RunRestoreClient(const Call& call) {
+  const QString backup = QFileInfo(call.arguments.positional.at(1)).absoluteFilePath();
+  const auto client = call.arguments.Key<Client>("client");
+  if (!client) throw WrongUsage(QStringLiteral("--client says whose rows are meant"));
+  const auto business = OpenCurrentBusiness(call);
+  ThrowIf(maintenance::CheckComparable(*business, backup));
+  const maintenance::OpenedBackup opened(business->World(), backup);
+  const maintenance::ClientComparison comparison(*business, opened, *client);
+  if (!comparison.IsInBackup())
+    throw CommandFailure(QStringLiteral("the backup holds no client %1").arg(client->Number()));
+  const std::vector<size_t> chosen = ChosenRows(call, comparison);
+  ResultTable table({"Row", "Since", "What", "Backup", "Today", "Note"});
+  qint64 row = 0;
+  for (const maintenance::ClientDifference& each : comparison.Differences())
+    table.AddRow({++row, SinceWord(each.since), each.what, each.then, each.now, each.remark});
+  PrintTable(call, table);
+  if (!call.world.prompter.AllowsYes()) return;
+  const maintenance::BroughtBack back = maintenance::BringBack(*business, comparison, chosen);
+  business->CloseConnection();
+  if (call.json) return;
+  call.out << (back.pieces == 0 ? QStringLiteral("Nothing was brought back.") : back.words) << '\n';
+  for (const QString& line : back.told) call.out << line << '\n';
 }
 
 void RunExitBackups(const Call& call) {
@@ -123,6 +173,15 @@ std::vector<Command> BackupCommands() {
        2,
        2,
        RunRestore},
+      {"restore-client",
+       "FILE BACKUP --client ID [--rows N,N] [--yes]",
+       "Lists what differs between a client of a backup and the same client today; --yes brings "
+       "back what is gone or was changed.",
+       {{"client", "ID", "the client, also one that is gone today"},
+        {"rows", "N,N", "only these rows of the list"}},
+       2,
+       2,
+       RunRestoreClient},
       {"exit-backups",
        "FILE",
        "Takes the backups that are switched on and due, as leaving the program does.",

@@ -117,6 +117,8 @@ Entries Functions() {
           {
               {"mnuFunctionsRestoreBackup", "Restore backup", Opens<OpenRestoreBackup>(),
                "Restore Backup"},
+              {"mnuRestoreClient", "Restore one client", Opens<OpenRestoreClient>(),
+               "Restore one client", "frmRestoreClient"},
               {"mnuCreateBackup", "Create custom backup", Opens<OpenCreateCustomBackup>(),
                "Create Custom Backup"},
               {"mnuSetupTechnicalBackups", "Automatic backups", Opens<OpenAutomaticBackups>(),

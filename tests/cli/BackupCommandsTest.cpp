@@ -31,6 +31,29 @@ TEST_F(BackupCommandsTest, WhatWasLostSinceComesBackAndWhatWasThereIsKept) {
   Done({"check", File()});
 }
 
+TEST_F(BackupCommandsTest, OneClientComesBackFromABackup) {
+  Done({"backup", File(), "--to", Path("Mine.MDB")});
+  const QString balance = "SELECT Account_Balance AS N FROM Clients WHERE Client_ID = 5";
+  const QJsonValue owed = Field(File(), balance);
+  const QStringList listing = {"restore-client", File(), Path("Mine.MDB"), "--client", "5"};
+  EXPECT_EQ(Json(listing).array().size(), 0);
+  Done({"sql", File(), "DELETE FROM Payments WHERE Client_ID = 5"});
+  Done({"sql", File(), "UPDATE Clients SET Notes = 'lost' WHERE Client_ID = 5"});
+  const QJsonArray listed = Json(listing).array();
+  ASSERT_GT(listed.size(), 1);
+  EXPECT_EQ(listed[0].toObject()["What"].toString(), "Notes");
+  EXPECT_EQ(listed[1].toObject()["Since"].toString(), "gone");
+  EXPECT_EQ(Run(listing + QStringList{"--rows", "99"}).exitCode, 1);
+  Done(QStringList{"--yes"} + listing + QStringList{"--rows", "1"});
+  EXPECT_EQ(Json(listing).array().size(), listed.size() - 1) << "only what was asked for";
+  EXPECT_TRUE(Done(QStringList{"--yes"} + listing).contains("Brought back for"));
+  EXPECT_EQ(Json(listing).array().size(), 0);
+  EXPECT_EQ(Field(File(), balance), owed);
+  Done({"check", File()});
+  EXPECT_EQ(Run({"restore-client", File(), Path("Mine.MDB"), "--client", "999"}).exitCode, 1);
+  EXPECT_EQ(Run({"restore-client", File(), Path("Mine.MDB")}).exitCode, 2);
+}
+
 TEST_F(BackupCommandsTest, LeavingTakesWhatIsSwitchedOn) {
   EXPECT_EQ(Json({"exit-backups", File()}).array().size(), 0);
   Done({"settings", File(), "DO_DAILY_BACKUP", "1"});

@@ -77,6 +77,7 @@ const Expected kTree[] = {
     {1, "mnuFunctionsAdjustPrices", "Adjust prices"},
     {1, "mnuBackup", "Backup"},
     {2, "mnuFunctionsRestoreBackup", "Restore backup"},
+    {2, "mnuRestoreClient", "Restore one client"},
     {2, "mnuCreateBackup", "Create custom backup"},
     {2, "mnuSetupTechnicalBackups", "Automatic backups"},
     {2, "mnuSep", ""},

@@ -1,6 +1,7 @@
 #include "base/ports/requests/Maintenance.h"
 #include "base/ports/requests/Setup.h"
 #include "gui/ScreenFixture.h"
+#include "kit/ComboSearch.h"
 #include "maintenance/backups/Backups.h"
 #include "maintenance/screens/MaintenanceScreens.h"
 #include "setup/screens/SetupScreens.h"
@@ -164,6 +165,33 @@ TEST_F(SetupScreensTest, ABackupIsMadeListedAndRestored) {
   EXPECT_EQ(outside.desktop.endedWith, 0) << "no screen keeps rows of the old file";
   EXPECT_EQ(Run(Sql("SELECT * FROM Employees WHERE Employee_Name = 'Since the backup'")).RowCount(),
             0u);
+}
+
+TEST_F(SetupScreensTest, TickedRowsOfAClientComeBackAndTheListFollows) {
+  Run(Sql("UPDATE Clients SET Notes = 'The gate sticks', Phone_1 = '555' WHERE Client_ID = 1"));
+  maintenance::BackupDatabaseTo(business(), "Mine", archive_ + "/Mine.mdb");
+  Run(Sql("UPDATE Clients SET Notes = 'gone', Phone_1 = '777' WHERE Client_ID = 1"));
+  Screen& screen = OpenTab(OpenRestoreClient{Id<Client>(1)});
+  auto* grid = Find<Grid>(&screen, "grdDifferences");
+  ASSERT_EQ(grid->Rows().size(), 2u);
+  ClickOn(&screen, "cmdBringBack");
+  EXPECT_EQ(Told(), "Please tick what is to be brought back.");
+  grid->setFocus();
+  QTest::keyClick(grid, Qt::Key_Space);
+  outside.prompter.Expect("1 row of what you ticked was changed", Answer::Yes);
+  ClickOn(&screen, "cmdBringBack");
+  EXPECT_TRUE(Told().startsWith("Brought back for"));
+  EXPECT_EQ(grid->Rows().size(), 1u);
+  EXPECT_EQ(Word(Sql("SELECT Phone_1 FROM Clients WHERE Client_ID = 1")), "555");
+  EXPECT_EQ(Word(Sql("SELECT Notes FROM Clients WHERE Client_ID = 1")), "gone");
+  // A client that is gone is picked by typing.
+  Run(Sql("INSERT INTO Clients (Display_Name, Status) VALUES ('Zeller', 'Active')"));
+  maintenance::BackupDatabaseTo(business(), "Later", archive_ + "/Later.mdb");
+  Run(Sql("DELETE FROM Clients WHERE Display_Name = 'Zeller'"));
+  navigator.Open(OpenRestoreClient{{}, archive_ + "/Later.mdb"});
+  TypeChoice(&screen, "cboClient", "Zel");
+  ASSERT_EQ(grid->Rows().size(), 1u);
+  EXPECT_EQ(Find<QLabel>(&screen, "lblNames")->text(), "Zeller is no longer there.");
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include "maintenance/screens/frmAutomaticBackupSystem.h"
 #include "maintenance/screens/frmCreateCustomBackup.h"
 #include "maintenance/screens/frmRestoreBackup.h"
+#include "maintenance/screens/frmRestoreClient.h"
 
 namespace quillary::maintenance {
 
@@ -20,6 +21,16 @@ void RegisterMaintenanceScreens(Business& business, LocalSettings& settings,
   navigator.Register<OpenRestoreBackup>([&business, tools, archive](const OpenRestoreBackup&) {
     frmRestoreBackup(business, tools, archive).exec();
   });
+  navigator.Register<OpenRestoreClient>(
+      [&business, tools, archive](const OpenRestoreClient& request) {
+        auto* screen = qobject_cast<frmRestoreClient*>(
+            tools.host.BringToFront(QStringLiteral("frmRestoreClient")));
+        if (!screen) {
+          screen = new frmRestoreClient(business, tools, archive);
+          tools.host.ShowScreen(screen);
+        }
+        screen->ShowYourself(request);
+      });
   navigator.Register<OpenCreateDBOfTransferred>([&business, &settings, tools,
                                                  archive](const OpenCreateDBOfTransferred&) {
     OpenFrmCreateDBOfTransferred(business, tools, archive, [&settings](const QString& folder) {

@@ -1,5 +1,6 @@
 #include "maintenance/screens/frmRestoreBackup.h"
 
+#include "base/ports/requests/Maintenance.h"
 #include "kit/Layouts.h"
 
 #include <QFileDialog>
@@ -37,6 +38,14 @@ frmRestoreBackup::frmRestoreBackup(Business& business, const ScreenTools& tools,
   connect(cmdCancel, &QPushButton::clicked, this, &Dialog::reject);
   connect(lstBackups, &Grid::rowOpened, cmdRestore, &QPushButton::click);
   tools.runner.OnClick(cmdRestore, objectName(), [this] { RestorePicked(); });
+  tools.runner.OnClick(cmdRestoreClient, objectName(), [this, tools] {
+    const auto row = lstBackups->SelectedRow();
+    const QString backup =
+        row ? backups_[static_cast<size_t>(lstBackups->Key(*row))].file : QString();
+    Close(Rejected);
+    tools.navigator.Open(OpenRestoreClient{{}, backup});
+  });
+  cmdRestoreClient->setEnabled(tools.navigator.CanOpen<OpenRestoreClient>());
   tools.runner.OnClick(cmdSearchOtherFile, objectName(), [this] { SearchOtherFile(); });
   tools.runner.RunBusy(objectName(), QStringLiteral("Form_Load"), [this] { LoadBackups(); });
 }
@@ -58,8 +67,9 @@ void frmRestoreBackup::LayOut() {
   cmdCancel = MakeButton("cmdCancel", tr("&Cancel"));
   cmdSearchOtherFile =
       MakeButton("cmdSearchOtherFile", QStringLiteral("&Search for other backup files..."));
+  cmdRestoreClient = MakeButton("cmdRestoreClient", tr("Restore &one client..."));
   cmdRestore = MakeButton("cmdRestore", tr("&Restore"), ButtonKind::Main);
-  AddActions({cmdCancel, cmdSearchOtherFile, cmdRestore});
+  AddActions({cmdCancel, cmdSearchOtherFile, cmdRestoreClient, cmdRestore});
 }
 
 void frmRestoreBackup::LoadBackups() {

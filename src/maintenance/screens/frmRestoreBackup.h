@@ -31,6 +31,7 @@ class frmRestoreBackup : public Dialog {
   Grid* lstBackups;
   QPushButton* cmdCancel;
   QPushButton* cmdSearchOtherFile;
+  QPushButton* cmdRestoreClient;
   QPushButton* cmdRestore;
 };
 

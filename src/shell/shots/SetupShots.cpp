@@ -59,8 +59,38 @@ void Shots::SetupDialogs() {
   SaveRequest(OpenAutomaticBackups{});
   SaveRequest(OpenCreateCustomBackup{});
   SaveRequest(OpenRestoreBackup{});
+  ShowClientOfBackup();
   SaveRequest(OpenCreateDBOfTransferred{});
   SaveRequest(ImportFromBravantiOne{});
+}
+
+void Shots::ShowClientOfBackup() {
+  Business& business = program_.OpenBusiness();
+  const Id<Client> client(
+      business.FirstField(Sql("SELECT TOP 1 Client_ID FROM Payments ORDER BY Payment_ID DESC"))
+          .ToLong());
+  // What an owner might have done since: lost a payment, cancelled a job, written over a note.
+  const CommandScope since(business, QStringLiteral("Since the backup"));
+  business.Write(
+      Sql("UPDATE Clients SET Notes = 'Ring first', Phone_1 = '0400 000 000' "
+          "WHERE Client_ID = {}",
+          client));
+  business.Write(
+      Sql("DELETE FROM Payments WHERE Client_ID = {} AND Payment_ID = (SELECT "
+          "MAX(Payment_ID) FROM Payments WHERE Client_ID = {})",
+          client, client));
+  business.Write(Sql("UPDATE Client_Services SET Price = Price + 5 WHERE Client_ID = {}", client));
+  business.Write(
+      Sql("UPDATE Diary SET Payment_ID = NULL WHERE Client_ID = {} AND Payment_ID NOT "
+          "IN (SELECT Payment_ID FROM Payments)",
+          client));
+  MainMenuMDI* window = program_.MainMenu();
+  window->Tools().navigator.Open(OpenRestoreClient{client});
+  Save(window, QStringLiteral("frmRestoreClient"));
+  window->resize(853, 480);
+  Save(window, QStringLiteral("frmRestoreClient-at-150-percent"));
+  window->resize(1280, 720);
+  CloseScreen();
 }
 
 }  // namespace quillary::shell

@@ -51,6 +51,7 @@ class Shots {
   }
   void FirstDay();
   void SetupDialogs();
+  void ShowClientOfBackup();
   void CloseScreen();
   void Menus();
   void Help();
