@@ -64,7 +64,9 @@ QStringList TablesOf(sqlite3* database) {
 
 /// Throws when the copy is not what the source is.
 void Prove(sqlite3* source, sqlite3* copy, const QString& path) {
-  Statement check(copy, "PRAGMA quick_check");
+  // The quick check would pass an index that no longer tells what its table holds, and with it a
+  // backup that no restoration takes.
+  Statement check(copy, "PRAGMA integrity_check(1)");
   if (!check.Step() || check.Column(0, jet::ColumnType::Text).ToText() != u"ok")
     throw CopyFailure(path, QStringLiteral("its pages did not come out whole"));
   const QStringList tables = TablesOf(source);

@@ -2,7 +2,10 @@
 #include "diary/DiaryCommands.h"
 #include "diary/JobServices.h"
 #include "fault/worker/BookWork.h"
+#include "maintenance/Compaction.h"
 #include "maintenance/Salvage.h"
+#include "maintenance/backups/Backups.h"
+#include "maintenance/backups/ExitBackups.h"
 #include "older/ImportOlder.h"
 #include "roll/ScheduleEngine.h"
 #include "session/AccessConversion.h"
@@ -10,6 +13,7 @@
 #include "support/FailingDisk.h"
 #include "support/ScriptedOutside.h"
 
+#include <QDir>
 #include <QFileInfo>
 #include <QString>
 
@@ -24,8 +28,8 @@
 /// fault_worker WORK FILE OPERATION [ACCESS_FILE]
 ///
 /// Does one piece of work on a business file and is killed at the given disk operation; with
-/// operation 0 it lives, and prints how many there were. Where files take each other's places the
-/// operations are those on their names; otherwise SQLite's.
+/// operation 0 it lives, and prints how many there were. Where files take each other's places, and
+/// in works called "...-names", the operations are those on their names; otherwise SQLite's.
 namespace {
 
 struct NameOperations {
@@ -116,12 +120,47 @@ int Replace(const QString& work, const QString& file, int operation) {
   return 0;
 }
 
+/// Copies of whole files, with BACKUP.MDB beside the business as the backup.
+bool CopyWholeFiles(ScriptedOutside& outside, const QString& work, const QString& file) {
+  const QDir folder = QFileInfo(file).absoluteDir();
+  const QString archive = folder.filePath(QStringLiteral("Archive"));
+  if (work.startsWith(u"compact")) {
+    int offered = 0;
+    const auto area = [&] { return ++offered == 1 ? std::optional(folder.path()) : std::nullopt; };
+    return maintenance::CompactDatabase(file, {archive, area}, outside.prompter).done;
+  }
+  Business business(outside.Ports(), file);
+  if (work.startsWith(u"backup")) {
+    maintenance::BackupDatabaseTo(business, QStringLiteral("the new one"),
+                                  folder.filePath(QStringLiteral("BACKUP.MDB")));
+  } else if (work.startsWith(u"restore")) {
+    maintenance::RestoreBackup(business, folder.filePath(QStringLiteral("BACKUP.MDB")), archive);
+  } else {
+    LocalSettings settings(folder.path(), outside.prompter);
+    maintenance::TakeExitBackups(business, settings, archive);
+  }
+  business.CloseConnection();
+  return true;
+}
+
+bool IsOfWholeFiles(const QString& work) {
+  const QString kind = work.section(u'-', 0, 0);
+  return kind == u"backup" || kind == u"restore" || kind == u"compact" || kind == u"exit";
+}
+
 int Run(const QString& work, const QString& file, int operation, const QString& accessFile) {
   if (work.startsWith(u"repair") || work.startsWith(u"take-over"))
     return Replace(work, file, operation);
   ScriptedOutside outside;
   FailingDisk disk;
-  disk.FailAt(operation, DiskFault::KillProcess);
+  const bool ofNames = work.endsWith(u"-names");
+  if (ofNames) names.killAt = operation;
+  disk.FailAt(ofNames ? 0 : operation, DiskFault::KillProcess);
+  if (IsOfWholeFiles(work)) {
+    if (!CopyWholeFiles(outside, work, file)) return 1;
+    std::printf("%d\n", ofNames ? names.done : disk.Operations());
+    return 0;
+  }
   if (work == u"convert") {
     ConvertAccessFile(accessFile, file);
   } else {
