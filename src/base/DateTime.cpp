@@ -1,5 +1,7 @@
 #include "base/DateTime.h"
 
+#include "base/CountryHabits.h"
+
 #include <QLocale>
 #include <QStringList>
 
@@ -23,6 +25,14 @@ std::optional<int> TakeDigits(QStringView text, int from, int digits) {
     number = number * 10 + (character - u'0');
   }
   return number;
+}
+
+/// "Nov" or longer.
+std::optional<int> MonthOfWord(const QString& word) {
+  static const QLocale english(QLocale::English);
+  for (int month = 1; month <= 12 && word.size() >= 3; ++month)
+    if (english.monthName(month).startsWith(word, Qt::CaseInsensitive)) return month;
+  return std::nullopt;
 }
 
 }  // namespace
@@ -64,24 +74,20 @@ std::optional<DateTime> FromIsoText(QStringView text) {
   return moment;
 }
 
-std::optional<QDate> ParseTypedDate(QStringView text, QDate today) {
+std::optional<QDate> ParseDate(QStringView text, QDate today, DateOrder order) {
   const QString trimmed = text.trimmed().toString();
   if (const auto iso = FromIsoText(trimmed)) return iso->date;
   QString separated = trimmed;
   for (const QChar separator : QStringView(u"/-., ")) separated.replace(separator, u' ');
-  const QStringList parts = separated.split(u' ', Qt::SkipEmptyParts);
+  QStringList parts = separated.split(u' ', Qt::SkipEmptyParts);
   if (parts.size() != 2 && parts.size() != 3) return std::nullopt;
+  const bool hasMonthWord = MonthOfWord(parts[0]) || MonthOfWord(parts[1]);
+  if (hasMonthWord ? MonthOfWord(parts[0]).has_value() : order == DateOrder::MonthFirst)
+    parts.swapItemsAt(0, 1);
   bool isNumber = false;
   const int day = parts[0].toInt(&isNumber);
   if (!isNumber) return std::nullopt;
-  int month = parts[1].toInt(&isNumber);
-  if (!isNumber) {
-    const QLocale english(QLocale::English);
-    month = 0;
-    for (int candidate = 1; candidate <= 12 && parts[1].size() >= 3; ++candidate) {
-      if (english.monthName(candidate).startsWith(parts[1], Qt::CaseInsensitive)) month = candidate;
-    }
-  }
+  const int month = MonthOfWord(parts[1]).value_or(parts[1].toInt());
   int year = today.year();
   if (parts.size() == 3) {
     year = parts[2].toInt(&isNumber);
@@ -91,6 +97,11 @@ std::optional<QDate> ParseTypedDate(QStringView text, QDate today) {
   const QDate date(year, month, day);
   if (!date.isValid()) return std::nullopt;
   return date;
+}
+
+std::optional<QDate> ParseTypedDate(QStringView text, QDate today) {
+  return ParseDate(text, today,
+                   CurrentWriting().monthFirst ? DateOrder::MonthFirst : DateOrder::DayFirst);
 }
 
 QString ToShortDateText(QDate date) {

@@ -32,8 +32,13 @@ struct DateTime {
 QString ToIsoText(const DateTime& moment);
 /// Reads "yyyy-MM-dd HH:mm:ss", the time being optional. Nothing for a date that does not exist.
 std::optional<DateTime> FromIsoText(QStringView text);
-/// Reads a date as an owner types it, day before month: "2/11/2026", "2-11-26", "2 Nov 2026",
-/// "2026-11-02"; with no year, that of `today`. Nothing when it is no date.
+/// Which figure of "2/11/2026" is the month.
+enum class DateOrder { DayFirst, MonthFirst };
+
+/// Reads a date as an owner types it: "2/11/2026" in that order, "2-11-26", "2 Nov 2026",
+/// "Nov 2, 2026", "2026-11-02"; with no year, that of `today`. Nothing when it is no date.
+std::optional<QDate> ParseDate(QStringView text, QDate today, DateOrder order);
+/// In the order of the country of the business.
 std::optional<QDate> ParseTypedDate(QStringView text, QDate today);
 
 /// "2 Nov 2026", as dates show in lists.

@@ -1,5 +1,7 @@
 #include "base/Money.h"
 
+#include "base/CountryHabits.h"
+
 #include <QLocale>
 
 #include <cmath>
@@ -39,7 +41,7 @@ std::optional<Money> Money::Parse(QStringView text) {
     }
   };
   takeSign();
-  if (text.startsWith(u'$')) {
+  if (text.startsWith(u'$') || text.startsWith(u'£')) {
     text = text.mid(1).trimmed();
     takeSign();
   }
@@ -104,7 +106,7 @@ QString Money::ToText() const {
 QString Money::ToCurrencyText() const {
   const qint64 cents = std::abs(Rounded(2).units_) / 100;
   static const QLocale english(QLocale::English, QLocale::Australia);
-  const QString text = u'$' + english.toString(cents / 100) + u'.' +
+  const QString text = QChar(CurrentWriting().currencySign) + english.toString(cents / 100) + u'.' +
                        QString::number(cents % 100).rightJustified(2, u'0');
   return units_ < 0 && cents != 0 ? u'-' + text : text;
 }

@@ -19,8 +19,8 @@ class Money {
   static constexpr Money FromWhole(qint64 whole) { return Money(whole * kUnitsPerOne); }
   /// Rounds half to even at the fourth decimal. NaN and amounts beyond the range become 0.
   static Money FromDouble(double amount);
-  /// Reads what a person types: "1234.5", "$1,234.50", "(5.00)", "-$5", "5-". Nothing when the
-  /// text is no amount. Digits beyond the fourth decimal round half to even.
+  /// Reads what a person types: "1234.5", "$1,234.50", "£5", "(5.00)", "-$5", "5-". Nothing
+  /// when the text is no amount. Digits beyond the fourth decimal round half to even.
   static std::optional<Money> Parse(QStringView text);
 
   constexpr qint64 Units() const { return units_; }
@@ -30,7 +30,8 @@ class Money {
   Money Rounded(int decimals) const;
   /// Plain digits with as many decimals as the amount needs: "55", "82.5", "-0.0025".
   QString ToText() const;
-  /// As screens show it: "$1,234.50", a negative amount as "-$5.00"; two decimals, half to even.
+  /// As screens show it, with the sign of the country: "$1,234.50", a negative amount as "-$5.00";
+  /// two decimals, half to even.
   QString ToCurrencyText() const;
 
   constexpr auto operator<=>(const Money&) const = default;

@@ -17,7 +17,8 @@ namespace {
 
 struct DocumentCall {
   documents::BillingOrder order;
-  documents::BillingPlaces places;
+  QString folder;
+  std::optional<documents::Paper> paper;  // otherwise that of the country
 };
 
 const QString& OptionOf(const Call& call, const char* option) {
@@ -94,11 +95,12 @@ DocumentCall ReadDocumentCall(const Call& call, const QString& kind) {
   order.invoices = ParseInvoices(OptionOf(call, "invoices"));
   order.mode = call.arguments.Has("exclude-tax") ? documents::TaxMode::Excluded
                                                  : documents::TaxMode::Included;
-  document.places = {.report = documents::ReportPlacesUnder(session::ProgramFolder()),
-                     .folder = OptionOf(call, "out")};
-  document.places.report.paper = ChoiceOf<Paper>(
-      call, "paper",
-      {{"a4", Paper::A4}, {"letter", Paper::Letter}, {"legal", Paper::Legal}, {"a3", Paper::A3}});
+  document.folder = OptionOf(call, "out");
+  if (call.arguments.Has("paper")) {
+    document.paper = ChoiceOf<Paper>(
+        call, "paper",
+        {{"a4", Paper::A4}, {"letter", Paper::Letter}, {"legal", Paper::Legal}, {"a3", Paper::A3}});
+  }
   return document;
 }
 
@@ -109,15 +111,16 @@ documents::ReportDocument Print(const Call& call, const DocumentCall& document) 
   billing::PrepareInvoicePrint(*business);
   if (order.kind == documents::BillingKind::Statement)
     order.days = DaysOf(call, *business, order.invoices);
-  if (!MakeOwnFolder(document.places.folder))
-    throw CommandFailure(
-        QStringLiteral("the folder %1 cannot be made").arg(document.places.folder));
+  documents::BillingPlaces places{.report = documents::ReportPlacesUnder(session::ProgramFolder()),
+                                  .folder = document.folder};
+  places.report.paper = document.paper.value_or(places.report.paper);
+  if (!MakeOwnFolder(places.folder))
+    throw CommandFailure(QStringLiteral("the folder %1 cannot be made").arg(places.folder));
   order.fileNamePart = billing::LoadInvoiceDetails(*business, order.invoices.front())->madeOutTo;
   business->values.documentDesign = PerUserSettings().Read(
       QStringLiteral("Invoices"), QStringLiteral("Document Design"), QStringLiteral("CLASSIC"));
   try {
-    documents::ReportDocument done =
-        documents::PrintBillingDocument(*business, document.places, order);
+    documents::ReportDocument done = documents::PrintBillingDocument(*business, places, order);
     business->CloseConnection();
     return done;
   } catch (const PDFError& error) {
@@ -150,7 +153,7 @@ std::vector<Command> DocumentCommands() {
         {"exclude-tax", nullptr, "show amounts less tax"},
         {"format", "pdf|word", "pdf unless told"},
         {"design", "clean|classic", "of a PDF file; else the user's own"},
-        {"paper", "a4|letter|legal|a3", "a4 unless told"}},
+        {"paper", "a4|letter|legal|a3", "that of the country unless told"}},
        2,
        2,
        RunDocument},

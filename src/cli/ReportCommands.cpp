@@ -119,7 +119,8 @@ QString WriteReport(const Call& call, Business& business, const ReportKind& kind
   reports::ReportTarget target{.places = documents::ReportPlacesUnder(session::ProgramFolder()),
                                .file = FileFor(name, folder, ".doc"),
                                .writesFile = format == u"word"};
-  if (TextOption(call, "paper") == u"letter") target.places.paper = documents::Paper::Letter;
+  if (const QString paper = TextOption(call, "paper"); !paper.isEmpty())
+    target.places.paper = paper == u"letter" ? documents::Paper::Letter : documents::Paper::A4;
   const documents::ReportDocument done = reports::LayOutReport(business, target, data).document;
   QStringList troubles = done.troubles;
   // Those of the figures themselves end the command.
@@ -201,7 +202,7 @@ std::vector<Command> ReportCommands() {
         {"sort", "NAME", "its order, of those that --list names"},
         {"option", "NAME", "its form, of those that --list names"},
         {"format", "F", "pdf, word, csv or text; pdf unless told"},
-        {"paper", "a4|letter", "a4 unless told"},
+        {"paper", "a4|letter", "that of the country unless told"},
         {"out", "DIR", "the folder where the file goes"}},
        0,
        2,

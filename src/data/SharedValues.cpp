@@ -1,5 +1,6 @@
 #include "data/SharedValues.h"
 
+#include "base/CountryHabits.h"
 #include "data/Business.h"
 
 namespace quillary {
@@ -75,6 +76,15 @@ void LoadTaxName(Business& business) {
   business.values.taxName = name.isEmpty() ? SharedValues().taxName : name;
 }
 
+bool LoadCountry(Business& business) {
+  const QString country =
+      business
+          .FirstField(Sql("SELECT Country_Name FROM infPersonalDetails pd inner join Countries c "
+                          "on c.Country_ID = pd.Country_ID;"))
+          .ToText();
+  return WriteAsIn(HabitsOfCountry(country).value_or(HabitsOfMachine()).writing);
+}
+
 void LoadSharedValues(Business& business) {
   LoadOptionFlags(business);
   LoadHolidaysIntoArray(business);
@@ -85,6 +95,12 @@ void LoadSharedValues(Business& business) {
   LoadDefaultEmployee(business);
   LoadDefaultService(business);
   LoadTaxName(business);
+  LoadCountry(business);
+}
+
+const Tables& TablesOfCountry() {
+  static const Tables tables = {"infPersonalDetails", "Countries"};
+  return tables;
 }
 
 const Tables& TablesOfSharedValues() {

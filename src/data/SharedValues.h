@@ -54,5 +54,10 @@ void LoadDefaultEmployee(Business& business);
 void LoadDefaultService(Business& business);
 /// "GST" where the country has no name for its tax.
 void LoadTaxName(Business& business);
+/// Lets the process write as in the country of the business, or of the machine where it names none
+/// that is known. True when that is another way than before.
+bool LoadCountry(Business& business);
+/// The tables that say which country it is.
+const Tables& TablesOfCountry();
 
 }  // namespace quillary

@@ -155,6 +155,7 @@ class Sequence {
     Advance(1);
     Reached("Budget_Manager.Initialize");
     LoadTaxName(*business);  // for the screens that open with the main menu
+    LoadCountry(*business);
     screens_.ShowMainMenu(*business);
     Reached("MainMenuMDI.ShowYourself");
     const QString checks = outside_.settings.Read(QStringLiteral("Scheduling problem screen"),

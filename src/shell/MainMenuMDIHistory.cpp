@@ -9,8 +9,13 @@ namespace quillary::shell {
 
 void MainMenuMDI::FollowCommits() {
   commits_ = business_.OnCommitted([this](const Tables& written) {
+    const bool writesOtherwise = written.HaveAnyOf(TablesOfCountry()) && LoadCountry(business_);
     for (int tab = 0; tab < tabs_->count(); ++tab) {
       Screen* screen = ScreenAt(tab);
+      if (screen && writesOtherwise) {
+        screen->TakeCommit(screen->Shows());
+        continue;
+      }
       // A screen shows what its own command did by itself, and loading it again under the user's
       // fingers would take the cursor out of the field that comes next.
       if (screen && screen->objectName() != runner_.RunningForm()) screen->TakeCommit(written);

@@ -53,5 +53,26 @@ TEST(DateTime, ReadsDatesAsAnOwnerTypesThem) {
   }
 }
 
+TEST(DateTime, OfADateInFiguresTheCountrySaysWhichIsTheMonth) {
+  const QDate today(2026, 11, 22);
+  struct Case {
+    const char* text;
+    QDate dayFirst;
+    QDate monthFirst;
+  };
+  for (const Case& c :
+       {Case{"2/11/2026", {2026, 11, 2}, {2026, 2, 11}}, Case{"2/11", {2026, 11, 2}, {2026, 2, 11}},
+        Case{"13/2/2026", {2026, 2, 13}, {}}, Case{"2/13/26", {}, {2026, 2, 13}},
+        Case{"2 Nov 2026", {2026, 11, 2}, {2026, 11, 2}},
+        Case{"Nov 2, 2026", {2026, 11, 2}, {2026, 11, 2}},
+        Case{"2026-11-02", {2026, 11, 2}, {2026, 11, 2}}}) {
+    EXPECT_EQ(ParseDate(QString(c.text), today, DateOrder::DayFirst).value_or(QDate()), c.dayFirst)
+        << c.text;
+    EXPECT_EQ(ParseDate(QString(c.text), today, DateOrder::MonthFirst).value_or(QDate()),
+              c.monthFirst)
+        << c.text;
+  }
+}
+
 }  // namespace
 }  // namespace quillary

@@ -61,6 +61,38 @@ TEST_F(DocumentCommandsTest, DesignAndPaperAreThoseAskedFor) {
   EXPECT_EQ(Run(Order("invoice", {"--invoices", invoice, "--design", "new"})).exitCode, 2);
 }
 
+TEST_F(DocumentCommandsTest, TheCountryDecidesSignAndPaper) {
+  struct Case {
+    const char* country;
+    const char* sign;
+    const char* paper;
+  };
+  constexpr const char* kA4 = "[ 0 0 595.28 841.89]";
+  constexpr const char* kLetter = "[ 0 0 612.00 792.00]";
+  const QString price = QString::number(
+      Field(file, "SELECT Total_Amount FROM Invoices WHERE Invoice_ID = " + invoice).toDouble(),
+      'f', 2);
+  for (const Case& c : {Case{"UK", "£", kA4}, Case{"Canada", "$", kLetter},
+                        Case{"U.S.", "$", kLetter}, Case{"New Zealand", "$", kA4}}) {
+    SCOPED_TRACE(c.country);
+    const int country =
+        Field(file, QStringLiteral("SELECT Country_ID FROM Countries WHERE Country_Name = '%1'")
+                        .arg(c.country))
+            .toInt();
+    Done({"settings", file, "Country_ID", QString::number(country)});
+    const QByteArray pdf =
+        Bytes(Done(Order("invoice", {"--invoices", invoice, "--design", "classic"})).trimmed());
+    EXPECT_TRUE(pdf.contains(c.paper));
+    const QByteArray sum =
+        QString(QLatin1String("(") + QString::fromUtf8(c.sign) + price).toLatin1();
+    EXPECT_TRUE(pdf.contains(sum)) << sum.toStdString();
+    const QString report = Done({"report", file, "payments", "--from", "2026-08-01", "--to",
+                                 "2026-10-31", "--format", "text", "--out", Path("out")});
+    EXPECT_TRUE(QString::fromUtf8(Bytes(report.trimmed())).contains(QString::fromUtf8(c.sign)));
+    EXPECT_EQ(QString::fromUtf8(Bytes(report.trimmed())).contains(u'$'), *c.sign == '$');
+  }
+}
+
 TEST_F(DocumentCommandsTest, AFileThatCannotBeWrittenIsAFailure) {
   ASSERT_TRUE(QDir(folder.path()).mkpath("out/Statement.doc/in the way"));
   const Result result = Run(Order("statement", {"--invoices", invoice, "--format", "word"}));

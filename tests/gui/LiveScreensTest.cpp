@@ -2,8 +2,11 @@
 #include "gui/DeskTest.h"
 #include "kit/Grid.h"
 
+#include <QLabel>
 #include <QScrollBar>
 #include <QToolButton>
+
+#include <algorithm>
 
 namespace quillary {
 namespace {
@@ -51,6 +54,20 @@ TEST_F(LiveScreensTest, TheDiaryFollowsWhatIsWrittenBehindIt) {
   EXPECT_EQ(Shown(grid, job, diary::kPrice), "123.45") << "nobody looks at it";
   Open("mnuDiary", "frmDiary");
   EXPECT_TRUE(QTest::qWaitFor([&] { return Shown(grid, job, diary::kPrice) == "67.89"; }));
+}
+
+TEST_F(LiveScreensTest, AnotherCountryRewritesWhatIsOpen) {
+  Screen* diary = Open("mnuDiary", "frmDiary");
+  const auto shows = [&](QChar sign) {
+    return std::ranges::any_of(diary->findChildren<QLabel*>(), [&](const QLabel* label) {
+      return label->isVisible() && label->text().contains(sign);
+    });
+  };
+  ASSERT_TRUE(shows(u'$'));
+  Run(Sql("UPDATE infPersonalDetails SET Country_ID = 3"));
+  EXPECT_TRUE(QTest::qWaitFor([&] { return shows(u'£') && !shows(u'$'); }));
+  Run(Sql("UPDATE infPersonalDetails SET Country_ID = 1"));
+  EXPECT_TRUE(QTest::qWaitFor([&] { return shows(u'$') && !shows(u'£'); }));
 }
 
 TEST_F(LiveScreensTest, TypedFieldsOutlastAChangeElsewhere) {

@@ -192,8 +192,8 @@ std::optional<DateTime> ReadDateText(QStringView text) {
   // A text without a year means none here: what is stored must not hang on the day it is typed.
   const QDate thisYear(2000, 1, 1);
   const QDate otherYear(2001, 1, 1);
-  const auto date = ParseTypedDate(text, thisYear);
-  if (!date || date != ParseTypedDate(text, otherYear)) return std::nullopt;
+  const auto date = ParseDate(text, thisYear, DateOrder::DayFirst);
+  if (!date || date != ParseDate(text, otherYear, DateOrder::DayFirst)) return std::nullopt;
   return DateTime(*date);
 }
 

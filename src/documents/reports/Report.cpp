@@ -1,5 +1,6 @@
 #include "documents/reports/Report.h"
 
+#include "base/CountryHabits.h"
 #include "base/Text.h"
 #include "data/store/FileInTheMaking.h"
 #include "data/store/StorageFailure.h"
@@ -65,6 +66,7 @@ std::optional<QString> WriteFile(const QString& path, const Content& content) {
 ReportPlaces ReportPlacesUnder(const QString& applicationFolder) {
   ReportPlaces places;
   places.applicationFolder = applicationFolder;
+  places.paper = CurrentWriting().letterPaper ? Paper::Letter : Paper::A4;
   places.fontFolder =
       QDir(QCoreApplication::applicationDirPath()).filePath(QStringLiteral("Fonts"));
   return places;

@@ -12,7 +12,8 @@ struct ReportPlaces {
   QString fontFolder;
   Paper paper = Paper::A4;
 };
-/// Everything below the folder of the program's files, the metrics beside the program itself.
+/// Everything below the folder of the program's files, the metrics beside the program itself;
+/// on the paper of the country of the business.
 ReportPlaces ReportPlacesUnder(const QString& applicationFolder);
 
 /// A report that is done: its pages for the preview, and its file.

@@ -1,5 +1,6 @@
 #include "documents/reports/ReportOfList.h"
 
+#include "base/CountryHabits.h"
 #include "documents/pages/TableLayout.h"
 #include "documents/reports/ReportFiles.h"
 
@@ -29,7 +30,7 @@ bool IsMoney(const PrintList& list, size_t column) {
     const QString cell = row.value(static_cast<qsizetype>(column)).trimmed();
     if (cell.isEmpty()) continue;
     if (!Money::Parse(cell)) return false;
-    isMoney = isMoney || cell.contains(u'$') || cell.contains(u'.');
+    isMoney = isMoney || cell.contains(QChar(CurrentWriting().currencySign)) || cell.contains(u'.');
   }
   return isMoney;
 }

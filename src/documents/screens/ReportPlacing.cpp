@@ -8,9 +8,10 @@ namespace quillary::documents {
 
 namespace {
 
-Paper DefaultPaper() {
+/// Of the default printer; `usual` where there is none.
+Paper PrinterPaper(Paper usual) {
   const QPrinterInfo printer = QPrinterInfo::defaultPrinter();
-  if (printer.isNull()) return Paper::A4;
+  if (printer.isNull()) return usual;
   switch (printer.defaultPageSize().id()) {
     case QPageSize::A3:
       return Paper::A3;
@@ -29,7 +30,7 @@ Paper DefaultPaper() {
 
 ReportPlaces PlacesOfReports() {
   ReportPlaces places = ReportPlacesUnder(session::ProgramFolder());
-  places.paper = DefaultPaper();
+  places.paper = PrinterPaper(places.paper);
   return places;
 }
 

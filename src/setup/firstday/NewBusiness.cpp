@@ -1,5 +1,6 @@
 #include "setup/firstday/NewBusiness.h"
 
+#include "base/CountryHabits.h"
 #include "base/OwnFiles.h"
 #include "base/Text.h"
 #include "data/Business.h"
@@ -7,7 +8,6 @@
 #include "data/schema/SeedRows.h"
 #include "data/store/FileInTheMaking.h"
 #include "domain/BillingWords.h"
-#include "domain/CountryHabits.h"
 #include "lists/Frequencies.h"
 #include "lists/PaymentMethods.h"
 #include "lists/Services.h"

@@ -1,6 +1,6 @@
 #include "setup/screens/frmNewBusiness.h"
 
-#include "domain/CountryHabits.h"
+#include "base/CountryHabits.h"
 #include "kit/Layouts.h"
 
 #include <QComboBox>

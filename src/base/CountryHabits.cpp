@@ -1,17 +1,23 @@
-#include "domain/CountryHabits.h"
+#include "base/CountryHabits.h"
 
 #include <QLocale>
 
 #include <algorithm>
+#include <atomic>
 
 namespace quillary {
 namespace {
 
 constexpr CountryHabits kHabits[] = {
-    {u"Australia", u"AU", 0.1, u"GST", u"ABN:"}, {u"New Zealand", u"NZ", 0.15, u"GST", u"GST:"},
-    {u"UK", u"GB", 0.2, u"VAT", u"VAT No:"},     {u"Canada", u"CA", 0.05, u"GST", u"GST:"},
-    {u"U.S.", u"US", 0, u"Sales tax", u"EIN:"},
+    {u"Australia", u"AU", 0.1, u"GST", u"ABN:"},
+    {u"New Zealand", u"NZ", 0.15, u"GST", u"GST:"},
+    {u"UK", u"GB", 0.2, u"VAT", u"VAT No:", {.currencySign = u'£'}},
+    {u"Canada", u"CA", 0.05, u"GST", u"GST:", {.letterPaper = true}},
+    {u"U.S.", u"US", 0, u"Sales tax", u"EIN:", {.monthFirst = true, .letterPaper = true}},
 };
+
+std::atomic<WritingHabits> currentWriting;
+static_assert(decltype(currentWriting)::is_always_lock_free);
 
 }  // namespace
 
@@ -32,6 +38,14 @@ CountryHabits HabitsOfMachine() {
   const auto at = std::ranges::find_if(
       kHabits, [&](const CountryHabits& habits) { return habits.territory == territory; });
   return at == std::end(kHabits) ? kHabits[0] : *at;
+}
+
+WritingHabits CurrentWriting() {
+  return currentWriting.load(std::memory_order_relaxed);
+}
+
+bool WriteAsIn(const WritingHabits& habits) {
+  return currentWriting.exchange(habits, std::memory_order_relaxed) != habits;
 }
 
 }  // namespace quillary
