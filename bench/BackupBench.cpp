@@ -65,6 +65,7 @@ int Run() {
   business.ConnectToDatabase();
   std::vector<double> copies;
   std::vector<double> backups;
+  std::vector<double> thorough;
   int signs = 0;
   for (int round = 0; round < kRounds; ++round) {
     const QString by = folder.filePath(QStringLiteral("cp.mdb"));
@@ -72,17 +73,21 @@ int Run() {
     QFile::remove(by);
     const QString backup = folder.filePath(QStringLiteral("backup.mdb"));
     signs = 0;
-    backups.push_back(Seconds([&] {
-      maintenance::BackupDatabaseTo(business, QStringLiteral("Bench"), backup,
-                                    [&](int, int) { ++signs; });
-    }));
-    QFile::remove(backup);
+    for (const Proof proof : {Proof::Rows, Proof::Indexes}) {
+      const double seconds = Seconds([&] {
+        maintenance::BackupDatabaseTo(
+            business, QStringLiteral("Bench"), backup, [&](int, int) { ++signs; }, proof);
+      });
+      (proof == Proof::Rows ? backups : thorough).push_back(seconds);
+      QFile::remove(backup);
+    }
   }
   const double ratio = Median(backups) / Median(copies);
   std::printf("Backup of %.0f MB, medians of %d rounds\n",
               static_cast<double>(QFileInfo(path).size()) / 1e6, kRounds);
   std::printf("  cp and sync %.0f ms, proven backup %.0f ms with %d signs of progress: %.2f\n",
-              Median(copies) * 1e3, Median(backups) * 1e3, signs, ratio);
+              Median(copies) * 1e3, Median(backups) * 1e3, signs / 2, ratio);
+  std::printf("  with every index held against its table %.0f ms\n", Median(thorough) * 1e3);
   std::printf("  at most %.1f: %s\n", kMost, ratio <= kMost ? "yes" : "NO");
   return ratio <= kMost && signs > 10 ? 0 : 1;
 }

@@ -3,6 +3,7 @@
 #include "base/OwnFiles.h"
 #include "data/store/Connection.h"
 #include "data/store/FileInTheMaking.h"
+#include "data/store/FileReplacement.h"
 #include "data/store/Integrity.h"
 #include "data/store/OtherFile.h"
 #include "data/store/Statement.h"
@@ -22,14 +23,36 @@ Value FirstValue(const OtherFile& file, const char* statement, jet::ColumnType t
   return reading.Step() ? reading.Column(0, type) : Value();
 }
 
+/// Whether what stands today could be copied; not when it is damaged, which is often why somebody
+/// goes back to a backup.
+bool CopyBeforeRestoration(Business& business, const QString& kept) {
+  try {
+    BackupDatabaseTo(business, BeforeRestorationDescription(business.Now()), kept, {}, Proof::Rows);
+    return true;
+  } catch (const StorageFailure& failure) {
+    if (failure.Fault() != StorageFault::Damaged) throw;
+    return false;
+  }
+}
+
+/// The damaged file as it is. Folding its log into it may be more than it can do.
+QString KeepDamaged(Business& business, const QString& archive, const QString& name) {
+  try {
+    business.CloseConnection();
+  } catch (const StorageFailure&) {
+    // The log is kept beside the file.
+  }
+  return KeepIn(archive, business.DatabaseFile(), name);
+}
+
 }  // namespace
 
 void BackupDatabaseTo(Business& business, const QString& description, const QString& destination,
-                      const CopyProgress& progress) {
+                      const CopyProgress& progress, Proof proof) {
   business.ConnectToDatabase();
   business.Write(Sql("UPDATE infSystem SET Backup_Description = {}; ", description),
                  Rows::AtLeast(1));
-  CopyProven(business.StoreConnection(), destination, progress);
+  CopyProven(business.StoreConnection(), destination, progress, proof);
 }
 
 BackupFacts ReadBackup(const QString& file) {
@@ -118,8 +141,9 @@ std::optional<Refusal> CheckRestorable(const Business& business, const QString& 
 QString RestoreBackup(Business& business, const QString& backup, const QString& archive) {
   MakeOwnFolder(archive);
   const QString file = business.DatabaseFile();
-  const QString kept = QDir(archive).filePath(BeforeRestorationName(business.Now()));
-  BackupDatabaseTo(business, BeforeRestorationDescription(business.Now()), kept);
+  const QString name = BeforeRestorationName(business.Now());
+  QString kept = QDir(archive).filePath(name);
+  const bool isCopied = CopyBeforeRestoration(business, kept);
   // The backup is copied beside the file first, so that it takes its place by one rename.
   FileInTheMaking made(file, FileInTheMaking::Place::Replacing);
   if (!QFile::copy(backup, made.Path()))
@@ -135,8 +159,15 @@ QString RestoreBackup(Business& business, const QString& backup, const QString& 
                                         "is as it was.")
                              .arg(backup, damage.first()));
   }
+  if (!isCopied) kept = KeepDamaged(business, archive, name);
   business.CloseConnection();
-  made.TakeItsPlace();
+  try {
+    made.TakeItsPlace();
+  } catch (const StorageFailure&) {
+    // A second name of a file that goes on being written is no copy of it.
+    if (!isCopied) QFile::remove(kept);
+    throw;
+  }
   return kept;
 }
 

@@ -14,10 +14,10 @@
 namespace quillary::maintenance {
 
 /// Stamps infSystem.Backup_Description, in the open business too, and makes a proven copy at
-/// `destination`, over one that lies there. Throws WriteFailed and StorageFailure; a backup that
-/// was there then stays.
+/// `destination`, over one that lies there. Throws WriteFailed and StorageFailure, for a damaged
+/// business too; a backup that was there then stays.
 void BackupDatabaseTo(Business& business, const QString& description, const QString& destination,
-                      const CopyProgress& progress = {});
+                      const CopyProgress& progress = {}, Proof proof = Proof::Indexes);
 
 /// What a backup says of itself.
 struct BackupFacts {
@@ -55,8 +55,9 @@ BackupOutcome CreateCustomBackup(Business& business, Prompter& prompter, const C
 /// Why the file cannot be restored; nothing when it can.
 std::optional<Refusal> CheckRestorable(const Business& business, const QString& backup);
 /// Puts the backup in the place of the business's file, in one step and with the file as it was in
-/// `archive` first. The connection is closed and stays so: what follows must start anew. Returns
-/// where the old file lies. Throws StorageFailure and leaves the business as it was.
+/// `archive` first: as a proven copy, or, when it is damaged, as it is. The connection is closed
+/// and stays so: what follows must start anew. Returns where the old file lies. Throws
+/// StorageFailure and leaves the business as it was.
 QString RestoreBackup(Business& business, const QString& backup, const QString& archive);
 
 }  // namespace quillary::maintenance

@@ -7,6 +7,8 @@
 #include <QDir>
 #include <QFileInfo>
 
+#include <algorithm>
+
 namespace quillary::maintenance {
 namespace {
 
@@ -34,6 +36,12 @@ QDate ReadDay(const LocalSettings& settings, const char* key) {
 void NoteDay(LocalSettings& settings, const char* key, QDate day) {
   settings.WriteLocalSetting(QString::fromLatin1(kSection), QString::fromLatin1(key),
                              day.toString(QString::fromLatin1(kNotedDay)));
+}
+
+/// Whether the file was written on an earlier day than this one, or not yet.
+bool IsOfAnEarlierDay(const QString& file, QDate today) {
+  const QFileInfo info(file);
+  return !info.exists() || info.lastModified().date() != today;
 }
 
 /// The backup that the user is asked about, into a folder of his choice.
@@ -100,8 +108,14 @@ void TakeExitBackups(Business& business, LocalSettings& settings, const QString&
   if (wanted.custom) OfferCustomBackup(business, wanted.customPath, progress);
   const std::vector<DueBackup> due = DueBackups(wanted, business.Now(), archive);
   if (!due.empty()) MakeOwnFolder(archive);
+  // What one copy has shown of the business holds for those that follow at once.
+  bool isProven = std::ranges::none_of(due, [](const DueBackup& backup) {
+    return IsOfAnEarlierDay(backup.file, QDate::currentDate());
+  });
   for (const DueBackup& backup : due) {
-    BackupDatabaseTo(business, backup.description, backup.file, progress);
+    BackupDatabaseTo(business, backup.description, backup.file, progress,
+                     isProven ? Proof::Rows : Proof::Indexes);
+    isProven = true;
     if (backup.kind == DueBackup::Kind::Weekly) NoteDay(settings, kLastWeekly, business.Today());
     if (backup.kind == DueBackup::Kind::Monthly) NoteDay(settings, kLastMonthly, business.Today());
   }

@@ -36,7 +36,9 @@ std::vector<DueBackup> DueBackups(const BackupSettings& settings, const DateTime
                                   const QString& archive);
 
 /// Asks about the custom backup and takes it, then those that are due, and notes in qy.ini when.
-/// Each says in itself what it is.
+/// Each says in itself what it is. The first of a day is proven to its indexes, and so is every one
+/// that would take the place of an older day's: a damaged index, which the quicker proof of those
+/// that follow does not see, costs a day's backups at most.
 /// Leaves the business open. Throws StorageFailure; a backup that was there then stays.
 void TakeExitBackups(Business& business, LocalSettings& settings, const QString& archive,
                      const CopyProgress& progress = {});
